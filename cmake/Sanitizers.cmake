@@ -1,0 +1,9 @@
+# PALIMBRA_SANITIZE instruments everything that is built here. The vptr check stays off: locking or posting to a looper
+# that is gone is part of the kits' contract, and that check would read the object before the registry is asked.
+if(PALIMBRA_SANITIZE)
+	add_compile_options(-fsanitize=${PALIMBRA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize=vptr)
+	add_link_options(-fsanitize=${PALIMBRA_SANITIZE})
+	if(PALIMBRA_SANITIZE MATCHES "undefined")
+		add_compile_options(-fno-sanitize-recover=undefined)
+	endif()
+endif()

@@ -1,0 +1,43 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef MESSENGER_H
+#define MESSENGER_H
+
+
+#include <Message.h>
+
+
+class BHandler;
+class BLooper;
+
+
+/*!	Names a looper and one of its handlers, and stays harmless when they are gone. May be copied and used on any thread. */
+class BMessenger {
+public:
+	BMessenger();
+	BMessenger(const BHandler* handler, const BLooper* looper = NULL, status_t* _result = NULL);
+	BMessenger(const BMessenger& other) = default;
+	~BMessenger();
+
+	BMessenger& operator=(const BMessenger& other) = default;
+	bool operator==(const BMessenger& other) const;
+	bool operator!=(const BMessenger& other) const { return !(*this == other); }
+
+	bool IsValid() const;
+	BHandler* Target(BLooper** _looper) const;
+
+	status_t SendMessage(uint32 command, BHandler* replyTo = NULL) const;
+	status_t SendMessage(BMessage* message, BHandler* replyTo = NULL,
+		bigtime_t timeout = B_INFINITE_TIMEOUT) const;
+
+private:
+	friend class TickTable;
+
+	int32 fLooperToken;
+	int32 fHandlerToken;
+};
+
+
+#endif // MESSENGER_H

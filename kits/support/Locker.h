@@ -1,0 +1,43 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef LOCKER_H
+#define LOCKER_H
+
+
+#include <atomic>
+#include <mutex>
+
+#include <OS.h>
+#include <SupportDefs.h>
+
+
+/*!	A lock that the thread which holds it may take again; it is free when each Lock() has met its Unlock().
+	For any threads. It must not be destroyed while a thread holds it or waits for it.
+*/
+class BLocker {
+public:
+	BLocker();
+	BLocker(const char* name);
+	BLocker(const BLocker&) = delete;
+	virtual ~BLocker();
+
+	BLocker& operator=(const BLocker&) = delete;
+
+	bool Lock();
+	void Unlock();
+
+	thread_id LockingThread() const { return fOwner.load(std::memory_order_relaxed); }
+	bool IsLocked() const;
+	int32 CountLocks() const { return fCount; }
+
+private:
+	std::mutex fMutex;
+	// Written by the thread that holds fMutex only.
+	std::atomic<thread_id> fOwner;
+	int32 fCount;
+};
+
+
+#endif // LOCKER_H

@@ -1,0 +1,78 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef LIST_VIEW_H
+#define LIST_VIEW_H
+
+
+#include <Invoker.h>
+#include <ListItem.h>
+#include <View.h>
+
+
+class ListViewPeer;
+
+
+enum list_view_type { B_SINGLE_SELECTION_LIST, B_MULTIPLE_SELECTION_LIST };
+
+
+/*!	A list of rows that draw themselves. Belongs to the thread of its window.
+	The list borrows its items: removing one, or deleting the list, deletes no item. A double click or Return on a row sends
+	the invocation message, a changed selection the selection message; both carry "index" (int32), "when" (int64,
+	microseconds) and "source" (pointer to the list).
+*/
+class BListView : public BView, public BInvoker {
+public:
+	BListView(const char* name, list_view_type type = B_SINGLE_SELECTION_LIST,
+		uint32 flags = B_WILL_DRAW | B_FRAME_EVENTS | B_NAVIGABLE);
+	virtual ~BListView();
+
+	virtual bool AddItem(BListItem* item);
+	virtual bool AddItem(BListItem* item, int32 index);
+	virtual bool RemoveItem(BListItem* item);
+	virtual BListItem* RemoveItem(int32 index);
+	virtual bool RemoveItems(int32 index, int32 count);
+	virtual void MakeEmpty();
+
+	BListItem* ItemAt(int32 index) const;
+	int32 IndexOf(BListItem* item) const;
+	bool HasItem(BListItem* item) const;
+	int32 CountItems() const;
+	bool IsEmpty() const;
+	void DoForEach(bool (*function)(BListItem* item));
+	void DoForEach(bool (*function)(BListItem* item, void* cookie), void* cookie);
+	void SortItems(int (*compare)(const void* itemPointerA, const void* itemPointerB));
+
+	void InvalidateItem(int32 index);
+	BRect ItemFrame(int32 index);
+	void ScrollToSelection();
+
+	list_view_type ListType() const;
+	void Select(int32 index, bool extend = false);
+	bool IsItemSelected(int32 index) const;
+	int32 CurrentSelection(int32 index = 0) const;
+	void Deselect(int32 index);
+	void DeselectAll();
+	virtual void SelectionChanged();
+
+	virtual void SetSelectionMessage(BMessage* message);
+	virtual void SetInvocationMessage(BMessage* message);
+	BMessage* SelectionMessage() const;
+	BMessage* InvocationMessage() const;
+	status_t Invoke(BMessage* message = NULL) override;
+
+	void SetFont(const BFont* font, uint32 mask = B_FONT_ALL) override;
+
+private:
+	friend class ListViewPeer;
+
+	status_t _Send(BMessage* message, const BMessage& original);
+	void _SelectionChanged();
+
+	ListViewPeer* fListPeer;
+	BMessage* fSelectionMessage;
+};
+
+
+#endif // LIST_VIEW_H

@@ -1,0 +1,67 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef TEXT_VIEW_H
+#define TEXT_VIEW_H
+
+
+#include <View.h>
+
+
+class TextPeer;
+struct text_run_array;
+
+
+/*!	Shows text of many lines, styled or plain. Belongs to the thread of its window.
+	The text is bytes, which are shown as UTF-8 and come back unchanged; all offsets and lengths are in bytes. Text that is
+	inserted at the end reaches the screen with the next frame; whoever reads it sees it at once.
+*/
+class BTextView : public BView {
+public:
+	BTextView(const char* name, uint32 flags = B_WILL_DRAW | B_PULSE_NEEDED);
+	virtual ~BTextView();
+
+	void SetText(const char* text, const text_run_array* runs = NULL);
+	void SetText(const char* text, int32 length, const text_run_array* runs = NULL);
+	void Insert(const char* text, const text_run_array* runs = NULL);
+	void Insert(const char* text, int32 length, const text_run_array* runs = NULL);
+	void Insert(int32 offset, const char* text, int32 length, const text_run_array* runs = NULL);
+	void Delete(int32 start, int32 end);
+
+	const char* Text() const;
+	int32 TextLength() const;
+
+	virtual void Select(int32 start, int32 end);
+	void GetSelection(int32* _start, int32* _end) const;
+
+	void SetFontAndColor(const BFont* font, uint32 mode = B_FONT_ALL,
+		const rgb_color* color = NULL);
+	void SetFontAndColor(int32 start, int32 end, const BFont* font, uint32 mode = B_FONT_ALL,
+		const rgb_color* color = NULL);
+	void GetFontAndColor(int32 offset, BFont* _font, rgb_color* _color = NULL) const;
+
+	BPoint PointAt(int32 offset, float* _height = NULL) const;
+	virtual void ScrollToOffset(int32 offset);
+
+	void SetStylable(bool stylable);
+	bool IsStylable() const;
+	void SetWordWrap(bool wrap);
+	bool DoesWordWrap() const;
+	void MakeSelectable(bool selectable = true);
+	bool IsSelectable() const;
+	void MakeEditable(bool editable = true);
+	bool IsEditable() const;
+	void HideTyping(bool enabled);
+	bool IsTypingHidden() const;
+
+private:
+	friend class BTextControl;
+
+	BTextView(const char* name, uint32 flags, TextPeer* peer);
+
+	TextPeer* fTextPeer;
+};
+
+
+#endif // TEXT_VIEW_H

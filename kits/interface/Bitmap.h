@@ -1,0 +1,48 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef BITMAP_H
+#define BITMAP_H
+
+
+#include <GraphicsDefs.h>
+#include <Rect.h>
+
+
+class BitmapPeer;
+
+
+/*!	A picture in memory, created with all pixels 0. An object belongs to one thread. */
+class BBitmap {
+public:
+	BBitmap(BRect bounds, color_space colorSpace, bool acceptsViews = false,
+		bool needsContiguous = false);
+	BBitmap(BRect bounds, uint32 flags, color_space colorSpace);
+	BBitmap(const BBitmap& source);
+	virtual ~BBitmap();
+
+	BBitmap& operator=(const BBitmap& source) = delete;
+
+	status_t InitCheck() const;
+	bool IsValid() const;
+
+	void* Bits() const;
+	int32 BitsLength() const;
+	int32 BytesPerRow() const;
+	color_space ColorSpace() const;
+	BRect Bounds() const;
+
+	status_t ImportBits(const void* data, int32 length, int32 bytesPerRow, int32 offset,
+		color_space colorSpace);
+
+private:
+	friend class BitmapPeer;
+
+	explicit BBitmap(BitmapPeer* peer);
+
+	BitmapPeer* fPeer;
+};
+
+
+#endif // BITMAP_H

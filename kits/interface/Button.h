@@ -1,0 +1,36 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef BUTTON_H
+#define BUTTON_H
+
+
+#include <Control.h>
+
+
+class ButtonPeer;
+
+
+/*!	A button with a label, a picture or both. A window's default button is pressed with Return. */
+class BButton : public BControl {
+public:
+	BButton(const char* name, const char* label, BMessage* message,
+		uint32 flags = B_WILL_DRAW | B_NAVIGABLE | B_FULL_UPDATE_ON_RESIZE);
+	BButton(const char* label, BMessage* message = NULL);
+	virtual ~BButton();
+
+	void SetLabel(const char* label) override;
+	void SetEnabled(bool enabled) override;
+	status_t SetIcon(const BBitmap* icon, uint32 flags = 0) override;
+
+	virtual void MakeDefault(bool flag);
+	bool IsDefault() const;
+	status_t Invoke(BMessage* message = NULL) override;
+
+private:
+	ButtonPeer* _Peer() const;
+};
+
+
+#endif // BUTTON_H

@@ -1,0 +1,56 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef CANVAS_H
+#define CANVAS_H
+
+
+#include <Font.h>
+#include <GraphicsDefs.h>
+#include <Rect.h>
+
+
+class BBitmap;
+class QPainter;
+class QString;
+
+
+/*!	What a view draws with: its colors, font, modes and pen, and, while it is being painted, the toolkit's painter.
+	Without a painter nothing is drawn, but the pen moves and texts are measured. Main thread only.
+*/
+class Canvas {
+public:
+	Canvas();
+
+	// Borrowed, until it is set to NULL.
+	void SetPainter(QPainter* painter);
+	QPainter* Painter() const { return fPainter; }
+
+	// Gives the string's width in pixels.
+	float DrawString(const char* string, int32 length, BPoint location);
+	void StrokeLine(BPoint start, BPoint end, const pattern& ink);
+	void StrokeRect(BRect rect, const pattern& ink);
+	void FillRect(BRect rect, const pattern& ink);
+	void StrokeEllipse(BRect rect, const pattern& ink);
+	void FillEllipse(BRect rect, const pattern& ink);
+	// The bitmap fills the rectangle, whatever its own size.
+	void DrawBitmap(const BBitmap* bitmap, BRect rect);
+
+	rgb_color highColor;
+	rgb_color lowColor;
+	rgb_color viewColor;
+	drawing_mode mode;
+	source_alpha sourceAlpha;
+	alpha_function alphaFunction;
+	BFont font;
+	BPoint pen;
+
+private:
+	rgb_color _Ink(const pattern& ink) const;
+
+	QPainter* fPainter;
+};
+
+
+#endif // CANVAS_H

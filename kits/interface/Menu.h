@@ -1,0 +1,55 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef MENU_H
+#define MENU_H
+
+
+#include <vector>
+
+#include <View.h>
+
+
+class BMenuItem;
+class MenuPeer;
+
+
+enum menu_layout { B_ITEMS_IN_ROW = 0, B_ITEMS_IN_COLUMN };
+
+
+/*!	A list of items to choose from. It owns its items. Lives in the menu bar of a window. */
+class BMenu : public BView {
+public:
+	BMenu(const char* name, menu_layout layout = B_ITEMS_IN_COLUMN);
+	virtual ~BMenu();
+
+	bool AddItem(BMenuItem* item);
+	bool AddItem(BMenu* menu);
+	bool AddSeparatorItem();
+	BMenuItem* ItemAt(int32 index) const;
+	BMenu* SubmenuAt(int32 index) const;
+	int32 CountItems() const { return int32(fItems.size()); }
+	int32 IndexOf(BMenuItem* item) const;
+	BMenuItem* FindItem(const char* label) const;
+	BMenuItem* FindItem(uint32 command) const;
+	BMenu* Supermenu() const;
+	BMenuItem* Superitem() const { return fSuperitem; }
+
+	menu_layout Layout() const { return fMenuLayout; }
+
+protected:
+	BMenu(MenuPeer* peer, const char* name, menu_layout layout, uint32 flags);
+
+private:
+	friend class BMenuItem;
+	friend class BMenuBar;
+
+	MenuPeer* fMenuPeer;
+	std::vector<BMenuItem*> fItems;
+	BMenuItem* fSuperitem;
+	menu_layout fMenuLayout;
+};
+
+
+#endif // MENU_H

@@ -1,0 +1,20 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef SEPARATOR_VIEW_H
+#define SEPARATOR_VIEW_H
+
+
+#include <View.h>
+
+
+/*!	A line between groups of views. */
+class BSeparatorView : public BView {
+public:
+	BSeparatorView(orientation orientation, border_style border = B_PLAIN_BORDER);
+	virtual ~BSeparatorView();
+};
+
+
+#endif // SEPARATOR_VIEW_H

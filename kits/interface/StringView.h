@@ -1,0 +1,41 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef STRING_VIEW_H
+#define STRING_VIEW_H
+
+
+#include <String.h>
+#include <View.h>
+
+
+class StringViewPeer;
+
+
+/*!	Shows one line of text, as it stands. The text is bytes, shown as UTF-8. */
+class BStringView : public BView {
+public:
+	BStringView(const char* name, const char* text, uint32 flags = B_WILL_DRAW);
+	virtual ~BStringView();
+
+	void SetText(const char* text);
+	const char* Text() const { return fText.String(); }
+	void SetAlignment(alignment flag);
+	alignment Alignment() const;
+	void SetTruncation(uint32 truncationMode);
+	uint32 Truncation() const;
+
+	void SetHighColor(rgb_color color) override;
+	using BView::SetHighColor;
+	void SetFont(const BFont* font, uint32 mask = B_FONT_ALL) override;
+	BAlignment LayoutAlignment() override;
+
+private:
+	StringViewPeer* _Peer() const;
+
+	BString fText;
+};
+
+
+#endif // STRING_VIEW_H

@@ -1,0 +1,173 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef VIEW_H
+#define VIEW_H
+
+
+#include <vector>
+
+#include <Alignment.h>
+#include <Font.h>
+#include <Handler.h>
+#include <InterfaceDefs.h>
+#include <Rect.h>
+
+
+class BBitmap;
+class BLayout;
+class BMessage;
+class BString;
+class BWindow;
+class ViewPeer;
+
+struct escapement_delta {
+	float nonspace;
+	float space;
+};
+
+
+// How a view wants to be treated. Those about drawing change nothing here: the toolkit decides what is drawn again.
+const uint32 B_FULL_UPDATE_ON_RESIZE = 0x80000000;
+const uint32 B_WILL_DRAW = 0x20000000;
+const uint32 B_PULSE_NEEDED = 0x10000000;
+const uint32 B_NAVIGABLE_JUMP = 0x08000000;
+const uint32 B_FRAME_EVENTS = 0x04000000;
+const uint32 B_NAVIGABLE = 0x02000000;
+const uint32 B_SUPPORTS_LAYOUT = 0x00100000;
+
+// Of the buttons of a mouse.
+enum { B_PRIMARY_MOUSE_BUTTON = 0x01, B_SECONDARY_MOUSE_BUTTON = 0x02 };
+
+// What MouseMoved() is told.
+enum { B_ENTERED_VIEW = 0, B_INSIDE_VIEW, B_EXITED_VIEW, B_OUTSIDE_VIEW };
+
+
+/*!	An area of a window that draws and is used. A view owns its children; places are in pixels from its left top corner.
+	Views are created and used on the main thread. What is drawn outside of Draw() is not seen, metrics are always true.
+*/
+class BView : public BHandler {
+public:
+	BView(const char* name, uint32 flags, BLayout* layout = NULL);
+	virtual ~BView();
+
+	virtual void AttachedToWindow();
+	virtual void AllAttached();
+	virtual void DetachedFromWindow();
+	void MessageReceived(BMessage* message) override;
+
+	void AddChild(BView* child, BView* before = NULL);
+	bool RemoveChild(BView* child);
+	bool RemoveSelf();
+	int32 CountChildren() const { return int32(fChildren.size()); }
+	BView* ChildAt(int32 index) const;
+	BView* FindView(const char* name) const;
+	BView* Parent() const;
+	BWindow* Window() const { return fWindow; }
+
+	BRect Bounds() const;
+	BRect Frame() const;
+	virtual void FrameResized(float newWidth, float newHeight);
+
+	virtual void Draw(BRect updateRect);
+	virtual void MouseDown(BPoint where);
+	virtual void MouseUp(BPoint where);
+	virtual void MouseMoved(BPoint where, uint32 code, const BMessage* dragMessage);
+	virtual void KeyDown(const char* bytes, int32 numBytes);
+
+	virtual void MakeFocus(bool focus = true);
+	bool IsFocus() const;
+	virtual void Show();
+	virtual void Hide();
+	bool IsHidden() const;
+	virtual void SetFlags(uint32 flags);
+	uint32 Flags() const { return fFlags; }
+	void SetToolTip(const char* text);
+
+	virtual void SetDrawingMode(drawing_mode mode);
+	drawing_mode DrawingMode() const;
+	void SetBlendingMode(source_alpha sourceAlpha, alpha_function alphaFunction);
+	virtual void SetViewColor(rgb_color color);
+	void SetViewColor(uint8 red, uint8 green, uint8 blue, uint8 alpha = 255);
+	rgb_color ViewColor() const;
+	void SetViewUIColor(color_which which, float tint = B_NO_TINT);
+	virtual void SetHighColor(rgb_color color);
+	void SetHighColor(uint8 red, uint8 green, uint8 blue, uint8 alpha = 255);
+	rgb_color HighColor() const;
+	void SetHighUIColor(color_which which, float tint = B_NO_TINT);
+	virtual void SetLowColor(rgb_color color);
+	void SetLowColor(uint8 red, uint8 green, uint8 blue, uint8 alpha = 255);
+	rgb_color LowColor() const;
+	void SetLowUIColor(color_which which, float tint = B_NO_TINT);
+
+	virtual void SetFont(const BFont* font, uint32 mask = B_FONT_ALL);
+	void GetFont(BFont* _font) const;
+	void GetFontHeight(font_height* _height) const;
+	void SetFontSize(float size);
+	float StringWidth(const char* string) const;
+	float StringWidth(const char* string, int32 length) const;
+	void TruncateString(BString* inOut, uint32 mode, float width) const;
+
+	void MovePenTo(BPoint point);
+	void MovePenTo(float x, float y);
+	BPoint PenLocation() const;
+	void DrawString(const char* string, escapement_delta* delta = NULL);
+	void DrawString(const char* string, int32 length, escapement_delta* delta = NULL);
+	void DrawString(const char* string, BPoint location, escapement_delta* delta = NULL);
+	void DrawString(const char* string, int32 length, BPoint location,
+		escapement_delta* delta = NULL);
+	void StrokeLine(BPoint start, BPoint end, ::pattern pattern = B_SOLID_HIGH);
+	void StrokeRect(BRect rect, ::pattern pattern = B_SOLID_HIGH);
+	void FillRect(BRect rect, ::pattern pattern = B_SOLID_HIGH);
+	void StrokeEllipse(BRect rect, ::pattern pattern = B_SOLID_HIGH);
+	void FillEllipse(BRect rect, ::pattern pattern = B_SOLID_HIGH);
+	void DrawBitmap(const BBitmap* bitmap, BPoint where);
+	void DrawBitmap(const BBitmap* bitmap, BRect viewRect);
+	void Invalidate();
+	void Invalidate(BRect invalRect);
+
+	virtual BSize MinSize();
+	virtual BSize MaxSize();
+	virtual BSize PreferredSize();
+	virtual BAlignment LayoutAlignment();
+	void SetExplicitMinSize(BSize size);
+	void SetExplicitMaxSize(BSize size);
+	void SetExplicitPreferredSize(BSize size);
+	void SetExplicitSize(BSize size);
+	void SetExplicitAlignment(BAlignment alignment);
+	BSize ExplicitMinSize() const { return fExplicitMinSize; }
+	BSize ExplicitMaxSize() const { return fExplicitMaxSize; }
+	BSize ExplicitPreferredSize() const { return fExplicitPreferredSize; }
+	BAlignment ExplicitAlignment() const { return fExplicitAlignment; }
+	virtual void SetLayout(BLayout* layout);
+	BLayout* GetLayout() const { return fLayout; }
+	void InvalidateLayout(bool descendants = false);
+
+protected:
+	// For the kits' own views, which bring what stands for them in the toolkit. The view owns it.
+	BView(ViewPeer* peer, const char* name, uint32 flags);
+
+private:
+	friend class BWindow;
+	friend class ViewPeer;
+
+	void _AttachTo(BWindow* window);
+	void _CallAllAttached();
+	void _Detach();
+
+	ViewPeer* fPeer;
+	BWindow* fWindow;
+	BView* fParent;
+	std::vector<BView*> fChildren;
+	uint32 fFlags;
+	int32 fHideCount;
+	BLayout* fLayout;
+	BSize fExplicitMinSize;
+	BSize fExplicitMaxSize;
+	BSize fExplicitPreferredSize;
+	BAlignment fExplicitAlignment;
+};
+
+
+#endif // VIEW_H

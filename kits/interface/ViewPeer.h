@@ -1,0 +1,105 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef VIEW_PEER_H
+#define VIEW_PEER_H
+
+
+#include <QSize>
+
+#include <Canvas.h>
+#include <FrameScheduler.h>
+#include <View.h>
+
+
+class QKeyEvent;
+class QMouseEvent;
+class QPainter;
+class QPaintEvent;
+class QWidget;
+
+
+/*!	What stands for a view in the toolkit: a widget, what the view draws with, and what it wants of the next frame.
+	The view owns its peer, the peer its widget. This class serves plain views, which draw themselves; views that the toolkit
+	draws have a peer of their own. Main thread only.
+*/
+class ViewPeer : public FrameClient {
+public:
+	// For a plain view.
+	ViewPeer();
+	// The widget must have no parent; it gets one when the view is added to another one.
+	explicit ViewPeer(QWidget* widget);
+	~ViewPeer() override;
+
+	static ViewPeer* Of(const BView* view);
+
+	// NULL until the view's constructor has taken the peer over.
+	BView* View() const { return fView; }
+	QWidget* Widget() const { return fWidget; }
+	Canvas* GetCanvas() { return &fCanvas; }
+	bool IsAttached() const;
+
+	// Which widget takes the keyboard, and in which one children and layouts are placed.
+	virtual QWidget* FocusWidget() const;
+	virtual QWidget* Container() const;
+
+	// What the view is without explicit sizes, in pixels.
+	virtual QSize MinSize();
+	virtual QSize MaxSize();
+	virtual QSize PreferredSize();
+
+	// After a change in the canvas.
+	virtual void FontChanged();
+	virtual void ColorsChanged();
+	virtual void FlagsChanged();
+	virtual void ToolTipChanged(const char* text);
+
+	// Tells the layouts above that the view's sizes have changed.
+	void InvalidateLayout();
+
+	// What a plain view's widget reports.
+	void Paint(QPaintEvent* event);
+	void MousePress(QMouseEvent* event);
+	void MouseRelease(QMouseEvent* event);
+	void MouseMove(QMouseEvent* event, uint32 code);
+	void KeyPress(QKeyEvent* event);
+	void Resize();
+
+	// The default KeyDown() has been reached: the key belongs to somebody else.
+	void RefuseKey() { fKeyRefused = true; }
+
+protected:
+	void Flush() override;
+
+private:
+	friend class BView;
+
+	BView* fView;
+	QWidget* fWidget;
+	Canvas fCanvas;
+	bool fKeyRefused;
+};
+
+
+/*!	While it lives a view draws with a painter, whose origin is the view's. The client's code is not run where its window is
+	inside of one of its handlers; the widget is painted again when it has left it.
+*/
+class DrawScope {
+public:
+	DrawScope(ViewPeer* peer, QPainter* painter);
+	DrawScope(const DrawScope&) = delete;
+	~DrawScope();
+
+	DrawScope& operator=(const DrawScope&) = delete;
+
+	bool MayDraw() const { return fMayDraw; }
+
+private:
+	Canvas* fCanvas;
+	QPainter* fOuterPainter;
+	bool fMayDraw;
+};
+
+
+#endif // VIEW_PEER_H

@@ -1,0 +1,29 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef TRANSLATION_UTILS_H
+#define TRANSLATION_UTILS_H
+
+
+#include <SupportDefs.h>
+
+
+class BBitmap;
+class BPositionIO;
+
+
+/*!	Reads pictures of any format that the system knows. On the main thread.
+	Differs from Haiku: a picture of more than 64 MiB of pixels is refused before it is decoded.
+*/
+class BTranslationUtils {
+public:
+	BTranslationUtils() = delete;
+
+	// The caller owns what it gets; NULL for what cannot be read. The stream is read from where it stands.
+	static BBitmap* GetBitmap(BPositionIO* stream);
+	static BBitmap* GetBitmapFile(const char* path);
+};
+
+
+#endif // TRANSLATION_UTILS_H

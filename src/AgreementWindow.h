@@ -1,0 +1,36 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef AGREEMENT_WINDOW_H
+#define AGREEMENT_WINDOW_H
+
+
+#include <Window.h>
+
+
+class BLooper;
+class BTextView;
+
+
+/*!	Shows the server's agreement and posts exactly one answer, kMsgAcceptAgreement or kMsgDeclineAgreement, whichever
+	way the user leaves it.
+*/
+class AgreementWindow : public BWindow {
+public:
+	AgreementWindow(BRect frame, BLooper* target, const char* text);
+
+	void MessageReceived(BMessage* message) override;
+	bool QuitRequested() override;
+	~AgreementWindow() override;
+
+private:
+	void _Answer(uint32 answer);
+
+	BTextView* fTextView;
+	BLooper* fTarget;
+	bool fResponded;
+};
+
+
+#endif // AGREEMENT_WINDOW_H

@@ -1,0 +1,95 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef APP_MESSAGES_H
+#define APP_MESSAGES_H
+
+
+#include <SupportDefs.h>
+
+
+/*!	What windows, worker threads and the controller (MainWindow) post to one another.
+	A control carries the bare code to its own window; the window adds the fields listed here and posts the message to
+	the controller, so some codes travel twice. Whoever reads a field has a default for its absence. The events of
+	the control connection have a catalogue of their own, HotlineNotification; no code is in both.
+*/
+enum AppMessage : uint32 {
+	// Menu items and toolbar buttons -> controller, without fields.
+	kMsgToolConnect = 'tbcn',
+	kMsgToolDisconnect = 'tbdc',
+	kMsgToolChat = 'tbch',
+	kMsgToolUsers = 'tbus',
+	kMsgToolFiles = 'tbfl',
+	kMsgToolTracker = 'tbtr',
+	kMsgToolOptions = 'tbop',
+	kMsgToolAbout = 'taba', // posted by the application, too
+
+	// Connecting.
+	kMsgConnectBtn = 'conn', // bare: the Connect button -> its window
+	kMsgConnectServer = 'HLGO', // connect or tracker window -> controller: "address", "login" and
+	// "password" string, "port" int16 (the bits of an unsigned port)
+
+	// Chat.
+	kMsgSendChat = 'snch', // bare: entry line -> its window; then -> controller: "text" string
+	kMsgAppendChat = 'apch', // controller -> chat window: "text" string,
+	// "color" int32 = red << 24 | green << 16 | blue << 8 | alpha
+	kMsgEnableChat = 'ench', // controller -> chat window: "enabled" bool
+
+	// User list. "socket" is the server's id of a user, "icon" a number of a picture.
+	kMsgAddUser = 'uadd', // controller -> user list window, for a new or a changed user:
+	// "socket", "icon" and "color" (status word) uint16, "nick" string
+	kMsgRemoveUser = 'urdl', // controller -> user list window: "socket" uint16
+	kMsgRemoveAll = 'ural', // controller -> user list window
+	kMsgUserInvoked = 'uinv', // list -> its window, with the list's own fields
+	kMsgOpenPM = 'oppm', // user list window -> controller: "socket" uint16, "nick" string
+
+	// Private messages.
+	kMsgPMSend = 'pmsd', // bare: entry line -> its window; then -> controller:
+	// "socket" uint16, "text" string
+	kMsgPMReceived = 'pmrv', // controller -> message window: "nick" and "text" string
+	kMsgPMWinClosed = 'pmcl', // closing message window -> controller: "socket" uint16
+
+	// Files. "path" is a folder on the server, with slashes, empty for the root.
+	kMsgFileEntry = 'flen', // controller -> file list window: the fields of kHLFileListReceived
+	kMsgFileClear = 'flcl', // -> file list window
+	kMsgOpenFolder = 'flof', // file list window -> controller: "path" string
+	kMsgFileInvoked = 'flin', // list -> its window, with the list's own fields
+	kMsgFileWinClosed = 'fwcl', // closing file list window -> controller: "window" pointer
+	kMsgDownloadFile = 'fldl', // file list window -> controller: "path" and "name" string
+	kMsgDownloadBtn = 'fldb', // bare: the Download button -> its window
+	kMsgUploadBtn = 'flub', // bare: the Upload button -> its window
+	kMsgUploadFile
+	= 'flup', // file panel -> file list window: "refs" entry_ref; then -> controller:
+	// "path", "name" and "localpath" string, "size" int64 (bytes)
+
+	// Transfer threads -> controller.
+	kMsgDownloadDone = 'dlok', // "filename" string, "success" bool
+	kMsgUploadDone = 'ulok', // "filename" string, "success" bool
+	kMsgBannerData = 'bndl', // "data" raw: the bytes of the picture file
+
+	// Options.
+	kMsgIconSelected = 'icsl', // list -> its window, with the list's own fields
+	kMsgOptionsSave = 'opsa', // bare: the Save button -> its window; then -> controller:
+	// "nick" and "tracker" string, "icon" uint16
+
+	// Agreement.
+	kMsgAcceptAgreement = 'agac', // the Accept button -> its window; then -> controller
+	kMsgDeclineAgreement = 'agdc', // the Decline button -> its window; then -> controller, also
+	// when the window is closed without an answer
+
+	// Private to the tracker window.
+	kMsgTrackerRefresh = 'trrf', // bare: the Refresh button -> its window
+	kMsgTrackerInvoke = 'trco', // list -> its window, with the list's own fields
+	kMsgTrackerServer = 'trad', // fetch thread -> window: "name", "desc" and "ip" string,
+	// "port" and "users" int16
+	kMsgTrackerDone = 'trdn', // fetch thread -> window
+	kMsgTrackerError = 'trer', // fetch thread -> window: "error" string
+
+	// Private to the about window.
+	kMsgOK = 'abok', // bare: the OK button -> its window
+	kMsgScroll = 'scrl' // timer -> the credits
+};
+
+
+#endif // APP_MESSAGES_H

@@ -1,0 +1,43 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef CHAT_WINDOW_H
+#define CHAT_WINDOW_H
+
+
+#include <Window.h>
+
+
+class BLooper;
+class BScrollView;
+class BTextControl;
+class BTextView;
+
+
+/*!	The public chat: a transcript in colors and a line to type into.
+	Every line shown arrives as kMsgAppendChat, what is typed leaves as kMsgSendChat. Lives as long as the program:
+	closing it minimizes it.
+*/
+class ChatWindow : public BWindow {
+public:
+	ChatWindow(BRect frame, BLooper* target);
+	~ChatWindow() override;
+
+	void MessageReceived(BMessage* message) override;
+	bool QuitRequested() override;
+
+private:
+	void _HandleSend();
+	void _HandleAppend(const BMessage* message);
+	void _HandleEnable(const BMessage* message);
+	void _AppendChat(const char* text, rgb_color color);
+
+	BTextView* fChatView;
+	BScrollView* fChatScroll;
+	BTextControl* fChatInput;
+	BLooper* fTarget;
+};
+
+
+#endif // CHAT_WINDOW_H

@@ -1,0 +1,44 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef USER_ITEM_H
+#define USER_ITEM_H
+
+
+#include <GraphicsDefs.h>
+#include <ListItem.h>
+
+
+class BBitmap;
+class UserListWindow;
+
+
+/*!	A row of the user list: the user's icon, or a dot where there is no picture for it, and the nick.
+	Lives in the thread of its window, which owns it.
+*/
+class UserItem : public BStringItem {
+public:
+	UserItem(uint16 socket, uint16 icon, uint16 color, const char* nick, UserListWindow* owner);
+	~UserItem() override;
+
+	uint16 Socket() const { return fSocket; }
+	void SetNick(const char* nick);
+	void SetIcon(uint16 icon);
+	void SetColor(uint16 color);
+
+	void DrawItem(BView* owner, BRect frame, bool complete = false) override;
+
+private:
+	void _DrawIcon(BView* owner, BRect frame, const BBitmap* icon) const;
+	void _DrawDot(BView* owner, BRect frame) const;
+	rgb_color _TextColor() const;
+
+	uint16 fSocket; // the server's id of the user
+	uint16 fIcon;
+	uint16 fColor; // the status word, as the server sends it
+	UserListWindow* fOwner;
+};
+
+
+#endif // USER_ITEM_H

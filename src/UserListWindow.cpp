@@ -1,0 +1,234 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "UserListWindow.h"
+
+#include <typeinfo>
+
+#include <Application.h>
+#include <Bitmap.h>
+#include <Entry.h>
+#include <Font.h>
+#include <LayoutBuilder.h>
+#include <ListView.h>
+#include <Looper.h>
+#include <Message.h>
+#include <Path.h>
+#include <Roster.h>
+#include <ScrollView.h>
+#include <StringView.h>
+#include <TranslationUtils.h>
+
+#include "AppMessages.h"
+#include "UserItem.h"
+
+
+/*!	\return The item as a user's row, \c NULL if it is none.
+	Comparing exact types instead of asking for a cast keeps the walk over some thousand rows short.
+*/
+static UserItem*
+as_user(BListItem* item)
+{
+	if (item == NULL || typeid(*item) != typeid(UserItem))
+		return NULL;
+	return static_cast<UserItem*>(item);
+}
+
+
+UserListWindow::UserListWindow(BRect frame, BLooper* target)
+	: BWindow(frame, "Users Online", B_DOCUMENT_WINDOW, B_AUTO_UPDATE_SIZE_LIMITS),
+	  fUserList(new BListView("userlist", B_SINGLE_SELECTION_LIST,
+		  B_WILL_DRAW | B_FRAME_EVENTS | B_NAVIGABLE)),
+	  fUserScroll(new BScrollView("userscroll", fUserList, B_WILL_DRAW | B_FRAME_EVENTS, false,
+		  true, B_FANCY_BORDER)),
+	  fCountLabel(new BStringView("countlabel", "0 users online", B_WILL_DRAW)),
+	  fTarget(target),
+	  fIconCache(),
+	  fIconCacheCount(0)
+{
+	_FindAssets();
+
+	fUserList->SetInvocationMessage(new BMessage(kMsgUserInvoked));
+	fUserList->SetTarget(this);
+	fCountLabel->SetFont(be_bold_font, B_FONT_ALL);
+
+	// clang-format off
+	BLayoutBuilder::Group<>(this, B_VERTICAL, B_USE_SMALL_SPACING)
+		.SetInsets(0, 0, 0, B_USE_SMALL_INSETS)
+		.Add(fUserScroll, 1.0f)
+		.AddGroup(B_HORIZONTAL, 0, 1.0f)
+			.SetInsets(B_USE_SMALL_INSETS, 0, B_USE_SMALL_INSETS, 0)
+			.Add(fCountLabel)
+			.AddGlue(1.0f);
+	// clang-format on
+}
+
+
+UserListWindow::~UserListWindow()
+{
+	_RemoveAll();
+}
+
+
+void
+UserListWindow::MessageReceived(BMessage* message)
+{
+	switch (message->what) {
+		case kMsgAddUser:
+			_HandleAdd(message);
+			break;
+		case kMsgRemoveUser:
+			_HandleRemove(message);
+			break;
+		case kMsgRemoveAll:
+			_RemoveAll();
+			_UpdateTitle();
+			break;
+		case kMsgUserInvoked:
+			_HandleInvoked();
+			break;
+		default:
+			BWindow::MessageReceived(message);
+	}
+}
+
+
+/*!	The window stays, out of sight, and goes on keeping its list. */
+bool
+UserListWindow::QuitRequested()
+{
+	Minimize(true);
+	return false;
+}
+
+
+/*!	Reads each picture once, and remembers that one is missing, too.
+	\return \c NULL if there is no picture for the id; otherwise owned by the window and good until the next call.
+*/
+const BBitmap*
+UserListWindow::IconForID(uint16 id)
+{
+	for (int32 i = 0; i < fIconCacheCount; i++) {
+		if (fIconCache[i].id == id)
+			return fIconCache[i].bitmap.get();
+	}
+
+	if (fIconCacheCount == kMaxCachedIcons) {
+		fUncachedIcon.reset(_LoadIcon(id));
+		return fUncachedIcon.get();
+	}
+
+	IconEntry& entry = fIconCache[fIconCacheCount++];
+	entry.id = id;
+	entry.bitmap.reset(_LoadIcon(id));
+	return entry.bitmap.get();
+}
+
+
+/*!	The pictures lie in the folder "assets" beside the program. */
+void
+UserListWindow::_FindAssets()
+{
+	app_info info;
+	if (be_app->GetAppInfo(&info) != B_OK)
+		return;
+
+	BPath path(&info.ref);
+	if (path.GetParent(&path) == B_OK && path.Append("assets") == B_OK)
+		fAssetsDir = path.Path();
+}
+
+
+/*!	A user who is in the list already only changes, and keeps the place. */
+void
+UserListWindow::_HandleAdd(const BMessage* message)
+{
+	const uint16 socket = message->GetUInt16("socket", 0);
+	const uint16 icon = message->GetUInt16("icon", 0);
+	const uint16 color = message->GetUInt16("color", 0);
+	const char* nick = message->GetString("nick", "???");
+
+	int32 index;
+	UserItem* user = _FindUser(socket, &index);
+	if (user != NULL) {
+		user->SetNick(nick);
+		user->SetIcon(icon);
+		user->SetColor(color);
+		fUserList->InvalidateItem(index);
+	} else
+		fUserList->AddItem(new UserItem(socket, icon, color, nick, this));
+	_UpdateTitle();
+}
+
+
+void
+UserListWindow::_HandleRemove(const BMessage* message)
+{
+	int32 index;
+	if (_FindUser(message->GetUInt16("socket", 0), &index) != NULL)
+		delete fUserList->RemoveItem(index);
+	_UpdateTitle();
+}
+
+
+void
+UserListWindow::_HandleInvoked()
+{
+	const UserItem* user = as_user(fUserList->ItemAt(fUserList->CurrentSelection()));
+	if (user == NULL)
+		return;
+
+	BMessage request(kMsgOpenPM);
+	request.AddUInt16("socket", user->Socket());
+	request.AddString("nick", user->Text());
+	fTarget->PostMessage(&request);
+}
+
+
+void
+UserListWindow::_RemoveAll()
+{
+	for (int32 i = fUserList->CountItems() - 1; i >= 0; i--)
+		delete fUserList->RemoveItem(i);
+}
+
+
+/*!	\return A new picture for the caller, \c NULL if there is none that can be read. */
+BBitmap*
+UserListWindow::_LoadIcon(uint16 id) const
+{
+	if (fAssetsDir.IsEmpty())
+		return NULL;
+	BString path;
+	path.SetToFormat("%s/%u.png", fAssetsDir.String(), id);
+	return BTranslationUtils::GetBitmapFile(path.String());
+}
+
+
+/*!	\param _index Receives the place of the row; untouched if there is none. */
+UserItem*
+UserListWindow::_FindUser(uint16 socket, int32* _index) const
+{
+	const int32 count = fUserList->CountItems();
+	for (int32 i = 0; i < count; i++) {
+		UserItem* user = as_user(fUserList->ItemAt(i));
+		if (user != NULL && user->Socket() == socket) {
+			*_index = i;
+			return user;
+		}
+	}
+	return NULL;
+}
+
+
+void
+UserListWindow::_UpdateTitle()
+{
+	const int32 count = fUserList->CountItems();
+	BString text;
+	text.SetToFormat("Users Online (%" B_PRId32 ")", count);
+	SetTitle(text.String());
+	text.SetToFormat("%" B_PRId32 " user%s online", count, count == 1 ? "" : "s");
+	fCountLabel->SetText(text.String());
+}

@@ -1,0 +1,35 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "App.h"
+
+#include "AppMessages.h"
+#include "MainWindow.h"
+
+
+static const char* const kSignature = "application/x-vnd.Haiku-Palimbra";
+
+
+App::App()
+	: BApplication(kSignature),
+	  fMainWindow(NULL)
+{
+}
+
+
+void
+App::ReadyToRun()
+{
+	fMainWindow = new MainWindow();
+	fMainWindow->Show();
+}
+
+
+/*!	The about window belongs to the controller, as all windows do. */
+void
+App::AboutRequested()
+{
+	if (fMainWindow != NULL)
+		fMainWindow->PostMessage(kMsgToolAbout);
+}

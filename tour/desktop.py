@@ -173,8 +173,9 @@ class Desktop:
 
     def windows(self):
         """All windows that the window manager knows, minimised ones included, in the order in which they appeared."""
-        lines = self.ask("wmctrl", "-l", "-p").splitlines()
-        return [Window.from_list(self, line) for line in lines]
+        # The list cannot be read when one of them disappears meanwhile.
+        listed = wait_until(self._list_windows, "the list of windows")
+        return [Window.from_list(self, line) for line in listed.splitlines() if line]
 
     def find_window(self, title, program=None):
         """The first window with exactly this title (of that program, if given), or None."""
@@ -226,6 +227,11 @@ class Desktop:
         if done.returncode != 0:
             raise NotHappened("%s failed: %s" % (" ".join(command), done.stderr.decode(errors="replace").strip()))
         return done.stdout.decode("utf-8", "replace")
+
+    def _list_windows(self):
+        done = self._do("wmctrl", "-l", "-p")
+        # Never empty text, which would count as no list.
+        return done.stdout.decode("utf-8", "replace") + "\n" if done.returncode == 0 else None
 
     def _do(self, *command):
         return subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL, capture_output=True,
@@ -295,11 +301,13 @@ class Desktop:
             return None
 
     def _start_window_manager(self):
-        manager = self._run(["openbox", "--sm-disable"])
-        wait_until(self._has_window_manager, lambda: "the window manager\n" + manager.output())
-
-    def _has_window_manager(self):
-        return "window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK")
+        # As it comes, but that windows do not fly about while they are restored: one could not aim at them.
+        configuration = self.folder + "/openbox.xml"
+        with open("/etc/xdg/openbox/rc.xml") as usual, open(configuration, "w") as own:
+            own.write(usual.read().replace("<animateIconify>yes<", "<animateIconify>no<"))
+        manager = self._run(["openbox", "--sm-disable", "--config-file", configuration])
+        # It keeps the list of windows from then on.
+        wait_until(self._list_windows, lambda: "the window manager\n" + manager.output())
 
     def _run(self, command, folder="/", environment=None, pass_fds=()):
         log = "%s/log/%d-%s" % (self.folder, len(self._programs), os.path.basename(command[0]))

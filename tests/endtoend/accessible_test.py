@@ -1,0 +1,151 @@
+#!/usr/bin/python3
+# Copyright 2026, The Palimbra developers.
+# Distributed under the terms of the MIT License.
+"""What a screen reader finds in every window."""
+
+import hotline
+from client import is_inside
+from desktop import wait_until
+from support import ClientCase, main, setUpModule  # noqa: F401
+
+TOOLBAR = ["Connect", "Disconnect", "Chat", "Users", "Files", "Tracker", "Options"]
+MENUS = {
+    "Server": ["Connect…", "Disconnect", "Options…", "About Palimbra", "Quit"],
+    "Windows": ["Chat", "Users", "Files", "Tracker"],
+}
+
+
+def names(node, role):
+    return [child.name() for child in node.walk() if child.role() == role]
+
+
+class AccessibleTest(ClientCase):
+    def setUp(self):
+        self.server = hotline.Server()
+        self.server.__enter__()
+        self.addCleanup(self.server.__exit__)
+        self.client = self.start_client()
+
+    def log_in(self, users=()):
+        self.client.connect("127.0.0.1", self.server.port)
+        connection = self.server.accept()
+        connection.welcome(b"Scripted", users)
+        self.client.wait_for_login("Scripted")
+        return connection
+
+    def assert_colored(self, text, offset, color):
+        attributes, _, _ = text.attributes_at(offset)
+        self.assertEqual(attributes.get("fg-color"), "%d,%d,%d" % color)
+
+    def test_the_main_window(self):
+        node = self.client.node("Palimbra")
+        self.assertEqual(names(node, "push button"), TOOLBAR)
+        self.assertEqual(names(node, "label"), ["Not connected"])
+        for name, items in MENUS.items():
+            menu = node.find(role="menu item", name=name)
+            self.assertIsNotNone(menu, node.tree())
+            self.assertEqual([item for item in names(menu, "menu item") if item != name], items)
+        frame = self.client.main_window().frame()
+        for child in node.walk():
+            if child.role() in ("push button", "label"):
+                self.assertTrue(is_inside(child.extents(), frame), "%r is at %s" % (child, child.extents()))
+
+    def test_the_connect_window(self):
+        self.client.open_connect()
+        node = self.client.node("Connect to Server")
+        fields = [child for child in node.walk() if child.has("editable")]
+        self.assertEqual([(child.role(), child.name()) for child in fields],
+            [("text", "Address:"), ("text", "Port:"), ("text", "Login:"), ("password text", "Password:")])
+        for field in fields:
+            labels = field.related("labelled-by")
+            self.assertEqual([label.name() for label in labels], [field.name()])
+            self.assertEqual(labels[0].role(), "label")
+        self.assertEqual(names(node, "push button"), ["Cancel", "Connect"])
+        self.assertEqual(fields[1].text(), "5500")
+        self.client.click(fields[3], self.client.window("Connect to Server"))
+        wait_until(lambda: fields[3].has("focused"), "the password field to have the focus")
+        self.desktop.type("secret")
+        wait_until(lambda: fields[3].count_characters() == 6, "six letters")
+        self.assertNotIn("s", fields[3].text())
+
+    def test_the_transcript_is_read_only_text_with_its_colors(self):
+        connection = self.log_in()
+        connection.send(hotline.chat(b"Ada: hello") + hotline.transaction(hotline.BROADCAST, [(hotline.DATA, b"Tea")]))
+        self.client.wait_for_chat("*** Broadcast: Tea ***\n")
+        transcript = self.client.transcript()
+        self.assertIn("read-only", transcript.states())
+        self.assertNotIn("editable", transcript.states())
+        self.assertIn("focusable", transcript.states())
+        text = transcript.text()
+        for line, color in (("*** Connecting to", (100, 100, 100)), ("*** Connected —", (0, 128, 0)),
+                ("*** Server: Scripted", (0, 100, 0)), ("*** Logged in", (0, 128, 0)), ("Ada: hello", (0, 0, 0)),
+                ("*** Broadcast: Tea", (200, 100, 0))):
+            with self.subTest(line):
+                self.assert_colored(transcript, text.index(line), color)
+        entry = self.client.entry()
+        self.assertIn("editable", entry.states())
+        self.assertIn("enabled", entry.states())
+
+    def test_a_caret_walks_through_the_transcript(self):
+        self.log_in()
+        transcript = self.client.transcript()
+        self.client.click(transcript, self.client.chat_window())
+        wait_until(lambda: transcript.has("focused"), "the transcript to have the focus")
+        self.desktop.key("ctrl+Home")
+        wait_until(lambda: transcript.caret() == 0, "the caret at the start")
+        self.desktop.key("Right", "Right")
+        wait_until(lambda: transcript.caret() == 2, "the caret two letters on")
+        self.desktop.key("ctrl+End")
+        wait_until(lambda: transcript.caret() == transcript.count_characters(), "the caret at the end")
+
+    def test_the_user_list(self):
+        nicks = ["Ada", "Bo", "Чарли", "デイジー"]
+        self.log_in([hotline.user_entry(number + 1, nick.encode()) for number, nick in enumerate(nicks)])
+        self.client.wait_for_users(lambda users: users == nicks, "all of them")
+        node = self.client.node("Users Online")
+        wait_until(lambda: node.name() == "Users Online (4)", "the counted title")
+        self.assertEqual(names(node, "label"), ["4 users online"])
+        users = self.client.users_list()
+        self.assertEqual(users.role(), "list")
+        rows = users.children()
+        self.assertEqual([row.role() for row in rows], ["list item"] * 4)
+        window = self.client.users_window()
+        for row in reversed(rows):
+            self.assertTrue(is_inside(row.extents(), users.extents()), row.extents())
+            self.client.click(row, window)
+            wait_until(lambda: row.has("selected"), "the click on \"%s\" to select it" % row.name())
+        self.assertEqual([row.has("selected") for row in rows], [True, False, False, False])
+        self.assertEqual([row.extents()[3] for row in rows], [rows[0].extents()[3]] * 4)
+
+    def test_rows_come_and_go(self):
+        connection = self.log_in([hotline.user_entry(1, b"Ada"), hotline.user_entry(2, b"Bo")])
+        self.client.wait_for_users(lambda users: users == ["Ada", "Bo"], "two")
+        connection.send(hotline.user_change(1, b"Countess"))
+        self.client.wait_for_users(lambda users: users == ["Countess", "Bo"], "the other name")
+        connection.send(hotline.user_change(3, b"Cy"))
+        self.client.wait_for_users(lambda users: users == ["Countess", "Bo", "Cy"], "one more")
+        connection.send(hotline.transaction(hotline.USER_LEAVE, [(hotline.SOCKET, hotline.short(1))]))
+        self.client.wait_for_users(lambda users: users == ["Bo", "Cy"], "one less")
+        self.assertEqual(names(self.client.node("Users Online"), "label"), ["2 users online"])
+
+    def test_the_agreement_window(self):
+        connection = self.log_in()
+        connection.send(hotline.transaction(hotline.AGREEMENT, [(hotline.DATA, b"Be kind.\rStay.")]))
+        self.client.window("Server Agreement")
+        node = self.client.node("Server Agreement")
+        self.assertEqual(names(node, "push button"), ["Decline", "Accept"])
+        self.assertEqual(names(node, "label"), ["Please read and accept the server agreement to continue:"])
+        text = node.find(role="text", having=("multi-line",))
+        self.assertIn("read-only", text.states())
+        self.assertEqual(text.text(), "Be kind.\nStay.")
+
+    def test_titles_are_exact(self):
+        self.log_in([hotline.user_entry(1, b"Ada")])
+        for title in ("Palimbra — Scripted", "Chat", "Users Online (1)"):
+            window = self.client.window(title)
+            self.assertEqual(window.title(), title)
+            self.assertEqual(self.client.node(title).name(), title)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,172 @@
+# Copyright 2026, The Palimbra developers.
+# Distributed under the terms of the MIT License.
+"""A server that does what a test tells it to, byte by byte."""
+
+import socket
+import struct
+import threading
+
+from desktop import PATIENCE
+
+REPLY = 0x00010000
+CHAT_SEND, LOGIN, AGREED, USER_LIST = 105, 107, 121, 300
+CHAT, AGREEMENT, POLITE_QUIT, USER_CHANGE, USER_LEAVE, BROADCAST = 106, 109, 111, 301, 302, 355
+
+ERROR, DATA, NICK, SOCKET, ICON, COLOR, VERSION, SERVER_NAME, USER = 100, 101, 102, 103, 104, 112, 160, 162, 300
+
+
+def short(value):
+    return struct.pack(">H", value)
+
+
+def transaction(kind, fields, number=0, error=0):
+    """The bytes of a transaction; fields are pairs of an id and the bytes of the value."""
+    body = b"".join(struct.pack(">HH", field, len(value)) + value for field, value in fields)
+    return struct.pack(">IIIIIH", kind, number, error, len(body) + 2, len(body) + 2, len(fields)) + body
+
+
+def chat(text):
+    return transaction(CHAT, [(DATA, text)])
+
+
+def user_change(number, nick, icon=128, color=0):
+    return transaction(USER_CHANGE, [(SOCKET, short(number)), (ICON, short(icon)), (COLOR, short(color)), (NICK, nick)])
+
+
+def user_entry(number, nick, icon=128, color=0):
+    return struct.pack(">HHHH", number, icon, color, len(nick)) + nick
+
+
+class Request:
+    """A transaction that the client sent."""
+
+    def __init__(self, kind, number, fields):
+        self.kind = kind
+        self.number = number
+        self.fields = fields
+
+
+class Connection:
+    """One client's connection, read and written by the test itself."""
+
+    def __init__(self, stream):
+        self.stream = stream
+        stream.settimeout(PATIENCE)
+
+    def read_exactly(self, count):
+        data = b""
+        while len(data) < count:
+            piece = self.stream.recv(count - len(data))
+            if not piece:
+                raise EOFError("the client closed the connection after %d of %d bytes" % (len(data), count))
+            data += piece
+        return data
+
+    def handshake(self):
+        greeting = self.read_exactly(12)
+        if greeting != b"TRTPHOTL\x00\x01\x00\x02":
+            raise AssertionError("not a handshake: %r" % greeting)
+        self.send(b"TRTP\x00\x00\x00\x00")
+
+    def read(self):
+        """Reads one transaction."""
+        kind, number, _, size, _, count = struct.unpack(">IIIIIH", self.read_exactly(22))
+        body = self.read_exactly(size - 2)
+        fields = []
+        offset = 0
+        for _ in range(count):
+            field, length = struct.unpack_from(">HH", body, offset)
+            fields.append((field, body[offset + 4:offset + 4 + length]))
+            offset += 4 + length
+        return Request(kind, number, dict(fields))
+
+    def read_until(self, kind):
+        """Reads up to the next transaction of that kind; what comes before it goes unanswered."""
+        while True:
+            request = self.read()
+            if request.kind == kind:
+                return request
+
+    def send(self, data):
+        self.stream.sendall(data)
+
+    def reply(self, request, fields, error=0):
+        self.send(transaction(REPLY, fields, request.number, error))
+
+    def welcome(self, name=b"Scripted", users=()):
+        """Shakes hands, accepts the login and answers both requests for the user list."""
+        self.handshake()
+        self.reply(self.read_until(LOGIN), [(VERSION, short(190)), (SERVER_NAME, name)])
+        for _ in range(2):
+            self.reply(self.read_until(USER_LIST), [(USER, user) for user in users])
+
+    def close(self):
+        self.stream.close()
+
+
+class Server:
+    """Listens on a free port of 127.0.0.1. `with Server() as server: ... server.accept()`."""
+
+    def __init__(self, backlog=8):
+        self.listener = socket.socket()
+        self.listener.settimeout(PATIENCE)
+        self.listener.bind(("127.0.0.1", 0))
+        self.listener.listen(backlog)
+        self.port = self.listener.getsockname()[1]
+        self._open = []
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        for stream in [self.listener, *self._open]:
+            stream.close()
+
+    def accept(self):
+        stream, _ = self.listener.accept()
+        self._open.append(stream)
+        return Connection(stream)
+
+    def fill_up(self):
+        """Makes every further attempt to connect wait: the few places for those not yet accepted are taken."""
+        for _ in range(4):
+            stream = socket.socket()
+            stream.setblocking(False)
+            stream.connect_ex(("127.0.0.1", self.port))
+            self._open.append(stream)
+
+
+class Flood:
+    """Sends the same block over and over, from a thread of its own, for as long as the `with` block lasts."""
+
+    def __init__(self, connection, block):
+        self.sent = 0
+        self._connection = connection
+        self._block = block
+        self._stopping = threading.Event()
+        self._thread = threading.Thread(target=self._run, daemon=True)
+
+    def __enter__(self):
+        self._thread.start()
+        return self
+
+    def __exit__(self, *_):
+        self._stopping.set()
+        try:
+            self._connection.stream.shutdown(socket.SHUT_RDWR)
+        except OSError:
+            # The client has gone before.
+            pass
+        self._thread.join()
+
+    def _run(self):
+        view = memoryview(self._block)
+        offset = 0
+        try:
+            while not self._stopping.is_set():
+                count = self._connection.stream.send(view[offset:offset + 65536])
+                self.sent += count
+                offset = (offset + count) % len(view)
+        except OSError:
+            # The client has gone, or the test has ended.
+            pass

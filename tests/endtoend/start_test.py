@@ -1,0 +1,74 @@
+#!/usr/bin/python3
+# Copyright 2026, The Palimbra developers.
+# Distributed under the terms of the MIT License.
+"""The first thing that a user sees, and the ways out of it."""
+
+import os
+import shutil
+import tempfile
+
+from desktop import wait_until
+from support import PROGRAM_FOLDER, ClientCase, main, setUpModule  # noqa: F401
+
+
+class StartTest(ClientCase):
+    def test_the_main_window_is_shown_and_the_two_others_wait_minimized(self):
+        client = self.start_client()
+        main_window = client.window("Palimbra")
+        chat = client.window("Chat")
+        users = client.window("Users Online")
+        wait_until(chat.is_minimized, "the chat window to be minimized")
+        wait_until(users.is_minimized, "the user list window to be minimized")
+        wait_until(main_window.is_active, "the main window to have the focus")
+        self.assertFalse(main_window.is_minimized())
+        self.assertEqual(sorted(client.titles()), ["Chat", "Palimbra", "Users Online"])
+        self.assertEqual(client.status(), "Not connected")
+        self.assertEqual(client.enabled_buttons(), ["Connect", "Tracker", "Options"])
+        self.assertEqual(client.quit(), 0)
+        self.assert_ended_well(client)
+
+    def test_the_close_box_of_the_main_window_quits(self):
+        client = self.start_client()
+        client.main_window().close()
+        self.assert_ended_well(client)
+
+    def test_the_quit_item_of_the_menu_quits(self):
+        client = self.start_client()
+        menu = client.node("Palimbra").find(role="menu item", name="Server")
+        menu.click()
+        item = wait_until(lambda: menu.find(role="menu item", name="Quit", having=("showing",)), "the open menu")
+        item.click()
+        self.assert_ended_well(client)
+
+
+class ProgramFolderTest(ClientCase):
+    def copy_program(self, *left_out):
+        parent = tempfile.mkdtemp(prefix="palimbra elsewhere é ")
+        self.addCleanup(shutil.rmtree, parent)
+        folder = os.path.join(parent, "a folder")
+        shutil.copytree(PROGRAM_FOLDER, folder, ignore=shutil.ignore_patterns("Downloads", *left_out))
+        return folder
+
+    def test_a_copy_of_the_program_folder_runs_anywhere(self):
+        folder = self.copy_program()
+        client = self.start_client(folder)
+        self.assertEqual(client.status(), "Not connected")
+        self.assertTrue(os.path.isdir(os.path.join(folder, "Downloads")))
+        client.quit()
+        self.assert_ended_well(client)
+
+    def test_without_assets_the_buttons_show_their_labels_alone(self):
+        pictures = []
+        for left_out in ((), (), ("assets",)):
+            client = self.start_client(self.copy_program(*left_out))
+            client.wait_for_focus_on(client.main_window())
+            self.assertEqual(client.enabled_buttons(), ["Connect", "Tracker", "Options"])
+            pictures.append(self.picture(client.button("Options")))
+            client.quit()
+            self.assert_ended_well(client)
+        self.assertEqual(pictures[0], pictures[1])
+        self.assertNotEqual(pictures[0], pictures[2])
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,102 @@
+# Copyright 2026, The Palimbra developers.
+# Distributed under the terms of the MIT License.
+"""What the end-to-end tests share: one desktop per file, clients on it, and what must hold whenever a client has ended.
+
+One file by hand: PYTHONPATH=tour PALIMBRA_BUILD=build /usr/bin/python3 tests/endtoend/start_test.py
+"""
+
+import os
+import unittest
+
+from client import Client
+from demo import Demo
+from desktop import Desktop
+
+BUILD = os.path.abspath(os.environ["PALIMBRA_BUILD"])
+PROGRAM_FOLDER = os.path.join(BUILD, "palimbra")
+
+_desktop = None
+
+
+def setUpModule():
+    global _desktop
+    _desktop = unittest.enterModuleContext(Desktop())
+
+
+class ClientCase(unittest.TestCase):
+    """A case that starts clients. Whatever it leaves running is ended."""
+
+    maxDiff = None
+
+    @property
+    def desktop(self):
+        return _desktop
+
+    def start_client(self, folder=PROGRAM_FOLDER, environment=None):
+        client = Client(self.desktop, folder, environment)
+        self.addCleanup(client.program.stop)
+        client.main_window()
+        return client
+
+    def start_demo(self, *options):
+        demo = Demo(self.desktop, BUILD, 0, *options)
+        self.addCleanup(demo.program.stop)
+        return demo
+
+    def assert_ended_well(self, client):
+        """Waits for the program's end: status 0, nothing to complain about, no process of it left."""
+        self.assertEqual(client.program.wait(), 0, client.program.output())
+        self.assertEqual(client.program.output(), "")
+        self.assertEqual(processes_of_session(client.program.pid), [])
+
+    def picture(self, node):
+        """That part of the screen as a picture, to be compared with another."""
+        path = os.path.join(self.desktop.folder, "part.ppm")
+        x, y, width, height = node.extents()
+        self.desktop.ask("import", "-silent", "-window", "root", "-crop", "%dx%d+%d+%d" % (width, height, x, y), path)
+        with open(path, "rb") as file:
+            return file.read()
+
+    def save_screenshot(self):
+        """Leaves a picture of the moment in the build folder and returns its path."""
+        folder = os.path.join(BUILD, "endtoend")
+        os.makedirs(folder, exist_ok=True)
+        path = os.path.join(folder, self.id().replace("__main__.", "") + ".png")
+        self.desktop.screenshot(path)
+        return path
+
+
+class Result(unittest.TextTestResult):
+    """Adds a picture of the screen to every failure."""
+
+    def addFailure(self, test, err):
+        self._explain(test)
+        super().addFailure(test, err)
+
+    def addError(self, test, err):
+        self._explain(test)
+        super().addError(test, err)
+
+    def _explain(self, test):
+        if isinstance(test, ClientCase):
+            try:
+                self.stream.writeln("see " + test.save_screenshot())
+            except (AssertionError, OSError):
+                self.stream.writeln("without a screenshot")
+
+
+def processes_of_session(session):
+    """The processes that belong to that session, which is the id of the program that began it."""
+    processes = []
+    for name in filter(str.isdigit, os.listdir("/proc")):
+        try:
+            with open("/proc/%s/stat" % name) as stat:
+                if int(stat.read().rpartition(")")[2].split()[3]) == session:
+                    processes.append(int(name))
+        except (FileNotFoundError, ProcessLookupError):
+            continue
+    return processes
+
+
+def main():
+    unittest.main(testRunner=unittest.TextTestRunner(verbosity=2, resultclass=Result))

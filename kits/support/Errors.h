@@ -19,6 +19,7 @@ enum {
 	B_STORAGE_ERROR_BASE = B_GENERAL_ERROR_BASE + 0x6000
 };
 
+// One enumeration, so that codes of different kits may stand in one expression.
 enum {
 	B_NO_MEMORY = B_GENERAL_ERROR_BASE,
 	B_IO_ERROR,
@@ -42,11 +43,9 @@ enum {
 
 	B_ERROR = -1,
 	B_OK = 0,
-	B_NO_ERROR = 0
-};
+	B_NO_ERROR = 0,
 
-// Kernel kit
-enum {
+	// Kernel kit
 	B_BAD_SEM_ID = B_OS_ERROR_BASE,
 	B_NO_MORE_SEMS,
 
@@ -57,21 +56,17 @@ enum {
 	B_NO_MORE_TEAMS,
 
 	B_BAD_PORT_ID = B_OS_ERROR_BASE + 0x200,
-	B_NO_MORE_PORTS
-};
+	B_NO_MORE_PORTS,
 
-// Application kit
-enum {
+	// Application kit
 	B_BAD_REPLY = B_APP_ERROR_BASE,
 	B_DUPLICATE_REPLY,
 	B_MESSAGE_TO_SELF,
 	B_BAD_HANDLER,
 	B_ALREADY_RUNNING,
-	B_LAUNCH_FAILED
-};
+	B_LAUNCH_FAILED,
 
-// Storage kit
-enum {
+	// Storage kit
 	B_FILE_ERROR = B_STORAGE_ERROR_BASE,
 	B_FILE_EXISTS = B_STORAGE_ERROR_BASE + 2,
 	B_ENTRY_NOT_FOUND = B_STORAGE_ERROR_BASE + 3,
@@ -85,11 +80,14 @@ enum {
 	B_CROSS_DEVICE_LINK = B_STORAGE_ERROR_BASE + 11,
 	B_LINK_LIMIT = B_STORAGE_ERROR_BASE + 12,
 	B_BUSTED_PIPE = B_STORAGE_ERROR_BASE + 13,
-	B_UNSUPPORTED = B_STORAGE_ERROR_BASE + 14
-};
+	B_UNSUPPORTED = B_STORAGE_ERROR_BASE + 14,
+	B_PARTIAL_READ = B_STORAGE_ERROR_BASE + 16,
+	B_PARTIAL_WRITE = B_STORAGE_ERROR_BASE + 17,
 
-// Translation kit
-enum { B_NO_TRANSLATOR = B_TRANSLATION_ERROR_BASE, B_ILLEGAL_DATA };
+	// Translation kit
+	B_NO_TRANSLATOR = B_TRANSLATION_ERROR_BASE,
+	B_ILLEGAL_DATA
+};
 
 
 #endif // ERRORS_H

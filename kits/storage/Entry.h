@@ -82,6 +82,8 @@ public:
 	status_t Remove();
 
 private:
+	friend class BPath;
+
 	status_t _SetTo(const std::string& path, bool traverse);
 
 	// The directory's path without links or dots; fName is empty for the root directory only.

@@ -6,6 +6,8 @@
 #define HANDLER_H
 
 
+#include <atomic>
+
 #include <AppDefs.h>
 #include <Message.h>
 #include <SupportDefs.h>
@@ -28,7 +30,7 @@ public:
 
 	virtual void MessageReceived(BMessage* message);
 
-	BLooper* Looper() const { return fLooper; }
+	BLooper* Looper() const { return fLooper.load(std::memory_order_relaxed); }
 	void SetName(const char* name);
 	const char* Name() const { return fName; }
 
@@ -42,7 +44,8 @@ private:
 	friend class BLooper;
 
 	char* fName;
-	BLooper* fLooper;
+	// Written by who has the looper locked, read by LockLooper() on any thread.
+	std::atomic<BLooper*> fLooper;
 	BHandler* fNextHandler;
 };
 

@@ -14,16 +14,15 @@
 #include <OS.h>
 
 
-class BHandler;
 class BLooper;
 
 
 /*!	What others know of a looper: its queue, its lock and how far its life has come. It outlives the looper for as long
-	as somebody uses it, and has a token that is never given again. For any thread; fMutex guards everything.
+	as somebody uses it, and has a token that is never given again. For any thread.
 */
-class LooperRecord {
+class LooperRecord : public std::enable_shared_from_this<LooperRecord> {
 public:
-	// The queue is full above either; who waits for room gets it when a quarter is free.
+	// A queue that holds one or the other is full. Who waits for room goes on when a quarter is free again.
 	static const int32 kMaxMessages = 20000;
 	static const size_t kMaxBytes = 8 * 1024 * 1024;
 
@@ -34,61 +33,68 @@ public:
 	LooperRecord& operator=(const LooperRecord&) = delete;
 
 	int32 Token() const { return fToken; }
-	// NULL from the end of its destructor on.
 	BLooper* Looper() const;
 
-	status_t Post(const BMessage* message, int32 handlerToken, int32 tick);
-	// The caller owns the message. Its target is written to _handlerToken.
-	BMessage* Next(int32* _handlerToken);
-	// Waits until there is a message or the looper is dying; false for the latter.
+	status_t Post(const BMessage* message, int32 handlerToken, int32 runnerToken = 0);
 	bool WaitForMessage();
+	std::unique_ptr<BMessage> Next(int32* _handlerToken);
 	int32 CountMessages() const;
+	void WakePosters();
 
 	bool Lock();
+	void LockToDestroy();
 	void Unlock();
 	void UnlockFully();
 	bool IsLocked() const;
-	bool LockForQuit();
 
 	void ServeByMainThread();
 	bool IsMainServed() const;
-	void Start(thread_id thread);
+	bool Start(thread_id thread);
 	bool IsStarted() const;
 	thread_id Thread() const;
+
+	bool Enter();
+	void Leave();
 
 	bool BeginDestruction();
 	void EndDestruction();
 	bool IsDying() const;
 
-	// For the main thread, which has no lock per looper.
-	bool Enter();
-	void Leave();
-
-	void WakePosters();
-
 private:
+	friend class MainServer;
+
 	bool _IsFull() const;
+	bool _HasRoom() const;
 	bool _MayWait() const;
+	bool _NeedsTurn() const;
+	bool _TakeLock(std::unique_lock<std::mutex>& locker, bool evenIfDying);
+	void _ReleaseLock();
 
-	BLooper* fLooper;
 	const int32 fToken;
+	// The server's, under its lock: whether it stands in the line of those that are ready.
+	bool fIsInLine;
 
+	// Guards all that follows.
 	mutable std::mutex fMutex;
 	std::condition_variable fMessageAdded;
 	std::condition_variable fRoomMade;
 	std::condition_variable fUnlocked;
+
+	BLooper* fLooper;
 	MessageQueue fQueue;
 	int32 fWaitingPosters;
 	bool fWaitsForMessage;
 
+	// The lock of a looper with a thread of its own. Who waits gets it before the thread that gave it away.
 	thread_id fOwner;
 	int32 fLockCount;
+	int32 fWaitingLockers;
 
 	thread_id fThread;
-	bool fMainServed;
-	bool fStarted;
-	bool fEntered;
-	bool fDying;
+	bool fIsMainServed;
+	bool fIsStarted;
+	bool fIsEntered;
+	bool fIsDying;
 };
 
 

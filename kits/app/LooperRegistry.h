@@ -6,11 +6,15 @@
 #define LOOPER_REGISTRY_H
 
 
+#include <map>
 #include <mutex>
 #include <unordered_map>
 #include <vector>
 
 #include <LooperRecord.h>
+
+
+class BHandler;
 
 
 /*!	Every living handler and looper, by address and by token. Posting and locking ask here before they touch an object.
@@ -20,37 +24,34 @@ class LooperRegistry {
 public:
 	static LooperRegistry* Default();
 
-	void AddHandler(const BHandler* handler);
-	void RemoveHandler(const BHandler* handler);
-	void SetHandlerLooper(const BHandler* handler, const BLooper* looper);
+	void AddHandler(BHandler* handler);
+	void RemoveHandler(BHandler* handler);
+	void SetLooper(const BHandler* handler, const LooperRecordRef& looper);
 
 	LooperRecordRef AddLooper(BLooper* looper);
-	void RemoveLooper(const BLooper* looper);
 
-	// Empty, 0 and NULL for what is gone.
+	LooperRecordRef Find(const BHandler* handler, int32* _handlerToken) const;
 	LooperRecordRef Find(const BLooper* looper) const;
 	LooperRecordRef FindByToken(int32 token) const;
-	LooperRecordRef FindByHandler(const BHandler* handler, int32* _handlerToken) const;
 	BHandler* HandlerByToken(int32 token) const;
 
-	// In the order of their creation.
 	void GetLoopers(std::vector<LooperRecordRef>& _loopers) const;
 
 private:
-	LooperRegistry();
-	~LooperRegistry() = delete;
-
 	struct Entry {
 		int32 token;
+		// Of a looper its own, of a handler that of the looper to which it belongs.
 		LooperRecordRef looper;
 	};
 
-	int32 _NextToken();
+	LooperRegistry();
+	~LooperRegistry() = delete;
 
 	mutable std::mutex fMutex;
 	std::unordered_map<const BHandler*, Entry> fHandlers;
 	std::unordered_map<int32, BHandler*> fHandlersByToken;
-	std::unordered_map<int32, LooperRecordRef> fLoopersByToken;
+	// In the order of their creation.
+	std::map<int32, LooperRecordRef> fLoopers;
 	int32 fLastToken;
 };
 

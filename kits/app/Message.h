@@ -143,23 +143,26 @@ public:
 private:
 	friend class LooperRecord;
 	friend class MessageQueue;
-	friend class MessageTarget;
-	friend class TickTable;
 
 	struct Field;
 	struct Value;
 
 	static const uint32 kInlineSize = 256;
 
-	void _CopyBlock(const BMessage& other);
-	void* _Append(uint32 size, uint32* _offset);
+	void _CopyBlock(const uint8* block, uint32 size);
+	void _ForgetBlock();
+	bool _MakeRoom(uint64 size, uint8** _outgrown);
+
 	Field* _FieldAt(uint32 offset) const;
 	Value* _ValueAt(uint32 offset) const;
-	Field* _FindField(const char* name, uint32* _lastOffset = NULL) const;
-	Field* _AddField(const char* name, type_code type, uint32 lastOffset);
-	const Value* _FindValue(const char* name, type_code type, int32 index, status_t* _status) const;
-	uint8* _AddValue(const char* name, type_code type, size_t size);
-	status_t _FindFixed(const char* name, type_code type, int32 index, void* _value,
+	Value* _FirstValue(const Field* field) const;
+	uint32 _OffsetOf(const void* inside) const;
+	Field* _FindField(const char* name, size_t length, Field** _last) const;
+	Field* _NewField(const char* name, size_t length, type_code type, Field* last);
+
+	status_t _AddValue(const char* name, type_code type, const void* data, size_t size);
+	status_t _FindValue(const char* name, type_code type, int32 index, const Value** _value) const;
+	status_t _FindFixed(const char* name, type_code type, int32 index, void* _data,
 		size_t size) const;
 
 	// The fields: fInline, or memory of our own when they have outgrown it.
@@ -167,10 +170,10 @@ private:
 	uint32 fSize;
 	uint32 fCapacity;
 
-	// Where a queued copy goes, and the tick that it is; 0 for none. See MessageQueue.
+	// Of a copy in a queue: the one behind it, whom it is for, and the runner that sent it.
 	BMessage* fNext;
 	int32 fHandlerToken;
-	int32 fTick;
+	int32 fRunnerToken;
 
 	alignas(8) uint8 fInline[kInlineSize];
 };

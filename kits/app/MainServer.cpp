@@ -1,0 +1,299 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <MainServer.h>
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <LooperPrivate.h>
+#include <LooperRegistry.h>
+#include <ThreadPrivate.h>
+
+
+namespace {
+
+
+// In microseconds. Long enough to get through a burst, short enough that a click is never late.
+const bigtime_t kSlice = 4000;
+
+
+void
+wake_server()
+{
+	MainServer::Default()->Wake();
+}
+
+
+} // namespace
+
+
+MainServer::MainServer()
+	: fWakeDescriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
+	  fMayServe(true),
+	  fWaitHook(NULL),
+	  fIsSignalled(false),
+	  fApplicationToken(0),
+	  fDyingCount(0)
+{
+	set_main_wait_hook(_WaitFor, wake_server);
+}
+
+
+MainServer*
+MainServer::Default()
+{
+	static MainServer* const sServer = new MainServer;
+	return sServer;
+}
+
+
+/*!	Gives each looper that has messages one slice of a few milliseconds, in which it gets no more than those which it had
+	at the start of it. Does nothing inside of a handler, unless that waits for a thread.
+	\return \c true while more waits; WakeDescriptor() stays readable then.
+*/
+bool
+MainServer::ServeTurn()
+{
+	if (!fMayServe) {
+		// The handler's end looks at the line again. Until then an event loop inside of it must not spin.
+		std::lock_guard<std::mutex> locker(fMutex);
+		_Silence();
+		return false;
+	}
+
+	size_t count;
+	{
+		std::lock_guard<std::mutex> locker(fMutex);
+		count = fLine.size();
+	}
+	for (; count > 0; count--) {
+		// A handler that waited may have served others of the line.
+		LooperRecordRef record = _NextInLine();
+		if (record == NULL)
+			break;
+		_ServeSlice(record);
+	}
+
+	std::lock_guard<std::mutex> locker(fMutex);
+	if (!fLine.empty()) {
+		_Signal();
+		return true;
+	}
+	_Silence();
+	return false;
+}
+
+
+/*!	Makes WakeDescriptor() readable until the next turn ends. For any thread. */
+void
+MainServer::Wake()
+{
+	std::lock_guard<std::mutex> locker(fMutex);
+	_Signal();
+}
+
+
+/*!	How wait_for_thread() waits on the main thread. The hook processes events, among them WakeDescriptor()'s with
+	ServeTurn(), until \a done answers true for \a cookie; the descriptor becomes readable when that may have changed.
+	Without a hook, or with NULL, the server polls the descriptor itself.
+*/
+void
+MainServer::SetWaitHook(void (*hook)(bool (*done)(void*), void* cookie))
+{
+	fWaitHook = hook;
+}
+
+
+/*!	Names the looper that gets no message while any other one of the main thread is being destroyed. */
+void
+MainServer::SetApplication(BLooper* application)
+{
+	LooperRecordRef record = LooperRegistry::Default()->Find(application);
+	std::lock_guard<std::mutex> locker(fMutex);
+	fApplicationToken = record != NULL ? record->Token() : 0;
+}
+
+
+/*!	How many windows are between the start of their destruction and the end of ~BLooper(). */
+int32
+MainServer::CountDying() const
+{
+	std::lock_guard<std::mutex> locker(fMutex);
+	return fDyingCount;
+}
+
+
+/*!	The main thread's loopers but the application, the oldest first, with those that are dying: they cannot be locked. */
+void
+MainServer::GetWindows(std::vector<BLooper*>& _windows) const
+{
+	std::vector<LooperRecordRef> loopers;
+	LooperRegistry::Default()->GetLoopers(loopers);
+
+	int32 applicationToken;
+	{
+		std::lock_guard<std::mutex> locker(fMutex);
+		applicationToken = fApplicationToken;
+	}
+
+	_windows.clear();
+	for (const LooperRecordRef& record : loopers) {
+		if (record->IsMainServed() && record->Token() != applicationToken)
+			_windows.push_back(record->Looper());
+	}
+}
+
+
+/*!	The looper has messages that the main thread has to deliver. For any thread. */
+void
+MainServer::_AddToLine(const LooperRecordRef& record)
+{
+	std::lock_guard<std::mutex> locker(fMutex);
+	if (record->fIsInLine)
+		return;
+
+	record->fIsInLine = true;
+	fLine.push_back(record);
+	_Signal();
+}
+
+
+LooperRecordRef
+MainServer::_NextInLine()
+{
+	std::lock_guard<std::mutex> locker(fMutex);
+	while (!fLine.empty()) {
+		LooperRecordRef record = std::move(fLine.front());
+		fLine.pop_front();
+		record->fIsInLine = false;
+		if (record->Token() != fApplicationToken || fDyingCount == 0)
+			return record;
+
+		fHeldApplication = record;
+	}
+	return NULL;
+}
+
+
+void
+MainServer::_ServeSlice(const LooperRecordRef& record)
+{
+	// One that is inside of a handler stands in line again when it leaves it.
+	if (!record->Enter())
+		return;
+
+	bool mightServe = _BeginHandler();
+	bigtime_t end = system_time() + kSlice;
+	for (int32 count = record->CountMessages(); count > 0; count--) {
+		LooperPrivate::_DeliverNext(record);
+		if (record->IsDying() || system_time() >= end)
+			break;
+	}
+	record->Leave();
+	_EndHandler(mightServe);
+}
+
+
+/*!	Nothing is served until _EndHandler() gets what this returns. */
+bool
+MainServer::_BeginHandler()
+{
+	bool mightServe = fMayServe;
+	fMayServe = false;
+	return mightServe;
+}
+
+
+void
+MainServer::_EndHandler(bool mightServe)
+{
+	fMayServe = mightServe;
+	std::lock_guard<std::mutex> locker(fMutex);
+	if (fMayServe && !fLine.empty())
+		_Signal();
+}
+
+
+void
+MainServer::_AddDying(const LooperRecord* record)
+{
+	std::lock_guard<std::mutex> locker(fMutex);
+	if (record->Token() != fApplicationToken)
+		fDyingCount++;
+}
+
+
+void
+MainServer::_RemoveDying(const LooperRecord* record)
+{
+	LooperRecordRef application;
+	{
+		std::lock_guard<std::mutex> locker(fMutex);
+		if (record->Token() == fApplicationToken) {
+			fApplicationToken = 0;
+			fHeldApplication = NULL;
+			return;
+		}
+
+		fDyingCount--;
+		if (fDyingCount == 0)
+			application = std::move(fHeldApplication);
+	}
+	if (application != NULL)
+		_AddToLine(application);
+}
+
+
+/*!	With the lock held. */
+void
+MainServer::_Signal()
+{
+	if (!fIsSignalled) {
+		fIsSignalled = true;
+		eventfd_write(fWakeDescriptor, 1);
+	}
+}
+
+
+/*!	With the lock held. */
+void
+MainServer::_Silence()
+{
+	if (fIsSignalled) {
+		eventfd_t value;
+		eventfd_read(fWakeDescriptor, &value);
+		fIsSignalled = false;
+	}
+}
+
+
+/*!	Waits on the main thread. The others are served meanwhile, whatever handler this is inside of. */
+void
+MainServer::_WaitFor(bool (*done)(void*), void* cookie)
+{
+	MainServer* server = Default();
+	bool mightServe = server->fMayServe;
+	server->_EndHandler(true);
+
+	if (server->fWaitHook != NULL)
+		server->fWaitHook(done, cookie);
+	else
+		_Poll(done, cookie);
+
+	server->fMayServe = mightServe;
+}
+
+
+void
+MainServer::_Poll(bool (*done)(void*), void* cookie)
+{
+	MainServer* server = Default();
+	while (!done(cookie)) {
+		pollfd descriptor = {server->fWakeDescriptor, POLLIN, 0};
+		if (poll(&descriptor, 1, -1) > 0)
+			server->ServeTurn();
+	}
+}

@@ -1,0 +1,73 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef MAIN_SERVER_H
+#define MAIN_SERVER_H
+
+
+#include <deque>
+#include <mutex>
+#include <vector>
+
+#include <LooperRecord.h>
+
+
+/*!	Serves the loopers that have no thread of their own, the application and the windows, on the main thread.
+	The event loop watches WakeDescriptor() and calls ServeTurn() when it is readable. All but Wake() belongs to the main
+	thread. There is one, and it is never destroyed.
+*/
+class MainServer {
+public:
+	static MainServer* Default();
+
+	// An eventfd. Only the server itself reads and writes it.
+	int WakeDescriptor() const { return fWakeDescriptor; }
+	bool ServeTurn();
+	void Wake();
+
+	void SetWaitHook(void (*hook)(bool (*done)(void*), void* cookie));
+
+	void SetApplication(BLooper* application);
+	int32 CountDying() const;
+	void GetWindows(std::vector<BLooper*>& _windows) const;
+
+private:
+	friend class LooperRecord;
+	friend class LooperScope;
+
+	MainServer();
+	~MainServer() = delete;
+
+	void _AddToLine(const LooperRecordRef& record);
+	LooperRecordRef _NextInLine();
+	void _ServeSlice(const LooperRecordRef& record);
+	bool _BeginHandler();
+	void _EndHandler(bool mightServe);
+
+	void _AddDying(const LooperRecord* record);
+	void _RemoveDying(const LooperRecord* record);
+
+	void _Signal();
+	void _Silence();
+
+	static void _WaitFor(bool (*done)(void*), void* cookie);
+	static void _Poll(bool (*done)(void*), void* cookie);
+
+	const int fWakeDescriptor;
+
+	// The main thread's own.
+	bool fMayServe;
+	void (*fWaitHook)(bool (*done)(void*), void* cookie);
+
+	// For any thread, under the lock.
+	mutable std::mutex fMutex;
+	std::deque<LooperRecordRef> fLine;
+	bool fIsSignalled;
+	int32 fApplicationToken;
+	LooperRecordRef fHeldApplication;
+	int32 fDyingCount;
+};
+
+
+#endif // MAIN_SERVER_H

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "Audience.h"
 #include "Notices.h"
@@ -374,10 +375,11 @@ void
 Community::_Think(TimerQueue::Action action)
 {
 	fThoughts++;
-	fTimers.Add(std::chrono::milliseconds(fOptions.answerDelay), [this, action] {
-		fThoughts--;
-		action();
-	});
+	fTimers.Add(std::chrono::milliseconds(fOptions.answerDelay),
+		[this, action = std::move(action)] {
+			fThoughts--;
+			action();
+		});
 }
 
 

@@ -30,7 +30,7 @@ public:
 	~Session() override;
 
 	const User& Identity() const { return fUser; }
-	bool HasJoined() const { return fState == kJoined && !IsDone(); }
+	bool HasJoined() const { return fState == kJoined; }
 
 	void Send(const Transaction& notice);
 	void Refuse(uint32_t request, const std::string& text);

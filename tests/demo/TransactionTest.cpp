@@ -1,0 +1,175 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "Transaction.h"
+
+#include "RawClient.h"
+
+#include <gtest/gtest.h>
+
+
+using demo::Transaction;
+
+
+static std::string
+flatten(const Transaction& transaction)
+{
+	std::vector<uint8_t> bytes = transaction.Flatten();
+	return {bytes.begin(), bytes.end()};
+}
+
+
+static Transaction::ParseResult
+parse(const std::string& bytes, Transaction* _transaction, size_t* _consumed)
+{
+	return Transaction::Parse(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size(),
+		_transaction, _consumed);
+}
+
+
+TEST(TransactionTest, NoFields_TwentyTwoBytes)
+{
+	Transaction notice(106);
+	notice.SetId(7);
+
+	EXPECT_EQ(flatten(notice),
+		std::string("\x00\x00\x00\x6a"
+					"\x00\x00\x00\x07"
+					"\x00\x00\x00\x00"
+					"\x00\x00\x00\x02"
+					"\x00\x00\x00\x02"
+					"\x00\x00",
+			22));
+}
+
+
+TEST(TransactionTest, Fields_FollowWithIdAndLength)
+{
+	Transaction notice(301);
+	notice.SetId(0x01020304);
+	notice.AddInt16(103, 0x0506);
+	notice.AddInt32(107, 0x0708090a);
+	notice.AddText(102, "ab");
+
+	EXPECT_EQ(flatten(notice),
+		std::string("\x00\x00\x01\x2d"
+					"\x01\x02\x03\x04"
+					"\x00\x00\x00\x00"
+					"\x00\x00\x00\x16"
+					"\x00\x00\x00\x16"
+					"\x00\x03"
+					"\x00\x67\x00\x02\x05\x06"
+					"\x00\x6b\x00\x04\x07\x08\x09\x0a"
+					"\x00\x66\x00\x02"
+					"ab",
+			42));
+}
+
+
+TEST(TransactionTest, Reply_CarriesNoTypeButTheRequestsNumber)
+{
+	EXPECT_EQ(flatten(Transaction::Reply(9)), Message(0x00010000, 9, {}));
+	EXPECT_EQ(flatten(Transaction::ErrorReply(9, "no")),
+		Message(0x00010000, 9, {Field(100, "no")}, 1));
+}
+
+
+TEST(TransactionTest, TextOfMoreThanAField_CutBetweenCharacters)
+{
+	Transaction notice(106);
+	notice.AddText(101, std::string(65534, 'a') + "é");
+
+	std::string text;
+	ASSERT_TRUE(notice.FindText(101, &text));
+	EXPECT_EQ(text, std::string(65534, 'a'));
+}
+
+
+TEST(TransactionTest, ParsedMessage_GivesItsPartsBack)
+{
+	std::string bytes = Message(108, 5, {Field(103, Int16(12)), Field(101, "hello")});
+
+	Transaction request;
+	size_t consumed = 0;
+	ASSERT_EQ(parse(bytes + "next", &request, &consumed), Transaction::kComplete);
+	EXPECT_EQ(consumed, bytes.size());
+	EXPECT_EQ(request.Type(), 108);
+	EXPECT_EQ(request.Id(), 5u);
+	EXPECT_FALSE(request.IsReply());
+	EXPECT_EQ(request.CountFields(), 2);
+	uint32_t socket = 0;
+	EXPECT_TRUE(request.FindInt(103, &socket));
+	EXPECT_EQ(socket, 12u);
+	std::string text;
+	EXPECT_TRUE(request.FindText(101, &text));
+	EXPECT_EQ(text, "hello");
+	EXPECT_FALSE(request.FindText(102, &text));
+}
+
+
+TEST(TransactionTest, CutAtEachByte_WaitsForTheRest)
+{
+	std::string bytes = Message(105, 1, {Field(101, "hello")});
+	for (size_t size = 0; size < bytes.size(); size++) {
+		SCOPED_TRACE(size);
+		Transaction request;
+		size_t consumed = 0;
+		EXPECT_EQ(parse(bytes.substr(0, size), &request, &consumed), Transaction::kIncomplete);
+		EXPECT_EQ(consumed, 0u);
+	}
+}
+
+
+TEST(TransactionTest, AnnouncesTooMuch_KnownFromTheHeader)
+{
+	for (uint32_t size : {uint32_t(128 * 1024 - 19), 0x7fffffffu, 0xffffffffu, 0xffffffedu}) {
+		SCOPED_TRACE(size);
+		std::string header = Int32(105) + Int32(1) + Int32(0) + Int32(size) + Int32(size);
+		Transaction request;
+		size_t consumed = 0;
+		EXPECT_EQ(parse(header, &request, &consumed), Transaction::kTooLarge);
+	}
+}
+
+
+TEST(TransactionTest, NoRoomForTheNumberOfFields_HasNone)
+{
+	for (uint32_t size : {0u, 1u}) {
+		SCOPED_TRACE(size);
+		std::string bytes = Int32(300) + Int32(1) + Int32(0) + Int32(size) + Int32(size);
+		bytes += std::string(size, 'x');
+		Transaction request;
+		size_t consumed = 0;
+		EXPECT_EQ(parse(bytes, &request, &consumed), Transaction::kComplete);
+		EXPECT_EQ(consumed, 20 + size);
+		EXPECT_EQ(request.CountFields(), 0);
+	}
+}
+
+
+TEST(TransactionTest, FieldPastTheEnd_EndsTheWalk)
+{
+	std::string overlong = Int16(101) + Int16(6) + "hello";
+	Transaction request;
+	size_t consumed = 0;
+	ASSERT_EQ(parse(Message(105, 1, {Field(102, "nick"), overlong}), &request, &consumed),
+		Transaction::kComplete);
+
+	std::string text;
+	EXPECT_TRUE(request.FindText(102, &text));
+	EXPECT_EQ(text, "nick");
+	EXPECT_FALSE(request.FindText(101, &text));
+}
+
+
+TEST(TransactionTest, NumberOfOddLength_CountsAsMissing)
+{
+	for (size_t length : {0, 1, 3, 5}) {
+		SCOPED_TRACE(length);
+		Transaction notice(108);
+		notice.AddText(103, std::string(length, '\x01'));
+		uint32_t value = 0;
+		EXPECT_FALSE(notice.FindInt(103, &value));
+	}
+}

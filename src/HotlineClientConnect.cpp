@@ -1,0 +1,303 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "HotlineClient.h"
+
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <netdb.h>
+#include <netinet/in.h>
+#include <sys/select.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+
+#include <Autolock.h>
+#include <Message.h>
+
+#include "TransactionBuilder.h"
+
+
+// In seconds, for each wait on the control connection.
+static const time_t kSocketTimeout = 10;
+static const size_t kLoginBufferSize = 1024;
+
+// What failed in an attempt that was given up: nothing that anybody is told.
+static const char* const kGivenUp = "";
+
+
+/*!	Adds a text that is not empty, cut between characters when it does not fit.
+	\param room The most bytes it may have.
+	\param encoded Whether it is a credential, which goes out encoded.
+	\return How many it has.
+*/
+static size_t
+add_login_text(TransactionBuilder& builder, uint16 field, const BString& text, size_t room,
+	bool encoded)
+{
+	const size_t length = HotlineCutText(text.String(), static_cast<size_t>(text.Length()), room);
+	if (length == 0)
+		return 0;
+
+	uint8 value[kLoginBufferSize];
+	memcpy(value, text.String(), length);
+	if (encoded)
+		HotlineEncodeCredential(value, static_cast<uint32>(length));
+	builder.BuildParam(field, value, static_cast<uint16>(length));
+	return length;
+}
+
+
+status_t
+HotlineClient::_ConnectThreadEntry(void* data)
+{
+	return static_cast<HotlineClient*>(data)->_ConnectThread();
+}
+
+
+/*!	Connects, shakes hands, logs in and starts the receive thread.
+	\return \c B_ERROR when it failed; then that has been posted.
+*/
+status_t
+HotlineClient::_ConnectThread()
+{
+	const thread_id self = find_thread(NULL);
+	SocketReference socket;
+	const char* error = _OpenConnection(&socket);
+	if (error == NULL)
+		error = _Handshake(socket);
+
+	if (error == NULL) {
+		if (!_BeginSession(socket))
+			_DropSocket(socket);
+	} else {
+		_DropSocket(socket);
+		socket = SocketReference();
+		if (_MayProceed()) {
+			BMessage failed(kHLConnectFailed);
+			failed.AddString("error", error);
+			_Notify(&failed);
+		}
+	}
+
+	// A later attempt has put its own thread there. The owner may delete the client from here on.
+	thread_id expected = self;
+	fConnectThread.compare_exchange_strong(expected, -1);
+	return error == NULL ? B_OK : B_ERROR;
+}
+
+
+/*!	Opens the connection to the first address of the server's and makes it the client's.
+	\return What failed, or NULL.
+*/
+const char*
+HotlineClient::_OpenConnection(SocketReference* _socket)
+{
+	BString address;
+	char port[8];
+	{
+		BAutolock locker(fStateLock);
+		address = fConnectAddress;
+		snprintf(port, sizeof(port), "%u", static_cast<unsigned int>(fConnectPort));
+	}
+
+	addrinfo hints;
+	memset(&hints, 0, sizeof(hints));
+	hints.ai_family = AF_INET;
+	hints.ai_socktype = SOCK_STREAM;
+	addrinfo* resolved = NULL;
+	if (getaddrinfo(address.String(), port, &hints, &resolved) != 0 || resolved == NULL)
+		return "Could not resolve address";
+	const std::unique_ptr<addrinfo, void (*)(addrinfo*)> addresses(resolved, freeaddrinfo);
+
+	if (!_MayProceed())
+		return kGivenUp;
+	const int number = socket(resolved->ai_family, resolved->ai_socktype, resolved->ai_protocol);
+	if (number < 0)
+		return "Could not create socket";
+	*_socket = SocketReference(number);
+	// The receive loop could not wait for it.
+	if (number >= FD_SETSIZE)
+		return "Could not create socket";
+
+	const timeval timeout = {kSocketTimeout, 0};
+	setsockopt(number, SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof(timeout));
+	setsockopt(number, SOL_SOCKET, SO_SNDTIMEO, &timeout, sizeof(timeout));
+	if (!_SetOpeningSocket(*_socket))
+		return kGivenUp;
+	if (connect(number, resolved->ai_addr, resolved->ai_addrlen) != 0)
+		return "Could not connect to server";
+	return _AdoptSocket(*_socket) ? NULL : kGivenUp;
+}
+
+
+const char*
+HotlineClient::_Handshake(const SocketReference& socket) const
+{
+	if (!_MayProceed())
+		return kGivenUp;
+	if (socket.SendFully(kClientMagic, kClientMagicLen) < 0)
+		return "Failed to send handshake";
+
+	uint8 reply[kServerMagicLen];
+	if (!_MayProceed())
+		return kGivenUp;
+	if (socket.ReceiveFully(reply, sizeof(reply)) < 0)
+		return "Server did not respond to handshake";
+
+	// The other four bytes are an error code, which no server that goes on means.
+	if (memcmp(reply, kServerMagic, 4) != 0)
+		return "Invalid server response";
+	return NULL;
+}
+
+
+/*!	Shows the socket to whoever wants to stop this thread while it connects. */
+bool
+HotlineClient::_SetOpeningSocket(const SocketReference& socket)
+{
+	BAutolock locker(fStateLock);
+	if (!_MayProceed())
+		return false;
+	fOpeningSocket = socket;
+	return true;
+}
+
+
+/*!	Makes an open socket the control connection. One that still stands ends without a word; its receive thread has ended
+	when this returns.
+*/
+bool
+HotlineClient::_AdoptSocket(const SocketReference& socket)
+{
+	thread_id receiver;
+	{
+		BAutolock locker(fStateLock);
+		if (!_MayProceed())
+			return false;
+		fRunning = false;
+		fConnected = false;
+		fSocket.ShutDown();
+		fSocket = socket;
+		fOpeningSocket = SocketReference();
+		receiver = fRecvThread;
+	}
+
+	status_t result;
+	if (receiver >= 0)
+		wait_for_thread(receiver, &result);
+	return true;
+}
+
+
+/*!	Sends the login, tells the target and starts the receive thread. Ids begin again at 1, with the login, and what waited
+	under earlier ones is forgotten.
+	\return \c false when the client was disconnected meanwhile, or no thread could be had.
+*/
+bool
+HotlineClient::_BeginSession(const SocketReference& socket)
+{
+	fTasks.MakeEmpty();
+	{
+		// Nothing goes out before the login.
+		BAutolock sendLocker(fSendLock);
+		{
+			BAutolock locker(fStateLock);
+			if (!_MayProceed() || !fSocket.IsSameAs(socket))
+				return false;
+			fConnected = true;
+			fTransID = 1;
+			fAddress = fConnectAddress;
+			fPort = fConnectPort;
+			fServerName = "";
+			fServerVersion = 0;
+		}
+		_SendLogin();
+	}
+	_Notify(kHLConnected);
+
+	bool lost = false;
+	{
+		BAutolock locker(fStateLock);
+		if (!_MayProceed() || !fSocket.IsSameAs(socket))
+			return false;
+		lost = !_StartReceiving();
+	}
+	if (lost)
+		_Notify(kHLDisconnected);
+	return !lost;
+}
+
+
+/*!	Spawns the receive thread. The state lock is held. */
+bool
+HotlineClient::_StartReceiving()
+{
+	fRunning = true;
+	const thread_id thread = spawn_thread(_ReceiveThreadEntry, "HL:Receive", B_NORMAL_PRIORITY,
+		this);
+	fRecvThread = thread;
+	if (thread >= 0 && resume_thread(thread) == B_OK)
+		return true;
+
+	fRecvThread = -1;
+	fRunning = false;
+	fConnected = false;
+	return false;
+}
+
+
+/*!	Lets go of a socket that came to nothing. */
+void
+HotlineClient::_DropSocket(const SocketReference& socket)
+{
+	BAutolock locker(fStateLock);
+	if (fOpeningSocket.IsSameAs(socket))
+		fOpeningSocket = SocketReference();
+	if (socket.IsSet() && fSocket.IsSameAs(socket)) {
+		fSocket = SocketReference();
+		fConnected = false;
+	}
+}
+
+
+/*!	For the connect thread: whether it still is the one, and the client is not being deleted. */
+bool
+HotlineClient::_MayProceed() const
+{
+	return !fClosing && fConnectThread == find_thread(NULL);
+}
+
+
+/*!	Sends the login. What is too long for its buffer is cut: first the nickname, then the password. */
+void
+HotlineClient::_SendLogin()
+{
+	BString login;
+	BString password;
+	BString nick;
+	uint16 icon;
+	{
+		BAutolock locker(fStateLock);
+		login = fConnLogin;
+		password = fConnPassword;
+		nick = fConnNick;
+		icon = fConnIcon;
+	}
+
+	uint8 buffer[kLoginBufferSize];
+	TransactionBuilder builder(buffer, sizeof(buffer));
+	builder.BuildParamInt16(kFieldIcon, icon);
+	// Room for the three texts together: without the two numbers and the headers of their own.
+	size_t room = kLoginBufferSize - kHeaderSize - 2 * (kParamHeaderSize + 2)
+		- 3 * kParamHeaderSize;
+	room -= add_login_text(builder, kFieldLogin, login, room, true);
+	room -= add_login_text(builder, kFieldPassword, password, room, true);
+	add_login_text(builder, kFieldNick, nick, room, false);
+	builder.BuildParamInt16(kFieldVersion, kClientVersion);
+
+	fLoginTrans = _BuildHeader(buffer, kCmdLogin, builder.DataLength(), builder.CountParams());
+	fTasks.AddTask(fLoginTrans, TaskList::kTaskLogin, NULL, NULL);
+	_SendTransaction(TransactionPieces(buffer, builder.Size()));
+}

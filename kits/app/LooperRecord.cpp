@@ -60,7 +60,7 @@ status_t
 LooperRecord::Post(const BMessage* message, int32 handlerToken, int32 runnerToken)
 {
 	std::unique_ptr<BMessage> copy(new (std::nothrow) BMessage(*message));
-	if (copy == NULL || copy->fSize != message->fSize)
+	if (copy == NULL || copy->fFields.Size() != message->fFields.Size())
 		return B_NO_MEMORY;
 	copy->fHandlerToken = handlerToken;
 	copy->fRunnerToken = runnerToken;

@@ -4,61 +4,12 @@
  */
 #include <Message.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 
 #include <Entry.h>
 #include <String.h>
-
-
-namespace {
-
-
-const size_t kMaxNameLength = 255;
-const size_t kMaxBlockSize = UINT32_MAX - 8;
-
-
-size_t
-aligned(size_t size)
-{
-	return (size + 7) & ~size_t(7);
-}
-
-
-} // namespace
-
-
-/*	A field begins with this and its name, which ends with a zero byte; its first value follows at the next multiple of 8.
-	Offsets count from the start of the block; 0 is none. The cursor is the value that was looked at last, so that walking
-	through many values never starts over.
-*/
-struct BMessage::Field {
-	type_code type;
-	uint32 nextField;
-	uint32 lastValue;
-	int32 count;
-	mutable int32 cursorIndex;
-	mutable uint32 cursorValue;
-	uint16 nameLength;
-	char name[2];
-
-	static size_t SizeFor(size_t nameLength)
-	{
-		return aligned(offsetof(Field, name) + nameLength + 1);
-	}
-};
-
-
-/*	A value's size, and its data right behind. */
-struct BMessage::Value {
-	uint32 nextValue;
-	uint32 size;
-
-	const uint8* Data() const { return reinterpret_cast<const uint8*>(this + 1); }
-	uint8* Data() { return reinterpret_cast<uint8*>(this + 1); }
-};
 
 
 BMessage::BMessage()
@@ -69,9 +20,6 @@ BMessage::BMessage()
 
 BMessage::BMessage(uint32 messageWhat)
 	: what(messageWhat),
-	  fBlock(fInline),
-	  fSize(0),
-	  fCapacity(kInlineSize),
 	  fNext(NULL),
 	  fHandlerToken(0),
 	  fRunnerToken(0)
@@ -80,16 +28,16 @@ BMessage::BMessage(uint32 messageWhat)
 
 
 BMessage::BMessage(const BMessage& other)
-	: BMessage(other.what)
+	: what(other.what),
+	  fFields(other.fFields),
+	  fNext(NULL),
+	  fHandlerToken(0),
+	  fRunnerToken(0)
 {
-	_CopyBlock(other.fBlock, other.fSize);
 }
 
 
-BMessage::~BMessage()
-{
-	_ForgetBlock();
-}
+BMessage::~BMessage() = default;
 
 
 BMessage&
@@ -97,73 +45,34 @@ BMessage::operator=(const BMessage& other)
 {
 	if (this != &other) {
 		what = other.what;
-		_CopyBlock(other.fBlock, other.fSize);
+		fFields = other.fFields;
 	}
 	return *this;
 }
 
 
-/*!	Describes the field at \a index among those of a type, or of any with \c B_ANY_TYPE.
+/*!	Describes the field at \a index among those of a type, or of any with \c B_ANY_TYPE. The name belongs to the message.
 	\return \c B_BAD_INDEX behind the last one, \c B_NAME_NOT_FOUND when there is none at all.
 */
 status_t
 BMessage::GetInfo(type_code typeRequested, int32 index, char** _name, type_code* _type,
 	int32* _count) const
 {
-	if (index < 0)
-		return B_BAD_INDEX;
-	if (fSize == 0)
-		return B_NAME_NOT_FOUND;
-
-	for (Field* field = _FieldAt(0); field != NULL; field = _FieldAt(field->nextField)) {
-		if ((typeRequested == B_ANY_TYPE || typeRequested == field->type) && index-- == 0) {
-			if (_name != NULL)
-				*_name = field->name;
-			if (_type != NULL)
-				*_type = field->type;
-			if (_count != NULL)
-				*_count = field->count;
-			return B_OK;
-		}
-		if (field->nextField == 0)
-			break;
-	}
-	return CountNames(typeRequested) == 0 ? B_NAME_NOT_FOUND : B_BAD_INDEX;
+	return fFields.GetInfo(typeRequested, index, _name, _type, _count);
 }
 
 
 status_t
 BMessage::GetInfo(const char* name, type_code* _type, int32* _count) const
 {
-	if (name == NULL)
-		return B_BAD_VALUE;
-
-	const Field* field = _FindField(name, strlen(name), NULL);
-	if (_count != NULL)
-		*_count = field != NULL ? field->count : 0;
-	if (field == NULL)
-		return B_NAME_NOT_FOUND;
-
-	if (_type != NULL)
-		*_type = field->type;
-	return B_OK;
+	return fFields.GetInfo(name, _type, _count);
 }
 
 
 int32
 BMessage::CountNames(type_code type) const
 {
-	int32 count = 0;
-	uint32 offset = 0;
-	while (fSize > 0) {
-		const Field* field = _FieldAt(offset);
-		if (type == B_ANY_TYPE || type == field->type)
-			count++;
-		offset = field->nextField;
-		if (offset == 0)
-			break;
-	}
-	return count;
+	return fFields.CountNames(type);
 }
 
 
@@ -171,38 +80,14 @@ BMessage::CountNames(type_code type) const
 status_t
 BMessage::RemoveName(const char* name)
 {
-	if (name == NULL)
-		return B_BAD_VALUE;
-
-	const Field* removed = _FindField(name, strlen(name), NULL);
-	if (removed == NULL)
-		return B_NAME_NOT_FOUND;
-
-	BMessage rest(what);
-	uint32 offset = 0;
-	do {
-		const Field* field = _FieldAt(offset);
-		offset = field->nextField;
-		if (field == removed)
-			continue;
-
-		for (const Value* value = _FirstValue(field); value != NULL;
-			 value = value->nextValue != 0 ? _ValueAt(value->nextValue) : NULL) {
-			status_t status = rest._AddValue(field->name, field->type, value->Data(), value->size);
-			if (status != B_OK)
-				return status;
-		}
-	} while (offset != 0);
-
-	_CopyBlock(rest.fBlock, rest.fSize);
-	return B_OK;
+	return fFields.Remove(name);
 }
 
 
 status_t
 BMessage::MakeEmpty()
 {
-	fSize = 0;
+	fFields.MakeEmpty();
 	return B_OK;
 }
 
@@ -214,7 +99,7 @@ BMessage::AddString(const char* name, const char* string)
 	if (string == NULL)
 		return B_BAD_VALUE;
 
-	return _AddValue(name, B_STRING_TYPE, string, strlen(string) + 1);
+	return fFields.Add(name, B_STRING_TYPE, string, strlen(string) + 1);
 }
 
 
@@ -228,7 +113,7 @@ BMessage::AddString(const char* name, const BString& string)
 status_t
 BMessage::AddPointer(const char* name, const void* pointer)
 {
-	return _AddValue(name, B_POINTER_TYPE, &pointer, sizeof(pointer));
+	return fFields.Add(name, B_POINTER_TYPE, &pointer, sizeof(pointer));
 }
 
 
@@ -247,7 +132,7 @@ BMessage::AddRef(const char* name, const entry_ref* ref)
 	if (ref->name != NULL)
 		flat.append(ref->name);
 	flat.push_back(0);
-	return _AddValue(name, B_REF_TYPE, flat.data(), flat.size());
+	return fFields.Add(name, B_REF_TYPE, flat.data(), flat.size());
 }
 
 
@@ -258,8 +143,8 @@ BMessage::AddMessage(const char* name, const BMessage* message)
 		return B_BAD_VALUE;
 
 	std::string flat(reinterpret_cast<const char*>(&message->what), sizeof(message->what));
-	flat.append(reinterpret_cast<const char*>(message->fBlock), message->fSize);
-	return _AddValue(name, B_MESSAGE_TYPE, flat.data(), flat.size());
+	flat.append(reinterpret_cast<const char*>(message->fFields.Bytes()), message->fFields.Size());
+	return fFields.Add(name, B_MESSAGE_TYPE, flat.data(), flat.size());
 }
 
 
@@ -271,7 +156,7 @@ BMessage::AddData(const char* name, type_code type, const void* data, ssize_t nu
 	if (data == NULL || numBytes <= 0 || type == B_ANY_TYPE)
 		return B_BAD_VALUE;
 
-	return _AddValue(name, type, data, size_t(numBytes));
+	return fFields.Add(name, type, data, size_t(numBytes));
 }
 
 
@@ -345,19 +230,20 @@ BMessage::FindRef(const char* name, int32 index, entry_ref* _ref) const
 	if (_ref == NULL)
 		return B_BAD_VALUE;
 
-	const Value* value = NULL;
-	status_t status = _FindValue(name, B_REF_TYPE, index, &value);
+	const void* data = NULL;
+	size_t size = 0;
+	status_t status = fFields.Find(name, B_REF_TYPE, index, &data, &size);
 	if (status != B_OK)
 		return status;
 
 	const size_t kHeadSize = sizeof(_ref->device) + sizeof(_ref->directory);
-	const char* bytes = reinterpret_cast<const char*>(value->Data());
-	if (value->size < kHeadSize + 2 || bytes[value->size - 1] != 0)
+	const char* bytes = static_cast<const char*>(data);
+	if (size < kHeadSize + 2 || bytes[size - 1] != 0)
 		return B_BAD_DATA;
 
 	const char* directoryPath = bytes + kHeadSize;
 	size_t pathLength = strlen(directoryPath);
-	if (kHeadSize + pathLength + 1 >= value->size)
+	if (kHeadSize + pathLength + 1 >= size)
 		return B_BAD_DATA;
 
 	entry_ref ref;
@@ -384,15 +270,18 @@ BMessage::FindMessage(const char* name, int32 index, BMessage* _message) const
 	if (_message == NULL)
 		return B_BAD_VALUE;
 
-	const Value* value = NULL;
-	status_t status = _FindValue(name, B_MESSAGE_TYPE, index, &value);
+	const void* data = NULL;
+	size_t size = 0;
+	status_t status = fFields.Find(name, B_MESSAGE_TYPE, index, &data, &size);
 	if (status != B_OK)
 		return status;
-	if (value->size < sizeof(what))
+	if (size < sizeof(what))
 		return B_BAD_DATA;
 
-	memcpy(&_message->what, value->Data(), sizeof(what));
-	_message->_CopyBlock(value->Data() + sizeof(what), value->size - uint32(sizeof(what)));
+	// The fields were copied as they stood, behind the code.
+	const uint8* bytes = static_cast<const uint8*>(data);
+	memcpy(&_message->what, bytes, sizeof(what));
+	_message->fFields.SetTo(bytes + sizeof(what), uint32(size - sizeof(what)));
 	return B_OK;
 }
 
@@ -409,12 +298,13 @@ status_t
 BMessage::FindData(const char* name, type_code type, int32 index, const void** _data,
 	ssize_t* _numBytes) const
 {
-	const Value* value = NULL;
-	status_t status = _FindValue(name, type, index, &value);
+	const void* data = NULL;
+	size_t size = 0;
+	status_t status = fFields.Find(name, type, index, &data, &size);
 	if (_data != NULL)
-		*_data = status == B_OK ? value->Data() : NULL;
+		*_data = data;
 	if (_numBytes != NULL)
-		*_numBytes = status == B_OK ? ssize_t(value->size) : 0;
+		*_numBytes = ssize_t(size);
 	return status;
 }
 
@@ -480,238 +370,38 @@ BMessage::HasMessage(const char* name, int32 index) const
 bool
 BMessage::HasData(const char* name, type_code type, int32 index) const
 {
-	const Value* value = NULL;
-	return _FindValue(name, type, index, &value) == B_OK;
-}
-
-
-// #pragma mark - the block
-
-
-/*!	Takes over a copy of another message's fields; they are gone if there is no memory for them. */
-void
-BMessage::_CopyBlock(const uint8* block, uint32 size)
-{
-	fSize = 0;
-	if (size > fCapacity) {
-		uint8* grown = static_cast<uint8*>(malloc(size));
-		if (grown == NULL)
-			return;
-
-		_ForgetBlock();
-		fBlock = grown;
-		fCapacity = size;
-	}
-	// The other one may be a field of this one.
-	memmove(fBlock, block, size);
-	fSize = size;
-}
-
-
-void
-BMessage::_ForgetBlock()
-{
-	if (fBlock != fInline)
-		free(fBlock);
-}
-
-
-/*!	Makes the block large enough for that many more bytes. The old one, if there was one, is handed out rather than freed,
-	because what is being added may point into it.
-*/
-bool
-BMessage::_MakeRoom(uint64 size, uint8** _outgrown)
-{
-	if (size <= fCapacity - fSize)
-		return true;
-
-	uint64 needed = fSize + size;
-	if (needed > kMaxBlockSize)
-		return false;
-
-	needed = std::min<uint64>(std::max<uint64>(needed, uint64(fCapacity) * 2), kMaxBlockSize);
-	uint8* grown = static_cast<uint8*>(malloc(needed));
-	if (grown == NULL)
-		return false;
-
-	memcpy(grown, fBlock, fSize);
-	if (fBlock != fInline)
-		*_outgrown = fBlock;
-	fBlock = grown;
-	fCapacity = uint32(needed);
-	return true;
-}
-
-
-BMessage::Field*
-BMessage::_FieldAt(uint32 offset) const
-{
-	return reinterpret_cast<Field*>(fBlock + offset);
-}
-
-
-BMessage::Value*
-BMessage::_ValueAt(uint32 offset) const
-{
-	return reinterpret_cast<Value*>(fBlock + offset);
-}
-
-
-BMessage::Value*
-BMessage::_FirstValue(const Field* field) const
-{
-	return _ValueAt(_OffsetOf(field) + uint32(Field::SizeFor(field->nameLength)));
-}
-
-
-uint32
-BMessage::_OffsetOf(const void* inside) const
-{
-	return uint32(static_cast<const uint8*>(inside) - fBlock);
-}
-
-
-/*!	\a _last receives the last field if there is none of that name. */
-BMessage::Field*
-BMessage::_FindField(const char* name, size_t length, Field** _last) const
-{
-	if (fSize == 0)
-		return NULL;
-
-	Field* field = _FieldAt(0);
-	while (field->nameLength != length || memcmp(field->name, name, length) != 0) {
-		if (field->nextField == 0) {
-			if (_last != NULL)
-				*_last = field;
-			return NULL;
-		}
-		field = _FieldAt(field->nextField);
-	}
-	return field;
-}
-
-
-/*!	Appends a field that has no value yet, for which the caller made room. */
-BMessage::Field*
-BMessage::_NewField(const char* name, size_t length, type_code type, Field* last)
-{
-	Field* field = _FieldAt(fSize);
-	if (last != NULL)
-		last->nextField = fSize;
-	fSize += uint32(Field::SizeFor(length));
-
-	field->type = type;
-	field->nextField = 0;
-	field->lastValue = 0;
-	field->count = 0;
-	field->cursorIndex = 0;
-	field->cursorValue = fSize;
-	field->nameLength = uint16(length);
-	char* fieldName = reinterpret_cast<char*>(field) + offsetof(Field, name);
-	memcpy(fieldName, name, length);
-	fieldName[length] = 0;
-	return field;
-}
-
-
-status_t
-BMessage::_AddValue(const char* name, type_code type, const void* data, size_t size)
-{
-	if (name == NULL)
-		return B_BAD_VALUE;
-	size_t nameLength = strlen(name);
-	if (nameLength > kMaxNameLength)
-		return B_BAD_VALUE;
-
-	Field* last = NULL;
-	Field* field = _FindField(name, nameLength, &last);
-	if (field != NULL && field->type != type)
-		return B_BAD_TYPE;
-	if (size > kMaxBlockSize)
-		return B_NO_MEMORY;
-
-	uint32 fieldOffset = field != NULL ? _OffsetOf(field) : 0;
-	uint32 lastOffset = last != NULL ? _OffsetOf(last) : 0;
-	uint8* outgrown = NULL;
-	size_t valueSize = aligned(sizeof(Value) + size);
-	if (!_MakeRoom(Field::SizeFor(nameLength) + valueSize, &outgrown))
-		return B_NO_MEMORY;
-
-	if (field != NULL)
-		field = _FieldAt(fieldOffset);
-	else
-		field = _NewField(name, nameLength, type, last != NULL ? _FieldAt(lastOffset) : NULL);
-
-	Value* value = _ValueAt(fSize);
-	value->nextValue = 0;
-	value->size = uint32(size);
-	memcpy(value->Data(), data, size);
-
-	if (field->lastValue != 0)
-		_ValueAt(field->lastValue)->nextValue = fSize;
-	field->lastValue = fSize;
-	field->count++;
-	fSize += uint32(valueSize);
-
-	free(outgrown);
-	return B_OK;
-}
-
-
-status_t
-BMessage::_FindValue(const char* name, type_code type, int32 index, const Value** _value) const
-{
-	if (name == NULL)
-		return B_BAD_VALUE;
-
-	const Field* field = _FindField(name, strlen(name), NULL);
-	if (field == NULL)
-		return B_NAME_NOT_FOUND;
-	if (type != B_ANY_TYPE && type != field->type)
-		return B_BAD_TYPE;
-	if (index < 0 || index >= field->count)
-		return B_BAD_INDEX;
-
-	if (index < field->cursorIndex) {
-		field->cursorIndex = 0;
-		field->cursorValue = _OffsetOf(_FirstValue(field));
-	}
-	while (field->cursorIndex < index) {
-		field->cursorValue = _ValueAt(field->cursorValue)->nextValue;
-		field->cursorIndex++;
-	}
-	*_value = _ValueAt(field->cursorValue);
-	return B_OK;
-}
-
-
-/*!	Finds a value of a fixed size. What is there under that name and type with another size is \c B_BAD_DATA. */
-status_t
-BMessage::_FindFixed(const char* name, type_code type, int32 index, void* _data, size_t size) const
-{
-	if (_data == NULL)
-		return B_BAD_VALUE;
-
-	const Value* value = NULL;
-	status_t status = _FindValue(name, type, index, &value);
-	if (status != B_OK)
-		return status;
-	if (value->size != size)
-		return B_BAD_DATA;
-
-	memcpy(_data, value->Data(), size);
-	return B_OK;
+	return FindData(name, type, index, NULL, NULL) == B_OK;
 }
 
 
 // #pragma mark - values of a fixed size
 
 
+/*!	What is there under that name and type with another size is \c B_BAD_DATA. */
+status_t
+BMessage::_FindFixed(const char* name, type_code type, int32 index, void* _data, size_t size) const
+{
+	if (_data == NULL)
+		return B_BAD_VALUE;
+
+	const void* data = NULL;
+	size_t actualSize = 0;
+	status_t status = fFields.Find(name, type, index, &data, &actualSize);
+	if (status != B_OK)
+		return status;
+	if (actualSize != size)
+		return B_BAD_DATA;
+
+	memcpy(_data, data, size);
+	return B_OK;
+}
+
+
 // clang-format off
 #define DEFINE_ACCESS(Name, Type, typeCode) \
 	status_t BMessage::Add##Name(const char* name, Type value) \
 	{ \
-		return _AddValue(name, typeCode, &value, sizeof(value)); \
+		return fFields.Add(name, typeCode, &value, sizeof(value)); \
 	} \
 	status_t BMessage::Find##Name(const char* name, Type* _value) const \
 	{ \

@@ -6,6 +6,7 @@
 #define MESSAGE_H
 
 
+#include <MessageBlock.h>
 #include <OS.h>
 #include <SupportDefs.h>
 #include <TypeConstants.h>
@@ -35,7 +36,7 @@ public:
 		int32* _count = NULL) const;
 	status_t GetInfo(const char* name, type_code* _type, int32* _count = NULL) const;
 	int32 CountNames(type_code type) const;
-	bool IsEmpty() const { return fSize == 0; }
+	bool IsEmpty() const { return fFields.IsEmpty(); }
 
 	status_t RemoveName(const char* name);
 	status_t MakeEmpty();
@@ -144,38 +145,15 @@ private:
 	friend class LooperRecord;
 	friend class MessageQueue;
 
-	struct Field;
-	struct Value;
-
-	static const uint32 kInlineSize = 256;
-
-	void _CopyBlock(const uint8* block, uint32 size);
-	void _ForgetBlock();
-	bool _MakeRoom(uint64 size, uint8** _outgrown);
-
-	Field* _FieldAt(uint32 offset) const;
-	Value* _ValueAt(uint32 offset) const;
-	Value* _FirstValue(const Field* field) const;
-	uint32 _OffsetOf(const void* inside) const;
-	Field* _FindField(const char* name, size_t length, Field** _last) const;
-	Field* _NewField(const char* name, size_t length, type_code type, Field* last);
-
-	status_t _AddValue(const char* name, type_code type, const void* data, size_t size);
-	status_t _FindValue(const char* name, type_code type, int32 index, const Value** _value) const;
 	status_t _FindFixed(const char* name, type_code type, int32 index, void* _data,
 		size_t size) const;
 
-	// The fields: fInline, or memory of our own when they have outgrown it.
-	uint8* fBlock;
-	uint32 fSize;
-	uint32 fCapacity;
+	MessageBlock fFields;
 
 	// Of a copy in a queue: the one behind it, whom it is for, and the runner that sent it.
 	BMessage* fNext;
 	int32 fHandlerToken;
 	int32 fRunnerToken;
-
-	alignas(8) uint8 fInline[kInlineSize];
 };
 
 

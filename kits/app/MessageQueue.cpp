@@ -74,6 +74,5 @@ MessageQueue::MoveTo(MessageQueue& other)
 size_t
 MessageQueue::_BytesOf(const BMessage* message)
 {
-	bool isInline = message->fBlock == message->fInline;
-	return sizeof(BMessage) + (isInline ? 0 : message->fCapacity);
+	return sizeof(BMessage) + message->fFields.MemoryOutside();
 }

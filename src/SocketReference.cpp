@@ -11,7 +11,7 @@
 
 class SocketReference::OpenSocket {
 public:
-	explicit OpenSocket(int number);
+	explicit OpenSocket(int descriptor);
 	OpenSocket(const OpenSocket&) = delete;
 	~OpenSocket();
 
@@ -22,7 +22,7 @@ public:
 };
 
 
-SocketReference::OpenSocket::OpenSocket(int number)
+SocketReference::OpenSocket::OpenSocket(int descriptor)
 	: number(number),
 	  shutDown(false)
 {

@@ -23,7 +23,7 @@ public:
 
 
 SocketReference::OpenSocket::OpenSocket(int descriptor)
-	: number(number),
+	: number(descriptor),
 	  shutDown(false)
 {
 }

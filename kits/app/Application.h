@@ -11,6 +11,7 @@
 #include <String.h>
 
 
+class ApplicationPeer;
 class BWindow;
 struct app_info;
 
@@ -38,9 +39,8 @@ public:
 	const char* Signature() const { return fSignature.String(); }
 
 private:
-	friend class ApplicationPrivate;
-
 	BString fSignature;
+	ApplicationPeer* fPeer;
 	bool fIsQuitting;
 	bool fIsReady;
 };

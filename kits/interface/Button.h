@@ -20,13 +20,12 @@ public:
 	BButton(const char* label, BMessage* message = NULL);
 	virtual ~BButton();
 
+	void AttachedToWindow() override;
 	void SetLabel(const char* label) override;
-	void SetEnabled(bool enabled) override;
 	status_t SetIcon(const BBitmap* icon, uint32 flags = 0) override;
 
 	virtual void MakeDefault(bool flag);
 	bool IsDefault() const;
-	status_t Invoke(BMessage* message = NULL) override;
 
 private:
 	ButtonPeer* _Peer() const;

@@ -6,6 +6,9 @@
 #define CANVAS_H
 
 
+#include <string>
+#include <vector>
+
 #include <Font.h>
 #include <GraphicsDefs.h>
 #include <Rect.h>
@@ -13,11 +16,10 @@
 
 class BBitmap;
 class QPainter;
-class QString;
 
 
-/*!	What a view draws with: its colors, font, modes and pen, and, while it is being painted, the toolkit's painter.
-	Without a painter nothing is drawn, but the pen moves and texts are measured. Main thread only.
+/*!	What a view draws with: its colors, font and modes, and, while it is being painted, the toolkit's painter.
+	Without a painter nothing is drawn. Main thread only.
 */
 class Canvas {
 public:
@@ -26,9 +28,10 @@ public:
 	// Borrowed, until it is set to NULL.
 	void SetPainter(QPainter* painter);
 	QPainter* Painter() const { return fPainter; }
+	// Gets the strings that are drawn, seen or not. Borrowed, until it is set to NULL.
+	void SetRecorder(std::vector<std::string>* strings) { fRecorder = strings; }
 
-	// Gives the string's width in pixels.
-	float DrawString(const char* string, int32 length, BPoint location);
+	void DrawString(const char* string, int32 length, BPoint location);
 	void StrokeLine(BPoint start, BPoint end, const pattern& ink);
 	void StrokeRect(BRect rect, const pattern& ink);
 	void FillRect(BRect rect, const pattern& ink);
@@ -44,12 +47,12 @@ public:
 	source_alpha sourceAlpha;
 	alpha_function alphaFunction;
 	BFont font;
-	BPoint pen;
 
 private:
 	rgb_color _Ink(const pattern& ink) const;
 
 	QPainter* fPainter;
+	std::vector<std::string>* fRecorder;
 };
 
 

@@ -26,7 +26,6 @@ public:
 	virtual ~BControl();
 
 	void AttachedToWindow() override;
-	void DetachedFromWindow() override;
 
 	virtual void SetLabel(const char* label);
 	const char* Label() const { return fLabel.String(); }

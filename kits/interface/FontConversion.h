@@ -7,14 +7,16 @@
 
 
 #include <QFont>
+#include <QFontMetricsF>
 
 #include <Font.h>
 
 
-// A font of the toolkit, and a reference to a cached one: fonts of a few sizes and faces are asked for all the time.
+// The toolkit's font and its metrics, from a cache: the same few are asked for all the time.
 const QFont& font_to_toolkit(const BFont& font);
+const QFontMetricsF& metrics_of_font(const BFont& font);
 
-// Sets the application's fonts: before any view. Forgets them.
+// Makes the kits' and the toolkit's own default fonts; the application does, before any view. And forgets them.
 void init_fonts();
 void exit_fonts();
 

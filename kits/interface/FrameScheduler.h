@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-#include <QtGlobal>
+#include <SupportDefs.h>
 
 
 class FrameTimer;
@@ -66,9 +66,9 @@ private:
 	std::vector<FrameClient*> fFlushing;
 	bool fIsFlushing;
 	std::unique_ptr<FrameTimer> fTimer;
-	// In milliseconds of the toolkit's steady clock.
-	qint64 fLastStart;
-	qint64 fLastEnd;
+	// In microseconds of system_time().
+	bigtime_t fLastStart;
+	bigtime_t fLastEnd;
 };
 
 

@@ -35,6 +35,7 @@ private:
 	friend class BGroupLayout;
 	friend class BView;
 	friend class BWindow;
+	friend class LayoutPeer;
 
 	void _SetOwner(BView* owner);
 

@@ -45,6 +45,9 @@ private:
 	friend class BMenuItem;
 	friend class BMenuBar;
 
+	BWindow* _HostWindow() const;
+	void _SetDefaultTargets(BWindow* window);
+
 	MenuPeer* fMenuPeer;
 	std::vector<BMenuItem*> fItems;
 	BMenuItem* fSuperitem;

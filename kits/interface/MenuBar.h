@@ -15,6 +15,8 @@ public:
 	BMenuBar(const char* name, menu_layout layout = B_ITEMS_IN_ROW,
 		uint32 flags = B_WILL_DRAW | B_FRAME_EVENTS);
 	virtual ~BMenuBar();
+
+	void AttachedToWindow() override;
 };
 
 

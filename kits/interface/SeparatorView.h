@@ -14,6 +14,15 @@ class BSeparatorView : public BView {
 public:
 	BSeparatorView(orientation orientation, border_style border = B_PLAIN_BORDER);
 	virtual ~BSeparatorView();
+
+	void Draw(BRect updateRect) override;
+	BSize MinSize() override;
+	BSize MaxSize() override;
+	BSize PreferredSize() override;
+
+private:
+	orientation fOrientation;
+	border_style fBorder;
 };
 
 

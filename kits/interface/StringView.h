@@ -26,11 +26,6 @@ public:
 	void SetTruncation(uint32 truncationMode);
 	uint32 Truncation() const;
 
-	void SetHighColor(rgb_color color) override;
-	using BView::SetHighColor;
-	void SetFont(const BFont* font, uint32 mask = B_FONT_ALL) override;
-	BAlignment LayoutAlignment() override;
-
 private:
 	StringViewPeer* _Peer() const;
 

@@ -22,12 +22,6 @@ class BString;
 class BWindow;
 class ViewPeer;
 
-struct escapement_delta {
-	float nonspace;
-	float space;
-};
-
-
 // How a view wants to be treated. Those about drawing change nothing here: the toolkit decides what is drawn again.
 const uint32 B_FULL_UPDATE_ON_RESIZE = 0x80000000;
 const uint32 B_WILL_DRAW = 0x20000000;
@@ -109,14 +103,8 @@ public:
 	float StringWidth(const char* string, int32 length) const;
 	void TruncateString(BString* inOut, uint32 mode, float width) const;
 
-	void MovePenTo(BPoint point);
-	void MovePenTo(float x, float y);
-	BPoint PenLocation() const;
-	void DrawString(const char* string, escapement_delta* delta = NULL);
-	void DrawString(const char* string, int32 length, escapement_delta* delta = NULL);
-	void DrawString(const char* string, BPoint location, escapement_delta* delta = NULL);
-	void DrawString(const char* string, int32 length, BPoint location,
-		escapement_delta* delta = NULL);
+	void DrawString(const char* string, BPoint location);
+	void DrawString(const char* string, int32 length, BPoint location);
 	void StrokeLine(BPoint start, BPoint end, ::pattern pattern = B_SOLID_HIGH);
 	void StrokeRect(BRect rect, ::pattern pattern = B_SOLID_HIGH);
 	void FillRect(BRect rect, ::pattern pattern = B_SOLID_HIGH);

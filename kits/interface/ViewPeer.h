@@ -6,6 +6,9 @@
 #define VIEW_PEER_H
 
 
+#include <memory>
+
+#include <QPointF>
 #include <QSize>
 
 #include <Canvas.h>
@@ -13,8 +16,8 @@
 #include <View.h>
 
 
+class ClientScope;
 class QKeyEvent;
-class QMouseEvent;
 class QPainter;
 class QPaintEvent;
 class QWidget;
@@ -28,7 +31,7 @@ class ViewPeer : public FrameClient {
 public:
 	// For a plain view.
 	ViewPeer();
-	// The widget must have no parent; it gets one when the view is added to another one.
+	// Takes a widget without a parent over; it gets one when the view is added to another one.
 	explicit ViewPeer(QWidget* widget);
 	~ViewPeer() override;
 
@@ -38,18 +41,17 @@ public:
 	BView* View() const { return fView; }
 	QWidget* Widget() const { return fWidget; }
 	Canvas* GetCanvas() { return &fCanvas; }
-	bool IsAttached() const;
 
 	// Which widget takes the keyboard, and in which one children and layouts are placed.
 	virtual QWidget* FocusWidget() const;
 	virtual QWidget* Container() const;
 
-	// What the view is without explicit sizes, in pixels.
+	// The view's sizes but for the explicit ones, in pixels. By default its layout's; without one it may have any.
 	virtual QSize MinSize();
 	virtual QSize MaxSize();
 	virtual QSize PreferredSize();
 
-	// After a change in the canvas.
+	// After a change in the canvas, in the flags, and of the tool tip.
 	virtual void FontChanged();
 	virtual void ColorsChanged();
 	virtual void FlagsChanged();
@@ -60,9 +62,9 @@ public:
 
 	// What a plain view's widget reports.
 	void Paint(QPaintEvent* event);
-	void MousePress(QMouseEvent* event);
-	void MouseRelease(QMouseEvent* event);
-	void MouseMove(QMouseEvent* event, uint32 code);
+	void MousePress(const QPointF& where);
+	void MouseRelease(const QPointF& where);
+	void MouseMove(const QPointF& where, uint32 code);
 	void KeyPress(QKeyEvent* event);
 	void Resize();
 
@@ -70,6 +72,7 @@ public:
 	void RefuseKey() { fKeyRefused = true; }
 
 protected:
+	// For those that collect changes.
 	void Flush() override;
 
 private:
@@ -82,8 +85,8 @@ private:
 };
 
 
-/*!	While it lives a view draws with a painter, whose origin is the view's. The client's code is not run where its window is
-	inside of one of its handlers; the widget is painted again when it has left it.
+/*!	While it lives a view draws with a painter whose origin is the view's. The client's code is not run where its window is
+	inside of one of its handlers, or is on its way out; the widget is painted again when the handler is left.
 */
 class DrawScope {
 public:
@@ -98,6 +101,7 @@ public:
 private:
 	Canvas* fCanvas;
 	QPainter* fOuterPainter;
+	std::unique_ptr<ClientScope> fScope;
 	bool fMayDraw;
 };
 

@@ -15,46 +15,24 @@ class BLayout;
 class WindowPeer;
 
 
-enum window_type {
-	B_UNTYPED_WINDOW = 0,
-	B_TITLED_WINDOW = 1,
-	B_MODAL_WINDOW = 3,
-	B_DOCUMENT_WINDOW = 11,
-	B_BORDERED_WINDOW = 20,
-	B_FLOATING_WINDOW = 21
-};
+enum window_type { B_TITLED_WINDOW = 1, B_MODAL_WINDOW = 3, B_DOCUMENT_WINDOW = 11 };
 
-enum window_look {
-	B_TITLED_WINDOW_LOOK = 1,
-	B_MODAL_WINDOW_LOOK = 3,
-	B_FLOATING_WINDOW_LOOK = 7,
-	B_DOCUMENT_WINDOW_LOOK = 11,
-	B_NO_BORDER_WINDOW_LOOK = 19,
-	B_BORDERED_WINDOW_LOOK = 20
-};
+enum window_look { B_TITLED_WINDOW_LOOK = 1, B_MODAL_WINDOW_LOOK = 3, B_DOCUMENT_WINDOW_LOOK = 11 };
 
-enum window_feel {
-	B_NORMAL_WINDOW_FEEL = 0,
-	B_MODAL_APP_WINDOW_FEEL = 1,
-	B_FLOATING_APP_WINDOW_FEEL = 4
-};
+enum window_feel { B_NORMAL_WINDOW_FEEL = 0, B_MODAL_APP_WINDOW_FEEL = 1 };
 
 enum {
-	B_NOT_MOVABLE = 0x00000001,
+	B_NOT_RESIZABLE = 0x00000002,
 	B_NOT_CLOSABLE = 0x00000020,
 	B_NOT_ZOOMABLE = 0x00000040,
 	B_NOT_MINIMIZABLE = 0x00004000,
-	B_NOT_RESIZABLE = 0x00000002,
-	B_AVOID_FRONT = 0x00000080,
-	B_AVOID_FOCUS = 0x00002000,
+	// Nothing waits for a click here in any case.
 	B_ASYNCHRONOUS_CONTROLS = 0x00080000,
-	B_QUIT_ON_WINDOW_CLOSE = 0x00100000,
 	B_AUTO_UPDATE_SIZE_LIMITS = 0x00400000,
 	B_CLOSE_ON_ESCAPE = 0x00800000
 };
 
 #define B_CURRENT_WORKSPACE 0
-#define B_ALL_WORKSPACES 0xffffffff
 
 
 /*!	A window on the screen, and the looper of its views. It starts hidden, and takes messages from the first Show() on.
@@ -71,9 +49,7 @@ public:
 
 	void Quit() override;
 	void Close() { Quit(); }
-	bool QuitRequested() override;
 	void DispatchMessage(BMessage* message, BHandler* handler) override;
-	void MessageReceived(BMessage* message) override;
 
 	void AddChild(BView* child, BView* before = NULL);
 	bool RemoveChild(BView* child);
@@ -89,7 +65,6 @@ public:
 	bool IsMinimized() const;
 	void Activate(bool active = true);
 	bool IsActive() const;
-	virtual void WindowActivated(bool active);
 
 	const char* Title() const;
 	void SetTitle(const char* title);
@@ -103,13 +78,10 @@ public:
 
 	BRect Bounds() const;
 	BRect Frame() const;
-	virtual void FrameMoved(BPoint newPosition);
-	virtual void FrameResized(float newWidth, float newHeight);
 	void MoveTo(float x, float y);
 	void ResizeTo(float width, float height);
 	void CenterOnScreen();
 	void GetSizeLimits(float* _minWidth, float* _maxWidth, float* _minHeight, float* _maxHeight);
-	void SetSizeLimits(float minWidth, float maxWidth, float minHeight, float maxHeight);
 
 	virtual void SetLayout(BLayout* layout);
 	BLayout* GetLayout() const;
@@ -119,8 +91,6 @@ public:
 private:
 	friend class BView;
 	friend class WindowPeer;
-
-	void _Init(BRect frame, const char* title);
 
 	WindowPeer* fPeer;
 	window_look fLook;

@@ -1,0 +1,102 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <ApplicationPeer.h>
+
+#include <clocale>
+#include <limits.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QSocketNotifier>
+#include <QTimer>
+#include <QToolTip>
+
+#include <ClientScope.h>
+#include <FontConversion.h>
+#include <FrameScheduler.h>
+#include <MainServer.h>
+#include <Palette.h>
+
+
+namespace {
+
+
+// The toolkit gets the program's path, which the window manager names its windows by, and none of its arguments.
+char sProgramPath[PATH_MAX] = "application";
+char* sArguments[] = {sProgramPath, NULL};
+int sArgumentCount = 1;
+
+
+std::unique_ptr<QApplication>
+make_application()
+{
+	const ssize_t length = readlink("/proc/self/exe", sProgramPath, sizeof(sProgramPath) - 1);
+	if (length > 0)
+		sProgramPath[length] = '\0';
+
+	QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+	QGuiApplication::setDesktopSettingsAware(false);
+	QApplication::setStyle(QStringLiteral("fusion"));
+	return std::make_unique<QApplication>(sArgumentCount, sArguments);
+}
+
+
+/*!	How wait_for_thread() waits. Windows and timers go on meanwhile. */
+void
+wait_on_main_thread(bool (*done)(void*), void* cookie)
+{
+	while (!done(cookie))
+		ApplicationPeer::ProcessEvents();
+}
+
+
+} // namespace
+
+
+ApplicationPeer::ApplicationPeer()
+	: fApplication(make_application())
+{
+	// The toolkit sets the user's locale. Formats in the client keep their decimal point.
+	setlocale(LC_NUMERIC, "C");
+
+	QGuiApplication::setQuitOnLastWindowClosed(false);
+	QApplication::setPalette(make_palette());
+	QToolTip::setPalette(QApplication::palette());
+	init_fonts();
+
+	MainServer* server = MainServer::Default();
+	fNotifier = std::make_unique<QSocketNotifier>(server->WakeDescriptor(), QSocketNotifier::Read);
+	QObject::connect(fNotifier.get(), &QSocketNotifier::activated, [server] {
+		server->ServeTurn();
+	});
+	server->SetWaitHook(wait_on_main_thread);
+}
+
+
+ApplicationPeer::~ApplicationPeer()
+{
+	MainServer::Default()->SetWaitHook(NULL);
+	FrameScheduler::Default()->Stop();
+	exit_fonts();
+}
+
+
+void
+ApplicationPeer::ProcessEvents()
+{
+	QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+	WindowLife::DeleteWaiting();
+}
+
+
+/*!	\param timeout In microseconds. */
+void
+ApplicationPeer::ProcessEvents(bigtime_t timeout)
+{
+	QTimer timer;
+	timer.setSingleShot(true);
+	timer.start(int((timeout + 999) / 1000));
+	ProcessEvents();
+}

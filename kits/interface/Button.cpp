@@ -1,0 +1,85 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <Button.h>
+
+#include <Bitmap.h>
+#include <ButtonPeer.h>
+#include <Window.h>
+
+
+BButton::BButton(const char* name, const char* label, BMessage* message, uint32 flags)
+	: BControl(new ButtonPeer, name, label, message, flags)
+{
+	_Peer()->ScheduleFlush();
+	_Peer()->FlushNow();
+}
+
+
+BButton::BButton(const char* label, BMessage* message)
+	: BButton(NULL, label, message)
+{
+}
+
+
+BButton::~BButton() = default;
+
+
+void
+BButton::AttachedToWindow()
+{
+	BControl::AttachedToWindow();
+	if (IsDefault())
+		Window()->SetDefaultButton(this);
+}
+
+
+void
+BButton::SetLabel(const char* label)
+{
+	BControl::SetLabel(label);
+	_Peer()->InvalidateLayout();
+}
+
+
+/*!	\param icon Copied, and shown in front of the label, at most 24 pixels large; NULL for none. */
+status_t
+BButton::SetIcon(const BBitmap* icon, uint32 /*flags*/)
+{
+	if (icon != NULL && !icon->IsValid())
+		return B_BAD_VALUE;
+	_Peer()->SetIcon(icon);
+	return B_OK;
+}
+
+
+/*!	Makes the button the one that Return presses in its window, in the place of the one that was it. */
+void
+BButton::MakeDefault(bool flag)
+{
+	if (flag == IsDefault())
+		return;
+
+	_Peer()->SetDefault(flag);
+	if (Window() == NULL)
+		return;
+	if (flag)
+		Window()->SetDefaultButton(this);
+	else if (Window()->DefaultButton() == this)
+		Window()->SetDefaultButton(NULL);
+}
+
+
+bool
+BButton::IsDefault() const
+{
+	return _Peer()->IsDefault();
+}
+
+
+ButtonPeer*
+BButton::_Peer() const
+{
+	return static_cast<ButtonPeer*>(ViewPeer::Of(this));
+}

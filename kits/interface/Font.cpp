@@ -1,0 +1,104 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <Font.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include <FontConversion.h>
+#include <String.h>
+#include <TextConversion.h>
+
+
+const BFont* be_plain_font = NULL;
+const BFont* be_bold_font = NULL;
+
+
+/*!	The plain font. */
+BFont::BFont()
+	: fSize(be_plain_font != NULL ? be_plain_font->fSize : 12),
+	  fFace(B_REGULAR_FACE)
+{
+}
+
+
+BFont::BFont(const BFont& font) = default;
+
+
+/*!	\param font NULL for the plain font. */
+BFont::BFont(const BFont* font)
+	: BFont()
+{
+	if (font != NULL)
+		*this = *font;
+}
+
+
+bool
+BFont::operator==(const BFont& font) const
+{
+	return fSize == font.fSize && fFace == font.fFace;
+}
+
+
+/*!	\param size In pixels. */
+void
+BFont::SetSize(float size)
+{
+	fSize = size;
+}
+
+
+void
+BFont::SetFace(uint16 face)
+{
+	fFace = face;
+}
+
+
+/*!	The width in pixels; 0 for NULL. */
+float
+BFont::StringWidth(const char* string) const
+{
+	return StringWidth(string, string != NULL ? int32(strlen(string)) : 0);
+}
+
+
+float
+BFont::StringWidth(const char* string, int32 length) const
+{
+	return float(metrics_of_font(*this).horizontalAdvance(text_from_bytes(string, length)));
+}
+
+
+/*!	Whole pixels, so that baselines are sharp. */
+void
+BFont::GetHeight(font_height* _height) const
+{
+	const QFontMetricsF& metrics = metrics_of_font(*this);
+	_height->ascent = float(std::ceil(metrics.ascent()));
+	_height->descent = float(std::ceil(metrics.descent()));
+	_height->leading = float(std::max(0.0, std::ceil(metrics.leading())));
+}
+
+
+/*!	Cuts the string so that it is at most \a width pixels wide, and says so with an ellipsis. One that fits stays as it is. */
+void
+BFont::TruncateString(BString* inOut, uint32 mode, float width) const
+{
+	if (mode == B_NO_TRUNCATION || StringWidth(inOut->String()) <= width)
+		return;
+
+	Qt::TextElideMode elide = Qt::ElideRight;
+	if (mode == B_TRUNCATE_BEGINNING)
+		elide = Qt::ElideLeft;
+	else if (mode == B_TRUNCATE_MIDDLE)
+		elide = Qt::ElideMiddle;
+
+	const QString text = text_from_bytes(inOut->String());
+	const QByteArray cut = bytes_from_text(metrics_of_font(*this).elidedText(text, elide, width));
+	inOut->SetTo(cut.constData());
+}

@@ -1,0 +1,96 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <MenuPeer.h>
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <MenuItem.h>
+
+
+static QWidget*
+make_menu(bool isBar)
+{
+	if (!isBar)
+		return new QMenu;
+
+	QMenuBar* bar = new QMenuBar;
+	bar->setNativeMenuBar(false);
+	return bar;
+}
+
+
+MenuPeer::MenuPeer(bool isBar)
+	: ViewPeer(make_menu(isBar)),
+	  fIsBar(isBar)
+{
+}
+
+
+void
+MenuPeer::Append(QAction* action)
+{
+	Widget()->addAction(action);
+}
+
+
+QAction*
+MenuPeer::Entrance() const
+{
+	return fIsBar ? NULL : static_cast<QMenu*>(Widget())->menuAction();
+}
+
+
+QSize
+MenuPeer::MinSize()
+{
+	return PreferredSize();
+}
+
+
+QSize
+MenuPeer::MaxSize()
+{
+	return QSize(QWIDGETSIZE_MAX, PreferredSize().height());
+}
+
+
+QSize
+MenuPeer::PreferredSize()
+{
+	return Widget()->sizeHint();
+}
+
+
+/*!	Menus have the keyboard while they are open, and by themselves. */
+void
+MenuPeer::FlagsChanged()
+{
+}
+
+
+// #pragma mark - MenuItemPeer
+
+
+MenuItemPeer::MenuItemPeer(BMenuItem* item, QAction* entrance)
+	: fAction(entrance),
+	  fOwnsAction(entrance == NULL)
+{
+	if (!fOwnsAction)
+		return;
+
+	fAction = new QAction;
+	QObject::connect(fAction, &QAction::triggered, [item] {
+		item->Invoke();
+	});
+}
+
+
+MenuItemPeer::~MenuItemPeer()
+{
+	if (fOwnsAction)
+		delete fAction;
+}

@@ -1,0 +1,62 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <TextConversion.h>
+
+#include <cstring>
+
+#include <QUtf8StringView>
+
+#include <Utf8Private.h>
+
+
+static QString
+decode(const char* bytes, qsizetype length)
+{
+	if (QUtf8StringView(bytes, length).isValidUtf8())
+		return QString::fromUtf8(bytes, length);
+
+	const std::u16string units = to_utf16(bytes, size_t(length));
+	return QString::fromUtf16(units.data(), qsizetype(units.size()));
+}
+
+
+QString
+text_from_bytes(const char* bytes, text_use use)
+{
+	return text_from_bytes(bytes, bytes != NULL ? qsizetype(strlen(bytes)) : 0, use);
+}
+
+
+QString
+text_from_bytes(const char* bytes, qsizetype length, text_use use)
+{
+	if (bytes == NULL || length <= 0)
+		return QString();
+
+	QString text = decode(bytes, length);
+	switch (use) {
+		case PLAIN_TEXT:
+			break;
+		case MNEMONIC_TEXT:
+			text.replace(QLatin1Char('&'), QLatin1String("&&"));
+			// What follows a tab would stand in the column of the shortcuts.
+			text.replace(QLatin1Char('\t'), QLatin1Char(' '));
+			break;
+		case TITLE_TEXT:
+			text.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+			break;
+		case TOOL_TIP_TEXT:
+			text = QLatin1String("<span>") + text.toHtmlEscaped() + QLatin1String("</span>");
+			break;
+	}
+	return text;
+}
+
+
+QByteArray
+bytes_from_text(const QString& text)
+{
+	return text.toUtf8();
+}

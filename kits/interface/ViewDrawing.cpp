@@ -1,0 +1,287 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+// The part of BView that draws.
+
+#include <View.h>
+
+#include <cstring>
+
+#include <QWidget>
+
+#include <Bitmap.h>
+#include <GeometryConversion.h>
+#include <ViewPeer.h>
+
+
+void
+BView::SetDrawingMode(drawing_mode mode)
+{
+	fPeer->GetCanvas()->mode = mode;
+}
+
+
+drawing_mode
+BView::DrawingMode() const
+{
+	return fPeer->GetCanvas()->mode;
+}
+
+
+/*!	Bitmaps and colors are laid over what is there by their alpha, whatever is set. */
+void
+BView::SetBlendingMode(source_alpha sourceAlpha, alpha_function alphaFunction)
+{
+	fPeer->GetCanvas()->sourceAlpha = sourceAlpha;
+	fPeer->GetCanvas()->alphaFunction = alphaFunction;
+}
+
+
+void
+BView::SetViewColor(rgb_color color)
+{
+	fPeer->GetCanvas()->viewColor = color;
+	fPeer->ColorsChanged();
+	Invalidate();
+}
+
+
+void
+BView::SetViewColor(uint8 red, uint8 green, uint8 blue, uint8 alpha)
+{
+	SetViewColor(make_color(red, green, blue, alpha));
+}
+
+
+rgb_color
+BView::ViewColor() const
+{
+	return fPeer->GetCanvas()->viewColor;
+}
+
+
+void
+BView::SetViewUIColor(color_which which, float tint)
+{
+	SetViewColor(tint_color(ui_color(which), tint));
+}
+
+
+void
+BView::SetHighColor(rgb_color color)
+{
+	if (fPeer->GetCanvas()->highColor == color)
+		return;
+	fPeer->GetCanvas()->highColor = color;
+	fPeer->ColorsChanged();
+}
+
+
+void
+BView::SetHighColor(uint8 red, uint8 green, uint8 blue, uint8 alpha)
+{
+	SetHighColor(make_color(red, green, blue, alpha));
+}
+
+
+rgb_color
+BView::HighColor() const
+{
+	return fPeer->GetCanvas()->highColor;
+}
+
+
+void
+BView::SetHighUIColor(color_which which, float tint)
+{
+	SetHighColor(tint_color(ui_color(which), tint));
+}
+
+
+void
+BView::SetLowColor(rgb_color color)
+{
+	if (fPeer->GetCanvas()->lowColor == color)
+		return;
+	fPeer->GetCanvas()->lowColor = color;
+	fPeer->ColorsChanged();
+}
+
+
+void
+BView::SetLowColor(uint8 red, uint8 green, uint8 blue, uint8 alpha)
+{
+	SetLowColor(make_color(red, green, blue, alpha));
+}
+
+
+rgb_color
+BView::LowColor() const
+{
+	return fPeer->GetCanvas()->lowColor;
+}
+
+
+void
+BView::SetLowUIColor(color_which which, float tint)
+{
+	SetLowColor(tint_color(ui_color(which), tint));
+}
+
+
+// #pragma mark - Text
+
+
+/*!	Takes over what the mask names. */
+void
+BView::SetFont(const BFont* font, uint32 mask)
+{
+	if (font == NULL)
+		return;
+
+	BFont changed = fPeer->GetCanvas()->font;
+	if ((mask & B_FONT_SIZE) != 0)
+		changed.SetSize(font->Size());
+	if ((mask & (B_FONT_FACE | B_FONT_FAMILY_AND_STYLE)) != 0)
+		changed.SetFace(font->Face());
+	if (changed == fPeer->GetCanvas()->font)
+		return;
+
+	fPeer->GetCanvas()->font = changed;
+	// Whoever draws changes fonts all the time; this says nothing about the view's size then.
+	if (fPeer->GetCanvas()->Painter() == NULL)
+		fPeer->FontChanged();
+}
+
+
+void
+BView::GetFont(BFont* _font) const
+{
+	*_font = fPeer->GetCanvas()->font;
+}
+
+
+void
+BView::GetFontHeight(font_height* _height) const
+{
+	fPeer->GetCanvas()->font.GetHeight(_height);
+}
+
+
+void
+BView::SetFontSize(float size)
+{
+	BFont font;
+	font.SetSize(size);
+	SetFont(&font, B_FONT_SIZE);
+}
+
+
+/*!	In pixels. */
+float
+BView::StringWidth(const char* string) const
+{
+	return fPeer->GetCanvas()->font.StringWidth(string);
+}
+
+
+float
+BView::StringWidth(const char* string, int32 length) const
+{
+	return fPeer->GetCanvas()->font.StringWidth(string, length);
+}
+
+
+void
+BView::TruncateString(BString* inOut, uint32 mode, float width) const
+{
+	fPeer->GetCanvas()->font.TruncateString(inOut, mode, width);
+}
+
+
+/*!	\param location Where the baseline starts. */
+void
+BView::DrawString(const char* string, BPoint location)
+{
+	if (string != NULL)
+		DrawString(string, int32(strlen(string)), location);
+}
+
+
+void
+BView::DrawString(const char* string, int32 length, BPoint location)
+{
+	fPeer->GetCanvas()->DrawString(string, length, location);
+}
+
+
+// #pragma mark - Shapes
+
+
+void
+BView::StrokeLine(BPoint start, BPoint end, ::pattern pattern)
+{
+	fPeer->GetCanvas()->StrokeLine(start, end, pattern);
+}
+
+
+void
+BView::StrokeRect(BRect rect, ::pattern pattern)
+{
+	fPeer->GetCanvas()->StrokeRect(rect, pattern);
+}
+
+
+void
+BView::FillRect(BRect rect, ::pattern pattern)
+{
+	fPeer->GetCanvas()->FillRect(rect, pattern);
+}
+
+
+void
+BView::StrokeEllipse(BRect rect, ::pattern pattern)
+{
+	fPeer->GetCanvas()->StrokeEllipse(rect, pattern);
+}
+
+
+void
+BView::FillEllipse(BRect rect, ::pattern pattern)
+{
+	fPeer->GetCanvas()->FillEllipse(rect, pattern);
+}
+
+
+/*!	In its own size, a pixel for a pixel of the view. */
+void
+BView::DrawBitmap(const BBitmap* bitmap, BPoint where)
+{
+	if (bitmap != NULL)
+		DrawBitmap(bitmap, bitmap->Bounds().OffsetToCopy(where.x, where.y));
+}
+
+
+/*!	Scaled, so that it fills the rectangle. */
+void
+BView::DrawBitmap(const BBitmap* bitmap, BRect viewRect)
+{
+	if (bitmap != NULL && bitmap->IsValid())
+		fPeer->GetCanvas()->DrawBitmap(bitmap, viewRect);
+}
+
+
+/*!	Has everything drawn again. */
+void
+BView::Invalidate()
+{
+	fPeer->Container()->update();
+}
+
+
+void
+BView::Invalidate(BRect invalRect)
+{
+	fPeer->Container()->update(rect_to_toolkit(invalRect));
+}

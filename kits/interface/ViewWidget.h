@@ -1,0 +1,35 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef VIEW_WIDGET_H
+#define VIEW_WIDGET_H
+
+
+#include <QWidget>
+
+
+class ViewPeer;
+
+
+/*!	The widget of a view that draws itself: it hands everything on to the view's peer. */
+class ViewWidget : public QWidget {
+public:
+	explicit ViewWidget(ViewPeer* peer);
+
+protected:
+	void paintEvent(QPaintEvent* event) override;
+	void mousePressEvent(QMouseEvent* event) override;
+	void mouseReleaseEvent(QMouseEvent* event) override;
+	void mouseMoveEvent(QMouseEvent* event) override;
+	void enterEvent(QEnterEvent* event) override;
+	void leaveEvent(QEvent* event) override;
+	void keyPressEvent(QKeyEvent* event) override;
+	void resizeEvent(QResizeEvent* event) override;
+
+private:
+	ViewPeer* fPeer;
+};
+
+
+#endif // VIEW_WIDGET_H

@@ -1,0 +1,301 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <Window.h>
+
+#include <QWidget>
+
+#include <Button.h>
+#include <GeometryConversion.h>
+#include <Layout.h>
+#include <LayoutPeer.h>
+#include <LooperPrivate.h>
+#include <WindowPeer.h>
+
+
+static window_look
+look_of_type(window_type type)
+{
+	switch (type) {
+		case B_MODAL_WINDOW:
+			return B_MODAL_WINDOW_LOOK;
+		case B_DOCUMENT_WINDOW:
+			return B_DOCUMENT_WINDOW_LOOK;
+		default:
+			return B_TITLED_WINDOW_LOOK;
+	}
+}
+
+
+/*!	\param frame Of the inside, without what the window manager puts around it, in pixels of the screen. */
+BWindow::BWindow(BRect frame, const char* title, window_type type, uint32 flags, uint32 workspace)
+	: BWindow(frame, title, look_of_type(type),
+		type == B_MODAL_WINDOW ? B_MODAL_APP_WINDOW_FEEL : B_NORMAL_WINDOW_FEEL, flags, workspace)
+{
+}
+
+
+BWindow::BWindow(BRect frame, const char* title, window_look look, window_feel feel, uint32 flags,
+	uint32 /*workspace*/)
+	: BLooper(title),
+	  fPeer(NULL),
+	  fLook(look),
+	  fFeel(feel),
+	  fFlags(flags)
+{
+	LooperPrivate::ServeByMainThread(this);
+	fPeer = new WindowPeer(this, frame);
+	fPeer->TopView()->_AttachTo(this);
+	SetTitle(title);
+}
+
+
+/*!	Deletes the views. Windows are not deleted but told to Quit(). */
+BWindow::~BWindow()
+{
+	LooperPrivate::BeginDestruction(this);
+	delete fPeer;
+}
+
+
+/*!	Takes the window off the screen and deletes it.
+	Differs from Haiku: where one of the window's handlers is running this returns, and the window is deleted when that
+	handler is left; it may not use what the window no longer has.
+*/
+void
+BWindow::Quit()
+{
+	if (LooperPrivate::IsDying(this))
+		return;
+	fPeer->Vanish();
+	fPeer->Life()->Quit();
+}
+
+
+void
+BWindow::DispatchMessage(BMessage* message, BHandler* handler)
+{
+	WindowLife* life = fPeer->Life();
+	life->EnterHandler();
+	BLooper::DispatchMessage(message, handler);
+	life->LeaveHandler();
+}
+
+
+// #pragma mark - Views
+
+
+void
+BWindow::AddChild(BView* child, BView* before)
+{
+	fPeer->TopView()->AddChild(child, before);
+}
+
+
+bool
+BWindow::RemoveChild(BView* child)
+{
+	return fPeer->TopView()->RemoveChild(child);
+}
+
+
+int32
+BWindow::CountChildren() const
+{
+	return fPeer->TopView()->CountChildren();
+}
+
+
+BView*
+BWindow::ChildAt(int32 index) const
+{
+	return fPeer->TopView()->ChildAt(index);
+}
+
+
+/*!	The first view of that name, however deep; NULL when there is none. */
+BView*
+BWindow::FindView(const char* viewName) const
+{
+	return fPeer->TopView()->FindView(viewName);
+}
+
+
+BView*
+BWindow::CurrentFocus() const
+{
+	return fPeer->Focus();
+}
+
+
+// #pragma mark - On the screen
+
+
+/*!	The first time this lets the window take messages, too. */
+void
+BWindow::Show()
+{
+	if (!LooperPrivate::IsStarted(this))
+		LooperPrivate::Start(this);
+	fPeer->Show();
+}
+
+
+void
+BWindow::Hide()
+{
+	fPeer->Hide();
+}
+
+
+bool
+BWindow::IsHidden() const
+{
+	return fPeer->IsHidden();
+}
+
+
+/*!	Does nothing while the window is hidden. */
+void
+BWindow::Minimize(bool minimize)
+{
+	fPeer->Minimize(minimize);
+}
+
+
+bool
+BWindow::IsMinimized() const
+{
+	return fPeer->IsMinimized();
+}
+
+
+/*!	Brings the window to the front and gives it the keyboard, unless a modal window is open, or takes the wish back. */
+void
+BWindow::Activate(bool active)
+{
+	fPeer->Activate(active);
+}
+
+
+/*!	Whether the window has the keyboard. */
+bool
+BWindow::IsActive() const
+{
+	return fPeer->Widget()->isActiveWindow();
+}
+
+
+const char*
+BWindow::Title() const
+{
+	return fPeer->Title();
+}
+
+
+/*!	\param title Bytes, shown as UTF-8. */
+void
+BWindow::SetTitle(const char* title)
+{
+	fPeer->SetTitle(title != NULL ? title : "");
+}
+
+
+/*!	\param button Pressed by Return wherever the focus is; NULL for none. */
+void
+BWindow::SetDefaultButton(BButton* button)
+{
+	fPeer->SetDefaultButton(button);
+}
+
+
+BButton*
+BWindow::DefaultButton() const
+{
+	return fPeer->DefaultButton();
+}
+
+
+// #pragma mark - Size
+
+
+BRect
+BWindow::Bounds() const
+{
+	return rect_from_toolkit(fPeer->Widget()->rect());
+}
+
+
+/*!	Where the inside of the window is on the screen. */
+BRect
+BWindow::Frame() const
+{
+	return rect_from_toolkit(fPeer->Widget()->geometry());
+}
+
+
+void
+BWindow::MoveTo(float x, float y)
+{
+	fPeer->MoveTo(point_to_toolkit(BPoint(x, y)).toPoint());
+}
+
+
+/*!	The window is kept within its limits. */
+void
+BWindow::ResizeTo(float width, float height)
+{
+	fPeer->ResizeTo(size_to_toolkit(BSize(width, height)));
+}
+
+
+void
+BWindow::CenterOnScreen()
+{
+	fPeer->CenterOnScreen();
+}
+
+
+void
+BWindow::GetSizeLimits(float* _minWidth, float* _maxWidth, float* _minHeight, float* _maxHeight)
+{
+	const BSize minSize = size_from_toolkit(fPeer->Widget()->minimumSize());
+	const BSize maxSize = size_from_toolkit(fPeer->Widget()->maximumSize());
+	*_minWidth = minSize.width;
+	*_maxWidth = maxSize.width;
+	*_minHeight = minSize.height;
+	*_maxHeight = maxSize.height;
+}
+
+
+/*!	Owned by the window from now on. */
+void
+BWindow::SetLayout(BLayout* layout)
+{
+	fPeer->TopView()->SetLayout(layout);
+}
+
+
+BLayout*
+BWindow::GetLayout() const
+{
+	return fPeer->TopView()->GetLayout();
+}
+
+
+void
+BWindow::InvalidateLayout(bool descendants)
+{
+	fPeer->TopView()->InvalidateLayout(descendants);
+}
+
+
+/*!	Lays out at once what has become invalid. */
+void
+BWindow::Layout(bool force)
+{
+	if (force)
+		InvalidateLayout();
+	fPeer->UpdateLayout();
+}

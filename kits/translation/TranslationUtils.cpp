@@ -1,0 +1,72 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <TranslationUtils.h>
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QImageReader>
+
+#include <Bitmap.h>
+#include <BitmapPeer.h>
+#include <DataIO.h>
+#include <File.h>
+
+
+// Of pixels, and of the file as well, in bytes.
+static const int kMaxMegabytes = 64;
+static const qint64 kMaxSize = qint64(kMaxMegabytes) * 1024 * 1024;
+static const int kBytesPerPixel = 4;
+
+
+/*!	All bytes from where the stream stands; none when they are too many or cannot be read. */
+static QByteArray
+read_all(BPositionIO* stream)
+{
+	QByteArray bytes;
+	char buffer[16384];
+	while (bytes.size() <= kMaxSize) {
+		const ssize_t count = stream->Read(buffer, sizeof(buffer));
+		if (count < 0)
+			return QByteArray();
+		if (count == 0)
+			return bytes;
+		bytes.append(buffer, count);
+	}
+	return QByteArray();
+}
+
+
+/*!	Reads a picture of whatever kind. */
+BBitmap*
+BTranslationUtils::GetBitmap(BPositionIO* stream)
+{
+	if (stream == NULL)
+		return NULL;
+
+	QByteArray bytes = read_all(stream);
+	QBuffer buffer(&bytes);
+	if (bytes.isEmpty() || !buffer.open(QIODevice::ReadOnly))
+		return NULL;
+
+	QImageReader::setAllocationLimit(kMaxMegabytes);
+	QImageReader reader(&buffer);
+	const QSize size = reader.size();
+	if (!size.isValid() || qint64(size.width()) * size.height() * kBytesPerPixel > kMaxSize)
+		return NULL;
+
+	return BitmapPeer::CreateBitmap(reader.read());
+}
+
+
+/*!	\param path Raw bytes, absolute or from the working directory. */
+BBitmap*
+BTranslationUtils::GetBitmapFile(const char* path)
+{
+	if (path == NULL)
+		return NULL;
+
+	BFile file(path, B_READ_ONLY);
+	return file.InitCheck() == B_OK ? GetBitmap(&file) : NULL;
+}

@@ -4,6 +4,7 @@
  */
 #include "CommandInterpreter.h"
 
+#include "Banners.h"
 #include "Notices.h"
 #include "ProtocolCodes.h"
 #include "Server.h"
@@ -34,6 +35,7 @@ const CommandInterpreter::Command CommandInterpreter::kCommands[] = {
 	{"/crowd", " N", "a crowd of that many joins; 0 sends it away", &CommandInterpreter::_Crowd},
 	{"/agreement", " TEXT", "the agreement once more", &CommandInterpreter::_Agreement},
 	{"/error", " TEXT", "an error", &CommandInterpreter::_Error},
+	{"/banner", " KIND", "another banner; /banner ? lists the kinds", &CommandInterpreter::_Banner},
 	{"/unknown", "", "messages that no client knows", &CommandInterpreter::_Unknown},
 	{"/empty", "", "messages with nothing in them", &CommandInterpreter::_Empty},
 	{"/odd", "", "markup, control characters, broken text", &CommandInterpreter::_Odd},
@@ -76,7 +78,7 @@ CommandInterpreter::Run(Session& session, uint32_t request, const std::string& l
 std::string
 CommandInterpreter::Help()
 {
-	std::string text = "What can be asked of the server (NICK, TEXT and N may be left out):";
+	std::string text = "What can be asked of the server (what stands in capitals may be left out):";
 	for (const Command& command : kCommands)
 		text += std::string("\n") + command.name + command.argument + " — " + command.description;
 	return text;
@@ -177,6 +179,17 @@ CommandInterpreter::_Error(const Call& call) const
 {
 	bool isEmpty = call.argument.empty();
 	call.session.Refuse(call.request, isEmpty ? "The teapot is empty." : call.argument);
+}
+
+
+void
+CommandInterpreter::_Banner(const Call& call) const
+{
+	std::string bytes;
+	if (make_banner(call.argument.empty() ? "night" : call.argument, &bytes))
+		fServer.ShowBanner(bytes);
+	else
+		call.session.Refuse(call.request, "There are these banners: " + banner_kinds() + ".");
 }
 
 

@@ -54,6 +54,7 @@ private:
 	void _Crowd(const Call& call) const;
 	void _Agreement(const Call& call) const;
 	void _Error(const Call& call) const;
+	void _Banner(const Call& call) const;
 	void _Unknown(const Call& call) const;
 	void _Empty(const Call& call) const;
 	void _Odd(const Call& call) const;

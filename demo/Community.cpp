@@ -28,7 +28,7 @@ static const int kLongestPause = 13000;
 
 // Icons for those without a character.
 static const uint16_t kFirstIcon = 128;
-static const uint16_t kIconCount = 48;
+static const uint16_t kIconCount = 64;
 
 
 Community::Community(Audience& audience, TimerQueue& timers, const ServerOptions& options)
@@ -304,6 +304,7 @@ Community::_NextCharacter()
 }
 
 
+//!	Whose name the text holds; the usual one counts also while somebody goes by another.
 Community::Resident*
 Community::_Addressed(const std::string& text)
 {
@@ -311,8 +312,10 @@ Community::_Addressed(const std::string& text)
 	size_t cast = std::min(fResidents.size(), Persona::CountCast());
 	for (size_t i = 0; i < cast; i++) {
 		Resident& resident = fResidents[i];
-		if (resident.isHere && resident.persona != NULL
-			&& contains_word(plain, to_lower(resident.user.nick)))
+		if (!resident.isHere || resident.persona == NULL)
+			continue;
+		if (contains_word(plain, to_lower(resident.persona->nick))
+			|| contains_word(plain, to_lower(resident.user.nick)))
 			return &resident;
 	}
 	return NULL;

@@ -9,6 +9,7 @@
 #include "TimerQueue.h"
 
 #include <atomic>
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -32,6 +33,7 @@ public:
 	bool InitCheck() const { return fWakeDescriptor >= 0; }
 
 	void Add(std::unique_ptr<Channel> channel);
+	size_t CountChannels() const { return fChannels.size(); }
 	TimerQueue& Timers() { return fTimers; }
 
 	void Run();

@@ -34,10 +34,12 @@ main(int argumentCount, char** arguments)
 
 	demo::DemoServer server(commandLine.server);
 	if (!server.Start(commandLine.port)) {
-		fprintf(stderr, "cannot listen on 127.0.0.1:%u: %s\n", commandLine.port, strerror(errno));
+		fprintf(stderr, "cannot listen on 127.0.0.1, ports %u, %u and %u: %s\n", commandLine.port,
+			commandLine.port + 1, commandLine.server.trackerPort, strerror(errno));
 		return 1;
 	}
 	printf("listening on 127.0.0.1:%u\n", server.Port());
+	printf("tracker on 127.0.0.1:%u\n", server.TrackerPort());
 	fflush(stdout);
 
 	int received = 0;

@@ -134,6 +134,16 @@ news_post(const std::string& text)
 }
 
 
+//!	Says that there is a banner to be fetched, and of which format.
+Transaction
+banner_notice()
+{
+	Transaction notice(kNoticeBanner);
+	notice.AddText(kFieldBannerType, "BMPf");
+	return notice;
+}
+
+
 //!	Something that no client knows and every client must step over.
 Transaction
 unknown_notice()

@@ -32,6 +32,7 @@ Transaction polite_quit(const std::string& text);
 Transaction user_change(const User& user);
 Transaction user_leave(uint16_t socket);
 Transaction news_post(const std::string& text);
+Transaction banner_notice();
 Transaction unknown_notice();
 
 

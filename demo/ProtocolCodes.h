@@ -59,6 +59,7 @@ enum : uint16_t {
 	kFieldFileEntry = 200,
 	kFieldFileName = 201,
 	kFieldFilePath = 202,
+	kFieldFileSize = 207,
 	kFieldUserEntry = 300
 };
 

@@ -9,6 +9,7 @@
 
 #include <unistd.h>
 
+#include "Banners.h"
 #include "EventLoop.h"
 #include "Notices.h"
 #include "ProtocolCodes.h"
@@ -39,8 +40,12 @@ Server::Server(EventLoop& loop, const ServerOptions& options)
 	: fLoop(loop),
 	  fOptions(options),
 	  fResidents(*this, loop.Timers(), options),
-	  fCommands(*this)
+	  fCommands(*this),
+	  fTransfers(loop.Timers())
 {
+	std::string bytes;
+	make_banner("night", &bytes);
+	fBanner = std::make_shared<TextContent>(bytes);
 }
 
 
@@ -91,6 +96,8 @@ void
 Server::Enter(Session& session)
 {
 	SendToAll(user_change(session.Identity()));
+	if (fOptions.banner)
+		session.Send(banner_notice());
 	if (fOptions.welcome)
 		session.Send(chat_text(welcome_text(session.Identity().nick)));
 	if (fOptions.flood > 0)
@@ -113,6 +120,25 @@ Server::SendPrivateMessage(const Session& sender, uint16_t socket, const std::st
 {
 	return SendTo(socket, private_message(sender.Identity(), text))
 		|| fResidents.HearPrivateMessage(sender.Identity(), socket, text);
+}
+
+
+//!	Replaces the banner and tells everybody that there is one.
+void
+Server::ShowBanner(const std::string& bytes)
+{
+	fBanner = std::make_shared<TextContent>(bytes);
+	SendToAll(banner_notice());
+}
+
+
+//!	Everybody who would be in the user list.
+size_t
+Server::CountUsers() const
+{
+	Transaction list;
+	AddUsers(&list);
+	return list.CountFields();
 }
 
 

@@ -9,6 +9,8 @@
 #include "Audience.h"
 #include "CommandInterpreter.h"
 #include "Community.h"
+#include "FileTree.h"
+#include "TransferDesk.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -46,12 +48,17 @@ public:
 	TimerQueue& Timers() const;
 	Community& Residents() { return fResidents; }
 	const CommandInterpreter& Commands() const { return fCommands; }
+	FileTree& Files() { return fFiles; }
+	TransferDesk& Transfers() { return fTransfers; }
+	const ContentReference& Banner() const { return fBanner; }
 	static const char* Name();
 
 	void Enter(Session& session);
 	void Say(const Session& speaker, const std::string& text);
 	bool SendPrivateMessage(const Session& sender, uint16_t socket, const std::string& text);
+	void ShowBanner(const std::string& bytes);
 	void AddUsers(Transaction* _list) const;
+	size_t CountUsers() const;
 	bool Describe(uint16_t socket, User* _user) const;
 
 	bool IsAnybodyHere() const override;
@@ -70,6 +77,9 @@ private:
 	std::vector<Session*> fSessions;
 	Community fResidents;
 	CommandInterpreter fCommands;
+	FileTree fFiles;
+	TransferDesk fTransfers;
+	ContentReference fBanner;
 };
 
 

@@ -22,6 +22,7 @@ struct Switch {
 static const Switch kSwitches[] = {
 	{"--no-agreement", &ServerOptions::agreement, false, "tell newcomers that there is none"},
 	{"--no-welcome", &ServerOptions::welcome, false, "do not greet newcomers in the chat"},
+	{"--no-banner", &ServerOptions::banner, false, "do not announce the banner"},
 	{"--still", &ServerOptions::life, false, "residents neither come nor go nor talk unasked"},
 	{"--mute", &ServerOptions::answers, false, "residents do not answer"},
 	{"--silent", &ServerOptions::silent, true, "accept connections and never say a word"},
@@ -40,6 +41,43 @@ static const CountOption kCountOptions[] = {
 	{"--answer-delay", &ServerOptions::answerDelay, 60000, "milliseconds before they answer"},
 	{"--flood", &ServerOptions::flood, ServerOptions::kMaxFloodLines, "chat lines for a newcomer"},
 };
+
+
+static const struct {
+	const char* name;
+	TrackerMode mode;
+} kTrackerModes[] = {
+	{"usual", TrackerMode::kUsual},
+	{"empty", TrackerMode::kEmpty},
+	{"one", TrackerMode::kOne},
+	{"many", TrackerMode::kMany},
+	{"truncated", TrackerMode::kTruncated},
+	{"wrong", TrackerMode::kWrongMagic},
+	{"silent", TrackerMode::kSilent},
+};
+
+
+static bool
+find_tracker_mode(const char* argument, TrackerMode* _mode)
+{
+	for (const auto& entry : kTrackerModes) {
+		if (strcmp(argument, entry.name) == 0) {
+			*_mode = entry.mode;
+			return true;
+		}
+	}
+	return false;
+}
+
+
+static std::string
+tracker_mode_names()
+{
+	std::string names;
+	for (const auto& entry : kTrackerModes)
+		names += (names.empty() ? "" : ", ") + std::string(entry.name);
+	return names;
+}
 
 
 static bool
@@ -72,6 +110,7 @@ find_count_option(const char* argument)
 bool
 CommandLine::Parse(int argumentCount, const char* const* arguments, std::string* _error)
 {
+	bool isTrackerPortGiven = false;
 	for (int i = 1; i < argumentCount; i++) {
 		std::string name = arguments[i];
 		if (name == "--help" || name == "-h") {
@@ -81,23 +120,51 @@ CommandLine::Parse(int argumentCount, const char* const* arguments, std::string*
 		if (find_switch(arguments[i], &server))
 			continue;
 
-		const CountOption* counted = find_count_option(arguments[i]);
-		if (counted == NULL && name != "--port") {
-			*_error = "Unknown option " + name + ".";
+		const char* value = i + 1 < argumentCount ? arguments[i + 1] : "";
+		if (!_ParseValue(arguments[i], value, _error))
 			return false;
-		}
-		unsigned long most = counted != NULL ? counted->most : 65534;
-		unsigned long count = 0;
+		isTrackerPortGiven |= name == "--tracker-port";
 		i++;
-		if (i == argumentCount || !parse_count(arguments[i], most, &count)) {
-			*_error = name + " needs a number from 0 to " + std::to_string(most) + ".";
-			return false;
-		}
-		if (counted != NULL)
-			server.*counted->option = count;
-		else
-			port = static_cast<uint16_t>(count);
 	}
+
+	// Where trackers of the same house usually are.
+	if (!isTrackerPortGiven && port > 2)
+		server.trackerPort = static_cast<uint16_t>(port - 2);
+	return true;
+}
+
+
+//!	An option that has a value.
+bool
+CommandLine::_ParseValue(const char* name, const char* value, std::string* _error)
+{
+	if (strcmp(name, "--tracker") == 0) {
+		if (find_tracker_mode(value, &server.tracker))
+			return true;
+		*_error = "--tracker needs one of " + tracker_mode_names() + ".";
+		return false;
+	}
+
+	bool isPort = strcmp(name, "--port") == 0;
+	bool isTrackerPort = strcmp(name, "--tracker-port") == 0;
+	const CountOption* counted = find_count_option(name);
+	if (counted == NULL && !isPort && !isTrackerPort) {
+		*_error = "Unknown option " + std::string(name) + ".";
+		return false;
+	}
+
+	unsigned long most = counted != NULL ? counted->most : 65534;
+	unsigned long count = 0;
+	if (!parse_count(value, most, &count)) {
+		*_error = std::string(name) + " needs a number from 0 to " + std::to_string(most) + ".";
+		return false;
+	}
+	if (counted != NULL)
+		server.*counted->option = count;
+	else if (isPort)
+		port = static_cast<uint16_t>(count);
+	else
+		server.trackerPort = static_cast<uint16_t>(count);
 	return true;
 }
 
@@ -115,6 +182,8 @@ CommandLine::Usage()
 {
 	std::string text = "A small Hotline server to try the client with, on 127.0.0.1 only.\n\n";
 	text += usage_line("--port N", "where to listen, 5500 if not given, 0 for any free port");
+	text += usage_line("--tracker-port N", "where the tracker listens, 5498 if not given");
+	text += usage_line("--tracker MODE", ("one of " + tracker_mode_names()).c_str());
 	for (const CountOption& entry : kCountOptions)
 		text += usage_line(std::string(entry.name) + " N", entry.description);
 	for (const Switch& entry : kSwitches)

@@ -41,7 +41,8 @@ decode_credential(std::string bytes)
 
 Session::Session(int socket, Server& server)
 	: StreamChannel(socket, server.Timers()),
-	  fServer(server)
+	  fServer(server),
+	  fFileRequests(server, *this)
 {
 	if (!server.Options().silent)
 		_EndAfter(kTimeToLogIn);
@@ -61,14 +62,23 @@ Session::Send(const Transaction& notice)
 {
 	Transaction numbered = notice;
 	numbered.SetId(++fLastId);
-	_Reply(numbered);
+	Reply(numbered);
+}
+
+
+//!	Queues an answer, which carries the number of its request already.
+void
+Session::Reply(const Transaction& reply)
+{
+	std::vector<uint8_t> bytes = reply.Flatten();
+	Write(bytes.data(), bytes.size());
 }
 
 
 void
 Session::Refuse(uint32_t request, const std::string& text)
 {
-	_Reply(Transaction::ErrorReply(request, text));
+	Reply(Transaction::ErrorReply(request, text));
 }
 
 
@@ -206,6 +216,8 @@ Session::_HandleRequest(const Transaction& request)
 			_HandleUserChange(request);
 			break;
 		default:
+			if (fState == kJoined && fFileRequests.Handle(request))
+				break;
 			Refuse(request.Id(),
 				"This server does not know requests of type " + std::to_string(request.Type())
 					+ ".");
@@ -226,8 +238,8 @@ Session::_HandleLogin(const Transaction& request)
 	std::string password;
 	request.FindText(kFieldLogin, &login);
 	request.FindText(kFieldPassword, &password);
-	bool isKeeper = decode_credential(login) == kKeeperLogin;
-	if (isKeeper && decode_credential(password) != kKeeperPassword) {
+	fIsKeeper = decode_credential(login) == kKeeperLogin;
+	if (fIsKeeper && decode_credential(password) != kKeeperPassword) {
 		Refuse(request.Id(), "The password for \"keeper\" is wrong.");
 		Finish();
 		return;
@@ -236,14 +248,14 @@ Session::_HandleLogin(const Transaction& request)
 	fServer.Timers().Cancel(fEndTimer);
 	fState = kReadingAgreement;
 	fUser.socket = fServer.TakeSocket();
-	fUser.status = isKeeper ? User::kKeeper : 0;
+	fUser.status = fIsKeeper ? User::kKeeper : 0;
 	fUser.nick = kNoNick;
 	_SetIdentity(request);
 
 	Transaction reply = Transaction::Reply(request.Id());
 	reply.AddInt16(kFieldVersion, kServerVersion);
 	reply.AddText(kFieldServerName, Server::Name());
-	_Reply(reply);
+	Reply(reply);
 	Send(fServer.Options().agreement ? agreement(AgreementText()) : no_agreement());
 }
 
@@ -254,7 +266,7 @@ Session::_HandleAgreed(const Transaction& request)
 	bool isNew = fState == kReadingAgreement;
 	fState = kJoined;
 	_SetIdentity(request);
-	_Reply(Transaction::Reply(request.Id()));
+	Reply(Transaction::Reply(request.Id()));
 	if (isNew)
 		fServer.Enter(*this);
 	else
@@ -295,7 +307,7 @@ Session::_HandlePrivateMessage(const Transaction& request)
 		Refuse(request.Id(), "There is nobody with the number " + std::to_string(socket) + ".");
 		return;
 	}
-	_Reply(Transaction::Reply(request.Id()));
+	Reply(Transaction::Reply(request.Id()));
 }
 
 
@@ -304,7 +316,7 @@ Session::_HandleUserList(const Transaction& request)
 {
 	Transaction reply = Transaction::Reply(request.Id());
 	fServer.AddUsers(&reply);
-	_Reply(reply);
+	Reply(reply);
 }
 
 
@@ -323,7 +335,7 @@ Session::_HandleUserInfo(const Transaction& request)
 	reply.AddText(kFieldText,
 		"Nick: " + user.nick + "\rIcon: " + std::to_string(user.icon)
 			+ "\rStatus: " + std::to_string(user.status));
-	_Reply(reply);
+	Reply(reply);
 }
 
 
@@ -334,15 +346,6 @@ Session::_HandleUserChange(const Transaction& request)
 	_SetIdentity(request);
 	if (fState == kJoined)
 		fServer.SendToAll(user_change(fUser));
-}
-
-
-//!	Unlike \c Send(), leaves the number of the request in place.
-void
-Session::_Reply(const Transaction& reply)
-{
-	std::vector<uint8_t> bytes = reply.Flatten();
-	Write(bytes.data(), bytes.size());
 }
 
 

@@ -6,6 +6,7 @@
 #define DEMO_SESSION_H
 
 
+#include "FileRequests.h"
 #include "FloodSource.h"
 #include "StreamChannel.h"
 #include "User.h"
@@ -30,9 +31,12 @@ public:
 	~Session() override;
 
 	const User& Identity() const { return fUser; }
+	//! Whether the password of the login was the keeper's.
+	bool IsKeeper() const { return fIsKeeper; }
 	bool HasJoined() const { return fState == kJoined; }
 
 	void Send(const Transaction& notice);
+	void Reply(const Transaction& reply);
 	void Refuse(uint32_t request, const std::string& text);
 
 	void SetStatus(uint16_t status);
@@ -60,13 +64,14 @@ private:
 	void _HandleUserInfo(const Transaction& request);
 	void _HandleUserChange(const Transaction& request);
 
-	void _Reply(const Transaction& reply);
 	void _SetIdentity(const Transaction& request);
 	void _EndAfter(int milliseconds);
 
 	Server& fServer;
 	State fState = kHandshaking;
 	User fUser;
+	bool fIsKeeper = false;
+	FileRequests fFileRequests;
 	uint32_t fLastId = 0;
 	FloodSource fFlood;
 	// Ends a session that never logs in, or that stays although it was asked to leave.

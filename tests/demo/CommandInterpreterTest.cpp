@@ -88,7 +88,7 @@ TEST_F(CommandInterpreterTest, ResidentLeavesAndComesBack)
 	EXPECT_EQ(Answer("/leave juniper"), Message(302, 3, {Field(103, Int16(1))}));
 	EXPECT_EQ(Answer("/leave juniper"),
 		Message(kReply, 4, {Field(100, "Nobody here is called juniper.")}, 1));
-	EXPECT_EQ(Answer("/join"), user_change(4, 1, 128, 0, "Juniper"));
+	EXPECT_EQ(Answer("/join"), user_change(4, 1, 163, 0, "Juniper"));
 }
 
 
@@ -120,8 +120,8 @@ TEST_F(CommandInterpreterTest, EverybodyGone_NobodyLeftToDoIt)
 TEST_F(CommandInterpreterTest, Rename_ThereAndBack)
 {
 	Join();
-	EXPECT_EQ(Answer("/rename Juniper"), user_change(3, 1, 128, 0, "Juniper (watering)"));
-	EXPECT_EQ(Answer("/rename Juniper"), user_change(4, 1, 128, 0, "Juniper"));
+	EXPECT_EQ(Answer("/rename Juniper"), user_change(3, 1, 163, 0, "Juniper (watering)"));
+	EXPECT_EQ(Answer("/rename Juniper"), user_change(4, 1, 163, 0, "Juniper"));
 }
 
 
@@ -178,6 +178,19 @@ TEST_F(CommandInterpreterTest, Error_AnswersTheRequest)
 {
 	Join();
 	EXPECT_EQ(Answer("/error No tea"), Message(kReply, 3, {Field(100, "No tea")}, 1));
+}
+
+
+TEST_F(CommandInterpreterTest, Banner_AnnouncedToEverybody)
+{
+	Join();
+	RawClient other(fServer->Port());
+	other.Join("Other");
+	fClient->ReceiveMessageOfType(301);
+	EXPECT_EQ(Answer("/banner tiny"), Message(122, 4, {Field(152, "BMPf")}));
+	EXPECT_EQ(other.ReceiveMessage(), Message(122, 3, {Field(152, "BMPf")}));
+	EXPECT_EQ(Parsed(Answer("/banner ?")).Text(100).rfind("There are these banners: night, ", 0),
+		0u);
 }
 
 

@@ -8,6 +8,7 @@
 
 
 using demo::CommandLine;
+using demo::TrackerMode;
 
 
 static bool
@@ -30,6 +31,9 @@ TEST(CommandLineTest, NothingGiven_TheUsualServer)
 	EXPECT_TRUE(line.server.life);
 	EXPECT_TRUE(line.server.answers);
 	EXPECT_FALSE(line.server.silent);
+	EXPECT_TRUE(line.server.banner);
+	EXPECT_EQ(line.server.trackerPort, 5498);
+	EXPECT_EQ(line.server.tracker, TrackerMode::kUsual);
 	EXPECT_EQ(line.server.users, 11u);
 	EXPECT_EQ(line.server.flood, 0u);
 }
@@ -40,7 +44,8 @@ TEST(CommandLineTest, Everything_IsTaken)
 	CommandLine line;
 	std::string error;
 	ASSERT_TRUE(parse({"--port", "0", "--no-agreement", "--no-welcome", "--still", "--mute",
-						  "--silent", "--users", "20000", "--answer-delay", "5", "--flood", "9"},
+						  "--silent", "--no-banner", "--tracker", "many", "--tracker-port", "77",
+						  "--users", "20000", "--answer-delay", "5", "--flood", "9"},
 		&line, &error));
 	EXPECT_EQ(line.port, 0);
 	EXPECT_FALSE(line.server.agreement);
@@ -48,9 +53,24 @@ TEST(CommandLineTest, Everything_IsTaken)
 	EXPECT_FALSE(line.server.life);
 	EXPECT_FALSE(line.server.answers);
 	EXPECT_TRUE(line.server.silent);
+	EXPECT_FALSE(line.server.banner);
+	EXPECT_EQ(line.server.trackerPort, 77);
+	EXPECT_EQ(line.server.tracker, TrackerMode::kMany);
 	EXPECT_EQ(line.server.users, 20000u);
 	EXPECT_EQ(line.server.answerDelay, 5u);
 	EXPECT_EQ(line.server.flood, 9u);
+}
+
+
+TEST(CommandLineTest, AnotherPort_MovesTheTrackerToo)
+{
+	CommandLine line;
+	std::string error;
+	ASSERT_TRUE(parse({"--port", "7000"}, &line, &error));
+	EXPECT_EQ(line.server.trackerPort, 6998);
+	CommandLine free;
+	ASSERT_TRUE(parse({"--port", "0"}, &free, &error));
+	EXPECT_EQ(free.server.trackerPort, 0);
 }
 
 
@@ -63,6 +83,8 @@ TEST(CommandLineTest, NotUnderstood_SaysWhy)
 		{{"--teapot"}, "Unknown option --teapot."},
 		{{"--port"}, "--port needs a number from 0 to 65534."},
 		{{"--port", "65535"}, "--port needs a number from 0 to 65534."},
+		{{"--tracker", "loud"},
+			"--tracker needs one of usual, empty, one, many, truncated, wrong, silent."},
 		{{"--users", "-1"}, "--users needs a number from 0 to 20000."},
 		{{"--users", "20001"}, "--users needs a number from 0 to 20000."},
 	};
@@ -80,6 +102,7 @@ TEST(CommandLineTest, Usage_NamesEveryOption)
 {
 	std::string usage = CommandLine::Usage();
 	for (const char* option : {"--port N", "--users N", "--answer-delay N", "--flood N", "--silent",
-			 "--still", "--mute", "--no-agreement", "--no-welcome", "--help"})
+			 "--still", "--mute", "--tracker-port N", "--tracker MODE", "--no-banner",
+			 "--no-agreement", "--no-welcome", "--help"})
 		EXPECT_NE(usage.find(option), std::string::npos) << option;
 }

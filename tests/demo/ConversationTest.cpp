@@ -29,8 +29,8 @@ TEST_F(ConversationTest, UserList_ShowsResidentsAndThoseWhoJoined)
 	};
 	EXPECT_EQ(client.ReceiveMessage(),
 		Message(kReply, 3,
-			{entry(1, 128, 0, "Juniper"), entry(2, 131, 0, "\xd0\xa1\xd0\xbe\xd0\xb2\xd0\xb0"),
-				entry(3, 137, 0, "\xe6\x9c\x88\xe3\x81\x86\xe3\x81\x95\xe3\x81\x8e"),
+			{entry(1, 163, 0, "Juniper"), entry(2, 152, 0, "\xd0\xa1\xd0\xbe\xd0\xb2\xd0\xb0"),
+				entry(3, 149, 0, "\xe6\x9c\x88\xe3\x81\x86\xe3\x81\x95\xe3\x81\x8e"),
 				entry(4, 137, 0, "Tester")}));
 }
 
@@ -176,7 +176,7 @@ TEST_F(ConversationTest, PrivateMessageToAResident_Answered)
 	EXPECT_EQ(client.ReceiveMessage(), Message(kReply, 3, {}));
 	EXPECT_EQ(client.ReceiveMessage(),
 		Message(104, 3,
-			{Field(103, Int16(1)), Field(102, "Juniper"), Field(104, Int16(128)),
+			{Field(103, Int16(1)), Field(102, "Juniper"), Field(104, Int16(163)),
 				Field(101, demo::Persona::Cast(0).whispers[0])}));
 }
 
@@ -201,7 +201,7 @@ TEST_F(ConversationTest, UserInfo_DescribesTheUser)
 	client.Request(303, {Field(103, Int16(1))});
 	EXPECT_EQ(client.ReceiveMessage(),
 		Message(kReply, 3,
-			{Field(102, "Juniper"), Field(101, "Nick: Juniper\rIcon: 128\rStatus: 0")}));
+			{Field(102, "Juniper"), Field(101, "Nick: Juniper\rIcon: 163\rStatus: 0")}));
 	client.Request(303, {Field(103, Int16(99))});
 	EXPECT_EQ(Parsed(client.ReceiveMessage()).error, 1u);
 }

@@ -43,7 +43,20 @@ TEST(DemoServerTest, PortTaken_DoesNotStart)
 	DemoServer second;
 	EXPECT_FALSE(second.Start(first.Port()));
 	EXPECT_EQ(second.Port(), 0);
+	EXPECT_FALSE(second.Start(static_cast<uint16_t>(first.Port() + 1))) << "where files travel";
+	EXPECT_FALSE(second.Start(static_cast<uint16_t>(first.Port() - 1))) << "so would the files";
 	EXPECT_TRUE(second.Start());
+}
+
+
+TEST(DemoServerTest, TrackerPortTaken_DoesNotStart)
+{
+	DemoServer first;
+	ASSERT_TRUE(first.Start());
+	demo::ServerOptions options;
+	options.trackerPort = first.TrackerPort();
+	DemoServer second(options);
+	EXPECT_FALSE(second.Start());
 }
 
 
@@ -150,8 +163,13 @@ TEST(DemoProgramTest, FreePort_ToldAndServedUntilTheSignal)
 		std::string line = program.Line();
 		unsigned port = 0;
 		ASSERT_EQ(sscanf(line.c_str(), "listening on 127.0.0.1:%u\n", &port), 1) << line;
+		unsigned trackerPort = 0;
+		line = program.Line();
+		ASSERT_EQ(sscanf(line.c_str(), "tracker on 127.0.0.1:%u\n", &trackerPort), 1) << line;
 		RawClient client(static_cast<uint16_t>(port));
 		EXPECT_NE(client.Join("Tester"), 0);
+		EXPECT_TRUE(RawClient(static_cast<uint16_t>(port + 1)).IsConnected());
+		EXPECT_TRUE(RawClient(static_cast<uint16_t>(trackerPort)).IsConnected());
 		EXPECT_EQ(program.End(signal), 0);
 	}
 }
@@ -163,7 +181,9 @@ TEST(DemoProgramTest, PortTaken_SaysSoAndFails)
 	ASSERT_TRUE(server.Start());
 	std::string port = std::to_string(server.Port());
 	DemoProgram program({"--port", port.c_str()});
-	EXPECT_EQ(program.Line(), "cannot listen on 127.0.0.1:" + port + ": Address already in use\n");
+	std::string line = program.Line();
+	EXPECT_EQ(line.rfind("cannot listen on 127.0.0.1, ports " + port + ", ", 0), 0u) << line;
+	EXPECT_NE(line.find(": Address already in use\n"), std::string::npos) << line;
 	EXPECT_EQ(program.End(), 1);
 }
 

@@ -19,6 +19,7 @@ protected:
 	QuietServer()
 	{
 		fOptions.welcome = false;
+		fOptions.banner = false;
 		fOptions.life = false;
 		fOptions.answers = false;
 		fOptions.answerDelay = 0;

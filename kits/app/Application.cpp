@@ -11,7 +11,7 @@
 
 #include <ApplicationPeer.h>
 #include <ApplicationPrivate.h>
-#include <ClientScope.h>
+#include <ClientScopePrivate.h>
 #include <Entry.h>
 #include <LooperPrivate.h>
 #include <MainServer.h>

@@ -13,7 +13,7 @@
 #include <QTimer>
 #include <QToolTip>
 
-#include <ClientScope.h>
+#include <ClientScopePrivate.h>
 #include <FontConversion.h>
 #include <FrameScheduler.h>
 #include <MainServer.h>

@@ -12,7 +12,7 @@
 #include <LayoutPeer.h>
 #include <SpaceLayoutItem.h>
 #include <View.h>
-#include <ViewLayoutItem.h>
+#include <ViewLayoutItemPrivate.h>
 
 
 namespace {

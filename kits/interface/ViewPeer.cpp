@@ -14,7 +14,7 @@
 #include <GeometryConversion.h>
 #include <KeyConversion.h>
 #include <TextConversion.h>
-#include <ViewWidget.h>
+#include <ViewWidgetPrivate.h>
 #include <Window.h>
 #include <WindowPeer.h>
 

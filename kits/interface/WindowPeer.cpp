@@ -15,7 +15,7 @@
 #include <LooperPrivate.h>
 #include <MainServer.h>
 #include <TextConversion.h>
-#include <TopLevelWidget.h>
+#include <TopLevelWidgetPrivate.h>
 #include <ViewPeer.h>
 
 

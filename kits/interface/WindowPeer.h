@@ -8,7 +8,7 @@
 
 #include <QRect>
 
-#include <ClientScope.h>
+#include <ClientScopePrivate.h>
 #include <FrameScheduler.h>
 #include <String.h>
 #include <Window.h>

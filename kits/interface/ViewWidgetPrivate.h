@@ -2,8 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#ifndef VIEW_WIDGET_H
-#define VIEW_WIDGET_H
+#ifndef VIEW_WIDGET_PRIVATE_H
+#define VIEW_WIDGET_PRIVATE_H
 
 
 #include <QWidget>
@@ -32,4 +32,4 @@ private:
 };
 
 
-#endif // VIEW_WIDGET_H
+#endif // VIEW_WIDGET_PRIVATE_H

@@ -2,8 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#ifndef VIEW_LAYOUT_ITEM_H
-#define VIEW_LAYOUT_ITEM_H
+#ifndef VIEW_LAYOUT_ITEM_PRIVATE_H
+#define VIEW_LAYOUT_ITEM_PRIVATE_H
 
 
 #include <QWidgetItem>
@@ -31,4 +31,4 @@ private:
 };
 
 
-#endif // VIEW_LAYOUT_ITEM_H
+#endif // VIEW_LAYOUT_ITEM_PRIVATE_H

@@ -2,8 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#ifndef CLIENT_SCOPE_H
-#define CLIENT_SCOPE_H
+#ifndef CLIENT_SCOPE_PRIVATE_H
+#define CLIENT_SCOPE_PRIVATE_H
 
 
 #include <vector>
@@ -72,4 +72,4 @@ private:
 };
 
 
-#endif // CLIENT_SCOPE_H
+#endif // CLIENT_SCOPE_PRIVATE_H

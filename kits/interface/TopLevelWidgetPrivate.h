@@ -2,8 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#ifndef TOP_LEVEL_WIDGET_H
-#define TOP_LEVEL_WIDGET_H
+#ifndef TOP_LEVEL_WIDGET_PRIVATE_H
+#define TOP_LEVEL_WIDGET_PRIVATE_H
 
 
 #include <QWidget>
@@ -28,4 +28,4 @@ private:
 };
 
 
-#endif // TOP_LEVEL_WIDGET_H
+#endif // TOP_LEVEL_WIDGET_PRIVATE_H

@@ -30,22 +30,18 @@ public:
 	int32 TextLength() const;
 	BTextView* TextView() const { return fTextView; }
 
-	virtual void SetModificationMessage(BMessage* message);
-	BMessage* ModificationMessage() const;
-
 	virtual void SetDivider(float position);
 	float Divider() const;
 
 	void SetLabel(const char* label) override;
 	void SetEnabled(bool enabled) override;
-	void MakeFocus(bool focus = true) override;
 
 private:
-	void _Init(const char* initialText);
+	BTextControl(TextControlPeer* peer, const char* name, const char* label,
+		const char* initialText, BMessage* message, uint32 flags);
 
-	BTextView* fTextView;
 	TextControlPeer* fControlPeer;
-	BMessage* fModificationMessage;
+	BTextView* fTextView;
 };
 
 

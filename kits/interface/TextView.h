@@ -60,7 +60,14 @@ private:
 
 	BTextView(const char* name, uint32 flags, TextPeer* peer);
 
+	int32 _Clamp(int32 offset) const;
+
 	TextPeer* fTextPeer;
+	bool fIsStylable;
+	bool fIsWrapping;
+	bool fIsSelectable;
+	bool fIsEditable;
+	bool fIsTypingHidden;
 };
 
 

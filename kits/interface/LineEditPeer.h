@@ -1,0 +1,58 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef LINE_EDIT_PEER_H
+#define LINE_EDIT_PEER_H
+
+
+#include <QByteArray>
+
+#include <TextPeer.h>
+
+
+class BTextControl;
+class QLineEdit;
+
+
+/*!	The field of a text control: one line, in one style. */
+class LineEditPeer : public TextPeer {
+public:
+	// The control is borrowed; it is asked when the user presses Return.
+	explicit LineEditPeer(BTextControl* control);
+
+	void SetText(const char* text, int32 length) override;
+	void Insert(int32 offset, const char* text, int32 length) override;
+	void Delete(int32 start, int32 end) override;
+	const char* Text() override;
+	int32 TextLength() override;
+
+	void Select(int32 start, int32 end) override;
+	void GetSelection(int32* _start, int32* _end) override;
+
+	TextStyle Style() const override;
+	void SetStyle(const TextStyle& style) override;
+	TextStyle StyleAt(int32 offset) override;
+	void SetStyleOf(int32 start, int32 end, const TextStyle& style) override;
+
+	QRect PlaceOf(int32 offset) override;
+	void ScrollToOffset(int32 offset) override;
+
+	void SetWordWrap(bool wrap) override;
+	void SetEditing(bool editable, bool selectable) override;
+	void HideTyping(bool hide) override;
+
+	void FlagsChanged() override;
+
+private:
+	int _PositionAt(int32 offset) const;
+	int32 _OffsetAt(int position) const;
+
+	QLineEdit* fField;
+	// As they came, until the user changes something.
+	QByteArray fBytes;
+	bool fIsSetting;
+};
+
+
+#endif // LINE_EDIT_PEER_H

@@ -1,0 +1,102 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <TextControl.h>
+
+#include <cstring>
+
+#include <LineEditPeer.h>
+#include <TextControlPeer.h>
+#include <TextView.h>
+
+
+static const char* const kFieldName = "_input_";
+
+
+/*!	\param message Owned by the control; NULL when Return sends nothing. */
+BTextControl::BTextControl(const char* name, const char* label, const char* initialText,
+	BMessage* message, uint32 flags)
+	: BTextControl(new TextControlPeer, name, label, initialText, message, flags)
+{
+}
+
+
+BTextControl::BTextControl(const char* label, const char* initialText, BMessage* message,
+	uint32 flags)
+	: BTextControl(NULL, label, initialText, message, flags)
+{
+}
+
+
+/*!	\param peer Owned by the control. */
+BTextControl::BTextControl(TextControlPeer* peer, const char* name, const char* label,
+	const char* initialText, BMessage* message, uint32 flags)
+	: BControl(peer, name, label, message, flags),
+	  fControlPeer(peer),
+	  fTextView(NULL)
+{
+	LineEditPeer* field = new LineEditPeer(this);
+	fTextView = new BTextView(kFieldName, B_WILL_DRAW | B_NAVIGABLE, field);
+	AddChild(fTextView);
+	fControlPeer->SetField(field->Widget());
+	fControlPeer->SetLabel(label);
+	BTextControl::SetText(initialText);
+}
+
+
+BTextControl::~BTextControl() = default;
+
+
+void
+BTextControl::SetText(const char* text)
+{
+	fTextView->SetText(text);
+}
+
+
+/*!	The bytes of the text, which stay until it is changed. */
+const char*
+BTextControl::Text() const
+{
+	return fTextView->Text();
+}
+
+
+/*!	In bytes. */
+int32
+BTextControl::TextLength() const
+{
+	return fTextView->TextLength();
+}
+
+
+/*!	\param position How wide the label's column is, in pixels. */
+void
+BTextControl::SetDivider(float position)
+{
+	fControlPeer->SetDivider(position);
+}
+
+
+float
+BTextControl::Divider() const
+{
+	return fControlPeer->Divider();
+}
+
+
+void
+BTextControl::SetLabel(const char* label)
+{
+	BControl::SetLabel(label);
+	fControlPeer->SetLabel(label);
+}
+
+
+void
+BTextControl::SetEnabled(bool enabled)
+{
+	BControl::SetEnabled(enabled);
+	fControlPeer->SetEnabled(enabled);
+}

@@ -1,0 +1,291 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <TextView.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include <GeometryConversion.h>
+#include <TextViewPeer.h>
+
+
+static int32
+length_of(const char* text)
+{
+	return text != NULL ? int32(strlen(text)) : 0;
+}
+
+
+/*!	Takes what \a mode says of a font over, and the color if there is one. */
+static TextStyle
+change_style(TextStyle style, const BFont* font, uint32 mode, const rgb_color* color)
+{
+	if (font != NULL && (mode & B_FONT_SIZE) != 0)
+		style.font.SetSize(font->Size());
+	if (font != NULL && (mode & (B_FONT_FACE | B_FONT_FAMILY_AND_STYLE)) != 0)
+		style.font.SetFace(font->Face());
+	if (color != NULL)
+		style.color = *color;
+	return style;
+}
+
+
+BTextView::BTextView(const char* name, uint32 flags)
+	: BTextView(name, flags, new TextViewPeer)
+{
+}
+
+
+/*!	\param peer Owned by the view. */
+BTextView::BTextView(const char* name, uint32 flags, TextPeer* peer)
+	: BView(peer, name, flags),
+	  fTextPeer(peer),
+	  fIsStylable(false),
+	  fIsWrapping(true),
+	  fIsSelectable(true),
+	  fIsEditable(true),
+	  fIsTypingHidden(false)
+{
+	fTextPeer->SetEditing(true, true);
+}
+
+
+BTextView::~BTextView() = default;
+
+
+void
+BTextView::SetText(const char* text, const text_run_array* runs)
+{
+	SetText(text, length_of(text), runs);
+}
+
+
+/*!	\param runs NULL: parts with a style of their own get it from SetFontAndColor(). */
+void
+BTextView::SetText(const char* text, int32 length, const text_run_array* /*runs*/)
+{
+	if (text == NULL || length < 0)
+		length = 0;
+	fTextPeer->SetText(text != NULL ? text : "", length);
+}
+
+
+void
+BTextView::Insert(const char* text, const text_run_array* runs)
+{
+	Insert(text, length_of(text), runs);
+}
+
+
+/*!	At the start of the selection. */
+void
+BTextView::Insert(const char* text, int32 length, const text_run_array* runs)
+{
+	int32 start;
+	int32 end;
+	GetSelection(&start, &end);
+	Insert(start, text, length, runs);
+}
+
+
+/*!	The text gets the style that SetFontAndColor() has set last. */
+void
+BTextView::Insert(int32 offset, const char* text, int32 length, const text_run_array* /*runs*/)
+{
+	if (text == NULL || length <= 0)
+		return;
+	fTextPeer->Insert(_Clamp(offset), text, int32(strnlen(text, size_t(length))));
+}
+
+
+void
+BTextView::Delete(int32 start, int32 end)
+{
+	start = _Clamp(start);
+	end = _Clamp(end);
+	if (start < end)
+		fTextPeer->Delete(start, end);
+}
+
+
+/*!	The bytes of the text, which stay until it is changed. Puts them together anew after every change. */
+const char*
+BTextView::Text() const
+{
+	return fTextPeer->Text();
+}
+
+
+/*!	In bytes. */
+int32
+BTextView::TextLength() const
+{
+	return fTextPeer->TextLength();
+}
+
+
+void
+BTextView::Select(int32 start, int32 end)
+{
+	start = _Clamp(start);
+	end = _Clamp(end);
+	if (start <= end)
+		fTextPeer->Select(start, end);
+}
+
+
+void
+BTextView::GetSelection(int32* _start, int32* _end) const
+{
+	fTextPeer->GetSelection(_start, _end);
+}
+
+
+// Differs from Haiku: in a text that is only read, what the user has selected keeps its style.
+void
+BTextView::SetFontAndColor(const BFont* font, uint32 mode, const rgb_color* color)
+{
+	int32 start = 0;
+	int32 end = 0;
+	if (fIsEditable)
+		GetSelection(&start, &end);
+	if (start < end)
+		SetFontAndColor(start, end, font, mode, color);
+	else if (fIsStylable)
+		fTextPeer->SetStyle(change_style(fTextPeer->Style(), font, mode, color));
+	else
+		SetFontAndColor(0, TextLength(), font, mode, color);
+}
+
+
+/*!	In a text that is not stylable all has one style, and the range does not matter. */
+void
+BTextView::SetFontAndColor(int32 start, int32 end, const BFont* font, uint32 mode,
+	const rgb_color* color)
+{
+	if (!fIsStylable) {
+		start = 0;
+		end = TextLength();
+		fTextPeer->SetStyle(change_style(fTextPeer->Style(), font, mode, color));
+	}
+	start = _Clamp(start);
+	end = _Clamp(end);
+	if (start < end) {
+		fTextPeer->SetStyleOf(start, end,
+			change_style(fTextPeer->StyleAt(start), font, mode, color));
+	}
+}
+
+
+void
+BTextView::GetFontAndColor(int32 offset, BFont* _font, rgb_color* _color) const
+{
+	const TextStyle style = fTextPeer->StyleAt(_Clamp(offset));
+	if (_font != NULL)
+		*_font = style.font;
+	if (_color != NULL)
+		*_color = style.color;
+}
+
+
+/*!	Where the character at \a offset begins; in a text that scrolls this may lie outside of Bounds(). */
+BPoint
+BTextView::PointAt(int32 offset, float* _height) const
+{
+	const BRect place = rect_from_toolkit(fTextPeer->PlaceOf(_Clamp(offset)));
+	if (_height != NULL)
+		*_height = place.Height() + 1;
+	return place.LeftTop();
+}
+
+
+/*!	Makes the character visible. */
+void
+BTextView::ScrollToOffset(int32 offset)
+{
+	fTextPeer->ScrollToOffset(_Clamp(offset));
+}
+
+
+void
+BTextView::SetStylable(bool stylable)
+{
+	fIsStylable = stylable;
+}
+
+
+bool
+BTextView::IsStylable() const
+{
+	return fIsStylable;
+}
+
+
+void
+BTextView::SetWordWrap(bool wrap)
+{
+	fIsWrapping = wrap;
+	fTextPeer->SetWordWrap(wrap);
+}
+
+
+bool
+BTextView::DoesWordWrap() const
+{
+	return fIsWrapping;
+}
+
+
+void
+BTextView::MakeSelectable(bool selectable)
+{
+	fIsSelectable = selectable;
+	fTextPeer->SetEditing(fIsEditable, selectable);
+}
+
+
+bool
+BTextView::IsSelectable() const
+{
+	return fIsSelectable;
+}
+
+
+void
+BTextView::MakeEditable(bool editable)
+{
+	fIsEditable = editable;
+	fTextPeer->SetEditing(editable, fIsSelectable);
+}
+
+
+bool
+BTextView::IsEditable() const
+{
+	return fIsEditable;
+}
+
+
+/*!	For the field of a text control: what is typed shows as dots. */
+void
+BTextView::HideTyping(bool enabled)
+{
+	fIsTypingHidden = enabled;
+	fTextPeer->HideTyping(enabled);
+}
+
+
+bool
+BTextView::IsTypingHidden() const
+{
+	return fIsTypingHidden;
+}
+
+
+int32
+BTextView::_Clamp(int32 offset) const
+{
+	return std::min<int32>(std::max<int32>(offset, 0), TextLength());
+}

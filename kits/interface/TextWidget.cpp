@@ -1,0 +1,63 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <TextWidgetPrivate.h>
+
+#include <QScrollBar>
+#include <QTextDocument>
+
+#include <TextLayoutPrivate.h>
+
+
+TextWidget::TextWidget()
+	: fLayout(NULL),
+	  fFollowsEnd(false)
+{
+	QTextDocument* text = new QTextDocument(this);
+	fLayout = new TextLayout(text);
+	text->setDocumentLayout(fLayout);
+	text->setDefaultFont(font());
+	text->setUndoRedoEnabled(false);
+	setDocument(text);
+	setTabChangesFocus(true);
+	setFrameShape(QFrame::NoFrame);
+	setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+	setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+
+bool
+TextWidget::IsAtEnd() const
+{
+	return verticalScrollBar()->value() == verticalScrollBar()->maximum();
+}
+
+
+void
+TextWidget::ScrollToEnd()
+{
+	fFollowsEnd = true;
+	verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
+
+void
+TextWidget::resizeEvent(QResizeEvent* event)
+{
+	const bool follow = fFollowsEnd && IsAtEnd();
+	fLayout->SetWidth(viewport()->width());
+	QPlainTextEdit::resizeEvent(event);
+	if (follow)
+		ScrollToEnd();
+}
+
+
+void
+TextWidget::showEvent(QShowEvent* event)
+{
+	const bool follow = fFollowsEnd && IsAtEnd();
+	QPlainTextEdit::showEvent(event);
+	if (follow)
+		ScrollToEnd();
+}

@@ -17,7 +17,7 @@ class BView;
 
 
 /*!	A row of a list view. It is owned by who created it, never by the list, and has to leave the list before it dies.
-	Sizes are in pixels of the list's view, and become known when the list first calls Update().
+	Its height, in pixels of the list's view, becomes known when the list calls Update().
 */
 class BListItem {
 public:
@@ -28,12 +28,10 @@ public:
 	BListItem& operator=(const BListItem&) = delete;
 
 	float Height() const { return fHeight; }
-	float Width() const { return fWidth; }
 	bool IsSelected() const { return fSelected; }
 	bool IsEnabled() const { return fEnabled; }
 
 	void SetHeight(float height);
-	void SetWidth(float width);
 	void Select() { fSelected = true; }
 	void Deselect() { fSelected = false; }
 	void SetEnabled(bool enabled) { fEnabled = enabled; }
@@ -46,7 +44,6 @@ public:
 	uint32 OutlineLevel() const { return fLevel; }
 
 private:
-	float fWidth;
 	float fHeight;
 	uint32 fLevel;
 	bool fSelected;

@@ -62,12 +62,12 @@ public:
 	BMessage* InvocationMessage() const;
 	status_t Invoke(BMessage* message = NULL) override;
 
-	void SetFont(const BFont* font, uint32 mask = B_FONT_ALL) override;
+	void AttachedToWindow() override;
 
 private:
 	friend class ListViewPeer;
 
-	status_t _Send(BMessage* message, const BMessage& original);
+	status_t _Send(const BMessage& message);
 	void _SelectionChanged();
 
 	ListViewPeer* fListPeer;

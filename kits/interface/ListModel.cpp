@@ -1,0 +1,123 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <ListModelPrivate.h>
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include <ListViewPeer.h>
+#include <Window.h>
+
+
+ListModel::ListModel(ListViewPeer* peer)
+	: fPeer(peer)
+{
+}
+
+
+int
+ListModel::rowCount(const QModelIndex& parent) const
+{
+	return parent.isValid() ? 0 : fPeer->CountShown();
+}
+
+
+QVariant
+ListModel::data(const QModelIndex& index, int role) const
+{
+	if (index.row() < 0 || index.row() >= fPeer->CountShown())
+		return QVariant();
+	switch (role) {
+		case Qt::DisplayRole:
+		case Qt::AccessibleTextRole:
+			return fPeer->NameOf(index.row());
+		case Qt::AccessibleDescriptionRole:
+			return fPeer->DescriptionOf(index.row());
+		default:
+			return QVariant();
+	}
+}
+
+
+void
+ListModel::BeginInsert(int32 first, int32 count)
+{
+	beginInsertRows(QModelIndex(), first, first + count - 1);
+}
+
+
+void
+ListModel::BeginRemove(int32 first, int32 count)
+{
+	beginRemoveRows(QModelIndex(), first, first + count - 1);
+}
+
+
+// #pragma mark -
+
+
+ListDelegate::ListDelegate(ListViewPeer* peer)
+	: fPeer(peer)
+{
+}
+
+
+void
+ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+	const QModelIndex& index) const
+{
+	fPeer->DrawRow(painter, option.rect, index.row());
+}
+
+
+QSize
+ListDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const
+{
+	return QSize(1, fPeer->HeightOf(index.row()));
+}
+
+
+// #pragma mark -
+
+
+ListWidget::ListWidget(ListViewPeer* peer)
+	: fPeer(peer)
+{
+	setFrameShape(QFrame::NoFrame);
+	setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+	setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+	setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+	setEditTriggers(QAbstractItemView::NoEditTriggers);
+	setUniformItemSizes(true);
+}
+
+
+/*!	Return invokes the selected rows, unless the window has a default button: then it is that one's. */
+void
+ListWidget::keyPressEvent(QKeyEvent* event)
+{
+	if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+		QListView::keyPressEvent(event);
+		return;
+	}
+	const BWindow* window = fPeer->View()->Window();
+	if (window != NULL && window->DefaultButton() != NULL) {
+		event->ignore();
+		return;
+	}
+	if (!event->isAutoRepeat())
+		fPeer->InvokeSelection();
+}
+
+
+/*!	Below the last row there is nothing to invoke. */
+void
+ListWidget::mouseDoubleClickEvent(QMouseEvent* event)
+{
+	const bool onRow = indexAt(event->position().toPoint()).isValid();
+	QListView::mouseDoubleClickEvent(event);
+	if (onRow && event->button() == Qt::LeftButton)
+		fPeer->InvokeSelection();
+}

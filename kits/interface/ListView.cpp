@@ -1,0 +1,322 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <ListView.h>
+
+#include <algorithm>
+
+#include <GeometryConversion.h>
+#include <ListViewPeer.h>
+#include <Message.h>
+#include <OS.h>
+#include <Window.h>
+
+
+BListView::BListView(const char* name, list_view_type type, uint32 flags)
+	: BView(new ListViewPeer(type), name, flags),
+	  fListPeer(static_cast<ListViewPeer*>(ViewPeer::Of(this))),
+	  fSelectionMessage(NULL)
+{
+}
+
+
+BListView::~BListView()
+{
+	delete fSelectionMessage;
+}
+
+
+// #pragma mark - Rows
+
+
+bool
+BListView::AddItem(BListItem* item)
+{
+	return AddItem(item, CountItems());
+}
+
+
+/*!	The item shows with the next frame.
+	\return \c false for an index beyond the end.
+*/
+bool
+BListView::AddItem(BListItem* item, int32 index)
+{
+	if (item == NULL || index < 0 || index > CountItems())
+		return false;
+	fListPeer->Add(item, index);
+	return true;
+}
+
+
+bool
+BListView::RemoveItem(BListItem* item)
+{
+	return RemoveItem(IndexOf(item)) != NULL;
+}
+
+
+/*!	\return The item, which is the caller's again; NULL for an index that there is not. */
+BListItem*
+BListView::RemoveItem(int32 index)
+{
+	BListItem* item = ItemAt(index);
+	if (item == NULL)
+		return NULL;
+	if (item->IsSelected())
+		Deselect(index);
+	fListPeer->Remove(index, 1);
+	return item;
+}
+
+
+bool
+BListView::RemoveItems(int32 index, int32 count)
+{
+	if (index < 0 || index >= CountItems() || count <= 0)
+		return false;
+	count = std::min<int32>(count, CountItems() - index);
+	if (fListPeer->Deselect(index, index + count - 1))
+		_SelectionChanged();
+	fListPeer->Remove(index, count);
+	return true;
+}
+
+
+void
+BListView::MakeEmpty()
+{
+	fListPeer->Clear();
+}
+
+
+/*!	NULL for an index that there is not. */
+BListItem*
+BListView::ItemAt(int32 index) const
+{
+	return index >= 0 && index < CountItems() ? fListPeer->Items()[size_t(index)] : NULL;
+}
+
+
+/*!	-1 when the item is not in the list. */
+int32
+BListView::IndexOf(BListItem* item) const
+{
+	const std::vector<BListItem*>& items = fListPeer->Items();
+	const auto found = std::find(items.begin(), items.end(), item);
+	return found != items.end() ? int32(found - items.begin()) : -1;
+}
+
+
+bool
+BListView::HasItem(BListItem* item) const
+{
+	return IndexOf(item) >= 0;
+}
+
+
+int32
+BListView::CountItems() const
+{
+	return int32(fListPeer->Items().size());
+}
+
+
+bool
+BListView::IsEmpty() const
+{
+	return fListPeer->Items().empty();
+}
+
+
+/*!	Calls the function for each item, until it returns \c true. */
+void
+BListView::DoForEach(bool (*function)(BListItem* item))
+{
+	for (int32 i = 0; i < CountItems() && !function(ItemAt(i)); i++)
+		continue;
+}
+
+
+void
+BListView::DoForEach(bool (*function)(BListItem* item, void* cookie), void* cookie)
+{
+	for (int32 i = 0; i < CountItems() && !function(ItemAt(i), cookie); i++)
+		continue;
+}
+
+
+/*!	\param compare Gets pointers to the pointers to two items; less than zero says that the first one stands first. */
+void
+BListView::SortItems(int (*compare)(const void* itemPointerA, const void* itemPointerB))
+{
+	fListPeer->Sort(compare);
+}
+
+
+/*!	The row is drawn again with the next frame. */
+void
+BListView::InvalidateItem(int32 index)
+{
+	if (ItemAt(index) != NULL)
+		fListPeer->Invalidate(index);
+}
+
+
+/*!	Where a row stands; this may lie outside of Bounds(). */
+BRect
+BListView::ItemFrame(int32 index)
+{
+	return ItemAt(index) != NULL ? rect_from_toolkit(fListPeer->FrameOf(index)) : BRect();
+}
+
+
+void
+BListView::ScrollToSelection()
+{
+	const int32 index = CurrentSelection();
+	if (index >= 0)
+		fListPeer->ScrollTo(index);
+}
+
+
+// #pragma mark - Selection
+
+
+list_view_type
+BListView::ListType() const
+{
+	return fListPeer->Type();
+}
+
+
+/*!	\param extend Adds to what is selected, where the list's type allows that. */
+void
+BListView::Select(int32 index, bool extend)
+{
+	if (ItemAt(index) != NULL && fListPeer->Select(index, extend))
+		_SelectionChanged();
+}
+
+
+bool
+BListView::IsItemSelected(int32 index) const
+{
+	const BListItem* item = ItemAt(index);
+	return item != NULL && item->IsSelected();
+}
+
+
+/*!	\param index The how manieth selected row is asked for.
+	\return Its index in the list; -1 when there is none.
+*/
+int32
+BListView::CurrentSelection(int32 index) const
+{
+	const std::vector<int32> selection = fListPeer->Selection();
+	return index >= 0 && size_t(index) < selection.size() ? selection[size_t(index)] : -1;
+}
+
+
+void
+BListView::Deselect(int32 index)
+{
+	if (ItemAt(index) != NULL && fListPeer->Deselect(index, index))
+		_SelectionChanged();
+}
+
+
+void
+BListView::DeselectAll()
+{
+	if (!IsEmpty() && fListPeer->Deselect(0, CountItems() - 1))
+		_SelectionChanged();
+}
+
+
+/*!	Called when other rows are selected than before, ahead of the selection message. */
+void
+BListView::SelectionChanged()
+{
+}
+
+
+// #pragma mark - Messages
+
+
+/*!	\param message Owned by the list; NULL for none. */
+void
+BListView::SetSelectionMessage(BMessage* message)
+{
+	if (message == fSelectionMessage)
+		return;
+	delete fSelectionMessage;
+	fSelectionMessage = message;
+}
+
+
+/*!	\param message Owned by the list; NULL for none. */
+void
+BListView::SetInvocationMessage(BMessage* message)
+{
+	SetMessage(message);
+}
+
+
+BMessage*
+BListView::SelectionMessage() const
+{
+	return fSelectionMessage;
+}
+
+
+BMessage*
+BListView::InvocationMessage() const
+{
+	return Message();
+}
+
+
+/*!	Sends the given message, or the invocation message, whatever is selected. */
+status_t
+BListView::Invoke(BMessage* message)
+{
+	if (message == NULL)
+		message = Message();
+	return message != NULL ? _Send(*message) : B_BAD_VALUE;
+}
+
+
+/*!	The messages go to the window if they have no other target. */
+void
+BListView::AttachedToWindow()
+{
+	BView::AttachedToWindow();
+	if (!Messenger().IsValid())
+		SetTarget(Window());
+}
+
+
+status_t
+BListView::_Send(const BMessage& message)
+{
+	BMessage copy(message);
+	copy.AddInt64("when", system_time());
+	copy.AddPointer("source", this);
+	const std::vector<int32> selection = fListPeer->Selection();
+	for (int32 index : selection)
+		copy.AddInt32("index", index);
+	if (selection.empty() && ListType() == B_SINGLE_SELECTION_LIST)
+		copy.AddInt32("index", -1);
+	return BInvoker::Invoke(&copy);
+}
+
+
+void
+BListView::_SelectionChanged()
+{
+	SelectionChanged();
+	if (fSelectionMessage != NULL)
+		_Send(*fSelectionMessage);
+}

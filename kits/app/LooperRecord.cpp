@@ -31,6 +31,7 @@ LooperRecord::LooperRecord(BLooper* looper, int32 token)
 	  fWaitsForMessage(false),
 	  fOwner(find_thread(NULL)),
 	  fLockCount(1),
+	  fWaitingLockers(0),
 	  fThread(-1),
 	  fIsMainServed(false),
 	  fIsStarted(false),
@@ -364,14 +365,16 @@ LooperRecord::_TakeLock(std::unique_lock<std::mutex>& locker, bool evenIfDying)
 
 	thread_id self = find_thread(NULL);
 	if (fOwner != self && fOwner != kNobody) {
+		// What was handed to those who waited before is not for who comes now.
 		fWaitingLockers++;
-		while (fOwner != kWhoWaits && (evenIfDying || !fIsDying))
+		do {
 			fUnlocked.wait(locker);
+		} while (fOwner != kWhoWaits && (evenIfDying || !fIsDying));
 		fWaitingLockers--;
 
 		if (fIsDying && !evenIfDying) {
-			if (fOwner == kWhoWaits && fWaitingLockers == 0)
-				fOwner = kNobody;
+			if (fOwner == kWhoWaits)
+				_ReleaseLock();
 			return false;
 		}
 	}

@@ -1,0 +1,170 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <atomic>
+
+#include <gtest/gtest.h>
+#include <Looper.h>
+
+#include "ScriptedLooper.h"
+#include "WaitFor.h"
+
+
+namespace {
+
+
+const int32 kLimit = 20000;
+
+
+/*	A thread that posts to a looper until it has posted enough or is refused. */
+struct Poster {
+	explicit Poster(BLooper* looper, int32 messages, int32 dataSize = 0);
+
+	std::atomic<int32> posted{0};
+	std::atomic<status_t> result{B_OK};
+	thread_id thread;
+};
+
+
+Poster::Poster(BLooper* looper, int32 messages, int32 dataSize)
+{
+	thread = RunThread([=] {
+		BMessage message('post');
+		if (dataSize > 0)
+			message.AddData("data", B_RAW_TYPE, std::string(size_t(dataSize), 'x').data(),
+				dataSize);
+		for (int32 i = 0; i < messages; i++) {
+			status_t status = looper->PostMessage(&message);
+			if (status != B_OK) {
+				result = status;
+				return;
+			}
+			posted++;
+		}
+	});
+}
+
+
+} // namespace
+
+
+TEST(BackPressureTest, Poster_WaitsWhileTheQueueIsFull)
+{
+	ServedLooper* looper = new ServedLooper;
+	Poster poster(looper, 100000);
+	ASSERT_TRUE(WaitFor([&] {
+		return poster.posted == kLimit;
+	}));
+
+	int32 maxWaiting = 0;
+	int32 received = 0;
+	looper->onMessage = [&](BMessage*) {
+		received++;
+		maxWaiting = std::max(maxWaiting, poster.posted - received);
+	};
+	looper->Run();
+	ASSERT_TRUE(ServeUntil(
+		[&] {
+			return received == 100000;
+		},
+		60));
+	EXPECT_LE(maxWaiting, kLimit);
+	Join(poster.thread);
+	looper->Quit();
+}
+
+
+TEST(BackPressureTest, LargeMessages_AreCountedInBytes)
+{
+	ServedLooper* looper = new ServedLooper;
+	Poster poster(looper, 20, 1024 * 1024);
+	ASSERT_TRUE(WaitFor([&] {
+		return poster.posted == 8;
+	}));
+	looper->Run();
+	ASSERT_TRUE(ServeUntil([&] {
+		return looper->CountReceived() == 20;
+	}));
+	Join(poster.thread);
+	looper->Quit();
+}
+
+
+TEST(BackPressureTest, WaitingPoster_FailsWhenTheTargetDies)
+{
+	ServedLooper* looper = new ServedLooper;
+	Poster poster(looper, 100000);
+	ASSERT_TRUE(WaitFor([&] {
+		return poster.posted == kLimit;
+	}));
+	looper->Quit();
+	EXPECT_TRUE(WaitFor([&] {
+		return poster.result == B_BAD_PORT_ID;
+	}));
+	EXPECT_EQ(kLimit, poster.posted);
+	Join(poster.thread);
+}
+
+
+TEST(BackPressureTest, MainThread_NeverWaits)
+{
+	ScriptedLooper* looper = new ScriptedLooper;
+	for (int32 i = 0; i < kLimit + 5000; i++)
+		ASSERT_EQ(B_OK, looper->PostMessage('post'));
+	looper->Run();
+	EXPECT_TRUE(WaitFor([&] {
+		return looper->CountReceived() == kLimit + 5000;
+	}));
+	looper->Lock();
+	looper->Quit();
+}
+
+
+TEST(BackPressureTest, OwnThread_NeverWaits)
+{
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->onMessage = [&](BMessage* message) {
+		for (int32 i = 0; message->what == 'more' && i < kLimit + 5000; i++)
+			looper->PostMessage('post');
+	};
+	looper->PostMessage('more');
+	looper->Run();
+	EXPECT_TRUE(WaitFor([&] {
+		return looper->CountReceived() == kLimit + 5001;
+	}));
+	looper->Lock();
+	looper->Quit();
+}
+
+
+TEST(BackPressureTest, HolderOfTheLock_NeverWaits)
+{
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->Run();
+	thread_id thread = RunThread([&] {
+		BAutolock locker(looper);
+		for (int32 i = 0; i < kLimit + 5000; i++)
+			looper->PostMessage('post');
+	});
+	EXPECT_TRUE(WaitFor([&] {
+		return looper->CountReceived() == kLimit + 5000;
+	}));
+	Join(thread);
+	looper->Lock();
+	looper->Quit();
+}
+
+
+TEST(BackPressureTest, ThreadThatIsWaitedFor_NeverWaits)
+{
+	// Nobody takes anything out of this queue, so that waiting for the poster could go on for ever.
+	ServedLooper* looper = new ServedLooper;
+	Poster poster(looper, kLimit + 5000);
+	ASSERT_TRUE(WaitFor([&] {
+		return poster.posted == kLimit;
+	}));
+	EXPECT_EQ(B_OK, wait_for_thread(poster.thread, NULL));
+	EXPECT_EQ(kLimit + 5000, poster.posted);
+	looper->Quit();
+}

@@ -1,0 +1,95 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <Autolock.h>
+#include <Locker.h>
+
+#include <gtest/gtest.h>
+
+
+namespace {
+
+
+struct Counter {
+	BLocker lock;
+	int value = 0;
+};
+
+
+status_t
+count_up(void* data)
+{
+	Counter* counter = static_cast<Counter*>(data);
+	for (int i = 0; i < 10000; i++) {
+		BAutolock locker(counter->lock);
+		counter->value++;
+	}
+	return B_OK;
+}
+
+
+status_t
+is_locked_here(void* data)
+{
+	return static_cast<BLocker*>(data)->IsLocked() ? 1 : 0;
+}
+
+
+} // namespace
+
+
+TEST(LockerTest, Lock_MayBeTakenAgainByItsHolder)
+{
+	BLocker locker("test");
+	EXPECT_FALSE(locker.IsLocked());
+	EXPECT_TRUE(locker.Lock());
+	EXPECT_TRUE(locker.Lock());
+	EXPECT_EQ(2, locker.CountLocks());
+	locker.Unlock();
+	EXPECT_TRUE(locker.IsLocked());
+	EXPECT_EQ(find_thread(NULL), locker.LockingThread());
+	locker.Unlock();
+	EXPECT_FALSE(locker.IsLocked());
+}
+
+
+TEST(LockerTest, IsLocked_SpeaksOfTheCallingThread)
+{
+	BLocker locker;
+	BAutolock autolock(locker);
+	thread_id thread = spawn_thread(is_locked_here, "other", B_NORMAL_PRIORITY, &locker);
+	status_t elsewhere = -1;
+	ASSERT_EQ(B_OK, wait_for_thread(thread, &elsewhere));
+	EXPECT_EQ(0, elsewhere);
+	EXPECT_TRUE(locker.IsLocked());
+}
+
+
+TEST(LockerTest, Threads_ExcludeEachOther)
+{
+	Counter counter;
+	thread_id threads[4];
+	for (thread_id& thread : threads)
+		thread = spawn_thread(count_up, "counter", B_NORMAL_PRIORITY, &counter);
+	for (thread_id thread : threads)
+		resume_thread(thread);
+	for (thread_id thread : threads)
+		wait_for_thread(thread, NULL);
+
+	BAutolock locker(counter.lock);
+	EXPECT_EQ(40000, counter.value);
+}
+
+
+TEST(LockerTest, Autolock_MayBeGivenUpEarly)
+{
+	BLocker locker;
+	BAutolock autolock(&locker);
+	EXPECT_TRUE(autolock.IsLocked());
+	autolock.Unlock();
+	EXPECT_FALSE(autolock.IsLocked());
+	EXPECT_FALSE(locker.IsLocked());
+	EXPECT_TRUE(autolock.Lock());
+	EXPECT_TRUE(locker.IsLocked());
+}

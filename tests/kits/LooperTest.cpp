@@ -1,0 +1,476 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <Looper.h>
+
+#include <atomic>
+
+#include <gtest/gtest.h>
+#include <Messenger.h>
+#include <String.h>
+
+#include "ScriptedLooper.h"
+#include "WaitFor.h"
+
+
+namespace {
+
+
+/*	Every one stands at the same address. */
+class SameAddressLooper : public ScriptedLooper {
+public:
+	void* operator new(size_t size);
+	void operator delete(void* pointer);
+};
+
+
+alignas(16) char sPlace[sizeof(SameAddressLooper)];
+
+
+void*
+SameAddressLooper::operator new(size_t /*size*/)
+{
+	return sPlace;
+}
+
+
+void
+SameAddressLooper::operator delete(void* /*pointer*/)
+{
+}
+
+
+class NotingHandler : public BHandler {
+public:
+	void MessageReceived(BMessage* message) override
+	{
+		if (message->what == 'pass')
+			BHandler::MessageReceived(message);
+		else
+			received++;
+	}
+
+	std::atomic<int32> received{0};
+};
+
+
+void
+quit(BLooper* looper)
+{
+	if (looper->Lock())
+		looper->Quit();
+}
+
+
+} // namespace
+
+
+TEST(LooperTest, Messages_ArriveInTheOrderOfPosting)
+{
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->Run();
+	for (uint32 i = 0; i < 1000; i++)
+		EXPECT_EQ(B_OK, looper->PostMessage(i + 1));
+	ASSERT_TRUE(WaitFor([&] {
+		return looper->CountReceived() == 1000;
+	}));
+	std::vector<uint32> received = looper->Received();
+	for (uint32 i = 0; i < 1000; i++)
+		ASSERT_EQ(i + 1, received[i]);
+	quit(looper);
+}
+
+
+TEST(LooperTest, PostedMessage_IsACopy)
+{
+	BString text;
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->onMessage = [&](BMessage* message) {
+		text = message->GetString("text");
+	};
+	BMessage message('copy');
+	message.AddString("text", "as posted");
+	looper->PostMessage(&message);
+	message.MakeEmpty();
+	looper->Run();
+	ASSERT_TRUE(WaitFor([&] {
+		return looper->CountReceived() == 1;
+	}));
+	quit(looper);
+	EXPECT_STREQ("as posted", text.String());
+}
+
+
+TEST(LooperTest, BeforeRun_NothingIsDelivered)
+{
+	ScriptedLooper* looper = new ScriptedLooper;
+	EXPECT_EQ(B_OK, looper->PostMessage('test'));
+	EXPECT_TRUE(looper->IsLocked());
+	EXPECT_EQ(B_BAD_THREAD_ID, looper->Thread());
+	EXPECT_EQ(0, looper->CountReceived());
+	thread_id thread = looper->Run();
+	EXPECT_EQ(thread, looper->Thread());
+	EXPECT_FALSE(looper->IsLocked());
+	EXPECT_TRUE(WaitFor([&] {
+		return looper->CountReceived() == 1;
+	}));
+	quit(looper);
+}
+
+
+TEST(LooperTest, Handlers_RunOnTheLoopersThreadWithItsLock)
+{
+	ScriptedLooper* looper = new ScriptedLooper("named looper");
+	std::atomic<bool> isRight(false);
+	looper->onMessage = [&](BMessage*) {
+		isRight = find_thread(NULL) == looper->Thread() && looper->IsLocked();
+	};
+	thread_id thread = looper->Run();
+	EXPECT_EQ(thread, find_thread("named looper"));
+	looper->PostMessage('test');
+	EXPECT_TRUE(WaitFor([&] {
+		return isRight.load();
+	}));
+	quit(looper);
+}
+
+
+TEST(LooperTest, Lock_KeepsTheLooperFromDelivering)
+{
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->Run();
+	ASSERT_TRUE(looper->Lock());
+	ASSERT_TRUE(looper->Lock());
+	looper->PostMessage('test');
+	looper->Unlock();
+	EXPECT_TRUE(looper->IsLocked());
+	EXPECT_EQ(0, looper->CountReceived());
+	looper->Unlock();
+	EXPECT_FALSE(looper->IsLocked());
+	EXPECT_TRUE(WaitFor([&] {
+		return looper->CountReceived() == 1;
+	}));
+	quit(looper);
+}
+
+
+TEST(LooperTest, Lock_IsHadInTheMiddleOfAFlood)
+{
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->onMessage = [&](BMessage*) {
+		looper->PostMessage('more');
+	};
+	looper->Run();
+	looper->PostMessage('more');
+	for (int i = 0; i < 100; i++) {
+		ASSERT_TRUE(looper->Lock());
+		looper->Unlock();
+	}
+	quit(looper);
+}
+
+
+TEST(LooperTest, DeadLooper_FailsSoftly)
+{
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->Run();
+	BMessenger messenger(looper);
+	quit(looper);
+
+	BMessage message('test');
+	EXPECT_EQ(B_BAD_PORT_ID, looper->PostMessage('test'));
+	EXPECT_EQ(B_BAD_PORT_ID, looper->PostMessage(&message));
+	EXPECT_EQ(B_BAD_PORT_ID, looper->PostMessage(&message, NULL));
+	EXPECT_FALSE(looper->Lock());
+	EXPECT_FALSE(looper->IsLocked());
+	EXPECT_FALSE(BAutolock(looper).IsLocked());
+	EXPECT_EQ(B_BAD_PORT_ID, messenger.SendMessage('test'));
+	EXPECT_FALSE(messenger.IsValid());
+}
+
+
+TEST(LooperTest, AddressUsedAgain_IsAnotherLooper)
+{
+	SameAddressLooper* first = new SameAddressLooper;
+	first->Run();
+	BMessenger messenger(first);
+	quit(first);
+
+	SameAddressLooper* second = new SameAddressLooper;
+	ASSERT_EQ(first, second);
+	EXPECT_FALSE(messenger.IsValid());
+	EXPECT_EQ(B_BAD_PORT_ID, messenger.SendMessage('old '));
+	EXPECT_NE(messenger, BMessenger(second));
+	EXPECT_EQ(B_OK, first->PostMessage('new '));
+	second->Run();
+	EXPECT_TRUE(WaitFor([&] {
+		return second->CountReceived() == 1;
+	}));
+	EXPECT_EQ(uint32('new '), second->Received()[0]);
+	quit(second);
+}
+
+
+TEST(LooperTest, QuitFromOutside_DropsTheQueueAndWaitsForTheThread)
+{
+	std::atomic<bool> isDestroyed(false);
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->onDestroy = [&] {
+		isDestroyed = find_thread(NULL) == looper->Thread();
+	};
+	thread_id thread = looper->Run();
+	ASSERT_TRUE(looper->Lock());
+	for (int i = 0; i < 100; i++)
+		looper->PostMessage('drop');
+	looper->Quit();
+	EXPECT_TRUE(isDestroyed);
+	EXPECT_EQ(B_BAD_THREAD_ID, wait_for_thread(thread, NULL));
+}
+
+
+TEST(LooperTest, QuitInOwnHandler_DeletesTheLooper)
+{
+	std::atomic<bool> isDestroyed(false);
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->onDestroy = [&] {
+		isDestroyed = true;
+	};
+	looper->onMessage = [&](BMessage*) {
+		looper->Quit();
+	};
+	thread_id thread = looper->Run();
+	looper->PostMessage('quit');
+	wait_for_thread(thread, NULL);
+	EXPECT_TRUE(isDestroyed);
+	EXPECT_FALSE(looper->Lock());
+}
+
+
+TEST(LooperTest, QuitBeforeRun_DeletesTheLooper)
+{
+	bool isDestroyed = false;
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->onDestroy = [&] {
+		isDestroyed = true;
+	};
+	looper->PostMessage('test');
+	looper->Quit();
+	EXPECT_TRUE(isDestroyed);
+}
+
+
+TEST(LooperTest, QuitWithoutLock_DoesNothing)
+{
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->Run();
+	looper->Quit();
+	EXPECT_TRUE(looper->Lock());
+	looper->Quit();
+}
+
+
+TEST(LooperTest, QuitRequest_RefusedThenAccepted)
+{
+	std::atomic<int32> asked(0);
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->onQuitRequested = [&] {
+		return ++asked == 2;
+	};
+	thread_id thread = looper->Run();
+	looper->PostMessage(B_QUIT_REQUESTED);
+	looper->PostMessage('test');
+	EXPECT_TRUE(WaitFor([&] {
+		return looper->CountReceived() == 1;
+	}));
+	EXPECT_EQ(1, asked);
+	looper->PostMessage(B_QUIT_REQUESTED);
+	wait_for_thread(thread, NULL);
+	EXPECT_EQ(2, asked);
+	EXPECT_EQ(B_BAD_PORT_ID, looper->PostMessage('test'));
+}
+
+
+TEST(LooperTest, DyingLooper_TakesNoMessage)
+{
+	std::atomic<status_t> posted(B_OK);
+	std::atomic<bool> isLocked(true);
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->onDestroy = [&] {
+		posted = looper->PostMessage('late');
+		isLocked = looper->Lock();
+	};
+	looper->Run();
+	quit(looper);
+	EXPECT_EQ(B_BAD_PORT_ID, posted);
+	EXPECT_FALSE(isLocked);
+}
+
+
+TEST(LooperTest, WaitingForTheLock_FailsWhenTheLooperQuits)
+{
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->Run();
+	ASSERT_TRUE(looper->Lock());
+	std::atomic<int32> locked(-1);
+	thread_id thread = RunThread([&] {
+		locked = looper->Lock() ? 1 : 0;
+	});
+	looper->Quit();
+	Join(thread);
+	EXPECT_EQ(0, locked);
+}
+
+
+TEST(LooperTest, Handler_GetsWhatIsPostedToIt)
+{
+	NotingHandler handler;
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->AddHandler(&handler);
+	EXPECT_EQ(looper, handler.Looper());
+	EXPECT_EQ(looper, handler.NextHandler());
+	EXPECT_EQ(2, looper->CountHandlers());
+	looper->Run();
+
+	EXPECT_EQ(B_OK, looper->PostMessage('mine', &handler));
+	EXPECT_EQ(B_OK, looper->PostMessage('pass', &handler));
+	EXPECT_TRUE(WaitFor([&] {
+		return looper->CountReceived() == 1;
+	}));
+	EXPECT_EQ(1, handler.received);
+	EXPECT_EQ(uint32('pass'), looper->Received()[0]);
+	quit(looper);
+	EXPECT_EQ(NULL, handler.Looper());
+}
+
+
+TEST(LooperTest, RemovedHandler_GetsNothingAnyMore)
+{
+	NotingHandler handler;
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->AddHandler(&handler);
+	looper->PostMessage('mine', &handler);
+	EXPECT_TRUE(looper->RemoveHandler(&handler));
+	EXPECT_FALSE(looper->RemoveHandler(&handler));
+	EXPECT_EQ(B_MISMATCHED_VALUES, looper->PostMessage('mine', &handler));
+	looper->PostMessage('last');
+	looper->Run();
+	EXPECT_TRUE(WaitFor([&] {
+		return looper->CountReceived() == 1;
+	}));
+	EXPECT_EQ(0, handler.received);
+	quit(looper);
+}
+
+
+TEST(LooperTest, DeletedHandler_IsForgotten)
+{
+	NotingHandler* handler = new NotingHandler;
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->AddHandler(handler);
+	looper->SetPreferredHandler(handler);
+	looper->PostMessage('mine', handler);
+	delete handler;
+	EXPECT_EQ(NULL, looper->PreferredHandler());
+	EXPECT_EQ(1, looper->CountHandlers());
+	looper->PostMessage('last');
+	looper->Run();
+	EXPECT_TRUE(WaitFor([&] {
+		return looper->CountReceived() == 1;
+	}));
+	quit(looper);
+}
+
+
+TEST(LooperTest, PreferredHandler_GetsWhatIsPostedToNobody)
+{
+	NotingHandler handler;
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->AddHandler(&handler);
+	looper->SetPreferredHandler(&handler);
+	looper->PostMessage('test', NULL);
+	looper->PostMessage('test');
+	looper->Run();
+	EXPECT_TRUE(WaitFor([&] {
+		return looper->CountReceived() == 1;
+	}));
+	EXPECT_EQ(1, handler.received);
+	quit(looper);
+}
+
+
+TEST(LooperTest, QuitRequestToAHandler_IsAMessageLikeOthers)
+{
+	NotingHandler handler;
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->AddHandler(&handler);
+	looper->PostMessage(B_QUIT_REQUESTED, &handler);
+	looper->Run();
+	EXPECT_TRUE(WaitFor([&] {
+		return handler.received == 1;
+	}));
+	quit(looper);
+}
+
+
+TEST(LooperTest, LockLooper_LocksTheHandlersLooper)
+{
+	NotingHandler handler;
+	EXPECT_FALSE(handler.LockLooper());
+	ScriptedLooper* looper = new ScriptedLooper;
+	looper->AddHandler(&handler);
+	looper->Run();
+	EXPECT_TRUE(handler.LockLooper());
+	EXPECT_TRUE(looper->IsLocked());
+	handler.UnlockLooper();
+	EXPECT_FALSE(looper->IsLocked());
+	quit(looper);
+}
+
+
+TEST(LooperTest, HandlerName_IsKept)
+{
+	BHandler handler("name");
+	EXPECT_STREQ("name", handler.Name());
+	handler.SetName("other");
+	EXPECT_STREQ("other", handler.Name());
+	handler.SetName(handler.Name());
+	EXPECT_STREQ("other", handler.Name());
+	handler.SetName(NULL);
+	EXPECT_EQ(NULL, handler.Name());
+}
+
+
+TEST(LooperTest, FiftyThreads_PostWhileLoopersComeAndGo)
+{
+	std::atomic<BLooper*> current(NULL);
+	std::atomic<bool> stop(false);
+	std::atomic<int32> accepted(0);
+	std::vector<thread_id> threads;
+	for (int i = 0; i < 50; i++) {
+		threads.push_back(RunThread([&] {
+			while (!stop) {
+				BLooper* looper = current;
+				if (looper != NULL && looper->PostMessage('test') == B_OK)
+					accepted++;
+				if (looper != NULL && looper->Lock())
+					looper->Unlock();
+				snooze(100);
+			}
+		}));
+	}
+
+	for (int round = 0; round < 30; round++) {
+		ScriptedLooper* looper = new ScriptedLooper;
+		looper->Run();
+		current = looper;
+		EXPECT_TRUE(WaitFor([&] {
+			return looper->CountReceived() >= 20;
+		}));
+		quit(looper);
+	}
+	stop = true;
+	for (thread_id thread : threads)
+		Join(thread);
+	EXPECT_GE(accepted, 600);
+}

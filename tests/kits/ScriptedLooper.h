@@ -1,0 +1,62 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef SCRIPTED_LOOPER_H
+#define SCRIPTED_LOOPER_H
+
+
+#include <functional>
+#include <vector>
+
+#include <Autolock.h>
+#include <Looper.h>
+
+
+/*!	A looper whose messages and end are given by the test, and which notes the codes that it received.
+	The functions run where the looper is served.
+*/
+class ScriptedLooper : public BLooper {
+public:
+	explicit ScriptedLooper(const char* name = "scripted");
+	~ScriptedLooper() override;
+
+	void MessageReceived(BMessage* message) override;
+	bool QuitRequested() override;
+
+	std::vector<uint32> Received();
+	int32 CountReceived();
+
+	std::function<void(BMessage*)> onMessage;
+	std::function<bool()> onQuitRequested;
+	std::function<void()> onDestroy;
+
+private:
+	BLocker fLock;
+	std::vector<uint32> fReceived;
+};
+
+
+/*!	A ScriptedLooper that is served by the main thread, as windows are. */
+class ServedLooper : public ScriptedLooper {
+public:
+	explicit ServedLooper(const char* name = "served");
+
+	thread_id Run() override;
+};
+
+
+/*!	Serves the loopers of the main thread until the condition holds. */
+bool ServeUntil(const std::function<bool()>& condition, int seconds = 10);
+
+/*!	Serves the loopers of the main thread until none has anything to do. */
+void ServeAll();
+
+/*!	Runs a function on a thread of its own, which starts at once. */
+thread_id RunThread(std::function<void()> function, const char* name = "test");
+
+/*!	Waits until the thread has ended, if it has not yet. */
+void Join(thread_id thread);
+
+
+#endif // SCRIPTED_LOOPER_H

@@ -1,0 +1,226 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "TrackerFetch.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <netdb.h>
+#include <netinet/in.h>
+#include <new>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <unistd.h>
+
+#include <Looper.h>
+#include <Message.h>
+#include <OS.h>
+
+#include "AppMessages.h"
+#include "TrackerListing.h"
+
+
+// The time-out of each call, and what all calls together get for the records, however slowly these drip.
+static const int kTimeoutSeconds = 10;
+static const bigtime_t kRecordsTimeout = 60 * 1000000LL;
+
+
+/*!	Receives, as recv() does; a signal is no error. */
+static ssize_t
+receive(int socket, void* buffer, size_t size)
+{
+	ssize_t received;
+	do {
+		received = recv(socket, buffer, size, 0);
+	} while (received < 0 && errno == EINTR);
+	return received;
+}
+
+
+/*!	Receives until the buffer is full or the other side closes. If the bytes come one at a time, it is an error when they
+	take longer than one of them may.
+	\return The bytes received; -1 on an error or a time-out.
+*/
+ssize_t
+recv_full(int socket, void* buffer, size_t length)
+{
+	const bigtime_t deadline = system_time() + kTimeoutSeconds * 1000000LL;
+	size_t total = 0;
+	while (total < length) {
+		const ssize_t received = receive(socket, static_cast<uint8*>(buffer) + total,
+			length - total);
+		if (received < 0)
+			return -1;
+		if (received == 0)
+			break;
+
+		total += size_t(received);
+		if (total < length && system_time() >= deadline)
+			return -1;
+	}
+	return ssize_t(total);
+}
+
+
+// #pragma mark -
+
+
+/*!	\param address A host, optionally followed by a colon and a port number.
+	\param running Borrowed.
+	\param target Borrowed; may go away at any time.
+*/
+TrackerFetch::TrackerFetch(const char* address, const std::atomic<bool>& running, BLooper* target)
+	: fAddress(address),
+	  fRunning(running),
+	  fTarget(target)
+{
+}
+
+
+/*!	\return 0, or 1 after an error. */
+status_t
+TrackerFetch::Run()
+{
+	Listing listing = {};
+	const BString error = _Fetch(&listing);
+	if (error.Length() > 0) {
+		BMessage message(kMsgTrackerError);
+		message.AddString("error", error);
+		fTarget->PostMessage(&message);
+		return 1;
+	}
+
+	_PostServers(listing);
+	fTarget->PostMessage(kMsgTrackerDone);
+	return 0;
+}
+
+
+/*!	\param _listing Stays empty if there is no time for it any more, which is no error.
+	\return What went wrong; empty if nothing did.
+*/
+BString
+TrackerFetch::_Fetch(Listing* _listing)
+{
+	BString error;
+	const int socket = _Connect(&error);
+	if (socket < 0)
+		return error;
+
+	if (fRunning)
+		error = _ReadListing(socket, _listing);
+	close(socket);
+	return error;
+}
+
+
+/*!	\return A connected socket for the caller to close; -1 after an error, or if there is no time for it any more. */
+int
+TrackerFetch::_Connect(BString* _error)
+{
+	BString host;
+	char port[16];
+	snprintf(port, sizeof(port), "%u",
+		unsigned(TrackerListing::SplitAddress(fAddress.String(), &host)));
+
+	struct addrinfo hints = {};
+	hints.ai_family = AF_INET;
+	hints.ai_socktype = SOCK_STREAM;
+	struct addrinfo* result = NULL;
+	const int resolverError = getaddrinfo(host.String(), port, &hints, &result);
+	if (resolverError != 0) {
+		*_error = gai_strerror(resolverError);
+		return -1;
+	}
+
+	const std::unique_ptr<struct addrinfo, decltype(&freeaddrinfo)> address(result, &freeaddrinfo);
+	if (!fRunning)
+		return -1;
+
+	const int socket = ::socket(address->ai_family, address->ai_socktype, address->ai_protocol);
+	if (socket < 0) {
+		*_error = strerror(errno);
+		return -1;
+	}
+
+	struct timeval timeout = {};
+	timeout.tv_sec = kTimeoutSeconds;
+	setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof(timeout));
+	setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &timeout, sizeof(timeout));
+	if (connect(socket, address->ai_addr, address->ai_addrlen) == 0)
+		return socket;
+
+	// Where the time-out ends a connect, some systems say that it is still in progress.
+	*_error = strerror(errno == EINPROGRESS ? ETIMEDOUT : errno);
+	close(socket);
+	return -1;
+}
+
+
+/*!	Asks for the listing and reads it. One that is cut is none the worse for that.
+	\return What went wrong; NULL if nothing did.
+*/
+const char*
+TrackerFetch::_ReadListing(int socket, Listing* _listing)
+{
+	uint8 request[kTrackerRequestSize];
+	TrackerListing::BuildRequest(request);
+	if (send(socket, request, sizeof(request), MSG_NOSIGNAL) != ssize_t(sizeof(request)))
+		return "Failed to send handshake";
+
+	uint8 header[kTrackerHeaderSize];
+	if (recv_full(socket, header, sizeof(header)) != ssize_t(sizeof(header)))
+		return "Failed to read tracker response";
+
+	size_t size = 0;
+	if (!TrackerListing::ReadHeader(header, &size, &_listing->serverCount))
+		return "Invalid tracker response";
+
+	_ReadRecords(socket, _listing, size > 0 ? size : kMaxUnsizedListing);
+	return NULL;
+}
+
+
+/*!	Reads up to \a size bytes of records; fewer if the tracker closes, a call or the whole times out, or memory is short. */
+void
+TrackerFetch::_ReadRecords(int socket, Listing* _listing, size_t size)
+{
+	_listing->bytes.reset(new (std::nothrow) uint8[size]);
+	if (_listing->bytes == NULL)
+		return;
+
+	const bigtime_t deadline = system_time() + kRecordsTimeout;
+	while (_listing->size < size && fRunning && system_time() < deadline) {
+		const ssize_t received = receive(socket, _listing->bytes.get() + _listing->size,
+			size - _listing->size);
+		if (received < 1)
+			return;
+		_listing->size += size_t(received);
+	}
+}
+
+
+void
+TrackerFetch::_PostServers(const Listing& listing)
+{
+	TrackerListing records(listing.bytes.get(), listing.size);
+	TrackerRecord record;
+	uint32 posted = 0;
+	while (fRunning && (listing.serverCount == 0 || posted < listing.serverCount)
+		&& records.Next(&record)) {
+		char address[32];
+		snprintf(address, sizeof(address), "%u.%u.%u.%u", record.address[0], record.address[1],
+			record.address[2], record.address[3]);
+
+		BMessage message(kMsgTrackerServer);
+		message.AddString("name", record.name);
+		message.AddString("desc", record.description);
+		message.AddString("ip", address);
+		message.AddInt16("port", int16(record.port));
+		message.AddInt16("users", int16(record.users));
+		fTarget->PostMessage(&message);
+		posted++;
+	}
+}

@@ -1,0 +1,55 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef TRACKER_FETCH_H
+#define TRACKER_FETCH_H
+
+
+#include <atomic>
+#include <cstddef>
+#include <memory>
+#include <sys/types.h>
+
+#include <String.h>
+#include <SupportDefs.h>
+
+
+class BLooper;
+
+
+ssize_t recv_full(int socket, void* buffer, size_t length);
+
+
+/*!	Fetches the listing of one tracker, on the thread of whoever calls Run(), and posts it record by record: each as
+	kMsgTrackerServer, then kMsgTrackerDone; or kMsgTrackerError alone if there is no listing.
+	Once \a running is false, which any thread may make it, no further step is begun and what was read is not posted. A call
+	that waits for the tracker at that time takes up to ten seconds to end. Resolving takes as long as the resolver does,
+	the rest about two minutes at the very most, whatever the tracker does.
+*/
+class TrackerFetch {
+public:
+	TrackerFetch(const char* address, const std::atomic<bool>& running, BLooper* target);
+
+	status_t Run();
+
+private:
+	struct Listing {
+		std::unique_ptr<uint8[]> bytes;
+		size_t size;
+		uint16 serverCount;
+	};
+
+	BString _Fetch(Listing* _listing);
+	int _Connect(BString* _error);
+	const char* _ReadListing(int socket, Listing* _listing);
+	void _ReadRecords(int socket, Listing* _listing, size_t size);
+	void _PostServers(const Listing& listing);
+
+	BString fAddress;
+	const std::atomic<bool>& fRunning;
+	BLooper* fTarget;
+};
+
+
+#endif // TRACKER_FETCH_H

@@ -1,0 +1,216 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "TransferThreads.h"
+
+#include <algorithm>
+#include <memory>
+#include <new>
+
+#include <File.h>
+#include <Looper.h>
+#include <Message.h>
+
+#include "AppMessages.h"
+#include "FlattenedFile.h"
+#include "FlattenedFileReader.h"
+#include "TransferConnection.h"
+
+
+// File data moves in pieces of this size. Time-outs are in seconds.
+static const size_t kTransferBufferSize = 16384;
+static const int kTransferTimeout = 60;
+static const int kBannerTimeout = 30;
+static const int kNoTimeout = 0;
+
+
+static void
+post_outcome(BLooper* target, uint32 what, const BString& fileName, bool success)
+{
+	BMessage message(what);
+	message.AddString("filename", fileName);
+	message.AddBool("success", success);
+	target->PostMessage(&message);
+}
+
+
+// #pragma mark - download
+
+
+/*!	Connects, asks for the file, and reads up to the first byte of its data. */
+static bool
+open_download(TransferConnection& connection, FlattenedFileReader& reader, const DownloadInfo& info)
+{
+	if (!connection.ConnectTo(info.address.String(), info.port, kTransferTimeout, kNoTimeout))
+		return false;
+
+	uint8 request[kTransferRequestSize];
+	FlattenedFile::BuildTransferRequest(request, info.ref, 0);
+	if (connection.Send(request, sizeof(request)) != ssize_t(sizeof(request)))
+		return false;
+
+	uint8 piece[FlattenedFileReader::kMaxDescriptionPiece];
+	while (!reader.IsAtData()) {
+		const size_t size = reader.NextSize();
+		if (!connection.ReceiveExactly(piece, size))
+			return false;
+		reader.Take(piece, size);
+	}
+	return true;
+}
+
+
+/*!	Writes the data to the file as it arrives, until it is complete or the connection ends. A file that cannot be written
+	to, on a full disk, say, does not end the transfer.
+*/
+static void
+receive_file_data(TransferConnection& connection, FlattenedFileReader& reader, BFile& file)
+{
+	uint8 buffer[kTransferBufferSize];
+	while (!reader.IsDone()) {
+		const size_t size = std::min(size_t(reader.NextSize()), sizeof(buffer));
+		const ssize_t received = connection.Receive(buffer, size);
+		if (received < 1)
+			return;
+		file.Write(buffer, size_t(received));
+		reader.Take(buffer, size_t(received));
+	}
+}
+
+
+/*!	Fetches a file and replaces the one at its local path. Only the data's end is reported, as kMsgDownloadDone; what fails
+	before its first byte, opening the local file included, stays silent.
+*/
+status_t
+DownloadThread(void* data)
+{
+	const std::unique_ptr<DownloadInfo> info(static_cast<DownloadInfo*>(data));
+
+	TransferConnection connection;
+	FlattenedFileReader reader;
+	if (!open_download(connection, reader, *info))
+		return 1;
+
+	{
+		BFile file(info->localPath.String(), B_WRITE_ONLY | B_CREATE_FILE | B_ERASE_FILE);
+		if (file.InitCheck() != B_OK)
+			return 1;
+		receive_file_data(connection, reader, file);
+	}
+	connection.Close();
+
+	post_outcome(info->target, kMsgDownloadDone, info->filename, reader.IsDone());
+	return 0;
+}
+
+
+// #pragma mark - upload
+
+
+/*!	Sends the request and everything of the file object that stands before the file's own bytes. */
+static bool
+send_file_description(TransferConnection& connection, const UploadInfo& info, off_t fileSize)
+{
+	const size_t nameLength = size_t(info.filename.Length());
+
+	uint8 request[kTransferRequestSize];
+	FlattenedFile::BuildTransferRequest(request, info.ref,
+		FlattenedFile::TotalSize(nameLength, fileSize));
+	uint8 header[kFileObjectHeaderSize];
+	FlattenedFile::BuildHeader(header);
+	uint8 informationHeader[kForkHeaderSize];
+	FlattenedFile::BuildInformationForkHeader(informationHeader, nameLength);
+	uint8 information[kMaxInformationForkSize];
+	const size_t informationSize = FlattenedFile::BuildInformationFork(information,
+		info.filename.String(), nameLength);
+	uint8 dataHeader[kForkHeaderSize];
+	FlattenedFile::BuildDataForkHeader(dataHeader, uint32(fileSize));
+
+	return connection.SendAll(request, sizeof(request))
+		&& connection.SendAll(header, sizeof(header))
+		&& connection.SendAll(informationHeader, sizeof(informationHeader))
+		&& connection.SendAll(information, informationSize)
+		&& connection.SendAll(dataHeader, sizeof(dataHeader));
+}
+
+
+static bool
+send_file_data(TransferConnection& connection, BFile& file, off_t remaining)
+{
+	uint8 buffer[kTransferBufferSize];
+	while (remaining > 0) {
+		const size_t piece = size_t(std::min(remaining, off_t(sizeof(buffer))));
+		const ssize_t count = file.Read(buffer, piece);
+		if (count < 1 || !connection.SendAll(buffer, size_t(count)))
+			return false;
+		remaining -= count;
+	}
+	return true;
+}
+
+
+/*!	Sends a local file. Every outcome is reported, once, as kMsgUploadDone. */
+status_t
+UploadThread(void* data)
+{
+	const std::unique_ptr<UploadInfo> info(static_cast<UploadInfo*>(data));
+
+	BFile file(info->localPath.String(), B_READ_ONLY);
+	off_t size = 0;
+	if (file.InitCheck() == B_OK && file.GetSize(&size) != B_OK)
+		size = 0;
+
+	TransferConnection connection;
+	if (file.InitCheck() != B_OK
+		|| !connection.ConnectTo(info->address.String(), info->port, kNoTimeout,
+			kTransferTimeout)) {
+		post_outcome(info->target, kMsgUploadDone, info->filename, false);
+		return 1;
+	}
+
+	const bool success = send_file_description(connection, *info, size)
+		&& send_file_data(connection, file, size);
+	connection.Close();
+
+	post_outcome(info->target, kMsgUploadDone, info->filename, success);
+	return 0;
+}
+
+
+// #pragma mark - banner
+
+
+/*!	Fetches the bare bytes of the banner and posts what came of them, if anything, as kMsgBannerData. */
+status_t
+BannerThread(void* data)
+{
+	const std::unique_ptr<BannerDLInfo> info(static_cast<BannerDLInfo*>(data));
+
+	TransferConnection connection;
+	uint8 request[kTransferRequestSize];
+	FlattenedFile::BuildTransferRequest(request, info->ref, 0);
+	if (!connection.ConnectTo(info->address.String(), info->port, kBannerTimeout, kBannerTimeout)
+		|| !connection.SendAll(request, sizeof(request)))
+		return 1;
+
+	const std::unique_ptr<uint8[]> bytes(new (std::nothrow) uint8[info->size]);
+	if (bytes == NULL)
+		return 1;
+
+	size_t count = 0;
+	while (count < info->size) {
+		const ssize_t received = connection.Receive(bytes.get() + count, info->size - count);
+		if (received < 1)
+			break;
+		count += size_t(received);
+	}
+	connection.Close();
+
+	if (count > 0) {
+		BMessage message(kMsgBannerData);
+		message.AddData("data", B_RAW_TYPE, bytes.get(), ssize_t(count));
+		info->target->PostMessage(&message);
+	}
+	return 0;
+}

@@ -1,0 +1,170 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "FileItem.h"
+
+#include <cstring>
+#include <strings.h>
+
+#include <Bitmap.h>
+#include <Font.h>
+#include <InterfaceDefs.h>
+#include <View.h>
+
+
+static const float kIconSize = 16.0f;
+static const float kIconInset = 4.0f;
+static const float kIconTextSpacing = 6.0f;
+static const float kShapeSize = 10.0f;
+static const float kShapeTextSpacing = 8.0f;
+static const float kRightInset = 6.0f;
+
+static const char* const kStuffItExtensions[] = {".sit", ".sea", ".hqx"};
+static const char* const kImageExtensions[] = {".jpg", ".png", ".gif", ".bmp", ".tif", ".psd",
+	".pcx", ".jpeg", ".tiff"};
+
+
+static bool
+ends_in(const char* name, const char* extension)
+{
+	const size_t nameLength = strlen(name);
+	const size_t length = strlen(extension);
+	return nameLength >= length && strcasecmp(name + nameLength - length, extension) == 0;
+}
+
+
+template<size_t count>
+static bool
+ends_in_one_of(const char* name, const char* const (&extensions)[count])
+{
+	for (const char* extension : extensions) {
+		if (ends_in(name, extension))
+			return true;
+	}
+	return false;
+}
+
+
+static void
+copy_code(char (&code)[5], const char* text)
+{
+	strncpy(code, text, sizeof(code) - 1);
+	code[sizeof(code) - 1] = '\0';
+}
+
+
+FileItem::FileItem(const char* name, const char* type, const char* creator, int32 size,
+	BBitmap* folderIcon, BBitmap* stuffItIcon, BBitmap* imageIcon)
+	: BStringItem(name),
+	  fSize(size),
+	  fFolderIcon(folderIcon),
+	  fStuffItIcon(stuffItIcon),
+	  fImageIcon(imageIcon)
+{
+	copy_code(fType, type);
+	copy_code(fCreator, creator);
+}
+
+
+FileItem::~FileItem() = default;
+
+
+bool
+FileItem::IsFolder() const
+{
+	return strcmp(fType, "fldr") == 0;
+}
+
+
+void
+FileItem::DrawItem(BView* owner, BRect frame, bool complete)
+{
+	if (IsSelected() || complete) {
+		if (IsSelected())
+			owner->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
+		else
+			owner->SetHighColor(owner->ViewColor());
+		owner->FillRect(frame);
+	}
+
+	owner->SetFont(be_plain_font, B_FONT_ALL);
+	font_height height;
+	owner->GetFontHeight(&height);
+	const float baseline = frame.top + (frame.Height() + height.ascent - height.descent) / 2;
+
+	const float textLeft = _DrawSymbol(owner, frame);
+	owner->SetHighColor(
+		ui_color(IsSelected() ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR));
+	owner->DrawString(FileName(), BPoint(textLeft, baseline));
+
+	const BString size(_SizeText());
+	owner->SetHighColor(tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT));
+	const float width = owner->StringWidth(size.String());
+	owner->DrawString(size.String(), BPoint(frame.right - kRightInset - width, baseline));
+}
+
+
+/*!	\return The picture for the kind of file that the type or the name's ending tells, \c NULL where there is none. */
+const BBitmap*
+FileItem::_Icon() const
+{
+	if (IsFolder())
+		return fFolderIcon;
+	if (fStuffItIcon != NULL && ends_in_one_of(FileName(), kStuffItExtensions))
+		return fStuffItIcon;
+	if (fImageIcon != NULL && ends_in_one_of(FileName(), kImageExtensions))
+		return fImageIcon;
+	return NULL;
+}
+
+
+/*!	Draws the picture, or else a square for a folder and a circle for a file.
+	\return Where the text begins.
+*/
+float
+FileItem::_DrawSymbol(BView* owner, BRect frame) const
+{
+	const float left = frame.left + kIconInset;
+	const BBitmap* icon = _Icon();
+	if (icon != NULL) {
+		const float top = frame.top + (frame.Height() - kIconSize) / 2;
+		owner->SetDrawingMode(B_OP_ALPHA);
+		owner->SetBlendingMode(B_PIXEL_ALPHA, B_ALPHA_OVERLAY);
+		owner->DrawBitmap(icon, BRect(left, top, left + kIconSize - 1, top + kIconSize - 1));
+		owner->SetDrawingMode(B_OP_COPY);
+		return left + kIconSize + kIconTextSpacing;
+	}
+
+	const float top = frame.top + (frame.Height() - kShapeSize) / 2;
+	const BRect shape(left, top, left + kShapeSize, top + kShapeSize);
+	const rgb_color color = IsFolder() ? make_color(220, 180, 50) : make_color(120, 150, 200);
+	const rgb_color outline = tint_color(color, B_DARKEN_2_TINT);
+	owner->SetHighColor(color);
+	if (IsFolder()) {
+		owner->FillRect(shape);
+		owner->SetHighColor(outline);
+		owner->StrokeRect(shape);
+	} else {
+		owner->FillEllipse(shape);
+		owner->SetHighColor(outline);
+		owner->StrokeEllipse(shape);
+	}
+	return shape.right + kShapeTextSpacing;
+}
+
+
+BString
+FileItem::_SizeText() const
+{
+	BString text;
+	if (IsFolder())
+		text = "folder";
+	else if (fSize < 1024)
+		text.SetToFormat("%" B_PRId32 " B", fSize);
+	else if (fSize < 1024 * 1024)
+		text.SetToFormat("%.1f KB", fSize / 1024.0);
+	else
+		text.SetToFormat("%.1f MB", fSize / 1048576.0);
+	return text;
+}

@@ -1,0 +1,271 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "FileListWindow.h"
+
+#include <Bitmap.h>
+#include <Button.h>
+#include <Entry.h>
+#include <FilePanel.h>
+#include <Font.h>
+#include <LayoutBuilder.h>
+#include <ListView.h>
+#include <Looper.h>
+#include <Message.h>
+#include <Messenger.h>
+#include <Path.h>
+#include <ScrollView.h>
+#include <StringView.h>
+#include <TranslationUtils.h>
+
+#include "AppMessages.h"
+#include "FileItem.h"
+
+
+static const uint32 kButtonFlags = B_WILL_DRAW | B_NAVIGABLE | B_FULL_UPDATE_ON_RESIZE;
+
+
+FileListWindow::FileListWindow(BRect frame, BLooper* target, const char* path,
+	const char* assetsPath)
+	: BWindow(frame, "Files", B_DOCUMENT_WINDOW, B_AUTO_UPDATE_SIZE_LIMITS),
+	  fFileList(new BListView("filelist", B_SINGLE_SELECTION_LIST,
+		  B_WILL_DRAW | B_FRAME_EVENTS | B_NAVIGABLE)),
+	  fFileScroll(new BScrollView("filescroll", fFileList, B_WILL_DRAW | B_FRAME_EVENTS, false,
+		  true, B_FANCY_BORDER)),
+	  fDownloadBtn(new BButton("download", "", new BMessage(kMsgDownloadBtn), kButtonFlags)),
+	  fUploadBtn(new BButton("upload", "", new BMessage(kMsgUploadBtn), kButtonFlags)),
+	  fCountLabel(new BStringView("countlabel", "No files", B_WILL_DRAW)),
+	  fTarget(target),
+	  fPath(path),
+	  fAssetsPath(assetsPath),
+	  fFolderIcon(_LoadIcon("401.png")),
+	  fStuffItIcon(_LoadIcon("403.png")),
+	  fImageIcon(_LoadIcon("406.png"))
+{
+	_InitButtons();
+	fFileList->SetInvocationMessage(new BMessage(kMsgFileInvoked));
+	fFileList->SetTarget(this);
+	fCountLabel->SetFont(be_bold_font, B_FONT_ALL);
+	_InitLayout();
+
+	const BMessenger messenger(this);
+	BMessage chosen(kMsgUploadFile);
+	fFilePanel.reset(new BFilePanel(B_OPEN_PANEL, const_cast<BMessenger*>(&messenger), NULL,
+		B_FILE_NODE, false, &chosen, NULL, false, true));
+
+	if (!fPath.IsEmpty()) {
+		BString title;
+		title << "Files — " << fPath;
+		SetTitle(title.String());
+	}
+	fFileList->MakeFocus(true);
+}
+
+
+FileListWindow::~FileListWindow()
+{
+	_RemoveAll();
+}
+
+
+void
+FileListWindow::MessageReceived(BMessage* message)
+{
+	switch (message->what) {
+		case kMsgFileEntry:
+			_HandleEntries(message);
+			break;
+		case kMsgFileClear:
+			_RemoveAll();
+			_UpdateCount();
+			break;
+		case kMsgFileInvoked:
+			_HandleInvoked();
+			break;
+		case kMsgDownloadBtn:
+			_HandleDownload();
+			break;
+		case kMsgUploadBtn:
+			fFilePanel->Show();
+			break;
+		case kMsgUploadFile:
+			_HandleUploadChosen(message);
+			break;
+		default:
+			BWindow::MessageReceived(message);
+	}
+}
+
+
+bool
+FileListWindow::QuitRequested()
+{
+	BMessage notice(kMsgFileWinClosed);
+	notice.AddPointer("window", this);
+	fTarget->PostMessage(&notice);
+	return true;
+}
+
+
+/*!	The buttons show only a picture; the tool tip says in words what they do. */
+void
+FileListWindow::_InitButtons()
+{
+	fDownloadBtn->SetToolTip("Download");
+	fUploadBtn->SetToolTip("Upload");
+
+	const std::unique_ptr<BBitmap> download = _LoadIcon("210.png");
+	if (download != nullptr)
+		fDownloadBtn->SetIcon(download.get(), 0);
+	const std::unique_ptr<BBitmap> upload = _LoadIcon("211.png");
+	if (upload != nullptr)
+		fUploadBtn->SetIcon(upload.get(), 0);
+}
+
+
+void
+FileListWindow::_InitLayout()
+{
+	// clang-format off
+	BLayoutBuilder::Group<>(this, B_VERTICAL, B_USE_SMALL_SPACING)
+		.AddGroup(B_HORIZONTAL, 0)
+			.SetInsets(B_USE_SMALL_INSETS, B_USE_SMALL_INSETS, B_USE_SMALL_INSETS, 0)
+			.Add(fDownloadBtn)
+			.Add(fUploadBtn)
+			.AddGlue()
+			.End()
+		.Add(fFileScroll, 1.0f)
+		.AddGroup(B_HORIZONTAL, 0)
+			.SetInsets(B_USE_SMALL_INSETS, 0, B_USE_SMALL_INSETS, 0)
+			.Add(fCountLabel)
+			.AddGlue();
+	// clang-format on
+}
+
+
+std::unique_ptr<BBitmap>
+FileListWindow::_LoadIcon(const char* fileName) const
+{
+	if (fAssetsPath.IsEmpty())
+		return nullptr;
+	BString path;
+	path << fAssetsPath << "/" << fileName;
+	return std::unique_ptr<BBitmap>(BTranslationUtils::GetBitmapFile(path.String()));
+}
+
+
+/*!	A listing replaces what was shown. */
+void
+FileListWindow::_HandleEntries(const BMessage* message)
+{
+	_RemoveAll();
+
+	const char* name;
+	for (int32 i = 0; message->FindString("name", i, &name) == B_OK; i++) {
+		const char* type = "";
+		message->FindString("type", i, &type);
+		const char* creator = "";
+		message->FindString("creator", i, &creator);
+		int32 size = 0;
+		message->FindInt32("size", i, &size);
+		fFileList->AddItem(new FileItem(name, type, creator, size, fFolderIcon.get(),
+			fStuffItIcon.get(), fImageIcon.get()));
+	}
+	_UpdateCount();
+}
+
+
+void
+FileListWindow::_HandleInvoked()
+{
+	const FileItem* item = _SelectedItem();
+	if (item == NULL)
+		return;
+	if (!item->IsFolder()) {
+		_RequestDownload(item);
+		return;
+	}
+
+	BString path(fPath);
+	if (!path.IsEmpty())
+		path << "/";
+	path << item->FileName();
+	BMessage request(kMsgOpenFolder);
+	request.AddString("path", path);
+	fTarget->PostMessage(&request);
+}
+
+
+void
+FileListWindow::_HandleDownload()
+{
+	const FileItem* item = _SelectedItem();
+	if (item != NULL && !item->IsFolder())
+		_RequestDownload(item);
+}
+
+
+void
+FileListWindow::_HandleUploadChosen(const BMessage* message)
+{
+	entry_ref ref;
+	if (message->FindRef("refs", &ref) != B_OK)
+		return;
+
+	const BEntry entry(&ref);
+	off_t size = 0;
+	if (entry.GetSize(&size) != B_OK)
+		size = 0;
+	const BPath path(&ref);
+
+	BMessage request(kMsgUploadFile);
+	request.AddString("path", fPath);
+	request.AddString("name", ref.name);
+	request.AddString("localpath", path.Path());
+	request.AddInt64("size", size);
+	fTarget->PostMessage(&request);
+}
+
+
+/*!	\return \c NULL without a selection. */
+FileItem*
+FileListWindow::_SelectedItem() const
+{
+	return dynamic_cast<FileItem*>(fFileList->ItemAt(fFileList->CurrentSelection()));
+}
+
+
+void
+FileListWindow::_RequestDownload(const FileItem* item)
+{
+	BMessage request(kMsgDownloadFile);
+	request.AddString("path", fPath);
+	request.AddString("name", item->FileName());
+	fTarget->PostMessage(&request);
+}
+
+
+void
+FileListWindow::_RemoveAll()
+{
+	for (int32 i = fFileList->CountItems() - 1; i >= 0; i--)
+		delete fFileList->RemoveItem(i);
+}
+
+
+void
+FileListWindow::_UpdateCount()
+{
+	const int32 count = fFileList->CountItems();
+	BString text("No files");
+	if (count > 0)
+		text.SetToFormat("%" B_PRId32 " item%s", count, count == 1 ? "" : "s");
+	fCountLabel->SetText(text.String());
+
+	text = "Files";
+	if (!fPath.IsEmpty())
+		text << " — " << fPath;
+	text << " (" << count << ")";
+	SetTitle(text.String());
+}

@@ -1,0 +1,239 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "OptionsWindow.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <typeinfo>
+
+#include <Bitmap.h>
+#include <Button.h>
+#include <Directory.h>
+#include <Entry.h>
+#include <Font.h>
+#include <LayoutBuilder.h>
+#include <ListView.h>
+#include <Looper.h>
+#include <Message.h>
+#include <Path.h>
+#include <ScrollView.h>
+#include <SeparatorView.h>
+#include <String.h>
+#include <StringView.h>
+#include <TextControl.h>
+#include <TranslationUtils.h>
+
+#include "AppMessages.h"
+#include "IconItem.h"
+
+
+static const uint32 kFieldFlags = B_WILL_DRAW | B_NAVIGABLE;
+static const uint32 kButtonFlags = B_WILL_DRAW | B_NAVIGABLE | B_FULL_UPDATE_ON_RESIZE;
+static const float kLabelSpacing = 8.0f;
+// The longest name before ".png" that is taken for a number, in bytes.
+static const size_t kMaxIconStem = 15;
+
+
+/*!	Orders rows of the picker by their numbers; for BListView::SortItems(). */
+static int
+_CompareIconItems(const void* first, const void* second)
+{
+	const uint16 a = (*static_cast<IconItem* const*>(first))->IconID();
+	const uint16 b = (*static_cast<IconItem* const*>(second))->IconID();
+	return int(a > b) - int(a < b);
+}
+
+
+/*!	\return The number of the icon in a file of that name; 0 if it is none. */
+static uint16
+icon_number(const char* fileName)
+{
+	const char* ending = strrchr(fileName, '.');
+	if (ending == NULL || strcmp(ending, ".png") != 0)
+		return 0;
+	const size_t stem = size_t(ending - fileName);
+	if (stem < 1 || stem > kMaxIconStem)
+		return 0;
+
+	// Unlike atoi() this has an answer for every number, however long.
+	const long number = strtol(fileName, NULL, 10);
+	return number > 0 && number < 65536 ? uint16(number) : 0;
+}
+
+
+OptionsWindow::OptionsWindow(BRect frame, BLooper* target, const char* nick, uint16 icon,
+	const char* tracker, const char* assetsDir)
+	: BWindow(frame, "Options", B_TITLED_WINDOW,
+		B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS | B_CLOSE_ON_ESCAPE),
+	  fNickField(NULL),
+	  fTrackerField(NULL),
+	  fIconList(new BListView("iconlist", B_SINGLE_SELECTION_LIST,
+		  B_WILL_DRAW | B_FRAME_EVENTS | B_NAVIGABLE)),
+	  fIconScroll(new BScrollView("iconscroll", fIconList, B_WILL_DRAW | B_FRAME_EVENTS, false,
+		  true, B_FANCY_BORDER)),
+	  fIconLabel(new BStringView("iconlabel", "", B_WILL_DRAW)),
+	  fTarget(target),
+	  fSelectedIcon(icon)
+{
+	_InitFields(nick, tracker);
+	_UpdateIconLabel();
+	fIconList->SetSelectionMessage(new BMessage(kMsgIconSelected));
+	fIconList->SetTarget(this);
+	_InitLayout();
+	_LoadIcons(assetsDir);
+	CenterOnScreen();
+}
+
+
+OptionsWindow::~OptionsWindow()
+{
+	for (int32 i = fIconList->CountItems() - 1; i >= 0; i--)
+		delete fIconList->RemoveItem(i);
+}
+
+
+void
+OptionsWindow::MessageReceived(BMessage* message)
+{
+	switch (message->what) {
+		case kMsgIconSelected:
+			_HandleIconSelected();
+			break;
+		case kMsgOptionsSave:
+			_HandleSave();
+			break;
+		default:
+			BWindow::MessageReceived(message);
+	}
+}
+
+
+bool
+OptionsWindow::QuitRequested()
+{
+	return true;
+}
+
+
+void
+OptionsWindow::_InitFields(const char* nick, const char* tracker)
+{
+	fNickField = new BTextControl("nick", "Username:", nick, NULL, kFieldFlags);
+	fTrackerField = new BTextControl("tracker", "Tracker:", tracker, NULL, kFieldFlags);
+
+	// One divider for both, wide enough for the longer label, lines the entry boxes up.
+	const float divider = fTrackerField->StringWidth("Username:") + kLabelSpacing;
+	fNickField->SetDivider(divider);
+	fTrackerField->SetDivider(divider);
+}
+
+
+void
+OptionsWindow::_InitLayout()
+{
+	BStringView* header = new BStringView("header", "Settings", B_WILL_DRAW);
+	header->SetFont(be_bold_font, B_FONT_ALL);
+	BStringView* iconHeader = new BStringView("iconheader", "User Icon", B_WILL_DRAW);
+	iconHeader->SetFont(be_bold_font, B_FONT_ALL);
+	BButton* cancelButton = new BButton("cancel", "Cancel", new BMessage(B_QUIT_REQUESTED),
+		kButtonFlags);
+	BButton* saveButton = new BButton("save", "Save", new BMessage(kMsgOptionsSave), kButtonFlags);
+
+	// clang-format off
+	BLayoutBuilder::Group<>(this, B_VERTICAL, B_USE_DEFAULT_SPACING)
+		.SetInsets(B_USE_WINDOW_INSETS)
+		.Add(header)
+		.Add(fNickField)
+		.Add(fTrackerField)
+		.Add(new BSeparatorView(B_HORIZONTAL, B_PLAIN_BORDER))
+		.Add(iconHeader)
+		.Add(fIconLabel)
+		.Add(fIconScroll, 1.0f)
+		.Add(new BSeparatorView(B_HORIZONTAL, B_PLAIN_BORDER))
+		.AddGroup(B_HORIZONTAL, B_USE_DEFAULT_SPACING, 1.0f)
+			.AddGlue(1.0f)
+			.Add(cancelButton)
+			.Add(saveButton);
+	// clang-format on
+
+	saveButton->MakeDefault(true);
+}
+
+
+/*!	Fills the picker with the numbered pictures of a folder; whatever else lies there is passed over. */
+void
+OptionsWindow::_LoadIcons(const char* dir)
+{
+	if (dir == NULL || dir[0] == '\0')
+		return;
+	BDirectory directory(dir);
+	if (directory.InitCheck() != B_OK)
+		return;
+
+	BEntry entry;
+	while (directory.GetNextEntry(&entry, false) == B_OK) {
+		BPath path;
+		if (entry.GetPath(&path) != B_OK)
+			continue;
+		const uint16 number = icon_number(path.Leaf());
+		if (number == 0)
+			continue;
+		BBitmap* bitmap = BTranslationUtils::GetBitmapFile(path.Path());
+		if (bitmap != NULL)
+			fIconList->AddItem(new IconItem(number, bitmap));
+	}
+
+	fIconList->SortItems(_CompareIconItems);
+	_ScrollToSelected();
+}
+
+
+void
+OptionsWindow::_ScrollToSelected()
+{
+	const int32 count = fIconList->CountItems();
+	for (int32 i = 0; i < count; i++) {
+		if (static_cast<IconItem*>(fIconList->ItemAt(i))->IconID() == fSelectedIcon) {
+			fIconList->Select(i);
+			fIconList->ScrollToSelection();
+			return;
+		}
+	}
+}
+
+
+void
+OptionsWindow::_UpdateIconLabel()
+{
+	BString text;
+	text.SetToFormat("Current icon: %u", fSelectedIcon);
+	fIconLabel->SetText(text.String());
+}
+
+
+/*!	Deselecting keeps the number that was there. */
+void
+OptionsWindow::_HandleIconSelected()
+{
+	const BListItem* item = fIconList->ItemAt(fIconList->CurrentSelection());
+	if (item == NULL)
+		return;
+	fSelectedIcon = static_cast<const IconItem*>(item)->IconID();
+	_UpdateIconLabel();
+}
+
+
+/*!	What is typed leaves as it is; the controller decides what an empty field means. */
+void
+OptionsWindow::_HandleSave()
+{
+	BMessage request(kMsgOptionsSave);
+	request.AddString("nick", fNickField->Text());
+	request.AddString("tracker", fTrackerField->Text());
+	request.AddUInt16("icon", fSelectedIcon);
+	fTarget->PostMessage(&request);
+
+	PostMessage(B_QUIT_REQUESTED);
+}

@@ -1,0 +1,103 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "ServerItem.h"
+
+#include <cstring>
+
+#include <Font.h>
+#include <InterfaceDefs.h>
+#include <String.h>
+#include <View.h>
+
+
+static const float kInset = 6.0f;
+// How much taller a row is than its three lines.
+static const float kRowPadding = 8.0f;
+static const float kDescriptionTint = 0.59f;
+
+
+template<size_t size>
+static void
+copy_text(char (&buffer)[size], const char* text)
+{
+	strncpy(buffer, text, size - 1);
+	buffer[size - 1] = '\0';
+}
+
+
+static float
+line_height(const font_height& height)
+{
+	return height.ascent + height.descent + height.leading;
+}
+
+
+/*!	The address and the description are cut to 63 and 255 bytes. */
+ServerItem::ServerItem(const char* name, const char* desc, const char* address, uint16 port,
+	uint16 users)
+	: BStringItem(name),
+	  fPort(port),
+	  fUsers(users)
+{
+	copy_text(fAddress, address);
+	copy_text(fDesc, desc);
+}
+
+
+ServerItem::~ServerItem() = default;
+
+
+void
+ServerItem::Update(BView* owner, const BFont* font)
+{
+	BStringItem::Update(owner, font);
+
+	font_height height;
+	font->GetHeight(&height);
+	SetHeight(3 * line_height(height) + kRowPadding);
+}
+
+
+void
+ServerItem::DrawItem(BView* owner, BRect frame, bool complete)
+{
+	if (IsSelected() || complete) {
+		if (IsSelected())
+			owner->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
+		else
+			owner->SetHighColor(owner->ViewColor());
+		owner->FillRect(frame);
+	}
+
+	font_height height;
+	owner->GetFontHeight(&height);
+	const float left = frame.left + kInset;
+	const float nameY = frame.top + height.ascent + 2;
+	const float descY = nameY + line_height(height) + 1;
+	const float addressY = descY + line_height(height);
+	const rgb_color textColor = ui_color(
+		IsSelected() ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR);
+	const rgb_color dimColor = tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT);
+
+	owner->SetFont(be_bold_font, B_FONT_ALL);
+	owner->SetHighColor(textColor);
+	owner->DrawString(Text(), BPoint(left, nameY));
+
+	owner->SetFont(be_plain_font, B_FONT_ALL);
+	owner->SetHighColor(dimColor);
+	BString text;
+	text.SetToFormat("%u user%s", fUsers, fUsers == 1 ? "" : "s");
+	const float width = owner->StringWidth(text.String());
+	owner->DrawString(text.String(), BPoint(frame.right - kInset - width, nameY));
+
+	owner->SetHighColor(tint_color(textColor, kDescriptionTint));
+	text = fDesc;
+	owner->TruncateString(&text, B_TRUNCATE_END, frame.Width() - 2 * kInset);
+	owner->DrawString(text.String(), BPoint(left, descY));
+
+	owner->SetHighColor(dimColor);
+	text.SetToFormat("%s:%u", fAddress, fPort);
+	owner->DrawString(text.String(), BPoint(left, addressY));
+}

@@ -1,0 +1,212 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "TrackerWindow.h"
+
+#include <typeinfo>
+
+#include <Button.h>
+#include <Font.h>
+#include <LayoutBuilder.h>
+#include <ListView.h>
+#include <Looper.h>
+#include <Message.h>
+#include <ScrollView.h>
+#include <StringView.h>
+
+#include "AppMessages.h"
+#include "HotlineProtocol.h"
+#include "ServerItem.h"
+#include "TrackerFetch.h"
+
+
+TrackerWindow::TrackerWindow(BRect frame, BLooper* target, const char* trackerAddress)
+	: BWindow(frame, "Tracker", B_DOCUMENT_WINDOW, B_AUTO_UPDATE_SIZE_LIMITS),
+	  fServerList(new BListView("serverlist", B_SINGLE_SELECTION_LIST,
+		  B_WILL_DRAW | B_FRAME_EVENTS | B_NAVIGABLE)),
+	  fServerScroll(new BScrollView("serverscroll", fServerList, B_WILL_DRAW | B_FRAME_EVENTS,
+		  false, true, B_FANCY_BORDER)),
+	  fStatusLabel(new BStringView("status", "Loading…", B_WILL_DRAW)),
+	  fTarget(target),
+	  fTrackerAddress(trackerAddress),
+	  fFetchThread(-1),
+	  fRunning(true)
+{
+	fServerList->SetInvocationMessage(new BMessage(kMsgTrackerInvoke));
+	fServerList->SetTarget(this);
+	fStatusLabel->SetFont(be_plain_font, B_FONT_ALL);
+	_InitLayout();
+
+	BString title;
+	title << "Tracker — " << fTrackerAddress;
+	SetTitle(title.String());
+
+	_StartFetch();
+}
+
+
+TrackerWindow::~TrackerWindow()
+{
+	fRunning = false;
+	if (fFetchThread >= 0) {
+		status_t result;
+		wait_for_thread(fFetchThread, &result);
+	}
+	_RemoveAll();
+}
+
+
+void
+TrackerWindow::MessageReceived(BMessage* message)
+{
+	switch (message->what) {
+		case kMsgTrackerServer:
+			_HandleServer(message);
+			break;
+		case kMsgTrackerDone:
+			_HandleDone();
+			break;
+		case kMsgTrackerError:
+			_HandleError(message);
+			break;
+		case kMsgTrackerRefresh:
+			_HandleRefresh();
+			break;
+		case kMsgTrackerInvoke:
+			_HandleInvoke();
+			break;
+		default:
+			BWindow::MessageReceived(message);
+	}
+}
+
+
+bool
+TrackerWindow::QuitRequested()
+{
+	fRunning = false;
+	return true;
+}
+
+
+void
+TrackerWindow::_InitLayout()
+{
+	BButton* refreshButton = new BButton("refresh", "Refresh", new BMessage(kMsgTrackerRefresh));
+
+	// clang-format off
+	BLayoutBuilder::Group<>(this, B_VERTICAL, B_USE_SMALL_SPACING)
+		.Add(fServerScroll, 1.0f)
+		.AddGroup(B_HORIZONTAL, B_USE_SMALL_SPACING)
+			.SetInsets(B_USE_SMALL_INSETS, 0, B_USE_SMALL_INSETS, 0)
+			.Add(fStatusLabel)
+			.AddGlue()
+			.Add(refreshButton);
+	// clang-format on
+}
+
+
+void
+TrackerWindow::_StartFetch()
+{
+	fFetchThread = spawn_thread(_FetchThreadEntry, "TrackerFetch", B_NORMAL_PRIORITY, this);
+	if (fFetchThread >= 0)
+		resume_thread(fFetchThread);
+}
+
+
+/*!	While the listing arrives the label counts without minding the singular. */
+void
+TrackerWindow::_HandleServer(const BMessage* message)
+{
+	fServerList->AddItem(new ServerItem(message->GetString("name", ""),
+		message->GetString("desc", ""), message->GetString("ip", ""),
+		static_cast<uint16>(message->GetInt16("port", static_cast<int16>(kDefaultPort))),
+		static_cast<uint16>(message->GetInt16("users", 0))));
+
+	BString text;
+	text << fServerList->CountItems() << " servers";
+	fStatusLabel->SetText(text.String());
+}
+
+
+void
+TrackerWindow::_HandleDone()
+{
+	fFetchThread = -1;
+
+	const int32 count = fServerList->CountItems();
+	BString text("No servers found");
+	if (count > 0)
+		text.SetToFormat("%" B_PRId32 " server%s", count, count == 1 ? "" : "s");
+	fStatusLabel->SetText(text.String());
+}
+
+
+void
+TrackerWindow::_HandleError(const BMessage* message)
+{
+	fFetchThread = -1;
+
+	BString text("Error: ");
+	text << message->GetString("error", "Unknown error");
+	fStatusLabel->SetText(text.String());
+}
+
+
+/*!	A fetch that is still running goes on, and fills the emptied list. */
+void
+TrackerWindow::_HandleRefresh()
+{
+	_RemoveAll();
+	fStatusLabel->SetText("Loading…");
+	if (fFetchThread < 0) {
+		fRunning = true;
+		_StartFetch();
+	}
+}
+
+
+void
+TrackerWindow::_HandleInvoke()
+{
+	BListItem* item = fServerList->ItemAt(fServerList->CurrentSelection());
+	if (item == NULL || typeid(*item) != typeid(ServerItem))
+		return;
+
+	const ServerItem* server = static_cast<ServerItem*>(item);
+	BMessage request(kMsgConnectServer);
+	request.AddString("address", server->Address());
+	request.AddInt16("port", static_cast<int16>(server->Port()));
+	request.AddString("login", "");
+	request.AddString("password", "");
+	fTarget->PostMessage(&request);
+}
+
+
+void
+TrackerWindow::_RemoveAll()
+{
+	for (int32 i = fServerList->CountItems() - 1; i >= 0; i--)
+		delete fServerList->RemoveItem(i);
+}
+
+
+// #pragma mark - The fetch thread
+
+
+status_t
+TrackerWindow::_FetchThreadEntry(void* data)
+{
+	return static_cast<TrackerWindow*>(data)->_FetchServers();
+}
+
+
+/*!	Touches no view: everything reaches the window as messages, the last of which ends the fetch. */
+status_t
+TrackerWindow::_FetchServers()
+{
+	TrackerFetch fetch(fTrackerAddress.String(), fRunning, this);
+	return fetch.Run();
+}

@@ -16,6 +16,7 @@ static constexpr rgb_color kFailureColor = {200, 0, 0, 255};
 static constexpr rgb_color kDisconnectColor = {180, 0, 0, 255};
 static constexpr rgb_color kServerColor = {0, 100, 0, 255};
 static constexpr rgb_color kRequestColor = {100, 100, 100, 255};
+static constexpr rgb_color kServerMessageColor = {128, 0, 128, 255};
 static constexpr rgb_color kBroadcastColor = {200, 100, 0, 255};
 
 

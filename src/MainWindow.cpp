@@ -21,9 +21,20 @@
 
 
 static const uint16 kDefaultIcon = 137;
+static const char* const kDefaultTracker = "hltracker.com";
+static const int32 kWindowBlockSize = 20;
 
 const char* const MainWindow::kTitle = "Palimbra";
 const char* const MainWindow::kDefaultNickname = "HaikuUser";
+
+
+/*!	Quits a window that may be gone already. */
+static void
+quit_window(BWindow* window)
+{
+	if (window->Lock())
+		window->Quit();
+}
 
 
 MainWindow::MainWindow()
@@ -31,6 +42,8 @@ MainWindow::MainWindow()
 		B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS),
 	  fChatWindow(NULL),
 	  fUserListWindow(NULL),
+	  fFileWindows(kWindowBlockSize),
+	  fMsgWindows(kWindowBlockSize),
 	  fMenuBar(NULL),
 	  fConnectBtn(NULL),
 	  fDisconnectBtn(NULL),
@@ -42,7 +55,8 @@ MainWindow::MainWindow()
 	  fStatusView(NULL),
 	  fBannerView(NULL),
 	  fNickname(kDefaultNickname),
-	  fIconID(kDefaultIcon)
+	  fIconID(kDefaultIcon),
+	  fTrackerAddress(kDefaultTracker)
 {
 	_FindFolders();
 	_InitMenu();
@@ -64,10 +78,11 @@ MainWindow::~MainWindow()
 	fClient.reset();
 
 	// They refuse to quit when they are asked to.
-	BWindow* const windows[] = {fChatWindow, fUserListWindow};
-	for (BWindow* window : windows) {
-		if (window->Lock())
-			window->Quit();
+	quit_window(fChatWindow);
+	quit_window(fUserListWindow);
+	for (BList* windows : {&fFileWindows, &fMsgWindows}) {
+		for (int32 i = windows->CountItems() - 1; i >= 0; i--)
+			quit_window(static_cast<BWindow*>(windows->ItemAt(i)));
 	}
 }
 
@@ -75,7 +90,8 @@ MainWindow::~MainWindow()
 void
 MainWindow::MessageReceived(BMessage* message)
 {
-	if (!_DispatchNotification(message) && !_DispatchCommand(message) && !_DispatchRequest(message))
+	if (!_DispatchNotification(message) && !_DispatchCommand(message) && !_DispatchRequest(message)
+		&& !_DispatchTransfer(message))
 		BWindow::MessageReceived(message);
 }
 
@@ -135,6 +151,12 @@ MainWindow::_DispatchNotification(const BMessage* message)
 		case kHLAgreement:
 			_HandleAgreement(message);
 			return true;
+		case kHLMsgReceived:
+			_HandleMessageReceived(message);
+			return true;
+		case kHLFileListReceived:
+			_HandleFileList(message);
+			return true;
 		default:
 			return false;
 	}
@@ -158,6 +180,18 @@ MainWindow::_DispatchCommand(const BMessage* message)
 		case kMsgToolUsers:
 			_HandleToolUsers();
 			return true;
+		case kMsgToolFiles:
+			_OpenFileList(NULL);
+			return true;
+		case kMsgToolTracker:
+			_HandleToolTracker();
+			return true;
+		case kMsgToolOptions:
+			_HandleToolOptions();
+			return true;
+		case kMsgToolAbout:
+			_HandleToolAbout();
+			return true;
 		default:
 			return false;
 	}
@@ -180,6 +214,59 @@ MainWindow::_DispatchRequest(const BMessage* message)
 			return true;
 		case kMsgDeclineAgreement:
 			_HandleDeclineAgreement();
+			return true;
+		case kMsgOpenPM:
+			_HandleOpenMessages(message);
+			return true;
+		case kMsgPMSend:
+			_HandleSendMessage(message);
+			return true;
+		case kMsgPMWinClosed:
+			_HandleMessageWindowClosed(message);
+			return true;
+		case kMsgOpenFolder:
+			_HandleOpenFolder(message);
+			return true;
+		case kMsgFileWinClosed:
+			_HandleFileWindowClosed(message);
+			return true;
+		case kMsgDownloadFile:
+			_HandleDownloadFile(message);
+			return true;
+		case kMsgUploadFile:
+			_HandleUploadFile(message);
+			return true;
+		case kMsgOptionsSave:
+			_HandleOptionsSave(message);
+			return true;
+		default:
+			return false;
+	}
+}
+
+
+/*!	What the server grants, and what becomes of it on the transfer threads. */
+bool
+MainWindow::_DispatchTransfer(const BMessage* message)
+{
+	switch (message->what) {
+		case kHLDownloadReady:
+			_HandleDownloadReady(message);
+			return true;
+		case kHLUploadReady:
+			_HandleUploadReady(message);
+			return true;
+		case kHLBannerReady:
+			_HandleBannerReady(message);
+			return true;
+		case kMsgDownloadDone:
+			_ReportTransfer("Download", message);
+			return true;
+		case kMsgUploadDone:
+			_ReportTransfer("Upload", message);
+			return true;
+		case kMsgBannerData:
+			_HandleBannerData(message);
 			return true;
 		default:
 			return false;

@@ -8,6 +8,7 @@
 
 #include <memory>
 
+#include <List.h>
 #include <String.h>
 #include <Window.h>
 
@@ -18,6 +19,7 @@ class BMenuBar;
 class BStringView;
 class ChatWindow;
 class HotlineClient;
+class MessageWindow;
 class UserListWindow;
 
 
@@ -47,6 +49,7 @@ private:
 	bool _DispatchNotification(const BMessage* message);
 	bool _DispatchCommand(const BMessage* message);
 	bool _DispatchRequest(const BMessage* message);
+	bool _DispatchTransfer(const BMessage* message);
 
 	void _HandleConnected();
 	void _HandleConnectFailed(const BMessage* message);
@@ -67,9 +70,33 @@ private:
 	void _HandleAcceptAgreement();
 	void _HandleDeclineAgreement();
 
+	MessageWindow* _FindOrCreatePM(uint16 socket, const char* nick);
+	void _HandleMessageReceived(const BMessage* message);
+	void _HandleSendMessage(const BMessage* message);
+	void _HandleMessageWindowClosed(const BMessage* message);
+	void _HandleOpenMessages(const BMessage* message);
+
+	void _OpenFileList(const char* path);
+	void _HandleFileList(const BMessage* message);
+	void _HandleFileWindowClosed(const BMessage* message);
+	void _HandleOpenFolder(const BMessage* message);
+	void _HandleDownloadFile(const BMessage* message);
+	void _HandleUploadFile(const BMessage* message);
+	void _HandleDownloadReady(const BMessage* message);
+	void _HandleUploadReady(const BMessage* message);
+	void _ReportTransfer(const char* kind, const BMessage* message);
+	void _HandleBannerReady(const BMessage* message);
+	void _HandleBannerData(const BMessage* message);
+
+	void _HandleToolTracker();
+	void _HandleToolOptions();
+	void _HandleToolAbout();
+	void _HandleOptionsSave(const BMessage* message);
+
 	void _Connect(const BMessage* message);
 	void _Disconnect();
 	void _ReleaseClient();
+	void _CloseWindows(BList& windows);
 	bool _IsConnected() const;
 
 	void _ChatAppend(const char* text, rgb_color color);
@@ -84,6 +111,9 @@ private:
 	// Borrowed; they live until the destructor quits them.
 	ChatWindow* fChatWindow;
 	UserListWindow* fUserListWindow;
+	// Borrowed; a window that has closed stays until it says so, and Lock() on it fails.
+	BList fFileWindows;
+	BList fMsgWindows;
 
 	BMenuBar* fMenuBar;
 	BButton* fConnectBtn;
@@ -101,6 +131,7 @@ private:
 
 	BString fNickname;
 	uint16 fIconID;
+	BString fTrackerAddress;
 	// All empty where the program's own folder is unknown.
 	BString fAssetsPath;
 	BString fDownloadsPath;

@@ -264,8 +264,20 @@ MainWindow::_Disconnect()
 	_ChatEnable(false);
 	_UsersClear();
 	_ClearBanner();
+	_CloseWindows(fFileWindows);
+	_CloseWindows(fMsgWindows);
 	SetTitle(kTitle);
 	fStatusView->SetText("Not connected");
+}
+
+
+/*!	Asks every window of a list to quit and forgets them; what they post when they do finds nothing. */
+void
+MainWindow::_CloseWindows(BList& windows)
+{
+	for (int32 i = windows.CountItems() - 1; i >= 0; i--)
+		static_cast<BWindow*>(windows.ItemAt(i))->PostMessage(B_QUIT_REQUESTED);
+	windows.MakeEmpty();
 }
 
 

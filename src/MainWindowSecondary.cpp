@@ -1,0 +1,168 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <Message.h>
+
+#include "AboutWindow.h"
+#include "AppMessages.h"
+#include "ChatColors.h"
+#include "HotlineClient.h"
+#include "MainWindow.h"
+#include "MessageWindow.h"
+#include "OptionsWindow.h"
+#include "TrackerWindow.h"
+
+
+// #pragma mark - Private messages
+
+
+/*!	Brings the conversation with a user to the front, a new one if there is none. */
+MessageWindow*
+MainWindow::_FindOrCreatePM(uint16 socket, const char* nick)
+{
+	for (int32 i = 0; i < fMsgWindows.CountItems(); i++) {
+		MessageWindow* window = static_cast<MessageWindow*>(fMsgWindows.ItemAt(i));
+		if (!window->Lock())
+			continue;
+
+		const bool found = window->Socket() == socket;
+		if (found) {
+			window->SetNick(nick);
+			if (window->IsMinimized())
+				window->Minimize(false);
+			window->Activate(true);
+		}
+		window->Unlock();
+		if (found)
+			return window;
+	}
+
+	MessageWindow* window = new MessageWindow(BRect(200, 200, 550, 420), this, socket, nick);
+	fMsgWindows.AddItem(window);
+	window->Show();
+	return window;
+}
+
+
+/*!	Who has no id is the server itself, and speaks in the chat. */
+void
+MainWindow::_HandleMessageReceived(const BMessage* message)
+{
+	const char* text = message->GetString("text", "");
+	const uint16 socket = message->GetUInt16("socket", 0);
+	if (socket == 0) {
+		BString line;
+		line << "\n*** Server message ***\n" << text << "\n";
+		_ChatAppend(line.String(), kServerMessageColor);
+		return;
+	}
+
+	const char* nick = message->GetString("nick", "???");
+	MessageWindow* window = _FindOrCreatePM(socket, nick);
+	BMessage received(kMsgPMReceived);
+	received.AddString("nick", nick);
+	received.AddString("text", text);
+	window->PostMessage(&received);
+}
+
+
+void
+MainWindow::_HandleSendMessage(const BMessage* message)
+{
+	const uint16 socket = message->GetUInt16("socket", 0);
+	const char* text = message->GetString("text", "");
+	if (_IsConnected() && socket != 0 && text[0] != '\0')
+		fClient->SendPrivateMsg(socket, text);
+}
+
+
+/*!	A window that is gone already is forgotten before a living one for the same user, which may have been opened since. */
+void
+MainWindow::_HandleMessageWindowClosed(const BMessage* message)
+{
+	const uint16 socket = message->GetUInt16("socket", 0);
+	for (int32 i = fMsgWindows.CountItems() - 1; i >= 0; i--) {
+		BWindow* window = static_cast<BWindow*>(fMsgWindows.ItemAt(i));
+		if (!window->Lock()) {
+			fMsgWindows.RemoveItem(i);
+			return;
+		}
+		window->Unlock();
+	}
+
+	for (int32 i = fMsgWindows.CountItems() - 1; i >= 0; i--) {
+		MessageWindow* window = static_cast<MessageWindow*>(fMsgWindows.ItemAt(i));
+		if (!window->Lock())
+			continue;
+		const bool found = window->Socket() == socket;
+		window->Unlock();
+		if (found) {
+			fMsgWindows.RemoveItem(i);
+			return;
+		}
+	}
+}
+
+
+void
+MainWindow::_HandleOpenMessages(const BMessage* message)
+{
+	const uint16 socket = message->GetUInt16("socket", 0);
+	if (socket == 0)
+		return;
+	BWindow* window = _FindOrCreatePM(socket, message->GetString("nick", "???"));
+	window->Activate(true);
+}
+
+
+// #pragma mark - Tracker, options and about
+
+
+void
+MainWindow::_HandleToolTracker()
+{
+	BWindow* window = new TrackerWindow(BRect(150, 100, 650, 450), this, fTrackerAddress.String());
+	window->Show();
+}
+
+
+void
+MainWindow::_HandleToolOptions()
+{
+	BWindow* window = new OptionsWindow(BRect(200, 150, 520, 550), this, fNickname.String(),
+		fIconID, fTrackerAddress.String(), fAssetsPath.String());
+	window->Show();
+}
+
+
+void
+MainWindow::_HandleToolAbout()
+{
+	BWindow* window = new AboutWindow(fAppRootPath.String());
+	window->Show();
+}
+
+
+/*!	An empty field leaves its setting as it was. The server hears of a new nick or icon only. */
+void
+MainWindow::_HandleOptionsSave(const BMessage* message)
+{
+	const char* tracker = message->GetString("tracker", "");
+	if (tracker[0] != '\0')
+		fTrackerAddress = tracker;
+
+	bool changed = false;
+	const char* nick = message->GetString("nick", "");
+	if (nick[0] != '\0' && fNickname != nick) {
+		fNickname = nick;
+		changed = true;
+	}
+	const uint16 icon = message->GetUInt16("icon", fIconID);
+	if (icon != fIconID) {
+		fIconID = icon;
+		changed = true;
+	}
+	if (changed && _IsConnected())
+		fClient->ChangeNickAndIcon(fNickname.String(), fIconID);
+}

@@ -50,7 +50,8 @@ header(int32_t width, int32_t height)
 	append_little(bytes, dataSize, 4);
 	append_little(bytes, 2835, 4);
 	append_little(bytes, 2835, 4);
-	append_little(bytes, 0, 8);
+	append_little(bytes, 0, 4);
+	append_little(bytes, 0, 4);
 	return bytes;
 }
 

@@ -1,0 +1,177 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <gtest/gtest.h>
+
+#include <Bitmap.h>
+#include <Button.h>
+#include <Message.h>
+#include <StringView.h>
+
+#include "ScriptedWindow.h"
+#include "WaitFor.h"
+
+
+static const uint32 kPressed = 'prsd';
+
+
+TEST(ControlTest, Invoke_SendsACopyToTheWindow)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BMessage* message = new BMessage(kPressed);
+	message->AddInt32("number", 7);
+	BButton* button = new BButton("button", "Press", message);
+	window->AddChild(button);
+	ShowAndWait(window);
+
+	bool isComplete = false;
+	window->onMessage = [&](BMessage* received) {
+		void* source = NULL;
+		isComplete = received->GetInt32("number", 0) == 7 && received->GetInt64("when", 0) > 0
+			&& received->FindPointer("source", &source) == B_OK && source == button
+			&& received->HasInt32("be:value");
+	};
+	EXPECT_EQ(B_OK, button->Invoke());
+	EXPECT_EQ(B_OK, button->Invoke());
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 2;
+	}));
+	EXPECT_EQ(kPressed, window->Received()->front());
+	EXPECT_TRUE(isComplete);
+	EXPECT_FALSE(message->HasInt64("when"));
+}
+
+
+TEST(ControlTest, InvokeWithAMessage_SendsThatOne)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BButton* button = new BButton("button", "Press", new BMessage(kPressed));
+	window->AddChild(button);
+	ShowAndWait(window);
+
+	BMessage other('othr');
+	EXPECT_EQ(B_OK, button->Invoke(&other));
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 1;
+	}));
+	EXPECT_EQ(uint32('othr'), window->Received()->front());
+}
+
+
+TEST(ControlTest, WithoutAMessage_InvokeFails)
+{
+	BButton button("button", "Press", NULL);
+	EXPECT_EQ(B_BAD_VALUE, button.Invoke());
+}
+
+
+TEST(ControlTest, TargetThatWasSet_IsKeptWhenAttached)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	ScriptedWindow* target = new ScriptedWindow;
+	WindowCloser targetCloser(target);
+	BButton* button = new BButton("button", "Press", new BMessage(kPressed));
+	EXPECT_EQ(B_OK, button->SetTarget(target));
+	window->AddChild(button);
+	ShowAndWait(window);
+	ShowAndWait(target);
+
+	EXPECT_EQ(target, button->Target());
+	button->Invoke();
+	EXPECT_TRUE(WaitFor([&] {
+		return target->Received()->size() == 1;
+	}));
+	EXPECT_TRUE(window->Received()->empty());
+}
+
+
+TEST(ControlTest, LabelAndState_AreReadAtOnce)
+{
+	BButton button("button", "a & b", NULL);
+	EXPECT_STREQ("a & b", button.Label());
+	EXPECT_TRUE(button.IsEnabled());
+	button.SetLabel("c \xff");
+	button.SetEnabled(false);
+	EXPECT_STREQ("c \xff", button.Label());
+	EXPECT_FALSE(button.IsEnabled());
+	button.SetLabel(NULL);
+	EXPECT_STREQ("", button.Label());
+}
+
+
+TEST(ButtonTest, LongerLabel_IsWider_AndNoButtonGrowsBeyondItsSize)
+{
+	BButton button("button", "A", NULL);
+	button.SetLabel("A label that is a good deal longer than that");
+	const BSize longSize = button.PreferredSize();
+	EXPECT_GT(longSize.width, button.StringWidth(button.Label()));
+	EXPECT_EQ(longSize, button.MaxSize());
+	EXPECT_EQ(longSize, button.MinSize());
+}
+
+
+TEST(ButtonTest, Icon_IsCopiedAndTakesRoom)
+{
+	BButton button("button", "", NULL);
+	const BSize before = button.PreferredSize();
+	BBitmap* icon = new BBitmap(BRect(0, 0, 23, 23), B_RGBA32);
+	EXPECT_EQ(B_OK, button.SetIcon(icon, 0));
+	delete icon;
+	const BSize after = button.PreferredSize();
+	EXPECT_GT(after.height, before.height);
+	EXPECT_EQ(B_OK, button.SetIcon(NULL));
+
+	const BBitmap nothing(BRect(), B_RGBA32);
+	EXPECT_NE(B_OK, button.SetIcon(&nothing));
+}
+
+
+TEST(StringViewTest, Text_IsReadAtOnceAndMeasured)
+{
+	BStringView view("view", "short");
+	EXPECT_STREQ("short", view.Text());
+	const BSize before = view.PreferredSize();
+	view.SetText("a text that is not so short");
+	EXPECT_STREQ("a text that is not so short", view.Text());
+	EXPECT_GT(view.PreferredSize().width, before.width);
+	EXPECT_GE(view.PreferredSize().width + 1, view.StringWidth(view.Text()));
+	view.SetText(NULL);
+	EXPECT_STREQ("", view.Text());
+	EXPECT_FLOAT_EQ(before.height, view.PreferredSize().height);
+}
+
+
+TEST(StringViewTest, Height_IsThatOfOneLine_WhateverTheText)
+{
+	BStringView view("view", "one");
+	const float height = view.PreferredSize().height;
+	view.SetText("one\ntwo\r\nthree <br> &amp;");
+	EXPECT_FLOAT_EQ(height, view.PreferredSize().height);
+	EXPECT_FLOAT_EQ(height, view.MaxSize().height);
+	EXPECT_FLOAT_EQ(B_SIZE_UNLIMITED, view.MaxSize().width);
+}
+
+
+TEST(StringViewTest, Truncation_LetsTheViewBeNarrower)
+{
+	BStringView view("view", "a text that may be cut");
+	EXPECT_FLOAT_EQ(view.PreferredSize().width, view.MinSize().width);
+	view.SetTruncation(B_TRUNCATE_END);
+	EXPECT_EQ(uint32(B_TRUNCATE_END), view.Truncation());
+	EXPECT_LT(view.MinSize().width, 10);
+	EXPECT_STREQ("a text that may be cut", view.Text());
+}
+
+
+TEST(StringViewTest, LargerFont_IsMeasured)
+{
+	BStringView view("view", "text");
+	const BSize before = view.PreferredSize();
+	view.SetFontSize(40);
+	EXPECT_GT(view.PreferredSize().height, before.height);
+	EXPECT_GT(view.PreferredSize().width, before.width);
+}

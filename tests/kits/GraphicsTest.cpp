@@ -1,0 +1,174 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <cmath>
+#include <cstring>
+
+#include <gtest/gtest.h>
+
+#include <Bitmap.h>
+#include <Font.h>
+#include <InterfaceDefs.h>
+#include <Rect.h>
+#include <String.h>
+
+
+TEST(RectTest, Edges_AreIncluded)
+{
+	const BRect rect(0, 0, 15, 15);
+	EXPECT_FLOAT_EQ(15, rect.Width());
+	EXPECT_TRUE(rect.Contains(BPoint(15, 15)));
+	EXPECT_FALSE(rect.Contains(BPoint(16, 15)));
+	EXPECT_FALSE(BRect().IsValid());
+	EXPECT_TRUE(BRect(3, 3, 3, 3).IsValid());
+}
+
+
+TEST(RectTest, MovingAndInsetting)
+{
+	const BRect rect(10, 20, 30, 50);
+	EXPECT_EQ(BRect(11, 22, 29, 48), rect.InsetByCopy(1, 2));
+	EXPECT_EQ(BRect(15, 26, 35, 56), rect.OffsetByCopy(5, 6));
+	EXPECT_EQ(BRect(0, 0, 20, 30), rect.OffsetToCopy(0, 0));
+	EXPECT_EQ(BRect(BPoint(10, 20), BSize(20, 30)), rect);
+}
+
+
+TEST(RectTest, UnionAndIntersection)
+{
+	const BRect first(0, 0, 10, 10);
+	const BRect second(5, 6, 20, 8);
+	EXPECT_EQ(BRect(5, 6, 10, 8), first & second);
+	EXPECT_EQ(BRect(0, 0, 20, 10), first | second);
+	EXPECT_TRUE(first.Intersects(second));
+	EXPECT_FALSE(first.Intersects(BRect(11, 0, 12, 1)));
+}
+
+
+TEST(SizeTest, Unset_IsKnown)
+{
+	const BSize size(B_SIZE_UNSET, 4);
+	EXPECT_FALSE(size.IsWidthSet());
+	EXPECT_TRUE(size.IsHeightSet());
+}
+
+
+TEST(ColorTest, Tints_GoFromWhiteToBlack)
+{
+	const rgb_color color = make_color(100, 150, 200);
+	EXPECT_EQ(make_color(255, 255, 255), tint_color(color, B_LIGHTEN_MAX_TINT));
+	EXPECT_EQ(color, tint_color(color, B_NO_TINT));
+	EXPECT_EQ(make_color(0, 0, 0), tint_color(color, B_DARKEN_MAX_TINT));
+	EXPECT_EQ(make_color(70, 105, 141), tint_color(color, B_DARKEN_2_TINT));
+	EXPECT_EQ(7, tint_color(make_color(1, 2, 3, 7), B_DARKEN_1_TINT).alpha);
+}
+
+
+TEST(ColorTest, SystemColors_AreTheDefaultOnes)
+{
+	EXPECT_EQ(make_color(216, 216, 216), ui_color(B_PANEL_BACKGROUND_COLOR));
+	EXPECT_EQ(make_color(255, 255, 255), ui_color(B_LIST_BACKGROUND_COLOR));
+	EXPECT_EQ(make_color(190, 190, 190), ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
+	EXPECT_EQ(make_color(0, 0, 0), ui_color(B_LIST_ITEM_TEXT_COLOR));
+	EXPECT_EQ(make_color(0, 0, 0), ui_color(B_DOCUMENT_TEXT_COLOR));
+}
+
+
+TEST(FontTest, BoldAndLarger_AreWider)
+{
+	EXPECT_GT(be_bold_font->StringWidth("Users Online"),
+		be_plain_font->StringWidth("Users Online"));
+	BFont large(be_plain_font);
+	large.SetSize(be_plain_font->Size() * 2);
+	EXPECT_GT(large.StringWidth("a"), be_plain_font->StringWidth("a"));
+	EXPECT_FLOAT_EQ(0, be_plain_font->StringWidth(NULL));
+	EXPECT_EQ(*be_plain_font, BFont());
+	EXPECT_NE(*be_plain_font, large);
+}
+
+
+TEST(FontTest, Height_IsInWholePixels)
+{
+	font_height height;
+	be_plain_font->GetHeight(&height);
+	EXPECT_FLOAT_EQ(std::floor(height.ascent), height.ascent);
+	EXPECT_FLOAT_EQ(std::floor(height.descent), height.descent);
+	EXPECT_GE(height.ascent + height.descent, be_plain_font->Size());
+	EXPECT_GE(height.leading, 0);
+}
+
+
+TEST(FontTest, InvalidBytes_HaveAWidth)
+{
+	EXPECT_GT(be_plain_font->StringWidth("a\xff"), be_plain_font->StringWidth("a"));
+	EXPECT_FLOAT_EQ(be_plain_font->StringWidth("\xef\xbf\xbd\xef\xbf\xbd"),
+		be_plain_font->StringWidth("\xe2\x82"));
+}
+
+
+TEST(FontTest, TruncatedString_FitsAndSaysSo)
+{
+	const BString whole("A description that is much too long");
+	BString cut(whole);
+	be_plain_font->TruncateString(&cut, B_TRUNCATE_END, 100);
+	EXPECT_LE(be_plain_font->StringWidth(cut.String()), 100);
+	EXPECT_TRUE(cut.EndsWith("…"));
+	EXPECT_TRUE(cut.StartsWith("A desc"));
+
+	cut = whole;
+	be_plain_font->TruncateString(&cut, B_TRUNCATE_BEGINNING, 100);
+	EXPECT_TRUE(cut.EndsWith("too long"));
+
+	BString fitting("\xff short");
+	be_plain_font->TruncateString(&fitting, B_TRUNCATE_END, 1000);
+	EXPECT_STREQ("\xff short", fitting.String());
+}
+
+
+TEST(BitmapTest, NewBitmap_IsAllZero)
+{
+	const BBitmap bitmap(BRect(0, 0, 2, 1), B_RGBA32);
+	ASSERT_TRUE(bitmap.IsValid());
+	EXPECT_EQ(BRect(0, 0, 2, 1), bitmap.Bounds());
+	EXPECT_EQ(12, bitmap.BytesPerRow());
+	EXPECT_EQ(24, bitmap.BitsLength());
+	EXPECT_EQ(B_RGBA32, bitmap.ColorSpace());
+	const uint8* bits = static_cast<const uint8*>(bitmap.Bits());
+	for (int32 i = 0; i < bitmap.BitsLength(); i++)
+		EXPECT_EQ(0, bits[i]);
+}
+
+
+TEST(BitmapTest, BadBounds_AreNotValid)
+{
+	EXPECT_FALSE(BBitmap(BRect(), B_RGBA32).IsValid());
+	EXPECT_FALSE(BBitmap(BRect(0, 0, 3, 3), 0, B_NO_COLOR_SPACE).IsValid());
+	EXPECT_TRUE(BBitmap(BRect(0, 0, 3, 3), 0, B_RGB32).IsValid());
+}
+
+
+TEST(BitmapTest, ImportedBits_AreCopiedWithinTheBitmap)
+{
+	BBitmap bitmap(BRect(0, 0, 1, 0), B_RGBA32);
+	const uint8 pixels[12] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
+	EXPECT_EQ(B_OK, bitmap.ImportBits(pixels, 12, 8, 0, B_RGBA32));
+	EXPECT_EQ(0, memcmp(bitmap.Bits(), pixels, 8));
+	EXPECT_EQ(B_OK, bitmap.ImportBits(pixels + 8, 4, 8, 4, B_RGBA32));
+	EXPECT_EQ(9, static_cast<const uint8*>(bitmap.Bits())[4]);
+
+	EXPECT_NE(B_OK, bitmap.ImportBits(pixels, 4, 8, 9, B_RGBA32));
+	EXPECT_NE(B_OK, bitmap.ImportBits(pixels, 4, 8, -1, B_RGBA32));
+	EXPECT_NE(B_OK, bitmap.ImportBits(NULL, 4, 8, 0, B_RGBA32));
+	EXPECT_NE(B_OK, bitmap.ImportBits(pixels, 4, 8, 0, B_RGB32));
+}
+
+
+TEST(BitmapTest, Copy_IsIndependent)
+{
+	BBitmap original(BRect(0, 0, 0, 0), B_RGBA32);
+	const BBitmap copy(original);
+	const uint8 pixel[4] = {1, 2, 3, 4};
+	original.ImportBits(pixel, 4, 4, 0, B_RGBA32);
+	EXPECT_EQ(0, static_cast<const uint8*>(copy.Bits())[0]);
+}

@@ -1,0 +1,196 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+#include <Button.h>
+#include <GroupView.h>
+#include <LayoutBuilder.h>
+#include <SeparatorView.h>
+#include <StringView.h>
+
+#include "ScriptedWindow.h"
+#include "WaitFor.h"
+
+
+namespace {
+
+
+/*!	A view without any size of its own. */
+class Box : public BView {
+public:
+	explicit Box(const char* name = "box")
+		: BView(name, B_WILL_DRAW)
+	{
+	}
+};
+
+
+/*!	Gives the window its size, and its views theirs. */
+void
+LayOut(BWindow* window, float width, float height)
+{
+	window->Layout(false);
+	window->ResizeTo(width, height);
+	window->Layout(true);
+}
+
+
+} // namespace
+
+
+TEST(LayoutTest, Views_ShareTheSpaceByTheirWeights)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	Box* small = new Box;
+	Box* large = new Box;
+	BLayoutBuilder::Group<>(window, B_HORIZONTAL, 0).Add(small, 1).Add(large, 3);
+	for (const float width : {399.0f, 799.0f}) {
+		SCOPED_TRACE(width);
+		LayOut(window, width, 99);
+		const float quarter = (width + 1) / 4;
+		EXPECT_EQ(BRect(0, 0, quarter - 1, 99), small->Frame());
+		EXPECT_EQ(BRect(quarter, 0, width, 99), large->Frame());
+	}
+}
+
+
+TEST(LayoutTest, SpacingAndInsets_AreInPixels)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	Box* first = new Box;
+	Box* second = new Box;
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 10).SetInsets(1, 2, 3, 4).Add(first).Add(second);
+	LayOut(window, 99, 115);
+	EXPECT_EQ(BRect(1, 2, 96, 51), first->Frame());
+	EXPECT_EQ(BRect(1, 62, 96, 111), second->Frame());
+}
+
+
+TEST(LayoutTest, NamedSpacings_FollowTheFontsSize)
+{
+	const float standard = BGroupLayout(B_VERTICAL, B_USE_DEFAULT_SPACING).Spacing();
+	EXPECT_FLOAT_EQ(std::ceil(be_plain_font->Size() * 0.85f), standard);
+	EXPECT_FLOAT_EQ(std::ceil(standard / 2),
+		BGroupLayout(B_VERTICAL, B_USE_HALF_ITEM_SPACING).Spacing());
+	EXPECT_FLOAT_EQ(std::ceil(standard * 0.7f),
+		BGroupLayout(B_VERTICAL, B_USE_SMALL_SPACING).Spacing());
+	EXPECT_FLOAT_EQ(0, BGroupLayout(B_VERTICAL, 0).Spacing());
+}
+
+
+TEST(LayoutTest, LabelRow_TakesNoMoreThanItsHeight)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	Box* list = new Box;
+	BStringView* label = new BStringView("label", "12 users online");
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
+		.Add(list, 1.0f)
+		.AddGroup(B_HORIZONTAL, 0, 1.0f)
+		.Add(label)
+		.AddGlue(1.0f);
+	for (const float height : {199.0f, 599.0f}) {
+		SCOPED_TRACE(height);
+		LayOut(window, 219, height);
+		EXPECT_FLOAT_EQ(label->PreferredSize().height, label->Frame().Height());
+		EXPECT_FLOAT_EQ(height, label->Frame().bottom);
+		EXPECT_FLOAT_EQ(0, label->Frame().left);
+		EXPECT_FLOAT_EQ(label->Frame().top - 1, list->Frame().bottom);
+	}
+}
+
+
+TEST(LayoutTest, Glue_PushesButtonsToTheRight)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BButton* cancel = new BButton("cancel", "Cancel", NULL);
+	BButton* ok = new BButton("ok", "OK", NULL);
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
+		.Add(new Box)
+		.AddGroup(B_HORIZONTAL, 5)
+		.AddGlue()
+		.Add(cancel)
+		.Add(ok)
+		.End()
+		.AddStrut(7);
+	for (const float width : {399.0f, 699.0f}) {
+		SCOPED_TRACE(width);
+		LayOut(window, width, 299);
+		EXPECT_FLOAT_EQ(width, ok->Frame().right);
+		EXPECT_FLOAT_EQ(ok->Frame().left - 6, cancel->Frame().right);
+		EXPECT_FLOAT_EQ(ok->PreferredSize().width, ok->Frame().Width());
+		// A strut of 7 covers 8 pixels, as a view of that height does.
+		EXPECT_FLOAT_EQ(299 - 8, ok->Frame().bottom);
+	}
+}
+
+
+TEST(LayoutTest, ViewSmallerThanItsPlace_StandsByItsAlignment)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	Box* view = new Box;
+	view->SetExplicitSize(BSize(19, 9));
+	BLayoutBuilder::Group<>(window, B_HORIZONTAL, 0).Add(view).Add(new Box);
+	LayOut(window, 199, 99);
+	EXPECT_EQ(BRect(0, 45, 19, 54), view->Frame());
+
+	view->SetExplicitAlignment(BAlignment(B_ALIGN_LEFT, B_ALIGN_TOP));
+	window->Layout(true);
+	EXPECT_EQ(BRect(0, 0, 19, 9), view->Frame());
+	view->SetExplicitAlignment(BAlignment(B_ALIGN_RIGHT, B_ALIGN_BOTTOM));
+	window->Layout(true);
+	EXPECT_EQ(BRect(0, 90, 19, 99), view->Frame());
+}
+
+
+TEST(LayoutTest, GroupView_LaysItsOwnChildrenOut)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	Box* left = new Box("left");
+	Box* right = new Box("right");
+	BView* group = BLayoutBuilder::Group<>(B_HORIZONTAL, 0).Add(left).Add(right).View();
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).SetInsets(10).Add(group);
+	window->ResizeTo(119, 39);
+	window->Show();
+	EXPECT_TRUE(WaitFor([&] {
+		return group->Frame() == BRect(10, 10, 109, 29);
+	}));
+	EXPECT_EQ(BRect(0, 0, 49, 19), left->Frame());
+	EXPECT_EQ(BRect(50, 0, 99, 19), right->Frame());
+	EXPECT_EQ(right, window->FindView("right"));
+}
+
+
+TEST(LayoutTest, RemovedView_LeavesItsPlaceToTheOthers)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	Box* first = new Box;
+	Box* second = new Box;
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).Add(first).Add(second);
+	LayOut(window, 99, 99);
+	EXPECT_EQ(BRect(0, 50, 99, 99), second->Frame());
+
+	delete first;
+	window->Layout(true);
+	EXPECT_EQ(BRect(0, 0, 99, 99), second->Frame());
+}
+
+
+TEST(SeparatorViewTest, Line_IsThinAcrossAndUnlimitedAlong)
+{
+	BSeparatorView horizontal(B_HORIZONTAL, B_PLAIN_BORDER);
+	EXPECT_EQ(BSize(B_SIZE_UNLIMITED, 0), horizontal.MaxSize());
+	BSeparatorView vertical(B_VERTICAL, B_FANCY_BORDER);
+	EXPECT_EQ(BSize(1, B_SIZE_UNLIMITED), vertical.MaxSize());
+	EXPECT_EQ(BSize(1, 1), vertical.MinSize());
+}

@@ -1,0 +1,160 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <gtest/gtest.h>
+
+#include <Menu.h>
+#include <MenuBar.h>
+#include <MenuItem.h>
+#include <Message.h>
+
+#include "ScriptedWindow.h"
+#include "WaitFor.h"
+
+
+static const uint32 kOpen = 'open';
+
+
+/*!	As the user does it. */
+static status_t
+choose(BMenuItem* item)
+{
+	return static_cast<BInvoker*>(item)->Invoke();
+}
+
+
+TEST(MenuTest, Items_AreFoundByPlaceLabelAndCommand)
+{
+	BMenuBar bar("bar");
+	BMenu* menu = new BMenu("Server");
+	BMenuItem* open = new BMenuItem("Open & shut…", new BMessage(kOpen), 'o');
+	EXPECT_TRUE(menu->AddItem(open));
+	EXPECT_TRUE(menu->AddSeparatorItem());
+	EXPECT_TRUE(bar.AddItem(menu));
+
+	EXPECT_EQ(1, bar.CountItems());
+	EXPECT_EQ(2, menu->CountItems());
+	EXPECT_EQ(menu, bar.SubmenuAt(0));
+	EXPECT_STREQ("Server", bar.ItemAt(0)->Label());
+	EXPECT_EQ(bar.ItemAt(0), menu->Superitem());
+	EXPECT_EQ(&bar, menu->Supermenu());
+	EXPECT_EQ(open, bar.FindItem("Open & shut…"));
+	EXPECT_EQ(open, bar.FindItem(kOpen));
+	EXPECT_EQ(NULL, bar.FindItem("Close"));
+	EXPECT_EQ(0, menu->IndexOf(open));
+	EXPECT_EQ(NULL, menu->ItemAt(2));
+	EXPECT_FALSE(bar.AddItem(menu));
+	EXPECT_FALSE(bar.AddItem(open));
+}
+
+
+TEST(MenuTest, Shortcut_IsWithTheCommandKey)
+{
+	uint32 modifiers = 0;
+	const BMenuItem item("Open", new BMessage(kOpen), 'O', B_SHIFT_KEY);
+	EXPECT_EQ('O', item.Shortcut(&modifiers));
+	EXPECT_EQ(uint32(B_COMMAND_KEY | B_SHIFT_KEY), modifiers);
+
+	const BMenuItem plain("Close", NULL);
+	EXPECT_EQ(0, plain.Shortcut(&modifiers));
+	EXPECT_EQ(0u, modifiers);
+}
+
+
+TEST(MenuTest, ChosenItem_SendsItsMessageToTheWindow)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BMenuBar* bar = new BMenuBar("bar");
+	BMenu* menu = new BMenu("Server");
+	menu->AddSeparatorItem();
+	BMenuItem* item = new BMenuItem("Open", new BMessage(kOpen));
+	menu->AddItem(item);
+	bar->AddItem(menu);
+	window->AddChild(bar);
+	BMenuItem* later = new BMenuItem("Later", new BMessage('late'));
+	menu->AddItem(later);
+	ShowAndWait(window);
+
+	int32 index = -1;
+	window->onMessage = [&](BMessage* message) {
+		index = message->GetInt32("index", -1);
+	};
+	EXPECT_EQ(B_OK, choose(item));
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 1;
+	}));
+	EXPECT_EQ(kOpen, window->Received()->front());
+	EXPECT_EQ(1, index);
+
+	EXPECT_EQ(B_OK, choose(later));
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 2;
+	}));
+	EXPECT_EQ(2, index);
+}
+
+
+TEST(MenuTest, QuitItem_AsksTheWindow)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	const BMessenger messenger(window);
+	bool wasAsked = false;
+	BMenuBar* bar = new BMenuBar("bar");
+	BMenu* menu = new BMenu("Server");
+	BMenuItem* quit = new BMenuItem("Quit", new BMessage(B_QUIT_REQUESTED), 'Q');
+	menu->AddItem(quit);
+	bar->AddItem(menu);
+	window->AddChild(bar);
+	ShowAndWait(window);
+	window->onQuitRequested = [&] {
+		wasAsked = true;
+		return true;
+	};
+
+	choose(quit);
+	EXPECT_TRUE(WaitFor([&] {
+		return !IsAlive(messenger);
+	}));
+	EXPECT_TRUE(wasAsked);
+}
+
+
+TEST(MenuTest, ItemWithATarget_KeepsIt)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	ScriptedWindow* target = new ScriptedWindow;
+	WindowCloser targetCloser(target);
+	BMenuBar* bar = new BMenuBar("bar");
+	BMenu* menu = new BMenu("Server");
+	BMenuItem* item = new BMenuItem("Open", new BMessage(kOpen));
+	item->SetTarget(target);
+	menu->AddItem(item);
+	bar->AddItem(menu);
+	window->AddChild(bar);
+	EXPECT_EQ(target, item->Target());
+}
+
+
+TEST(MenuTest, ItemsState_IsReadAtOnce)
+{
+	BMenuItem item("Open", NULL);
+	EXPECT_TRUE(item.IsEnabled());
+	item.SetEnabled(false);
+	EXPECT_FALSE(item.IsEnabled());
+	item.SetLabel("Shut");
+	EXPECT_STREQ("Shut", item.Label());
+	EXPECT_EQ(B_BAD_VALUE, choose(&item));
+}
+
+
+TEST(MenuBarTest, Height_IsNeverMoreThanItNeeds)
+{
+	BMenuBar bar("bar");
+	bar.AddItem(new BMenu("Server"));
+	EXPECT_FLOAT_EQ(bar.PreferredSize().height, bar.MaxSize().height);
+	EXPECT_FLOAT_EQ(B_SIZE_UNLIMITED, bar.MaxSize().width);
+	EXPECT_GE(bar.MinSize().width, bar.StringWidth("Server"));
+}

@@ -1,0 +1,99 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "ScriptedWindow.h"
+
+#include <gtest/gtest.h>
+
+#include "WaitFor.h"
+
+
+ScriptedWindow::ScriptedWindow(uint32 flags)
+	: BWindow(BRect(100, 100, 399, 299), "Scripted", B_TITLED_WINDOW, flags),
+	  fReceived(std::make_shared<std::vector<uint32>>())
+{
+}
+
+
+ScriptedWindow::~ScriptedWindow()
+{
+	if (onDestroy)
+		onDestroy();
+}
+
+
+void
+ScriptedWindow::MessageReceived(BMessage* message)
+{
+	fReceived->push_back(message->what);
+	if (onMessage)
+		onMessage(message);
+}
+
+
+bool
+ScriptedWindow::QuitRequested()
+{
+	return onQuitRequested ? onQuitRequested() : true;
+}
+
+
+// #pragma mark - WindowCloser
+
+
+WindowCloser::WindowCloser(BWindow* window)
+	: fWindow(window),
+	  fMessenger(window)
+{
+}
+
+
+WindowCloser::~WindowCloser()
+{
+	if (IsAlive(fMessenger) && fWindow->Lock())
+		fWindow->Quit();
+}
+
+
+// #pragma mark -
+
+
+bool
+IsAlive(const BMessenger& window)
+{
+	return window.IsValid();
+}
+
+
+void
+ShowAndWait(ScriptedWindow* window)
+{
+	const std::shared_ptr<std::vector<uint32>> received = window->Received();
+	window->Show();
+	ASSERT_EQ(B_OK, window->PostMessage('here'));
+	ASSERT_TRUE(WaitFor([&] {
+		return !received->empty();
+	}));
+	received->clear();
+}
+
+
+static status_t
+run_function(void* data)
+{
+	const std::unique_ptr<std::function<void()>> function(
+		static_cast<std::function<void()>*>(data));
+	(*function)();
+	return B_OK;
+}
+
+
+thread_id
+RunInThread(std::function<void()> function)
+{
+	const thread_id thread = spawn_thread(run_function, "test", B_NORMAL_PRIORITY,
+		new std::function<void()>(std::move(function)));
+	resume_thread(thread);
+	return thread;
+}

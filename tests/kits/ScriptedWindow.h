@@ -1,0 +1,61 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef SCRIPTED_WINDOW_H
+#define SCRIPTED_WINDOW_H
+
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include <Messenger.h>
+#include <OS.h>
+#include <Window.h>
+
+
+/*!	A window whose messages and end are given by the test, and which notes the codes that it received. */
+class ScriptedWindow : public BWindow {
+public:
+	explicit ScriptedWindow(uint32 flags = B_AUTO_UPDATE_SIZE_LIMITS);
+	~ScriptedWindow() override;
+
+	void MessageReceived(BMessage* message) override;
+	bool QuitRequested() override;
+
+	std::function<void(BMessage*)> onMessage;
+	std::function<bool()> onQuitRequested;
+	std::function<void()> onDestroy;
+
+	// Outlives the window.
+	std::shared_ptr<std::vector<uint32>> Received() const { return fReceived; }
+
+private:
+	std::shared_ptr<std::vector<uint32>> fReceived;
+};
+
+
+/*!	Closes a window at the end of a test, if it is still there. */
+class WindowCloser {
+public:
+	explicit WindowCloser(BWindow* window);
+	~WindowCloser();
+
+private:
+	BWindow* fWindow;
+	BMessenger fMessenger;
+};
+
+
+/*!	Whether the window is there and can be posted to. */
+bool IsAlive(const BMessenger& window);
+
+/*!	Shows the window and waits until it has taken a message. */
+void ShowAndWait(ScriptedWindow* window);
+
+/*!	Runs a function on a thread of its own, which starts at once. */
+thread_id RunInThread(std::function<void()> function);
+
+
+#endif // SCRIPTED_WINDOW_H

@@ -1,0 +1,354 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <atomic>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <Application.h>
+#include <Message.h>
+#include <MessageRunner.h>
+#include <Messenger.h>
+#include <OS.h>
+
+#include "ScriptedWindow.h"
+#include "WaitFor.h"
+
+
+static const uint32 kPing = 'ping';
+static const uint32 kPong = 'pong';
+static const uint32 kWait = 'wait';
+
+
+TEST(WindowLooperTest, BeforeShow_NothingIsDelivered)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	ScriptedWindow* other = new ScriptedWindow;
+	WindowCloser otherCloser(other);
+	EXPECT_EQ(B_OK, window->PostMessage(kPing));
+
+	ShowAndWait(other);
+	EXPECT_TRUE(window->Received()->empty());
+
+	window->Show();
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 1;
+	}));
+}
+
+
+TEST(WindowLooperTest, PostedMessages_ArriveInOrder)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	window->Show();
+	for (uint32 code = 1; code <= 1000; code++)
+		window->PostMessage(code);
+
+	ASSERT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 1000;
+	}));
+	for (uint32 code = 1; code <= 1000; code++)
+		EXPECT_EQ(code, (*window->Received())[code - 1]);
+}
+
+
+TEST(WindowLooperTest, PostFromTheOwnHandler_ComesAfterTheTurnOfOthers)
+{
+	std::string order;
+	ScriptedWindow* first = new ScriptedWindow;
+	WindowCloser firstCloser(first);
+	ScriptedWindow* second = new ScriptedWindow;
+	WindowCloser secondCloser(second);
+	ShowAndWait(first);
+	ShowAndWait(second);
+	first->onMessage = [&](BMessage* message) {
+		order += message->what == kPing ? "a" : "c";
+		if (message->what == kPing)
+			first->PostMessage(kPong);
+	};
+	second->onMessage = [&](BMessage*) {
+		order += "b";
+	};
+
+	first->PostMessage(kPing);
+	second->PostMessage(kPing);
+	EXPECT_TRUE(WaitFor([&] {
+		return order.size() == 3;
+	}));
+	EXPECT_EQ("abc", order);
+}
+
+
+TEST(WindowLooperTest, WaitingHandler_IsNotEnteredAgainWhileOthersAreServed)
+{
+	std::atomic<bool> released(false);
+	bool isInside = false;
+	bool wasEnteredAgain = false;
+	ScriptedWindow* waiting = new ScriptedWindow;
+	WindowCloser closer(waiting);
+	ScriptedWindow* other = new ScriptedWindow;
+	WindowCloser otherCloser(other);
+	ShowAndWait(waiting);
+	ShowAndWait(other);
+
+	waiting->onMessage = [&](BMessage* message) {
+		wasEnteredAgain = wasEnteredAgain || isInside;
+		isInside = true;
+		if (message->what == kWait) {
+			const thread_id thread = RunInThread([&] {
+				while (!released)
+					snooze(1000);
+			});
+			status_t result;
+			wait_for_thread(thread, &result);
+		}
+		isInside = false;
+	};
+	other->onMessage = [&](BMessage*) {
+		EXPECT_TRUE(isInside);
+		released = true;
+	};
+
+	waiting->PostMessage(kWait);
+	waiting->PostMessage(kPing);
+	other->PostMessage(kPing);
+	EXPECT_TRUE(WaitFor([&] {
+		return waiting->Received()->size() == 2;
+	}));
+	EXPECT_FALSE(wasEnteredAgain);
+}
+
+
+TEST(WindowLooperTest, QuitRequest_IsRefusedAndThenAccepted)
+{
+	int asked = 0;
+	ScriptedWindow* window = new ScriptedWindow;
+	const BMessenger messenger(window);
+	ShowAndWait(window);
+	window->onQuitRequested = [&] {
+		return ++asked == 2;
+	};
+
+	window->PostMessage(B_QUIT_REQUESTED);
+	EXPECT_TRUE(WaitFor([&] {
+		return asked == 1;
+	}));
+	EXPECT_TRUE(IsAlive(messenger));
+
+	window->PostMessage(B_QUIT_REQUESTED);
+	EXPECT_TRUE(WaitFor([&] {
+		return !IsAlive(messenger);
+	}));
+	EXPECT_EQ(2, asked);
+}
+
+
+TEST(WindowLooperTest, QuitInTheOwnHandler_DeletesTheWindowWhenTheHandlerIsLeft)
+{
+	std::string order;
+	ScriptedWindow* window = new ScriptedWindow;
+	ShowAndWait(window);
+	window->onDestroy = [&] {
+		order += "d";
+	};
+	window->onMessage = [&](BMessage*) {
+		window->Quit();
+		EXPECT_NE(B_OK, window->PostMessage(kPing));
+		order += "h";
+	};
+
+	window->PostMessage(kPing);
+	EXPECT_TRUE(WaitFor([&] {
+		return order.size() == 2;
+	}));
+	EXPECT_EQ("hd", order);
+}
+
+
+TEST(WindowLooperTest, WindowThatIsGone_CannotBeLockedOrPostedTo)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	ShowAndWait(window);
+	ASSERT_TRUE(window->Lock());
+	window->Quit();
+
+	EXPECT_FALSE(window->Lock());
+	EXPECT_NE(B_OK, window->PostMessage(kPing));
+	EXPECT_NE(B_OK, window->PostMessage(B_QUIT_REQUESTED));
+}
+
+
+TEST(WindowLooperTest, LockOnAnotherThread_Fails)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	ShowAndWait(window);
+
+	std::atomic<int> result(-1);
+	RunInThread([&] {
+		result = window->Lock() ? 1 : 0;
+	});
+	EXPECT_TRUE(WaitFor([&] {
+		return result >= 0;
+	}));
+	EXPECT_EQ(0, result);
+}
+
+
+TEST(WindowLooperTest, QuittingWindow_TakesNoMessagesAndServesOthersWhileItWaits)
+{
+	std::atomic<bool> released(false);
+	ScriptedWindow* dying = new ScriptedWindow;
+	const BMessenger messenger(dying);
+	const std::shared_ptr<std::vector<uint32>> received = dying->Received();
+	ScriptedWindow* other = new ScriptedWindow;
+	WindowCloser closer(other);
+	ShowAndWait(dying);
+	ShowAndWait(other);
+	dying->onDestroy = [&] {
+		const thread_id thread = RunInThread([&] {
+			while (!released)
+				snooze(1000);
+		});
+		status_t result;
+		wait_for_thread(thread, &result);
+	};
+	other->onMessage = [&](BMessage*) {
+		EXPECT_TRUE(dying->IsHidden());
+		EXPECT_FALSE(dying->Lock());
+		EXPECT_NE(B_OK, messenger.SendMessage(kPing));
+		released = true;
+	};
+
+	dying->PostMessage(B_QUIT_REQUESTED);
+	dying->PostMessage(kPing);
+	other->PostMessage(kPing);
+	EXPECT_TRUE(WaitFor([&] {
+		return !IsAlive(messenger) && released;
+	}));
+	EXPECT_TRUE(received->empty());
+}
+
+
+TEST(WindowLooperTest, QuitByAnother_WhileAHandlerWaits_WaitsForTheHandler)
+{
+	std::atomic<bool> released(false);
+	std::string order;
+	ScriptedWindow* waiting = new ScriptedWindow;
+	ScriptedWindow* other = new ScriptedWindow;
+	WindowCloser closer(other);
+	ShowAndWait(waiting);
+	ShowAndWait(other);
+	waiting->onMessage = [&](BMessage*) {
+		const thread_id thread = RunInThread([&] {
+			while (!released)
+				snooze(1000);
+		});
+		status_t result;
+		wait_for_thread(thread, &result);
+		order += "h";
+	};
+	waiting->onDestroy = [&] {
+		order += "d";
+	};
+	other->onMessage = [&](BMessage*) {
+		ASSERT_TRUE(waiting->Lock());
+		waiting->Quit();
+		EXPECT_FALSE(waiting->Lock());
+		order += "q";
+		released = true;
+	};
+
+	waiting->PostMessage(kWait);
+	other->PostMessage(kPing);
+	EXPECT_TRUE(WaitFor([&] {
+		return order.size() == 3;
+	}));
+	EXPECT_EQ("qhd", order);
+}
+
+
+TEST(WindowLooperTest, FloodInOneWindow_LeavesOthersAndATimerServed)
+{
+	std::atomic<bool> stopped(false);
+	ScriptedWindow* flooded = new ScriptedWindow;
+	WindowCloser closer(flooded);
+	ScriptedWindow* other = new ScriptedWindow;
+	WindowCloser otherCloser(other);
+	ShowAndWait(flooded);
+	ShowAndWait(other);
+	const thread_id thread = RunInThread([&] {
+		while (!stopped && flooded->PostMessage(kPing) == B_OK)
+			continue;
+	});
+	ASSERT_TRUE(WaitFor([&] {
+		return flooded->Received()->size() > 1000;
+	}));
+
+	const BMessage tick(kPong);
+	const BMessageRunner runner(BMessenger(other), &tick, 10000);
+	EXPECT_TRUE(WaitFor([&] {
+		return other->Received()->size() >= 5;
+	}));
+
+	stopped = true;
+	status_t result;
+	wait_for_thread(thread, &result);
+}
+
+
+TEST(WindowLooperTest, FiftyThreadsPostWhileWindowsComeAndGo_NothingGoesAstray)
+{
+	std::atomic<BWindow*> target(NULL);
+	std::atomic<bool> stopped(false);
+	std::atomic<int> running(50);
+	for (int i = 0; i < 50; i++) {
+		RunInThread([&] {
+			while (!stopped) {
+				BWindow* window = target;
+				if (window == NULL || window->PostMessage(kPing) != B_OK)
+					snooze(100);
+			}
+			running--;
+		});
+	}
+
+	for (int i = 0; i < 30; i++) {
+		ScriptedWindow* window = new ScriptedWindow;
+		const BMessenger messenger(window);
+		const std::shared_ptr<std::vector<uint32>> received = window->Received();
+		window->Show();
+		target = window;
+		EXPECT_TRUE(WaitFor([&] {
+			return received->size() >= 20;
+		}));
+		EXPECT_TRUE(window->Lock());
+		window->Quit();
+		EXPECT_FALSE(IsAlive(messenger));
+	}
+
+	stopped = true;
+	EXPECT_TRUE(WaitFor([&] {
+		return running == 0;
+	}));
+}
+
+
+TEST(WindowLooperTest, MessengerOfAWindow_IsNotTakenInByItsAddressUsedAgain)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	const BMessenger messenger(window);
+	window->Quit();
+	EXPECT_FALSE(messenger.IsValid());
+
+	// Sooner or later one of them stands where the first one was.
+	for (int i = 0; i < 50; i++) {
+		ScriptedWindow* next = new ScriptedWindow;
+		EXPECT_NE(B_OK, messenger.SendMessage(kPing));
+		next->Quit();
+	}
+}

@@ -1,0 +1,318 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <gtest/gtest.h>
+
+#include <Application.h>
+#include <Button.h>
+#include <LayoutBuilder.h>
+#include <Message.h>
+#include <StringView.h>
+#include <View.h>
+
+#include "ScriptedWindow.h"
+#include "WaitFor.h"
+
+
+namespace {
+
+
+/*!	A view whose sizes the test sets. */
+class SizedView : public BView {
+public:
+	SizedView(BSize minSize, BSize maxSize)
+		: BView("sized", B_WILL_DRAW),
+		  fMinSize(minSize),
+		  fMaxSize(maxSize)
+	{
+	}
+
+	BSize MinSize() override { return fMinSize; }
+	BSize MaxSize() override { return fMaxSize; }
+	BSize PreferredSize() override { return fMinSize; }
+
+	void SetSizes(BSize minSize, BSize maxSize)
+	{
+		fMinSize = minSize;
+		fMaxSize = maxSize;
+		InvalidateLayout();
+	}
+
+private:
+	BSize fMinSize;
+	BSize fMaxSize;
+};
+
+
+float
+max_height(BWindow* window)
+{
+	float minWidth, maxWidth, minHeight, maxHeight;
+	window->GetSizeLimits(&minWidth, &maxWidth, &minHeight, &maxHeight);
+	return maxHeight;
+}
+
+
+} // namespace
+
+
+TEST(WindowTest, NewWindow_IsHiddenAndWhereItShallBe)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	EXPECT_TRUE(window->IsHidden());
+	EXPECT_FALSE(window->IsMinimized());
+	EXPECT_FALSE(window->IsActive());
+	EXPECT_EQ(BRect(100, 100, 399, 299), window->Frame());
+	EXPECT_EQ(BRect(0, 0, 299, 199), window->Bounds());
+	EXPECT_STREQ("Scripted", window->Title());
+	EXPECT_EQ(B_TITLED_WINDOW_LOOK, window->Look());
+	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, window->Feel());
+}
+
+
+TEST(WindowTest, ShowAndHide_Nest)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	window->Show();
+	EXPECT_FALSE(window->IsHidden());
+	window->Hide();
+	window->Hide();
+	EXPECT_TRUE(window->IsHidden());
+	window->Show();
+	EXPECT_TRUE(window->IsHidden());
+	window->Show();
+	EXPECT_FALSE(window->IsHidden());
+}
+
+
+TEST(WindowTest, Minimize_IsReadAtOnceAndIgnoredWhileHidden)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	window->Minimize(true);
+	EXPECT_FALSE(window->IsMinimized());
+
+	window->Show();
+	window->Minimize(true);
+	EXPECT_TRUE(window->IsMinimized());
+	window->Minimize(false);
+	EXPECT_FALSE(window->IsMinimized());
+}
+
+
+TEST(WindowTest, ShownThenMinimized_StaysMinimizedAndIsServed)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	window->Show();
+	window->Minimize(true);
+	window->PostMessage('ping');
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 1;
+	}));
+	EXPECT_TRUE(window->IsMinimized());
+	EXPECT_FALSE(window->IsHidden());
+}
+
+
+TEST(WindowTest, Activate_GivesTheFocus)
+{
+	ScriptedWindow* first = new ScriptedWindow;
+	WindowCloser firstCloser(first);
+	ScriptedWindow* second = new ScriptedWindow;
+	WindowCloser secondCloser(second);
+	first->Show();
+	second->Show();
+	second->Activate(true);
+	EXPECT_TRUE(WaitFor([&] {
+		return second->IsActive() && !first->IsActive();
+	}));
+
+	first->Minimize(true);
+	first->Minimize(false);
+	first->Activate(true);
+	EXPECT_TRUE(WaitFor([&] {
+		return first->IsActive() && !second->IsActive();
+	}));
+}
+
+
+TEST(WindowTest, Title_IsReadAtOnce)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	window->SetTitle("Palimbra — a & b [*] \xff");
+	EXPECT_STREQ("Palimbra — a & b [*] \xff", window->Title());
+	window->SetTitle(NULL);
+	EXPECT_STREQ("", window->Title());
+}
+
+
+TEST(WindowTest, Views_AreFoundByNameHoweverDeep)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BView* outer = new BView("outer", B_WILL_DRAW);
+	BView* inner = new BView("inner", B_WILL_DRAW);
+	outer->AddChild(inner);
+	window->AddChild(outer);
+
+	EXPECT_EQ(1, window->CountChildren());
+	EXPECT_EQ(outer, window->ChildAt(0));
+	EXPECT_EQ(NULL, window->ChildAt(1));
+	EXPECT_EQ(inner, window->FindView("inner"));
+	EXPECT_EQ(NULL, window->FindView("nobody"));
+}
+
+
+TEST(WindowTest, MoveToAndResizeTo_ChangeTheFrame)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	window->MoveTo(20, 30);
+	window->ResizeTo(499, 399);
+	EXPECT_EQ(BRect(20, 30, 519, 429), window->Frame());
+}
+
+
+TEST(WindowTest, CenteredWindow_StaysInTheCenterWhenItsSizeChangesBeforeItShows)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	window->CenterOnScreen();
+	const BRect before = window->Frame();
+
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
+		.Add(new SizedView(BSize(499, 299), BSize(499, 299)));
+	window->Layout(false);
+	const BRect after = window->Frame();
+	EXPECT_FLOAT_EQ(499, after.Width());
+	EXPECT_NEAR((before.left + before.right) / 2, (after.left + after.right) / 2, 1);
+	EXPECT_NEAR((before.top + before.bottom) / 2, (after.top + after.bottom) / 2, 1);
+}
+
+
+TEST(WindowTest, SizeLimits_FollowTheLayout)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
+		.Add(new SizedView(BSize(149, 9), BSize(B_SIZE_UNLIMITED, 19)))
+		.Add(new SizedView(BSize(99, 9), BSize(B_SIZE_UNLIMITED, 29)));
+	ShowAndWait(window);
+
+	float minWidth, maxWidth, minHeight, maxHeight;
+	ASSERT_TRUE(WaitFor([&] {
+		return window->Bounds().Height() == 49;
+	}));
+	window->GetSizeLimits(&minWidth, &maxWidth, &minHeight, &maxHeight);
+	EXPECT_FLOAT_EQ(149, minWidth);
+	EXPECT_GE(maxWidth, 10000);
+	EXPECT_FLOAT_EQ(19, minHeight);
+	EXPECT_FLOAT_EQ(49, maxHeight);
+
+	window->ResizeTo(10, 10);
+	EXPECT_EQ(BRect(0, 0, 149, 19), window->Bounds());
+	window->ResizeTo(700, 700);
+	EXPECT_EQ(BRect(0, 0, 700, 49), window->Bounds());
+}
+
+
+TEST(WindowTest, GrowingMinimum_GrowsTheWindow_AndShrinkingMaximum_ShrinksIt)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	SizedView* banner = new SizedView(BSize(0, 0), BSize(B_SIZE_UNLIMITED, 0));
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
+		.Add(banner)
+		.Add(new SizedView(BSize(9, 39), BSize(B_SIZE_UNLIMITED, 39)));
+	ShowAndWait(window);
+	ASSERT_TRUE(WaitFor([&] {
+		return window->Bounds().Height() == 40;
+	}));
+	EXPECT_FLOAT_EQ(0, banner->Frame().Height());
+
+	banner->SetSizes(BSize(800, 60), BSize(B_SIZE_UNLIMITED, 61));
+	banner->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, 60));
+	EXPECT_TRUE(WaitFor([&] {
+		return banner->Frame().Height() == 60;
+	}));
+	EXPECT_GE(banner->Frame().Width(), 800);
+	EXPECT_FLOAT_EQ(100, window->Bounds().Height());
+
+	banner->SetSizes(BSize(0, 0), BSize(B_SIZE_UNLIMITED, 0));
+	banner->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, 0));
+	window->InvalidateLayout();
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Bounds().Height() == 40;
+	}));
+	EXPECT_FLOAT_EQ(0, banner->Frame().Height());
+	EXPECT_FLOAT_EQ(40, max_height(window));
+}
+
+
+TEST(WindowTest, NotResizable_HasOneSizeWithinItsLayout)
+{
+	ScriptedWindow* window = new ScriptedWindow(B_NOT_RESIZABLE | B_AUTO_UPDATE_SIZE_LIMITS);
+	WindowCloser closer(window);
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
+		.Add(new SizedView(BSize(99, 49), BSize(B_SIZE_UNLIMITED, 79)));
+	window->Layout(false);
+
+	float minWidth, maxWidth, minHeight, maxHeight;
+	window->GetSizeLimits(&minWidth, &maxWidth, &minHeight, &maxHeight);
+	EXPECT_FLOAT_EQ(299, minWidth);
+	EXPECT_FLOAT_EQ(299, maxWidth);
+	EXPECT_FLOAT_EQ(79, minHeight);
+	EXPECT_FLOAT_EQ(79, maxHeight);
+	EXPECT_EQ(BRect(0, 0, 299, 79), window->Bounds());
+}
+
+
+TEST(WindowTest, WithoutTheFlag_TheLayoutLimitsNothing)
+{
+	ScriptedWindow* window = new ScriptedWindow(0);
+	WindowCloser closer(window);
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).Add(new SizedView(BSize(399, 9), BSize(399, 9)));
+	ShowAndWait(window);
+	window->Layout(true);
+	EXPECT_EQ(BRect(0, 0, 299, 199), window->Bounds());
+}
+
+
+TEST(WindowTest, DefaultButton_IsOneAtATime)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BButton* first = new BButton("first", "First", NULL);
+	BButton* second = new BButton("second", "Second", NULL);
+	first->MakeDefault(true);
+	window->AddChild(first);
+	window->AddChild(second);
+	EXPECT_EQ(first, window->DefaultButton());
+
+	second->MakeDefault(true);
+	EXPECT_EQ(second, window->DefaultButton());
+	EXPECT_FALSE(first->IsDefault());
+	EXPECT_TRUE(second->IsDefault());
+
+	delete second;
+	EXPECT_EQ(NULL, window->DefaultButton());
+}
+
+
+TEST(WindowTest, Application_KnowsItsWindowsInOrderOfCreation)
+{
+	const int32 before = be_app->CountWindows();
+	ScriptedWindow* first = new ScriptedWindow;
+	WindowCloser firstCloser(first);
+	ScriptedWindow* second = new ScriptedWindow;
+	WindowCloser secondCloser(second);
+	EXPECT_EQ(before + 2, be_app->CountWindows());
+	EXPECT_EQ(first, be_app->WindowAt(before));
+	EXPECT_EQ(second, be_app->WindowAt(before + 1));
+	EXPECT_EQ(NULL, be_app->WindowAt(before + 2));
+}

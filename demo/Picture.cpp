@@ -64,6 +64,16 @@ append_pixel(std::string& bytes, int32_t red, int32_t green, int32_t blue)
 }
 
 
+//!	Scatters the stars without a pattern, and always the same ones.
+static bool
+is_star(int32_t x, int32_t y)
+{
+	uint32_t hash = static_cast<uint32_t>(x) * 374761393 + static_cast<uint32_t>(y) * 668265263;
+	hash = (hash ^ (hash >> 13)) * 1274126177;
+	return (hash ^ (hash >> 16)) % 250 == 0;
+}
+
+
 //!	A night sky over water, with stars, and a lantern whose light falls on both.
 std::string
 night_picture(int32_t width, int32_t height)
@@ -81,8 +91,8 @@ night_picture(int32_t width, int32_t height)
 			int32_t dy = seenY - lanternY;
 			int32_t distance = dx * dx + dy * dy;
 			int32_t reach = height * height;
-			int32_t glow = reach * 200 / (reach / 12 + distance * 8);
-			bool isStar = y < horizon && (x * 7919 + y * 104729) % 397 == 0;
+			int32_t glow = reach * 25 / (reach / 10 + distance * 8);
+			bool isStar = y < horizon && glow < 30 && is_star(x, y);
 			int32_t sky = 70 * y / height;
 			if (isStar)
 				append_pixel(bytes, 230, 230, 255);

@@ -4,6 +4,8 @@
  */
 #include <TranslationUtils.h>
 
+#include <cstdlib>
+
 #include <QBuffer>
 #include <QByteArray>
 #include <QImageReader>
@@ -38,6 +40,18 @@ read_all(BPositionIO* stream)
 }
 
 
+/*!	\return Whether a picture of that size may be decoded. The height is below zero where the lines of a BMP stand from top
+		to bottom.
+*/
+static bool
+is_bearable(QSize size)
+{
+	const qint64 width = size.width();
+	const qint64 height = std::abs(qint64(size.height()));
+	return width > 0 && height > 0 && width * height <= kMaxSize / kBytesPerPixel;
+}
+
+
 /*!	Reads a picture of whatever kind. */
 BBitmap*
 BTranslationUtils::GetBitmap(BPositionIO* stream)
@@ -52,8 +66,7 @@ BTranslationUtils::GetBitmap(BPositionIO* stream)
 
 	QImageReader::setAllocationLimit(kMaxMegabytes);
 	QImageReader reader(&buffer);
-	const QSize size = reader.size();
-	if (!size.isValid() || qint64(size.width()) * size.height() * kBytesPerPixel > kMaxSize)
+	if (!is_bearable(reader.size()))
 		return NULL;
 
 	return BitmapPeer::CreateBitmap(reader.read());

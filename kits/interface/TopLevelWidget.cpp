@@ -4,16 +4,32 @@
  */
 #include <TopLevelWidgetPrivate.h>
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QKeyEvent>
 
 #include <WindowPeer.h>
 
 
+/*!	What a screen reader is given for a window. Without this it would be a group of views, and no window at all. */
+static QAccessibleInterface*
+new_accessible_window(const QString&, QObject* object)
+{
+	TopLevelWidget* widget = dynamic_cast<TopLevelWidget*>(object);
+	if (widget == NULL)
+		return NULL;
+	return new QAccessibleWidget(widget,
+		widget->isModal() ? QAccessible::Dialog : QAccessible::Window);
+}
+
+
 TopLevelWidget::TopLevelWidget(WindowPeer* peer, Qt::WindowFlags flags)
 	: QWidget(NULL, flags),
 	  fPeer(peer)
 {
+	// A second installation changes nothing.
+	QAccessible::installFactory(new_accessible_window);
 	setAttribute(Qt::WA_QuitOnClose, false);
 }
 

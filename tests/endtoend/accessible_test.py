@@ -70,7 +70,7 @@ class AccessibleTest(ClientCase):
 
     def test_the_transcript_is_read_only_text_with_its_colors(self):
         connection = self.log_in()
-        connection.send(hotline.chat(b"Ada: hello") + hotline.transaction(hotline.BROADCAST, [(hotline.DATA, b"Tea")]))
+        connection.send(hotline.chat(b"Adam: hello") + hotline.transaction(hotline.BROADCAST, [(hotline.DATA, b"Tea")]))
         self.client.wait_for_chat("*** Broadcast: Tea ***\n")
         transcript = self.client.transcript()
         self.assertIn("read-only", transcript.states())
@@ -78,7 +78,7 @@ class AccessibleTest(ClientCase):
         self.assertIn("focusable", transcript.states())
         text = transcript.text()
         for line, color in (("*** Connecting to", (100, 100, 100)), ("*** Connected —", (0, 128, 0)),
-                ("*** Server: Scripted", (0, 100, 0)), ("*** Logged in", (0, 128, 0)), ("Ada: hello", (0, 0, 0)),
+                ("*** Server: Scripted", (0, 100, 0)), ("*** Logged in", (0, 128, 0)), ("Adam: hello", (0, 0, 0)),
                 ("*** Broadcast: Tea", (200, 100, 0))):
             with self.subTest(line):
                 self.assert_colored(transcript, text.index(line), color)
@@ -99,7 +99,7 @@ class AccessibleTest(ClientCase):
         wait_until(lambda: transcript.caret() == transcript.count_characters(), "the caret at the end")
 
     def test_the_user_list(self):
-        nicks = ["Ada", "Bo", "Чарли", "デイジー"]
+        nicks = ["Adam", "Bobby", "Чарли", "デイジー"]
         self.log_in([hotline.user_entry(number + 1, nick.encode()) for number, nick in enumerate(nicks)])
         self.client.wait_for_users(lambda users: users == nicks, "all of them")
         node = self.client.node("Users Online")
@@ -118,14 +118,14 @@ class AccessibleTest(ClientCase):
         self.assertEqual([row.extents()[3] for row in rows], [rows[0].extents()[3]] * 4)
 
     def test_rows_come_and_go(self):
-        connection = self.log_in([hotline.user_entry(1, b"Ada"), hotline.user_entry(2, b"Bo")])
-        self.client.wait_for_users(lambda users: users == ["Ada", "Bo"], "two")
+        connection = self.log_in([hotline.user_entry(1, b"Adam"), hotline.user_entry(2, b"Bobby")])
+        self.client.wait_for_users(lambda users: users == ["Adam", "Bobby"], "two")
         connection.send(hotline.user_change(1, b"Countess"))
-        self.client.wait_for_users(lambda users: users == ["Countess", "Bo"], "the other name")
+        self.client.wait_for_users(lambda users: users == ["Countess", "Bobby"], "the other name")
         connection.send(hotline.user_change(3, b"Cy"))
-        self.client.wait_for_users(lambda users: users == ["Countess", "Bo", "Cy"], "one more")
+        self.client.wait_for_users(lambda users: users == ["Countess", "Bobby", "Cy"], "one more")
         connection.send(hotline.transaction(hotline.USER_LEAVE, [(hotline.SOCKET, hotline.short(1))]))
-        self.client.wait_for_users(lambda users: users == ["Bo", "Cy"], "one less")
+        self.client.wait_for_users(lambda users: users == ["Bobby", "Cy"], "one less")
         self.assertEqual(names(self.client.node("Users Online"), "label"), ["2 users online"])
 
     def test_the_agreement_window(self):
@@ -139,12 +139,21 @@ class AccessibleTest(ClientCase):
         self.assertIn("read-only", text.states())
         self.assertEqual(text.text(), "Be kind.\nStay.")
 
-    def test_titles_are_exact(self):
-        self.log_in([hotline.user_entry(1, b"Ada")])
+    def test_windows_are_windows_and_have_exact_names(self):
+        windows = [(child.role(), child.name()) for child in self.client.root().children()]
+        self.assertEqual(windows, [("frame", "Palimbra"), ("frame", "Chat"), ("frame", "Users Online")])
+        self.log_in([hotline.user_entry(1, b"Adam")])
         for title in ("Palimbra — Scripted", "Chat", "Users Online (1)"):
             window = self.client.window(title)
             self.assertEqual(window.title(), title)
             self.assertEqual(self.client.node(title).name(), title)
+            window.minimize()
+            wait_until(window.is_minimized, "\"%s\" to be minimized" % title)
+            self.assertEqual(self.client.node(title).name(), title)
+        self.client.main_window().activate()
+        self.client.press("Disconnect")
+        self.client.open_connect()
+        self.assertEqual(self.client.node("Connect to Server").role(), "dialog")
 
 
 if __name__ == "__main__":

@@ -34,7 +34,7 @@ class WindowsTest(ClientCase):
                 self.assert_in_front(window)
 
     def test_the_close_boxes_of_the_two_windows_minimize_them(self):
-        self.log_in([hotline.user_entry(1, b"Ada")])
+        self.log_in([hotline.user_entry(1, b"Adam")])
         cases = (("Chat", "ctrl+1", self.client.chat_window()), ("Users", "ctrl+2", self.client.users_window()))
         for button, key, window in cases:
             with self.subTest(button):
@@ -47,16 +47,16 @@ class WindowsTest(ClientCase):
                     self.assert_in_front(window)
 
     def test_titles_and_text_change_while_minimized(self):
-        connection = self.log_in([hotline.user_entry(1, b"Ada")])
+        connection = self.log_in([hotline.user_entry(1, b"Adam")])
         chat, users = self.client.chat_window(), self.client.users_window()
         self.client.window("Users Online (1)")
         for window in (chat, users, self.client.main_window()):
             window.minimize()
             wait_until(window.is_minimized, "the window to be minimized")
-        connection.send(hotline.user_change(2, b"Bo") + hotline.chat(b"Ada: anybody here?"))
+        connection.send(hotline.user_change(2, b"Bobby") + hotline.chat(b"Adam: anybody here?"))
         self.client.window("Users Online (2)")
-        self.client.wait_for_chat("Ada: anybody here?\n")
-        self.assertEqual(self.client.users(), ["Ada", "Bo"])
+        self.client.wait_for_chat("Adam: anybody here?\n")
+        self.assertEqual(self.client.users(), ["Adam", "Bobby"])
         connection.send(hotline.transaction(hotline.POLITE_QUIT, [(hotline.DATA, b"Bye")]))
         self.client.window("Palimbra")
         self.client.window("Users Online (0)")
@@ -88,7 +88,7 @@ class DialogTest(ClientCase):
         self.client = self.start_client()
 
     def focused(self, node):
-        return next((child for child in node.walk() if child.has("focused")), None)
+        return next((child for child in node.walk() if {"focused", "focusable"} <= child.states()), None)
 
     def wait_for_focus(self, node, name):
         def what():
@@ -121,7 +121,10 @@ class DialogTest(ClientCase):
                 self.desktop.key("Return")
                 self.desktop.wait_without_window("Connect to Server")
                 self.client.wait_for_status("Connecting to 127.0.0.1:%d…" % self.server.port)
-                self.assertEqual(self.server.accept().read_exactly(8), b"TRTPHOTL")
+                connection = self.server.accept()
+                self.assertEqual(connection.read_exactly(8), b"TRTPHOTL")
+                connection.send(b"HTTP/1.1")
+                self.client.wait_for_status("Connection failed")
 
     def test_login_and_password_arrive_as_typed(self):
         self.client.open_connect()

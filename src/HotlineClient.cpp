@@ -18,6 +18,10 @@
 static const uint16 kDefaultIcon = 128;
 static const char* const kDefaultNick = "HaikuUser";
 
+// How often, and how far apart, a call that opens a socket is told to end.
+static const int32 kStopAttempts = 20;
+static const bigtime_t kStopInterval = 5000;
+
 
 static void
 wait_for(thread_id thread)
@@ -59,16 +63,34 @@ HotlineClient::~HotlineClient()
 		fClosing = true;
 		fRunning = false;
 		fConnected = false;
-		fOpeningSocket.ShutDown();
 		fSocket.ShutDown();
 		fSocket = SocketReference();
 		connectThreads = fReplacedThreads;
 		connectThreads.push_back(fConnectThread);
 	}
 
+	_StopOpening();
 	for (const thread_id thread : connectThreads)
 		wait_for(thread);
 	wait_for(fRecvThread);
+}
+
+
+/*!	Makes the connect thread leave the call that opens its socket. A thread that is only just on its way into that call does
+	not notice, so it is told more than once.
+*/
+void
+HotlineClient::_StopOpening() const
+{
+	for (int32 i = 0; i < kStopAttempts; i++) {
+		{
+			BAutolock locker(fStateLock);
+			if (!fOpeningSocket.IsSet())
+				return;
+			fOpeningSocket.ShutDown();
+		}
+		snooze(kStopInterval);
+	}
 }
 
 

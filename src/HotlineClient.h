@@ -74,6 +74,7 @@ private:
 	bool _StartReceiving();
 	void _DropSocket(const SocketReference& socket);
 	bool _MayProceed() const;
+	void _StopOpening() const;
 	void _SendLogin();
 
 	// Moving bytes

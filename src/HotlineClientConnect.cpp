@@ -9,6 +9,7 @@
 #include <memory>
 #include <netdb.h>
 #include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/select.h>
 #include <sys/socket.h>
 #include <sys/time.h>
@@ -124,6 +125,9 @@ HotlineClient::_OpenConnection(SocketReference* _socket)
 	const timeval timeout = {kSocketTimeout, 0};
 	setsockopt(number, SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof(timeout));
 	setsockopt(number, SOL_SOCKET, SO_SNDTIMEO, &timeout, sizeof(timeout));
+	// A request's later pieces do not wait until its first one has been acknowledged.
+	const int noDelay = 1;
+	setsockopt(number, IPPROTO_TCP, TCP_NODELAY, &noDelay, sizeof(noDelay));
 	if (!_SetOpeningSocket(*_socket))
 		return kGivenUp;
 	if (connect(number, resolved->ai_addr, resolved->ai_addrlen) != 0)

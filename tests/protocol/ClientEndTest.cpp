@@ -1,0 +1,490 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <atomic>
+#include <cerrno>
+#include <future>
+#include <memory>
+#include <netinet/in.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+#include <Looper.h>
+#include <Message.h>
+
+#include "ClientFixture.h"
+#include "Interposed.h"
+#include "WaitFor.h"
+
+
+/*!	Deletes clients in the middle of what they do. Nothing may be left of them, and nothing posted afterwards. */
+class ClientEndTest : public ClientTest {
+protected:
+	ClientEndTest();
+	~ClientEndTest() override;
+
+	// Deletes the client on a thread of its own, as the program does. When this returns it waits for one of the client's.
+	std::thread BeginDeletion();
+	void ExpectNothingLeft();
+
+private:
+	size_t fThreads;
+	size_t fDescriptors;
+	std::promise<void> fHasBegun;
+	std::atomic<bool> fIsFirst;
+};
+
+
+ClientEndTest::ClientEndTest()
+	: fThreads(count_threads()),
+	  fDescriptors(count_descriptors()),
+	  fIsFirst(true)
+{
+	Interposed::wait = [this](thread_id) {
+		if (fIsFirst.exchange(false))
+			fHasBegun.set_value();
+	};
+}
+
+
+ClientEndTest::~ClientEndTest()
+{
+	client.reset();
+}
+
+
+std::thread
+ClientEndTest::BeginDeletion()
+{
+	std::thread deletion([this] {
+		client.reset();
+	});
+	fHasBegun.get_future().wait();
+	return deletion;
+}
+
+
+void
+ClientEndTest::ExpectNothingLeft()
+{
+	client.reset();
+	const size_t posted = log->CountAll();
+	server->Hangup();
+	EXPECT_TRUE(WaitFor([&] {
+		return count_threads() <= fThreads;
+	}));
+	EXPECT_EQ(count_descriptors(), fDescriptors);
+	EXPECT_EQ(log->CountAll(), posted);
+}
+
+
+TEST_F(ClientEndTest, NeverConnected)
+{
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, AtOnceAfterConnect)
+{
+	for (int i = 0; i < 100; i++) {
+		Connect();
+		client.reset(new HotlineClient(log));
+	}
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, WhileResolving_NothingIsDoneWithTheAddress)
+{
+	std::promise<void> isResolving;
+	std::promise<void> mayGoOn;
+	std::shared_future<void> released = mayGoOn.get_future().share();
+	std::atomic<int> sockets(0);
+	Interposed::resolve = [&, released](const char* name, const char* port, const addrinfo* hints,
+							  addrinfo** result) {
+		isResolving.set_value();
+		released.wait();
+		return Interposed::RealResolve(name, port, hints, result);
+	};
+	Interposed::socket = [&](int family, int type, int protocol) {
+		sockets++;
+		return Interposed::RealSocket(family, type, protocol);
+	};
+	Connect();
+	isResolving.get_future().wait();
+	std::thread deletion = BeginDeletion();
+	mayGoOn.set_value();
+	deletion.join();
+	EXPECT_EQ(sockets, 0);
+	EXPECT_EQ(log->CountAll(), 0u);
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, WhileResolvingInVain_SaysNothing)
+{
+	std::promise<void> isResolving;
+	std::promise<void> mayGoOn;
+	std::shared_future<void> released = mayGoOn.get_future().share();
+	Interposed::resolve = [&, released](const char*, const char*, const addrinfo*, addrinfo**) {
+		isResolving.set_value();
+		released.wait();
+		return EAI_AGAIN;
+	};
+	Connect();
+	isResolving.get_future().wait();
+	std::thread deletion = BeginDeletion();
+	mayGoOn.set_value();
+	deletion.join();
+	EXPECT_EQ(log->CountAll(), 0u);
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, WhileConnecting_DoesNotWaitForTheNetwork)
+{
+	// A listener whose queue is full leaves further callers without an answer, so that only the end of the client ends the call.
+	server.reset(new RawServer(0));
+	sockaddr_in address = {};
+	address.sin_family = AF_INET;
+	address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+	address.sin_port = htons(server->Port());
+	std::vector<int> callers;
+	for (int i = 0; i < 3; i++) {
+		const int caller = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0);
+		connect(caller, reinterpret_cast<sockaddr*>(&address), sizeof(address));
+		callers.push_back(caller);
+	}
+
+	std::promise<void> isConnecting;
+	std::promise<int> result;
+	Interposed::connect = [&](int number, const sockaddr* to, socklen_t size) {
+		isConnecting.set_value();
+		const int connected = Interposed::RealConnect(number, to, size);
+		result.set_value(connected);
+		return connected;
+	};
+	Connect();
+	isConnecting.get_future().wait();
+	client.reset();
+	EXPECT_EQ(result.get_future().get(), -1);
+	EXPECT_EQ(log->CountAll(), 0u);
+	for (const int caller : callers)
+		close(caller);
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, JustConnected_NothingIsSent)
+{
+	std::promise<void> isConnected;
+	std::promise<void> mayGoOn;
+	std::shared_future<void> released = mayGoOn.get_future().share();
+	Interposed::connect = [&, released](int number, const sockaddr* to, socklen_t size) {
+		const int result = Interposed::RealConnect(number, to, size);
+		isConnected.set_value();
+		released.wait();
+		return result;
+	};
+	Connect();
+	isConnected.get_future().wait();
+	ASSERT_TRUE(server->Accept());
+	std::thread deletion = BeginDeletion();
+	mayGoOn.set_value();
+	deletion.join();
+	EXPECT_EQ(server->ReadToEnd(), "");
+	EXPECT_EQ(log->CountAll(), 0u);
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, WhileTheServerIsSilent_WakesTheHandshake)
+{
+	Connect();
+	ASSERT_TRUE(server->Accept());
+	server->Read(12);
+	client.reset();
+	EXPECT_EQ(server->ReadToEnd(), "");
+	EXPECT_EQ(log->CountAll(), 0u);
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, BetweenHandshakeAndLogin_NothingIsStarted)
+{
+	std::promise<void> isReplied;
+	std::promise<void> mayGoOn;
+	std::shared_future<void> released = mayGoOn.get_future().share();
+	std::atomic<bool> first(true);
+	Interposed::receive = [&, released](int number, void* buffer, size_t size, int flags) {
+		const ssize_t result = Interposed::RealReceive(number, buffer, size, flags);
+		if (first.exchange(false)) {
+			isReplied.set_value();
+			released.wait();
+		}
+		return result;
+	};
+	Connect();
+	ASSERT_TRUE(server->Accept());
+	server->Read(12);
+	server->Send(std::string(kHandshakeReply, 8));
+	isReplied.get_future().wait();
+	std::thread deletion = BeginDeletion();
+	mayGoOn.set_value();
+	deletion.join();
+	EXPECT_EQ(server->ReadToEnd(), "");
+	EXPECT_EQ(log->CountAll(), 0u);
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, WhileSendingTheLogin_NothingFollows)
+{
+	std::promise<void> isSending;
+	std::promise<void> mayGoOn;
+	std::shared_future<void> released = mayGoOn.get_future().share();
+	Interposed::send = [&, released](int number, const void* data, size_t size, int flags) {
+		if (size > 12) {
+			isSending.set_value();
+			released.wait();
+		}
+		return Interposed::RealSend(number, data, size, flags);
+	};
+	Connect();
+	ASSERT_TRUE(server->Accept());
+	server->Read(12);
+	server->Send(std::string(kHandshakeReply, 8));
+	isSending.get_future().wait();
+	std::thread deletion = BeginDeletion();
+	mayGoOn.set_value();
+	deletion.join();
+	EXPECT_EQ(log->CountAll(), 0u);
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, Quiet)
+{
+	LogIn();
+	client.reset();
+	EXPECT_TRUE(server->WaitForEnd());
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, Lost)
+{
+	LogIn();
+	server->Hangup();
+	ExpectPosted("HLdc");
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, ReceivingAFlood_NothingIsPostedAfterwards)
+{
+	LogIn();
+	std::string flood;
+	for (int i = 0; i < 1000; i++)
+		flood += Chat("flood");
+	std::thread sender([&] {
+		while (server->Send(flood))
+			;
+	});
+	EXPECT_EQ(log->Next(), "HLch text=CSTR flood chatRef=ULNG 0");
+	client.reset();
+	log->PostMessage('last');
+	sender.join();
+	std::string text = log->Next();
+	while (text == "HLch text=CSTR flood chatRef=ULNG 0")
+		text = log->Next();
+	EXPECT_EQ(text, "last");
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, SendingToAServerThatDoesNotRead_WakesTheCall)
+{
+	std::promise<void> isStuck;
+	std::atomic<bool> first(true);
+	Interposed::setOption = [](int number, int level, int option, const void* value,
+								socklen_t size) {
+		const int small = 4096;
+		if (option == SO_SNDTIMEO)
+			Interposed::RealSetOption(number, level, SO_SNDBUF, &small, sizeof(small));
+		return Interposed::RealSetOption(number, level, option, value, size);
+	};
+	Interposed::send = [&](int number, const void* data, size_t size, int flags) {
+		const ssize_t result = Interposed::RealSend(number, data, size, flags | MSG_DONTWAIT);
+		if (result >= 0 || errno != EAGAIN)
+			return result;
+		if (first.exchange(false))
+			isStuck.set_value();
+		return Interposed::RealSend(number, data, size, flags);
+	};
+	LogIn();
+	std::thread sender([&] {
+		const std::string text(65535, 'x');
+		while (client->IsConnected())
+			client->SendChat(text.c_str());
+	});
+	isStuck.get_future().wait();
+	client->Disconnect();
+	sender.join();
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, FiveHundredConnections_LeaveNothing)
+{
+	for (int i = 0; i < 500; i++) {
+		SCOPED_TRACE(i);
+		ShakeHands();
+		client->Disconnect();
+		EXPECT_TRUE(server->WaitForEnd());
+		// One client for many connections, and many clients.
+		if (i % 2 == 1)
+			client.reset(new HotlineClient(log));
+		if (HasFailure())
+			break;
+	}
+	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, FiveHundredFailures_LeaveNothing)
+{
+	for (int i = 0; i < 500; i++) {
+		Connect();
+		ASSERT_TRUE(server->Accept());
+		if (i % 2 == 0)
+			server->Send("HTTP/1.1");
+		else
+			server->Hangup();
+		EXPECT_EQ(log->Next().substr(0, 4), "HLcf");
+	}
+	ExpectNothingLeft();
+}
+
+
+// #pragma mark - Targets
+
+
+static const uint32 kMsgHold = 'hold';
+
+
+/*!	A target that can be kept busy, and that deletes the client on its own thread. */
+class BusyTarget : public BLooper {
+public:
+	BusyTarget()
+		: BLooper("busy target"),
+		  mayGoOn(release.get_future().share())
+	{
+	}
+
+	void MessageReceived(BMessage* message) override
+	{
+		if (message->what == kMsgHold) {
+			isHeld.set_value();
+			mayGoOn.wait();
+			if (deletesClient)
+				client.reset();
+			if (quits)
+				Quit();
+		}
+	}
+
+	std::promise<void> isHeld;
+	std::promise<void> release;
+	std::shared_future<void> mayGoOn;
+	std::unique_ptr<HotlineClient> client;
+	bool deletesClient = false;
+	bool quits = false;
+};
+
+
+class ClientTargetTest : public ClientTest {
+protected:
+	ClientTargetTest()
+		: target(new BusyTarget),
+		  fReads(0)
+	{
+		Interposed::receive = [this](int number, void* buffer, size_t size, int flags) {
+			fReads++;
+			return Interposed::RealReceive(number, buffer, size, flags);
+		};
+		target->Run();
+	}
+
+	// Has the client wait for room in the queue of its target, which is busy.
+	void FillTheQueue()
+	{
+		target->PostMessage(kMsgHold);
+		target->isHeld.get_future().wait();
+		client.reset(new HotlineClient(target));
+		Connect();
+		ASSERT_TRUE(server->Accept());
+		server->Read(12);
+		server->Send(std::string(kHandshakeReply, 8));
+		server->ReadTransaction();
+
+		const int kLines = 30000;
+		std::string flood;
+		for (int i = 0; i < kLines; i++)
+			flood += Chat("x");
+		sender = std::thread([this, flood] {
+			server->Send(flood);
+		});
+		// Two reads for each message, of which the queue takes 20,000.
+		ASSERT_TRUE(WaitFor(
+			[&] {
+				return fReads > 2 * 20001;
+			},
+			60));
+	}
+
+	BusyTarget* target;
+	std::thread sender;
+
+private:
+	std::atomic<int> fReads;
+};
+
+
+TEST_F(ClientTargetTest, DeletedOnTheThreadOfATargetWithAFullQueue_Ends)
+{
+	target->deletesClient = true;
+	target->quits = true;
+	FillTheQueue();
+	target->client = std::move(client);
+	target->release.set_value();
+	EXPECT_TRUE(server->WaitForEnd());
+	sender.join();
+}
+
+
+TEST_F(ClientTargetTest, DeletedElsewhereWhileTheTargetIsBusy_Ends)
+{
+	FillTheQueue();
+	client.reset();
+	EXPECT_TRUE(server->WaitForEnd());
+	sender.join();
+	target->quits = true;
+	target->release.set_value();
+}
+
+
+TEST_F(ClientTargetTest, TargetThatQuits_LetsTheClientGoOn)
+{
+	target->quits = true;
+	FillTheQueue();
+	target->release.set_value();
+	sender.join();
+	// The flood is read to its end although nobody listens.
+	client->SendChat("still here");
+	EXPECT_EQ(server->ReadTransaction().substr(26), "still here");
+	client.reset();
+	EXPECT_TRUE(server->WaitForEnd());
+}

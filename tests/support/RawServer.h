@@ -1,0 +1,63 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef RAW_SERVER_H
+#define RAW_SERVER_H
+
+
+#include <cstdint>
+#include <string>
+
+
+/*!	A listener on 127.0.0.1 with one connection at a time, driven by the test itself, byte by byte. Every wait has a
+	deadline of ten seconds; what has not come by then is missing in the result.
+*/
+class RawServer {
+public:
+	RawServer();
+	// With room for so few waiting connections that further ones are left without an answer.
+	explicit RawServer(int backlog);
+	RawServer(const RawServer&) = delete;
+	~RawServer();
+
+	RawServer& operator=(const RawServer&) = delete;
+
+	uint16_t Port() const { return fPort; }
+
+	// Takes the next connection, in place of the current one.
+	bool Accept();
+	// Whether somebody waits to be accepted.
+	bool HasCaller() const;
+
+	// Exactly so many bytes, or fewer when the client has closed the connection or says no more.
+	std::string Read(size_t size);
+	std::string ReadTransaction();
+	// Everything until the client closes the connection.
+	std::string ReadToEnd();
+	// Whether the client has closed the connection; what it still sends is dropped.
+	bool WaitForEnd();
+
+	// Forgets what has come so far, without waiting.
+	void DropInput();
+
+	bool Send(const std::string& bytes);
+	// As many segments as there are bytes.
+	bool SendOneByOne(const std::string& bytes);
+	// Sends for as long as the client reads, without waiting; how many bytes went out.
+	size_t SendWhatFits(const std::string& bytes);
+
+	void Hangup();
+	// Without a farewell: the client's next call fails.
+	void Reset();
+
+private:
+	void _Listen(int backlog);
+
+	int fListener;
+	int fConnection;
+	uint16_t fPort;
+};
+
+
+#endif // RAW_SERVER_H

@@ -312,6 +312,7 @@ TEST_F(TransferTest, UploadThatBreaksItsWord_NotStored)
 	} cases[] = {
 		{size, size + 1, object},
 		{size + 1, size + 1, object},
+		{size + 1, size, object},
 		{size, size, broken},
 		{size, size, object + "more"},
 	};

@@ -1,0 +1,232 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "InterposedCalls.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <condition_variable>
+#include <cstring>
+#include <mutex>
+#include <netdb.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+
+#include <OS.h>
+
+
+static const int kNothing = -1;
+
+static std::atomic<int> sSocketError(kNothing);
+static std::atomic<int> sConnectError(kNothing);
+static std::atomic<int> sSendSize(kNothing);
+static std::atomic<int> sTimeoutDivisor(1);
+static std::atomic<bigtime_t> sClockStep(0);
+static std::atomic<bigtime_t> sClockOffset(0);
+
+// Under sLock.
+static std::mutex sLock;
+static std::condition_variable sReleased;
+static bool sHoldsLookups = false;
+static std::vector<InterposedCalls::Timeout> sTimeouts;
+static std::vector<InterposedCalls::Lookup> sLookups;
+
+
+// The linker's names for a function and for what stands in its place; system_time() is a C++ one.
+extern "C"
+{
+	int __real_socket(int family, int type, int protocol);
+	int __real_connect(int socket, const struct sockaddr* address, socklen_t length);
+	ssize_t __real_send(int socket, const void* data, size_t size, int flags);
+	int __real_setsockopt(int socket, int level, int option, const void* value, socklen_t length);
+	int __real_getaddrinfo(const char* host, const char* port, const struct addrinfo* hints,
+		struct addrinfo** _result);
+	bigtime_t __real__Z11system_timev();
+
+	int __wrap_socket(int family, int type, int protocol);
+	int __wrap_connect(int socket, const struct sockaddr* address, socklen_t length);
+	ssize_t __wrap_send(int socket, const void* data, size_t size, int flags);
+	int __wrap_setsockopt(int socket, int level, int option, const void* value, socklen_t length);
+	int __wrap_getaddrinfo(const char* host, const char* port, const struct addrinfo* hints,
+		struct addrinfo** _result);
+	bigtime_t __wrap__Z11system_timev();
+}
+
+
+/*!	Whether a failure was asked for, which is then used up. */
+static bool
+take(std::atomic<int>& wanted, int* _value)
+{
+	*_value = wanted.exchange(kNothing);
+	return *_value != kNothing;
+}
+
+
+int
+__wrap_socket(int family, int type, int protocol)
+{
+	int error;
+	if (take(sSocketError, &error)) {
+		errno = error;
+		return -1;
+	}
+	return __real_socket(family, type, protocol);
+}
+
+
+int
+__wrap_connect(int socket, const struct sockaddr* address, socklen_t length)
+{
+	int error;
+	if (take(sConnectError, &error)) {
+		errno = error;
+		return -1;
+	}
+	return __real_connect(socket, address, length);
+}
+
+
+ssize_t
+__wrap_send(int socket, const void* data, size_t size, int flags)
+{
+	int cut;
+	if (take(sSendSize, &cut))
+		size = std::min(size, size_t(cut));
+	return __real_send(socket, data, size, flags);
+}
+
+
+int
+__wrap_setsockopt(int socket, int level, int option, const void* value, socklen_t length)
+{
+	if (level != SOL_SOCKET || (option != SO_RCVTIMEO && option != SO_SNDTIMEO))
+		return __real_setsockopt(socket, level, option, value, length);
+
+	struct timeval timeout;
+	memcpy(&timeout, value, sizeof(timeout));
+	{
+		const std::lock_guard<std::mutex> lock(sLock);
+		sTimeouts.push_back({option, timeout.tv_sec});
+	}
+	const long microseconds = (timeout.tv_sec * 1000000 + timeout.tv_usec) / sTimeoutDivisor;
+	timeout.tv_sec = microseconds / 1000000;
+	timeout.tv_usec = microseconds % 1000000;
+	return __real_setsockopt(socket, level, option, &timeout, length);
+}
+
+
+int
+__wrap_getaddrinfo(const char* host, const char* port, const struct addrinfo* hints,
+	struct addrinfo** _result)
+{
+	{
+		std::unique_lock<std::mutex> lock(sLock);
+		sLookups.push_back({host, port});
+		sReleased.wait(lock, [] {
+			return !sHoldsLookups;
+		});
+	}
+	struct addrinfo numericOnly = *hints;
+	numericOnly.ai_flags |= AI_NUMERICHOST;
+	return __real_getaddrinfo(host, port, &numericOnly, _result);
+}
+
+
+bigtime_t
+__wrap__Z11system_timev()
+{
+	sClockOffset += sClockStep;
+	return __real__Z11system_timev() + sClockOffset;
+}
+
+
+// #pragma mark -
+
+
+InterposedCalls::InterposedCalls()
+{
+	const std::lock_guard<std::mutex> lock(sLock);
+	sTimeouts.clear();
+	sLookups.clear();
+}
+
+
+InterposedCalls::~InterposedCalls()
+{
+	ReleaseLookups();
+	sTimeoutDivisor = 1;
+	sClockStep = 0;
+	sSocketError = kNothing;
+	sConnectError = kNothing;
+	sSendSize = kNothing;
+}
+
+
+void
+InterposedCalls::FailNextSocket(int error)
+{
+	sSocketError = error;
+}
+
+
+void
+InterposedCalls::FailNextConnect(int error)
+{
+	sConnectError = error;
+}
+
+
+void
+InterposedCalls::CutNextSend(int size)
+{
+	sSendSize = size;
+}
+
+
+void
+InterposedCalls::ShortenTimeouts(int divisor)
+{
+	sTimeoutDivisor = divisor;
+}
+
+
+void
+InterposedCalls::StepClock(int seconds)
+{
+	sClockStep = seconds * 1000000LL;
+}
+
+
+std::vector<InterposedCalls::Timeout>
+InterposedCalls::Timeouts() const
+{
+	const std::lock_guard<std::mutex> lock(sLock);
+	return sTimeouts;
+}
+
+
+std::vector<InterposedCalls::Lookup>
+InterposedCalls::Lookups() const
+{
+	const std::lock_guard<std::mutex> lock(sLock);
+	return sLookups;
+}
+
+
+void
+InterposedCalls::HoldLookups()
+{
+	const std::lock_guard<std::mutex> lock(sLock);
+	sHoldsLookups = true;
+}
+
+
+void
+InterposedCalls::ReleaseLookups()
+{
+	const std::lock_guard<std::mutex> lock(sLock);
+	sHoldsLookups = false;
+	sReleased.notify_all();
+}

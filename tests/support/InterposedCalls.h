@@ -1,0 +1,55 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef INTERPOSED_CALLS_H
+#define INTERPOSED_CALLS_H
+
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+
+/*!	The system calls of the code under test, interposed when a suite is linked (palimbra_interpose() of the build): a test
+	makes one fail, or lets time pass faster. One at a time; when it goes, all calls are as usual again.
+	Without one, names are not looked up either: whatever is no numeric address is unknown, so that no test asks the network.
+*/
+class InterposedCalls {
+public:
+	// A time-out of a socket, as the code asked for it.
+	struct Timeout {
+		int option;
+		long seconds;
+	};
+
+	struct Lookup {
+		std::string host;
+		std::string port;
+	};
+
+	InterposedCalls();
+	InterposedCalls(const InterposedCalls&) = delete;
+	~InterposedCalls();
+
+	InterposedCalls& operator=(const InterposedCalls&) = delete;
+
+	// The next call of the kind, on whatever thread, fails with this errno; a send sends that many bytes only.
+	void FailNextSocket(int error);
+	void FailNextConnect(int error);
+	void CutNextSend(int size);
+
+	// Divides the time-outs that are set from now on.
+	void ShortenTimeouts(int divisor);
+	// Everybody who looks at the clock of the kits finds it so many seconds later than the last time.
+	void StepClock(int seconds);
+	std::vector<Timeout> Timeouts() const;
+
+	std::vector<Lookup> Lookups() const;
+	// Lookups wait until they are released.
+	void HoldLookups();
+	void ReleaseLookups();
+};
+
+
+#endif // INTERPOSED_CALLS_H

@@ -1,0 +1,179 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "TransferTest.h"
+
+#include <cerrno>
+#include <sys/socket.h>
+
+#include "AppMessages.h"
+#include "PatternBytes.h"
+#include "WireBytes.h"
+
+
+static const uint32 kLargestBanner = 524288;
+
+
+class BannerThreadTest : public TransferTest {
+protected:
+	// Lets a request for a banner meet an answer, which is all that the server says.
+	status_t Fetch(uint32 size, const std::string& answer)
+	{
+		TransferRun run(BannerThread, NewBanner(size));
+		EXPECT_TRUE(fServer->Accept());
+		EXPECT_EQ("HTXF" + wire32(0x01020304) + wire32(0) + wire32(0), fServer->Read(16));
+		fServer->Send(answer);
+		fServer->Hangup();
+		return run.Result();
+	}
+
+	void ExpectData(const std::string& expected)
+	{
+		const BMessage message = fRecorder->OnlyMessage();
+		EXPECT_EQ(uint32(kMsgBannerData), message.what);
+		EXPECT_EQ(1, message.CountNames(B_ANY_TYPE));
+		const void* data = NULL;
+		ssize_t size = 0;
+		ASSERT_EQ(B_OK, message.FindData("data", B_RAW_TYPE, &data, &size));
+		EXPECT_TRUE(expected == std::string(static_cast<const char*>(data), size_t(size)));
+	}
+
+	void ExpectSilentFailure(BannerDLInfo* info)
+	{
+		TransferRun run(BannerThread, info);
+		EXPECT_EQ(1, run.Result());
+		EXPECT_EQ(0, fRecorder->CountMessages());
+	}
+};
+
+
+TEST_F(BannerThreadTest, Banner_IsPostedByteForByte)
+{
+	for (const uint32 size : {uint32(1), uint32(70000), kLargestBanner}) {
+		SCOPED_TRACE(size);
+		fRecorder.reset(new MessageRecorder);
+		const std::string banner = PatternBytes(0, size);
+		EXPECT_EQ(0, Fetch(size, banner));
+		ExpectData(banner);
+	}
+}
+
+
+TEST_F(BannerThreadTest, BytesOneByOne_AreOneBanner)
+{
+	TransferRun run(BannerThread, NewBanner(20));
+	ASSERT_TRUE(fServer->Accept());
+	EXPECT_TRUE(fServer->SendOneByOne(PatternBytes(0, 20)));
+	EXPECT_EQ(0, run.Result());
+	ExpectData(PatternBytes(0, 20));
+}
+
+
+TEST_F(BannerThreadTest, SizeOfNothing_ReadsAndPostsNothing)
+{
+	EXPECT_EQ(0, Fetch(0, "unasked"));
+	EXPECT_EQ(0, fRecorder->CountMessages());
+}
+
+
+TEST_F(BannerThreadTest, HalfABanner_IsPostedAsItIs)
+{
+	EXPECT_EQ(0, Fetch(2000, PatternBytes(0, 1000)));
+	ExpectData(PatternBytes(0, 1000));
+}
+
+
+TEST_F(BannerThreadTest, NoBanner_PostsNothing)
+{
+	EXPECT_EQ(0, Fetch(2000, ""));
+	EXPECT_EQ(0, fRecorder->CountMessages());
+}
+
+
+TEST_F(BannerThreadTest, MoreThanAnnounced_IsNotRead)
+{
+	EXPECT_EQ(0, Fetch(1000, PatternBytes(0, 3000)));
+	ExpectData(PatternBytes(0, 1000));
+}
+
+
+TEST_F(BannerThreadTest, Reset_PostsWhatHadArrived)
+{
+	TransferRun run(BannerThread, NewBanner(10));
+	ASSERT_TRUE(fServer->Accept());
+	fServer->Read(16);
+	fServer->Reset();
+	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, fRecorder->CountMessages());
+}
+
+
+TEST_F(BannerThreadTest, SilentServer_TimesOutAfterThirtySeconds)
+{
+	InterposedCalls calls;
+	calls.ShortenTimeouts(150);
+	TransferRun run(BannerThread, NewBanner(2000));
+	ASSERT_TRUE(fServer->Accept());
+	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, fRecorder->CountMessages());
+
+	ASSERT_EQ(2u, calls.Timeouts().size());
+	EXPECT_EQ(SO_RCVTIMEO, calls.Timeouts()[0].option);
+	EXPECT_EQ(30, calls.Timeouts()[0].seconds);
+	EXPECT_EQ(SO_SNDTIMEO, calls.Timeouts()[1].option);
+	EXPECT_EQ(30, calls.Timeouts()[1].seconds);
+}
+
+
+TEST_F(BannerThreadTest, SilenceAfterHalf_PostsTheHalf)
+{
+	InterposedCalls calls;
+	calls.ShortenTimeouts(150);
+	TransferRun run(BannerThread, NewBanner(2000));
+	ASSERT_TRUE(fServer->Accept());
+	fServer->Send(PatternBytes(0, 1000));
+	EXPECT_EQ(0, run.Result());
+	ExpectData(PatternBytes(0, 1000));
+}
+
+
+TEST_F(BannerThreadTest, RequestSentInParts_ArrivesWhole)
+{
+	InterposedCalls calls;
+	calls.CutNextSend(3);
+	EXPECT_EQ(0, Fetch(4, "GIF8"));
+	ExpectData("GIF8");
+}
+
+
+TEST_F(BannerThreadTest, NoConnection_IsSilent)
+{
+	InterposedCalls calls;
+	calls.FailNextSocket(EMFILE);
+	ExpectSilentFailure(NewBanner(10));
+	calls.FailNextConnect(ECONNREFUSED);
+	ExpectSilentFailure(NewBanner(10));
+
+	BannerDLInfo* info = NewBanner(10);
+	info->address = "no.such.host";
+	ExpectSilentFailure(info);
+}
+
+
+TEST_F(BannerThreadTest, RequestNotSent_IsSilent)
+{
+	InterposedCalls calls;
+	calls.CutNextSend(0);
+	ExpectSilentFailure(NewBanner(10));
+}
+
+
+TEST_F(BannerThreadTest, ControllerGone_IsNoTrouble)
+{
+	TransferRun run(BannerThread, NewBanner(4));
+	ASSERT_TRUE(fServer->Accept());
+	QuitRecorder();
+	fServer->Send("GIF8");
+	EXPECT_EQ(0, run.Result());
+}

@@ -1,0 +1,236 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "TransferTest.h"
+
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <sys/socket.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include "AppMessages.h"
+#include "FileObject.h"
+#include "WaitFor.h"
+#include "WireBytes.h"
+
+
+/*!	Downloads that meet trouble on this side, or a server that is not there or says nothing. */
+class DownloadFailureTest : public TransferTest {
+protected:
+	// Whatever fails before the data does so in silence.
+	void ExpectSilentFailure(DownloadInfo* info)
+	{
+		TransferRun run(DownloadThread, info);
+		EXPECT_EQ(1, run.Result());
+		EXPECT_EQ(0, fRecorder->CountMessages());
+	}
+
+	InterposedCalls fCalls;
+};
+
+
+TEST_F(DownloadFailureTest, UnknownHost_IsSilent)
+{
+	for (const char* address : {"", "no.such.host", "127.0.0.1:5500", "::1"}) {
+		SCOPED_TRACE(address);
+		DownloadInfo* info = NewDownload(PathOf("file"));
+		info->address = address;
+		ExpectSilentFailure(info);
+	}
+}
+
+
+TEST_F(DownloadFailureTest, RefusedConnection_IsSilent)
+{
+	DownloadInfo* info = NewDownload(PathOf("file"));
+	// Nobody listens on a port that was free a moment ago.
+	info->port = ControlPortOf(RawServer());
+	ExpectSilentFailure(info);
+	EXPECT_FALSE(std::filesystem::exists(PathOf("file")));
+}
+
+
+TEST_F(DownloadFailureTest, NoSocket_IsSilent)
+{
+	fCalls.FailNextSocket(EMFILE);
+	ExpectSilentFailure(NewDownload(PathOf("file")));
+}
+
+
+TEST_F(DownloadFailureTest, NoConnection_IsSilent)
+{
+	fCalls.FailNextConnect(ENETUNREACH);
+	ExpectSilentFailure(NewDownload(PathOf("file")));
+}
+
+
+TEST_F(DownloadFailureTest, RequestSentInPart_IsSilent)
+{
+	fCalls.CutNextSend(15);
+	ExpectSilentFailure(NewDownload(PathOf("file")));
+	ASSERT_TRUE(fServer->Accept());
+	EXPECT_EQ("HTXF" + wire32(0x01020304) + wire32(0) + wire_zeros(3), fServer->ReadToEnd());
+}
+
+
+TEST_F(DownloadFailureTest, SilenceBeforeTheData_EndsAfterSixtySeconds)
+{
+	const std::string stream = FileObject("data");
+	for (const size_t length : {size_t(0), size_t(39), size_t(60), stream.size() - 5}) {
+		SCOPED_TRACE(length);
+		InterposedCalls calls;
+		calls.ShortenTimeouts(300);
+		TransferRun run(DownloadThread, NewDownload(PathOf("file")));
+		ASSERT_TRUE(fServer->Accept());
+		fServer->Send(stream.substr(0, length));
+		EXPECT_EQ(1, run.Result());
+		EXPECT_EQ(0, fRecorder->CountMessages());
+		ASSERT_EQ(1u, calls.Timeouts().size());
+		EXPECT_EQ(SO_RCVTIMEO, calls.Timeouts()[0].option);
+		EXPECT_EQ(60, calls.Timeouts()[0].seconds);
+	}
+}
+
+
+TEST_F(DownloadFailureTest, SilenceInTheData_IsAFailure)
+{
+	fCalls.ShortenTimeouts(300);
+	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
+	ASSERT_TRUE(fServer->Accept());
+	fServer->Send(wire_zeros(24) + ForkHeader("INFO", 0) + ForkHeader("DATA", 4) + "dat");
+	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ("dat", ContentOf(PathOf("file")));
+	ExpectOutcome(kMsgDownloadDone, "notes.txt", false);
+}
+
+
+TEST_F(DownloadFailureTest, LocalFileThatCannotBeMade_IsSilent)
+{
+	std::filesystem::create_directory(PathOf("folder"));
+	for (const std::string& path : {PathOf("missing/file"), PathOf("folder"), std::string()}) {
+		SCOPED_TRACE(path);
+		TransferRun run(DownloadThread, NewDownload(path));
+		ASSERT_TRUE(fServer->Accept());
+		fServer->Send(FileObject("data"));
+		EXPECT_TRUE(fServer->WaitForEnd());
+		EXPECT_EQ(1, run.Result());
+		EXPECT_EQ(0, fRecorder->CountMessages());
+	}
+}
+
+
+TEST_F(DownloadFailureTest, FullDisk_IsNotNoticed)
+{
+	TransferRun run(DownloadThread, NewDownload("/dev/full"));
+	ASSERT_TRUE(fServer->Accept());
+	fServer->Send(FileObject("data"));
+	EXPECT_EQ(0, run.Result());
+	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
+}
+
+
+TEST_F(DownloadFailureTest, LocalFileRemovedOnTheWay_IsNotNoticed)
+{
+	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
+	ASSERT_TRUE(fServer->Accept());
+	fServer->Send(wire_zeros(24) + ForkHeader("INFO", 0) + ForkHeader("DATA", 4) + "da");
+	EXPECT_TRUE(WaitFor([this] {
+		return std::filesystem::remove(PathOf("file"));
+	}));
+	fServer->Send("ta");
+	EXPECT_EQ(0, run.Result());
+	EXPECT_FALSE(std::filesystem::exists(PathOf("file")));
+	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
+}
+
+
+TEST_F(DownloadFailureTest, ExistingFile_IsReplaced)
+{
+	const std::string path = NewFile("file", "what was there before, and longer");
+	TransferRun run(DownloadThread, NewDownload(path));
+	ASSERT_TRUE(fServer->Accept());
+	fServer->Send(FileObject("data"));
+	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ("data", ContentOf(path));
+}
+
+
+TEST_F(DownloadFailureTest, ExistingFile_StaysUntilThereIsData)
+{
+	const std::string path = NewFile("file", "kept");
+	const std::string stream = FileObject("data");
+	TransferRun run(DownloadThread, NewDownload(path));
+	ASSERT_TRUE(fServer->Accept());
+	EXPECT_EQ(16u, fServer->Read(16).size());
+	fServer->Send(stream.substr(0, stream.size() - 5));
+	fServer->Hangup();
+	EXPECT_EQ(1, run.Result());
+	EXPECT_EQ("kept", ContentOf(path));
+}
+
+
+TEST_F(DownloadFailureTest, NameThatIsNotUtf8_KeepsItsBytes)
+{
+	for (const std::string& name : {std::string("caf\xe9 100%"), std::string("\x83\x65\x83\x58"),
+			 std::string(255, '\xff'), std::string("\xf0\x9f\x8e\xa8")}) {
+		SCOPED_TRACE(name);
+		TransferRun run(DownloadThread, NewDownload(PathOf(name), name));
+		ASSERT_TRUE(fServer->Accept());
+		fServer->Send(FileObject("data"));
+		EXPECT_EQ(0, run.Result());
+		EXPECT_EQ("data", ContentOf(PathOf(name)));
+		EXPECT_EQ(name, fRecorder->Messages().back().GetString("filename"));
+	}
+}
+
+
+TEST_F(DownloadFailureTest, ControllerGone_IsNoTrouble)
+{
+	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
+	ASSERT_TRUE(fServer->Accept());
+	QuitRecorder();
+	fServer->Send(FileObject("data"));
+	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ("data", ContentOf(PathOf("file")));
+}
+
+
+static std::atomic<int> sSignals(0);
+static std::atomic<pid_t> sTransferThread(0);
+
+
+static status_t
+download_and_tell_thread(void* info)
+{
+	sTransferThread = pid_t(syscall(SYS_gettid));
+	return DownloadThread(info);
+}
+
+
+TEST_F(DownloadFailureTest, SignalsWhileWaiting_AreNoErrors)
+{
+	struct sigaction action = {};
+	action.sa_handler = [](int) {
+		sSignals++;
+	};
+	struct sigaction before;
+	ASSERT_EQ(0, sigaction(SIGUSR1, &action, &before));
+
+	TransferRun run(download_and_tell_thread, NewDownload(PathOf("file")));
+	ASSERT_TRUE(fServer->Accept());
+	const std::string stream = FileObject("data");
+	for (size_t i = 0; i < stream.size(); i += 8) {
+		const int count = sSignals;
+		EXPECT_EQ(0, syscall(SYS_tgkill, getpid(), sTransferThread.load(), SIGUSR1));
+		EXPECT_TRUE(WaitFor([count] {
+			return sSignals > count;
+		}));
+		fServer->Send(stream.substr(i, 8));
+	}
+	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ("data", ContentOf(PathOf("file")));
+	EXPECT_EQ(0, sigaction(SIGUSR1, &before, NULL));
+}

@@ -1,0 +1,254 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "TransferTest.h"
+
+#include <filesystem>
+
+#include "AppMessages.h"
+#include "FileObject.h"
+#include "PatternBytes.h"
+#include "WaitFor.h"
+#include "WireBytes.h"
+
+
+static const std::string kDownloadRequest = "HTXF"
+											"\x01\x02\x03\x04"
+	+ wire_zeros(8);
+
+
+class DownloadThreadTest : public TransferTest {
+protected:
+	// Lets a download meet the stream, which ends with it.
+	status_t Download(DownloadInfo* info, const std::string& stream)
+	{
+		TransferRun run(DownloadThread, info);
+		EXPECT_TRUE(fServer->Accept());
+		EXPECT_EQ(kDownloadRequest, fServer->Read(kDownloadRequest.size()));
+		fServer->Send(stream);
+		fServer->Hangup();
+		return run.Result();
+	}
+};
+
+
+TEST_F(DownloadThreadTest, Request_IsSixteenBytesAndNothingFollows)
+{
+	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
+	ASSERT_TRUE(fServer->Accept());
+	EXPECT_EQ("HTXF" + wire32(0x01020304) + wire32(0) + wire32(0), fServer->Read(16));
+	fServer->Send(FileObject("data"));
+	EXPECT_EQ("", fServer->ReadToEnd());
+	EXPECT_EQ(0, run.Result());
+}
+
+
+TEST_F(DownloadThreadTest, TransferPort_IsTheNextOne)
+{
+	const InterposedCalls calls;
+	EXPECT_EQ(0, Download(NewDownload(PathOf("file")), FileObject("data")));
+	const std::vector<InterposedCalls::Lookup> lookups = calls.Lookups();
+	ASSERT_EQ(1u, lookups.size());
+	EXPECT_EQ("127.0.0.1", lookups[0].host);
+	EXPECT_EQ(std::to_string(fServer->Port()), lookups[0].port);
+}
+
+
+TEST_F(DownloadThreadTest, HighestControlPort_LeadsNowhere)
+{
+	const InterposedCalls calls;
+	DownloadInfo* info = NewDownload(PathOf("file"));
+	info->port = 65535;
+	TransferRun run(DownloadThread, info);
+	EXPECT_EQ(1, run.Result());
+	ASSERT_EQ(1u, calls.Lookups().size());
+	EXPECT_EQ("65536", calls.Lookups()[0].port);
+	EXPECT_EQ(0, fRecorder->CountMessages());
+}
+
+
+TEST_F(DownloadThreadTest, Data_OfSizesAroundTheBufferArrives)
+{
+	for (const size_t size : {0, 1, 16383, 16384, 16385, 100000}) {
+		SCOPED_TRACE(size);
+		const std::string data = PatternBytes(size, size);
+		const std::string path = PathOf(std::to_string(size));
+		EXPECT_EQ(0, Download(NewDownload(path), FileObject(data)));
+		EXPECT_TRUE(data == ContentOf(path));
+		EXPECT_TRUE(fRecorder->Messages().back().GetBool("success"));
+	}
+}
+
+
+TEST_F(DownloadThreadTest, NoData_YieldsAnEmptyFileAndSuccess)
+{
+	const std::string path = PathOf("empty");
+	EXPECT_EQ(0, Download(NewDownload(path), FileObject("")));
+	EXPECT_TRUE(std::filesystem::exists(path));
+	EXPECT_EQ("", ContentOf(path));
+	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
+}
+
+
+TEST_F(DownloadThreadTest, InformationFork_OfAnySizeIsSkipped)
+{
+	for (const size_t size : {0, 1, 74, 511, 512, 513, 1024, 65535}) {
+		SCOPED_TRACE(size);
+		const std::string path = PathOf(std::to_string(size));
+		EXPECT_EQ(0, Download(NewDownload(path), FileObject("data", PatternBytes(0, size))));
+		EXPECT_EQ("data", ContentOf(path));
+	}
+}
+
+
+TEST_F(DownloadThreadTest, InformationForkOver65535_IsSkippedByItsLow16Bits)
+{
+	// 65,546 bytes are announced and sent. Ten are skipped, the next sixteen taken for the header of the data.
+	const std::string misread = ForkHeader("LOST", 3) + "abc";
+	const std::string information = wire_zeros(10) + misread
+		+ wire_zeros(65546 - 10 - misread.size());
+	const std::string path = PathOf("file");
+	EXPECT_EQ(0, Download(NewDownload(path), FileObject("data", information)));
+	EXPECT_EQ("abc", ContentOf(path));
+	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
+}
+
+
+TEST_F(DownloadThreadTest, NoMagicOrType_IsLookedAt)
+{
+	std::string stream = wire_zeros(24) + ForkHeader("what", 3) + "abc" + ForkHeader("ever", 4)
+		+ "data";
+	const std::string path = PathOf("file");
+	EXPECT_EQ(0, Download(NewDownload(path), stream));
+	EXPECT_EQ("data", ContentOf(path));
+}
+
+
+TEST_F(DownloadThreadTest, OneByteAtATime_MakesNoDifference)
+{
+	const std::string path = PathOf("file");
+	TransferRun run(DownloadThread, NewDownload(path));
+	ASSERT_TRUE(fServer->Accept());
+	EXPECT_TRUE(fServer->SendOneByOne(FileObject("byte by byte")));
+	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ("byte by byte", ContentOf(path));
+	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
+}
+
+
+TEST_F(DownloadThreadTest, ResourceFork_IsNeverRead)
+{
+	const std::string path = PathOf("file");
+	TransferRun run(DownloadThread, NewDownload(path));
+	ASSERT_TRUE(fServer->Accept());
+	fServer->Send(FileObject("data") + ForkHeader("MACR", 1000000));
+	// The end comes without the million bytes.
+	EXPECT_TRUE(fServer->WaitForEnd());
+	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ("data", ContentOf(path));
+	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
+}
+
+
+TEST_F(DownloadThreadTest, StreamCutAtAnyByte_IsSilentBeforeTheDataAndFailsInIt)
+{
+	const std::string data = "cut";
+	const std::string stream = FileObject(data);
+	const size_t dataStart = stream.size() - data.size();
+	int32 outcomes = 0;
+	for (size_t length = 0; length < stream.size(); length++) {
+		SCOPED_TRACE(length);
+		const std::string path = PathOf(std::to_string(length));
+		const bool reachesData = length >= dataStart;
+		EXPECT_EQ(reachesData ? 0 : 1, Download(NewDownload(path), stream.substr(0, length)));
+		EXPECT_EQ(reachesData, std::filesystem::exists(path));
+		if (reachesData) {
+			outcomes++;
+			EXPECT_EQ(data.substr(0, length - dataStart), ContentOf(path));
+		}
+		const std::vector<BMessage> messages = fRecorder->Messages();
+		ASSERT_EQ(size_t(outcomes), messages.size());
+		if (reachesData) {
+			EXPECT_FALSE(messages.back().GetBool("success", true));
+		}
+	}
+}
+
+
+TEST_F(DownloadThreadTest, ConnectionResetInTheData_Fails)
+{
+	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
+	ASSERT_TRUE(fServer->Accept());
+	fServer->Read(kDownloadRequest.size());
+	fServer->Send(FileObject("data").substr(0, FileObject("data").size() - 1));
+	EXPECT_TRUE(WaitFor([this] {
+		return ContentOf(PathOf("file")) == "dat";
+	}));
+	fServer->Reset();
+	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ("dat", ContentOf(PathOf("file")));
+	ExpectOutcome(kMsgDownloadDone, "notes.txt", false);
+}
+
+
+TEST_F(DownloadThreadTest, LengthOf4GiB_IsTakenAsItStands)
+{
+	const std::string stream = wire_zeros(24) + ForkHeader("INFO", 0)
+		+ ForkHeader("DATA", 0xffffffff);
+	EXPECT_EQ(0, Download(NewDownload(PathOf("file")), stream + "abc"));
+	EXPECT_EQ("abc", ContentOf(PathOf("file")));
+	ExpectOutcome(kMsgDownloadDone, "notes.txt", false);
+}
+
+
+TEST_F(DownloadThreadTest, SixtyMebibytes_ArriveIdenticalInConstantMemory)
+{
+	static const uint32 kPiece = 1024 * 1024;
+	static const uint32 kSize = 60 * kPiece + 1;
+	static const size_t kMostGrowth = 8 * kPiece;
+
+	const std::string piece = PatternBytes(0, kPiece);
+	const std::string path = PathOf("large");
+	TransferRun run(DownloadThread, NewDownload(path));
+	ASSERT_TRUE(fServer->Accept());
+	fServer->Send(wire_zeros(24) + ForkHeader("INFO", 0) + ForkHeader("DATA", kSize));
+	const size_t peakBefore = PeakMemory();
+	for (uint32 sent = 0; sent + 1 < kSize; sent += kPiece)
+		ASSERT_TRUE(fServer->Send(piece));
+	ASSERT_TRUE(fServer->Send("!"));
+	EXPECT_EQ(0, run.Result());
+	EXPECT_LT(PeakMemory(), peakBefore + kMostGrowth);
+
+	EXPECT_TRUE(FileRepeats(path, piece, kSize / kPiece, "!"));
+	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
+}
+
+
+TEST_F(DownloadThreadTest, TenAtOnce_AllArrive)
+{
+	static const size_t kCount = 10;
+	static const size_t kPiece = 100000;
+
+	RawServer servers[kCount];
+	std::unique_ptr<TransferRun> runs[kCount];
+	for (size_t i = 0; i < kCount; i++) {
+		const std::string name = std::to_string(i);
+		DownloadInfo* info = NewDownload(PathOf(name), name);
+		info->port = ControlPortOf(servers[i]);
+		runs[i] = std::make_unique<TransferRun>(DownloadThread, info);
+		ASSERT_TRUE(servers[i].Accept());
+	}
+	for (RawServer& server : servers)
+		server.Send(wire_zeros(24) + ForkHeader("INFO", 0) + ForkHeader("DATA", 3 * kPiece));
+	for (size_t piece = 0; piece < 3; piece++) {
+		for (size_t i = 0; i < kCount; i++)
+			ASSERT_TRUE(servers[i].Send(PatternBytes(i * 1000 + piece * kPiece, kPiece)));
+	}
+	for (size_t i = 0; i < kCount; i++) {
+		EXPECT_EQ(0, runs[i]->Result());
+		const std::string data = ContentOf(PathOf(std::to_string(i)));
+		EXPECT_TRUE(data == PatternBytes(i * 1000, 3 * kPiece)) << "file " << i;
+	}
+	EXPECT_EQ(int32(kCount), fRecorder->CountMessages());
+}

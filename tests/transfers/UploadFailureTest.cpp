@@ -1,0 +1,181 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "TransferTest.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+
+#include "AppMessages.h"
+#include "FileObject.h"
+#include "WaitFor.h"
+#include "WireBytes.h"
+
+
+// More than all buffers between the two sides hold, so that the sender is still at work.
+static const uint64 kLargeSize = 64 * 1024 * 1024;
+
+// The request and what stands before the data of a file called "notes.txt".
+static const size_t kDescriptionSize = 16 + 24 + 16 + 74 + 9 + 16;
+
+
+/*!	Uploads that fail: every one of them says so, once. */
+class UploadFailureTest : public TransferTest {
+protected:
+	void ExpectFailure(UploadInfo* info, status_t result)
+	{
+		TransferRun run(UploadThread, info);
+		EXPECT_EQ(result, run.Result());
+		ExpectOutcome(kMsgUploadDone, "notes.txt", false);
+	}
+
+	// Takes up no room on the disk.
+	std::string NewLargeFile()
+	{
+		const std::string path = NewFile("large", "");
+		std::filesystem::resize_file(path, kLargeSize);
+		return path;
+	}
+
+	InterposedCalls fCalls;
+};
+
+
+TEST_F(UploadFailureTest, MissingFile_IsReportedWithoutConnecting)
+{
+	ExpectFailure(NewUpload(PathOf("missing")), 1);
+	EXPECT_TRUE(fCalls.Lookups().empty());
+	EXPECT_FALSE(fServer->HasCaller());
+}
+
+
+TEST_F(UploadFailureTest, NoPath_IsReported)
+{
+	ExpectFailure(NewUpload(""), 1);
+}
+
+
+TEST_F(UploadFailureTest, Folder_IsReported)
+{
+	TransferRun run(UploadThread, NewUpload(fFolder));
+	EXPECT_LE(0, run.Result());
+	ExpectOutcome(kMsgUploadDone, "notes.txt", false);
+}
+
+
+TEST_F(UploadFailureTest, UnknownHost_IsReported)
+{
+	UploadInfo* info = NewUpload(NewFile("file", "data"));
+	info->address = "no.such.host";
+	ExpectFailure(info, 1);
+}
+
+
+TEST_F(UploadFailureTest, RefusedConnection_IsReported)
+{
+	UploadInfo* info = NewUpload(NewFile("file", "data"));
+	info->port = ControlPortOf(RawServer());
+	ExpectFailure(info, 1);
+}
+
+
+TEST_F(UploadFailureTest, NoSocket_IsReported)
+{
+	fCalls.FailNextSocket(EMFILE);
+	ExpectFailure(NewUpload(NewFile("file", "data")), 1);
+}
+
+
+TEST_F(UploadFailureTest, NoConnection_IsReported)
+{
+	fCalls.FailNextConnect(ETIMEDOUT);
+	ExpectFailure(NewUpload(NewFile("file", "data")), 1);
+}
+
+
+TEST_F(UploadFailureTest, NothingSentAtAll_IsReported)
+{
+	fCalls.CutNextSend(0);
+	ExpectFailure(NewUpload(NewFile("file", "data")), 0);
+	ASSERT_TRUE(fServer->Accept());
+	EXPECT_EQ("", fServer->ReadToEnd());
+}
+
+
+TEST_F(UploadFailureTest, ServerGoneAtAnyStage_IsReportedWithoutASignal)
+{
+	const std::string path = NewLargeFile();
+	int32 outcomes = 0;
+	for (size_t length = 0; length <= kDescriptionSize; length++) {
+		SCOPED_TRACE(length);
+		TransferRun run(UploadThread, NewUpload(path));
+		ASSERT_TRUE(fServer->Accept());
+		EXPECT_EQ(length, fServer->Read(length).size());
+		fServer->Hangup();
+		EXPECT_EQ(0, run.Result());
+		outcomes++;
+		const std::vector<BMessage> messages = fRecorder->Messages();
+		ASSERT_EQ(size_t(outcomes), messages.size());
+		EXPECT_FALSE(messages.back().GetBool("success", true));
+	}
+}
+
+
+TEST_F(UploadFailureTest, ServerThatReadsNothing_TimesOut)
+{
+	fCalls.ShortenTimeouts(300);
+	TransferRun run(UploadThread, NewUpload(NewLargeFile()));
+	ASSERT_TRUE(fServer->Accept());
+	EXPECT_EQ(0, run.Result());
+	ExpectOutcome(kMsgUploadDone, "notes.txt", false);
+}
+
+
+TEST_F(UploadFailureTest, FileThatShrinks_IsReported)
+{
+	const std::string path = NewLargeFile();
+	TransferRun run(UploadThread, NewUpload(path));
+	ASSERT_TRUE(fServer->Accept());
+	EXPECT_EQ(kDescriptionSize, fServer->Read(kDescriptionSize).size());
+	std::filesystem::resize_file(path, 1000);
+	EXPECT_LT(fServer->ReadToEnd().size(), kLargeSize);
+	EXPECT_EQ(0, run.Result());
+	ExpectOutcome(kMsgUploadDone, "notes.txt", false);
+}
+
+
+TEST_F(UploadFailureTest, FileThatGrows_IsSentAsLongAsItWas)
+{
+	const std::string path = NewLargeFile();
+	TransferRun run(UploadThread, NewUpload(path));
+	ASSERT_TRUE(fServer->Accept());
+	EXPECT_EQ(kDescriptionSize, fServer->Read(kDescriptionSize).size());
+	std::ofstream(path, std::ios::app) << "more";
+	EXPECT_EQ(kLargeSize, fServer->ReadToEnd().size());
+	EXPECT_EQ(0, run.Result());
+	ExpectOutcome(kMsgUploadDone, "notes.txt", true);
+}
+
+
+TEST_F(UploadFailureTest, FileThatVanishes_IsSentToItsEnd)
+{
+	const std::string path = NewLargeFile();
+	TransferRun run(UploadThread, NewUpload(path));
+	ASSERT_TRUE(fServer->Accept());
+	std::filesystem::remove(path);
+	EXPECT_EQ(kDescriptionSize + kLargeSize, fServer->ReadToEnd().size());
+	EXPECT_EQ(0, run.Result());
+	ExpectOutcome(kMsgUploadDone, "notes.txt", true);
+}
+
+
+TEST_F(UploadFailureTest, ControllerGone_IsNoTrouble)
+{
+	TransferRun run(UploadThread, NewUpload(NewFile("file", "data")));
+	ASSERT_TRUE(fServer->Accept());
+	QuitRecorder();
+	EXPECT_EQ(kDescriptionSize + 4, fServer->ReadToEnd().size());
+	EXPECT_EQ(0, run.Result());
+}

@@ -81,7 +81,7 @@ Community::WakeUp()
 }
 
 
-//!	Whoever is named in the text answers, otherwise whose turn it is.
+//!	Whoever is named in the text answers, and comes back for it; otherwise whose turn it is.
 void
 Community::HearChat(const User& speaker, const std::string& text)
 {
@@ -92,6 +92,8 @@ Community::HearChat(const User& speaker, const std::string& text)
 		resident = _NextCharacter();
 	if (resident == NULL)
 		return;
+	if (!resident->isHere)
+		_Arrive(*resident);
 
 	// Mentioned by name now and then, so that it shows who is meant.
 	std::string answer = resident->persona->AnswerTo(text, resident->spoken);
@@ -304,7 +306,7 @@ Community::_NextCharacter()
 }
 
 
-//!	Whose name the text holds; the usual one counts also while somebody goes by another.
+//!	Whose name the text holds, here or not; the usual one counts also while going by another.
 Community::Resident*
 Community::_Addressed(const std::string& text)
 {
@@ -312,7 +314,7 @@ Community::_Addressed(const std::string& text)
 	size_t cast = std::min(fResidents.size(), Persona::CountCast());
 	for (size_t i = 0; i < cast; i++) {
 		Resident& resident = fResidents[i];
-		if (!resident.isHere || resident.persona == NULL)
+		if (resident.persona == NULL)
 			continue;
 		if (contains_word(plain, to_lower(resident.persona->nick))
 			|| contains_word(plain, to_lower(resident.user.nick)))

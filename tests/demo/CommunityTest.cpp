@@ -125,6 +125,20 @@ TEST_F(CommunityTest, GoneBeforeTheAnswer_SaysNothing)
 }
 
 
+TEST_F(CommunityTest, CalledByName_ComesBackAndAnswers)
+{
+	Community community(fAudience, fTimers, fOptions);
+	community.Rename("Juniper");
+	community.Leave("Juniper");
+	fAudience.fHeard.clear();
+	community.HearChat(fTester, "Where are you, Juniper?");
+	fTimers.RunDue();
+	ASSERT_EQ(fAudience.fHeard.size(), 2u);
+	EXPECT_EQ(fAudience.fHeard[0].Type(), kNoticeUserChange);
+	EXPECT_EQ(fAudience.fHeard[1].Type(), kNoticeChat);
+}
+
+
 TEST_F(CommunityTest, Mute_NeverAnswers)
 {
 	fOptions.answers = false;

@@ -85,6 +85,13 @@ TextControlPeer::FocusWidget() const
 }
 
 
+QSize
+TextControlPeer::MaxSize()
+{
+	return QSize(QWIDGETSIZE_MAX, PreferredSize().height());
+}
+
+
 void
 TextControlPeer::FontChanged()
 {
@@ -100,13 +107,6 @@ TextControlPeer::FlagsChanged()
 		return;
 	const bool navigable = View() == NULL || (View()->Flags() & B_NAVIGABLE) != 0;
 	fField->setFocusPolicy(navigable ? Qt::StrongFocus : Qt::ClickFocus);
-}
-
-
-void
-TextControlPeer::ToolTipChanged(const char* text)
-{
-	ViewPeer::ToolTipChanged(text);
 }
 
 

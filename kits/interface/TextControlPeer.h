@@ -27,9 +27,9 @@ public:
 	float Divider() const;
 
 	QWidget* FocusWidget() const override;
+	QSize MaxSize() override;
 	void FontChanged() override;
 	void FlagsChanged() override;
-	void ToolTipChanged(const char* text) override;
 
 private:
 	void _PlaceLabel();

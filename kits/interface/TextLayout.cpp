@@ -12,6 +12,9 @@
 // In UTF-16 units.
 static const int kLongWord = 1000;
 
+// In pixels, before the text has its place.
+static const qreal kUnlimited = 1 << 24;
+
 // A state of a block.
 static const int kHasLongWord = 1;
 
@@ -93,7 +96,7 @@ TextLayout::_LayOut(QTextBlock block) const
 	QTextOption option = document()->defaultTextOption();
 	option.setWrapMode(QTextOption::WrapAnywhere);
 	const qreal margin = document()->documentMargin();
-	const qreal width = qMax<qreal>(fWidth - 2 * margin, 1);
+	const qreal width = fWidth > 0 ? qMax<qreal>(fWidth - 2 * margin, 1) : kUnlimited;
 
 	QTextLayout* layout = block.layout();
 	layout->setTextOption(option);
@@ -107,6 +110,8 @@ TextLayout::_LayOut(QTextBlock block) const
 		line.setLineWidth(width);
 		line.setPosition(QPointF(margin, height));
 		height += line.height();
+		if (line.leading() < 0)
+			height += qCeil(line.leading());
 	}
 	layout->endLayout();
 	block.setLineCount(layout->lineCount());

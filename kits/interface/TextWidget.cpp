@@ -49,7 +49,7 @@ TextWidget::resizeEvent(QResizeEvent* event)
 	fLayout->SetWidth(viewport()->width());
 	QPlainTextEdit::resizeEvent(event);
 	if (follow)
-		ScrollToEnd();
+		_FindEndAgain();
 }
 
 
@@ -59,5 +59,18 @@ TextWidget::showEvent(QShowEvent* event)
 	const bool follow = fFollowsEnd && IsAtEnd();
 	QPlainTextEdit::showEvent(event);
 	if (follow)
+		_FindEndAgain();
+}
+
+
+/*!	What comes into view is laid out for the first time after a change of the width, which moves the end. */
+void
+TextWidget::_FindEndAgain()
+{
+	int lines;
+	do {
+		lines = document()->lineCount();
+		emit fLayout->documentSizeChanged(fLayout->documentSize());
 		ScrollToEnd();
+	} while (document()->lineCount() != lines);
 }

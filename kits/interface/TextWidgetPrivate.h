@@ -29,6 +29,8 @@ protected:
 	void showEvent(QShowEvent* event) override;
 
 private:
+	void _FindEndAgain();
+
 	TextLayout* fLayout;
 	bool fFollowsEnd;
 };

@@ -115,13 +115,13 @@ TEST_F(TextMapTest, CharacterBeyondTheBmp_IsTwoPositions)
 TEST_F(TextMapTest, InvalidByte_IsOnePositionAndComesBack)
 {
 	for (const char* bytes : {"\xff", "\xc3", "\xe2\x80", "\xed\xa0\x80", "\xc0\xaf", "\xf8\x88",
-			 "\xf4\x90\x80\x80", "\xf0\x80\x80\x80", "\x80\xbf"}) {
+			 "\xf4\x90\x80\x80", "\xf0\x80\x80\x80", "\xe0\x90\x80", "\x80\xbf"}) {
 		SCOPED_TRACE(bytes);
 		const int32 positions = fMap.CountPositions();
 		Append(std::string(bytes) + "|\n");
 		EXPECT_EQ(fMap.CountPositions(), positions + int32(strlen(bytes)) + 2);
 	}
-	EXPECT_EQ(fMap.CountRawBlocks(), 9);
+	EXPECT_EQ(fMap.CountRawBlocks(), 10);
 }
 
 
@@ -196,6 +196,17 @@ TEST_F(TextMapTest, OneLetterInserted_IsAnEditOfOneLetter)
 	EXPECT_EQ(edit.position, 14);
 	EXPECT_EQ(edit.removed, 0);
 	EXPECT_EQ(edit.inserted, u"X");
+}
+
+
+TEST_F(TextMapTest, EditOfACharacterOfTwoPositions_TakesBothOfThem)
+{
+	// Only the second half of the pair differs.
+	Append("a\xf0\x9f\x98\x80z\nend");
+	const TextMap::Edit edit = fMap.Replace(4, 1, "\x81", 1);
+	EXPECT_EQ(edit.position, 1);
+	EXPECT_EQ(edit.removed, 2);
+	EXPECT_EQ(edit.inserted, u"\U0001f601");
 }
 
 

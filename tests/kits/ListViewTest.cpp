@@ -1,0 +1,549 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <ListView.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <Button.h>
+#include <InterfaceDefs.h>
+#include <ScrollView.h>
+
+#include "UserInput.h"
+#include "WaitFor.h"
+#include "WindowWithView.h"
+
+
+namespace {
+
+const uint32 kMsgInvoked = 'invk';
+const uint32 kMsgSelected = 'slct';
+
+
+/*!	A row that fills itself, and says more than its text. */
+class ColorItem : public BStringItem {
+public:
+	ColorItem(const char* text, rgb_color color)
+		: BStringItem(text),
+		  fColor(color),
+		  fDrawCount(0)
+	{
+	}
+
+	void DrawItem(BView* owner, BRect frame, bool) override
+	{
+		fDrawCount++;
+		owner->SetHighColor(fColor);
+		owner->FillRect(frame);
+		owner->SetFont(be_bold_font);
+		owner->DrawString(Text(), frame.LeftBottom());
+		owner->DrawString("12 users", frame.LeftBottom());
+		owner->DrawString("<b>here</b>", frame.LeftBottom());
+	}
+
+	int32 CountDrawn() const { return fDrawCount; }
+
+private:
+	rgb_color fColor;
+	int32 fDrawCount;
+};
+
+
+/*!	A row without a text of its own, of some height. */
+class NumberItem : public BListItem {
+public:
+	NumberItem(int32 number, float height)
+		: fNumber(number),
+		  fFixedHeight(height)
+	{
+	}
+
+	int32 Number() const { return fNumber; }
+
+	void DrawItem(BView* owner, BRect frame, bool) override
+	{
+		owner->DrawString(std::to_string(fNumber).c_str(), frame.LeftBottom());
+		owner->DrawString("a number", frame.LeftBottom());
+	}
+
+	void Update(BView* owner, const BFont* font) override
+	{
+		BListItem::Update(owner, font);
+		SetHeight(fFixedHeight);
+	}
+
+private:
+	int32 fNumber;
+	float fFixedHeight;
+};
+
+
+int
+compare_numbers(const void* a, const void* b)
+{
+	const int32 first = (*static_cast<NumberItem* const*>(a))->Number();
+	const int32 second = (*static_cast<NumberItem* const*>(b))->Number();
+	if (first == second)
+		return 0;
+	return first < second ? -1 : 1;
+}
+
+
+class ListViewTest : public testing::Test {
+protected:
+	void SetUp() override
+	{
+		fList = new BListView("list");
+		fList->SetInvocationMessage(new BMessage(kMsgInvoked));
+		fList->SetSelectionMessage(new BMessage(kMsgSelected));
+		fWindow = new WindowWithView(300, 200);
+		fWindow->Add(new BScrollView("scroll", fList, B_WILL_DRAW, false, true));
+		fWindow->ShowIt();
+	}
+
+	void TearDown() override
+	{
+		fWindow->Lock();
+		fWindow->Quit();
+	}
+
+	BListItem* Keep(BListItem* item)
+	{
+		fItems.emplace_back(item);
+		return item;
+	}
+
+	void AddStrings(int32 count)
+	{
+		for (int32 i = 0; i < count; i++)
+			fList->AddItem(Keep(new BStringItem(("row " + std::to_string(i)).c_str())));
+	}
+
+	/*!	Waits until the toolkit has so many rows. */
+	bool WaitForRows(int32 count)
+	{
+		return WaitFor([this, count]() {
+			return accessible_of(fList).childCount == count;
+		});
+	}
+
+	BPoint CenterOf(int32 index)
+	{
+		const BRect frame = fList->ItemFrame(index);
+		return BPoint((frame.left + frame.right) / 2, (frame.top + frame.bottom) / 2);
+	}
+
+	// They outlive the list.
+	std::vector<std::unique_ptr<BListItem>> fItems;
+	WindowWithView* fWindow;
+	BListView* fList;
+};
+
+} // namespace
+
+
+TEST_F(ListViewTest, AddedItems_AreThereAtOnce)
+{
+	AddStrings(3);
+	EXPECT_EQ(fList->CountItems(), 3);
+	EXPECT_FALSE(fList->IsEmpty());
+	EXPECT_EQ(fList->ItemAt(1), fItems[1].get());
+	EXPECT_EQ(fList->IndexOf(fItems[2].get()), 2);
+	EXPECT_TRUE(fList->HasItem(fItems[0].get()));
+	EXPECT_EQ(fList->ItemAt(3), nullptr);
+	EXPECT_EQ(fList->ItemAt(-1), nullptr);
+	EXPECT_TRUE(WaitForRows(3));
+}
+
+
+TEST_F(ListViewTest, ItemInBetween_MovesTheOthers)
+{
+	AddStrings(3);
+	ASSERT_TRUE(WaitForRows(3));
+	AddStrings(1);
+	EXPECT_TRUE(fList->AddItem(Keep(new BStringItem("first")), 0));
+	EXPECT_TRUE(fList->AddItem(Keep(new BStringItem("fifth")), 4));
+	EXPECT_FALSE(fList->AddItem(fItems[0].get(), 99));
+	EXPECT_FALSE(fList->AddItem(NULL));
+	EXPECT_EQ(fList->IndexOf(fItems[0].get()), 1);
+	EXPECT_TRUE(WaitForRows(6));
+	EXPECT_EQ(accessible_of_row(fList, 0).name, "first");
+	EXPECT_EQ(accessible_of_row(fList, 4).name, "fifth");
+	EXPECT_EQ(accessible_of_row(fList, 5).name, "row 0");
+}
+
+
+TEST_F(ListViewTest, RemovedItems_AreGoneFromTheToolkitAtOnce)
+{
+	AddStrings(5);
+	ASSERT_TRUE(WaitForRows(5));
+	AddStrings(2);
+	EXPECT_EQ(fList->RemoveItem(int32(1)), fItems[1].get());
+	fItems[1].reset();
+	EXPECT_EQ(accessible_of(fList).childCount, 4);
+	EXPECT_TRUE(fList->RemoveItem(fItems[6].get()));
+	EXPECT_FALSE(fList->RemoveItem(fItems[6].get()));
+	EXPECT_EQ(fList->RemoveItem(int32(77)), nullptr);
+	EXPECT_EQ(fList->CountItems(), 5);
+	EXPECT_TRUE(WaitForRows(5));
+	EXPECT_EQ(accessible_of_row(fList, 1).name, "row 2");
+}
+
+
+TEST_F(ListViewTest, RemoveItems_TakesARange)
+{
+	AddStrings(4);
+	ASSERT_TRUE(WaitForRows(4));
+	AddStrings(2);
+	EXPECT_TRUE(fList->RemoveItems(2, 3));
+	EXPECT_EQ(fList->CountItems(), 3);
+	EXPECT_EQ(fList->ItemAt(2), fItems[5].get());
+	EXPECT_TRUE(fList->RemoveItems(1, 100));
+	EXPECT_FALSE(fList->RemoveItems(1, 1));
+	EXPECT_TRUE(WaitForRows(1));
+}
+
+
+TEST_F(ListViewTest, EmptiedAndFilledAgain_ShowsTheNewRows)
+{
+	AddStrings(3);
+	fList->Select(1);
+	fList->MakeEmpty();
+	EXPECT_TRUE(fList->IsEmpty());
+	EXPECT_FALSE(fItems[1]->IsSelected());
+	EXPECT_EQ(fList->CurrentSelection(), -1);
+	EXPECT_TRUE(WaitForRows(0));
+	fList->AddItem(Keep(new BStringItem("new")));
+	EXPECT_TRUE(WaitForRows(1));
+	EXPECT_EQ(accessible_of_row(fList, 0).name, "new");
+}
+
+
+TEST_F(ListViewTest, ManyItemsRemovedOneByOne_LeaveNothing)
+{
+	AddStrings(20000);
+	ASSERT_TRUE(WaitForRows(20000));
+	for (int32 i = fList->CountItems() - 1; i >= 0; i--) {
+		ASSERT_EQ(fList->RemoveItem(i), fItems[size_t(i)].get());
+		fItems[size_t(i)].reset();
+	}
+	EXPECT_EQ(accessible_of(fList).childCount, 0);
+}
+
+
+TEST_F(ListViewTest, Select_MarksTheItemAndSendsTheMessage)
+{
+	AddStrings(3);
+	fList->Select(2);
+	EXPECT_EQ(fList->CurrentSelection(), 2);
+	EXPECT_EQ(fList->CurrentSelection(1), -1);
+	EXPECT_TRUE(fItems[2]->IsSelected());
+	EXPECT_TRUE(fList->IsItemSelected(2));
+	ASSERT_TRUE(WaitFor([this]() {
+		return fWindow->Count(kMsgSelected) == 1;
+	}));
+	EXPECT_EQ(fWindow->Last().GetInt32("index", -1), 2);
+	EXPECT_EQ(fWindow->Last().GetPointer("source"), static_cast<BView*>(fList));
+
+	fList->Select(0, true);
+	EXPECT_EQ(fList->CurrentSelection(), 0);
+	EXPECT_FALSE(fItems[2]->IsSelected());
+	fList->DeselectAll();
+	EXPECT_EQ(fList->CurrentSelection(), -1);
+	EXPECT_TRUE(WaitFor([this]() {
+		return fWindow->Count(kMsgSelected) == 3;
+	}));
+}
+
+
+TEST_F(ListViewTest, RemovingTheSelectedRow_SelectsNoOther)
+{
+	AddStrings(3);
+	ASSERT_TRUE(WaitForRows(3));
+	click(fList, CenterOf(1));
+	ASSERT_EQ(fList->CurrentSelection(), 1);
+	EXPECT_EQ(fList->RemoveItem(int32(1)), fItems[1].get());
+	EXPECT_EQ(fList->CurrentSelection(), -1);
+	EXPECT_FALSE(fItems[1]->IsSelected());
+	EXPECT_FALSE(fItems[2]->IsSelected());
+	EXPECT_FALSE(fItems[0]->IsSelected());
+}
+
+
+TEST_F(ListViewTest, RemovingAnotherRow_KeepsTheSelection)
+{
+	AddStrings(3);
+	fList->Select(2);
+	fList->RemoveItem(int32(0));
+	EXPECT_EQ(fList->CurrentSelection(), 1);
+	EXPECT_TRUE(fItems[2]->IsSelected());
+}
+
+
+TEST_F(ListViewTest, Click_SelectsAndDoesNotInvoke)
+{
+	AddStrings(3);
+	ASSERT_TRUE(WaitForRows(3));
+	click(fList, CenterOf(1));
+	EXPECT_EQ(fList->CurrentSelection(), 1);
+	EXPECT_TRUE(WaitFor([this]() {
+		return fWindow->Count(kMsgSelected) == 1;
+	}));
+	EXPECT_EQ(fWindow->Count(kMsgInvoked), 0);
+}
+
+
+TEST_F(ListViewTest, DoubleClick_Invokes)
+{
+	AddStrings(3);
+	ASSERT_TRUE(WaitForRows(3));
+	double_click(fList, CenterOf(2));
+	ASSERT_TRUE(WaitFor([this]() {
+		return fWindow->Count(kMsgInvoked) == 1;
+	}));
+	EXPECT_EQ(fWindow->Last().GetInt32("index", -1), 2);
+	EXPECT_EQ(fWindow->Last().GetPointer("source"), static_cast<BView*>(fList));
+	EXPECT_NE(fWindow->Last().GetInt64("when", 0), 0);
+}
+
+
+TEST_F(ListViewTest, DoubleClickBelowTheRows_InvokesNothing)
+{
+	AddStrings(1);
+	ASSERT_TRUE(WaitForRows(1));
+	fList->Select(0);
+	const BRect frame = fList->ItemFrame(0);
+	double_click(fList, BPoint(frame.left + 20, frame.bottom + 40));
+	press_key(fList, KEY_RETURN);
+	ASSERT_TRUE(WaitFor([this]() {
+		return fWindow->Count(kMsgSelected) > 0;
+	}));
+	EXPECT_LE(fWindow->Count(kMsgInvoked), 1);
+}
+
+
+TEST_F(ListViewTest, Return_InvokesTheSelectedRow)
+{
+	AddStrings(3);
+	press_key(fList, KEY_RETURN);
+	fList->Select(1);
+	press_key(fList, KEY_DOWN);
+	press_key(fList, KEY_RETURN);
+	ASSERT_TRUE(WaitFor([this]() {
+		return fWindow->Count(kMsgInvoked) > 0;
+	}));
+	EXPECT_EQ(fWindow->Count(kMsgInvoked), 1);
+	EXPECT_EQ(fWindow->Last().GetInt32("index", -1), 2);
+}
+
+
+TEST_F(ListViewTest, ReturnWithADefaultButton_IsTheButtons)
+{
+	BButton* button = new BButton("button", "Button", new BMessage('butn'));
+	fWindow->Add(button);
+	button->MakeDefault(true);
+	AddStrings(2);
+	fList->Select(1);
+	press_key(fList, KEY_RETURN);
+	EXPECT_TRUE(WaitFor([this]() {
+		return fWindow->Count('butn') == 1;
+	}));
+	EXPECT_EQ(fWindow->Count(kMsgInvoked), 0);
+}
+
+
+TEST_F(ListViewTest, InvokeByTheProgram_SendsWhateverIsSelected)
+{
+	EXPECT_EQ(fList->Invoke(), B_OK);
+	ASSERT_TRUE(WaitFor([this]() {
+		return fWindow->Count(kMsgInvoked) == 1;
+	}));
+	EXPECT_EQ(fWindow->Last().GetInt32("index", 5), -1);
+	BMessage other('othr');
+	EXPECT_EQ(fList->Invoke(&other), B_OK);
+	EXPECT_TRUE(WaitFor([this]() {
+		return fWindow->Count('othr') == 1;
+	}));
+}
+
+
+TEST_F(ListViewTest, Rows_DrawThemselves)
+{
+	ColorItem* item = new ColorItem("red", make_color(200, 0, 0));
+	fList->AddItem(Keep(item));
+	fList->AddItem(Keep(new ColorItem("green", make_color(0, 128, 0))));
+	ASSERT_TRUE(WaitFor([item]() {
+		return item->CountDrawn() > 0;
+	}));
+	const BRect frame = fList->ItemFrame(0);
+	EXPECT_EQ(pixel_of(fList, BPoint(frame.right - 2, frame.top)), 0xc80000u);
+	EXPECT_EQ(pixel_of(fList, BPoint(frame.right - 2, frame.bottom)), 0xc80000u);
+	EXPECT_EQ(pixel_of(fList, BPoint(frame.right - 2, frame.bottom + 1)), 0x008000u);
+}
+
+
+TEST_F(ListViewTest, DrawingARow_LeavesTheListsFontAndColors)
+{
+	BFont before;
+	fList->GetFont(&before);
+	const rgb_color high = fList->HighColor();
+	ColorItem* item = new ColorItem("red", make_color(200, 0, 0));
+	fList->AddItem(Keep(item));
+	ASSERT_TRUE(WaitFor([item]() {
+		return item->CountDrawn() > 0;
+	}));
+	BFont after;
+	fList->GetFont(&after);
+	EXPECT_TRUE(before == after);
+	EXPECT_TRUE(fList->HighColor() == high);
+}
+
+
+TEST_F(ListViewTest, InvalidatedItem_IsDrawnAgain)
+{
+	ColorItem* item = new ColorItem("old", make_color(200, 0, 0));
+	fList->AddItem(Keep(item));
+	ASSERT_TRUE(WaitFor([item]() {
+		return item->CountDrawn() > 0;
+	}));
+	const int32 before = item->CountDrawn();
+	item->SetText("new");
+	fList->InvalidateItem(0);
+	fList->InvalidateItem(12);
+	EXPECT_TRUE(WaitFor([item, before]() {
+		return item->CountDrawn() > before;
+	}));
+	EXPECT_EQ(accessible_of_row(fList, 0).name, "new");
+}
+
+
+TEST_F(ListViewTest, InvalidatedThenRemoved_IsNoTrouble)
+{
+	AddStrings(10);
+	ASSERT_TRUE(WaitForRows(10));
+	for (int32 i = 0; i < 10; i++)
+		fList->InvalidateItem(i);
+	fList->RemoveItems(2, 8);
+	fList->RemoveItem(int32(0));
+	EXPECT_TRUE(WaitForRows(1));
+	fList->InvalidateItem(0);
+	fList->MakeEmpty();
+	EXPECT_TRUE(WaitForRows(0));
+}
+
+
+TEST_F(ListViewTest, RowsForScreenReaders_SayWhatIsDrawn)
+{
+	fList->AddItem(Keep(new ColorItem("&Name <i>[*]", make_color(255, 255, 255))));
+	fList->AddItem(Keep(new NumberItem(137, 22)));
+	fList->AddItem(Keep(new BStringItem("bytes \xff")));
+	ASSERT_TRUE(WaitForRows(3));
+	EXPECT_EQ(accessible_of_row(fList, 0).name, "&Name <i>[*]");
+	EXPECT_EQ(accessible_of_row(fList, 0).description, "12 users, <b>here</b>");
+	EXPECT_EQ(accessible_of_row(fList, 1).name, "137");
+	EXPECT_EQ(accessible_of_row(fList, 1).description, "a number");
+	EXPECT_EQ(accessible_of_row(fList, 2).name, "bytes \xef\xbf\xbd");
+	EXPECT_EQ(accessible_of_row(fList, 2).description, "");
+	const Accessible row = accessible_of_row(fList, 1);
+	EXPECT_EQ(row.height, 22);
+	EXPECT_GT(row.width, 100);
+	EXPECT_EQ(row.top, accessible_of_row(fList, 0).top + accessible_of_row(fList, 0).height);
+	fList->Select(1);
+	EXPECT_TRUE(accessible_of_row(fList, 1).isSelected);
+}
+
+
+TEST_F(ListViewTest, Heights_AreThoseOfTheItems)
+{
+	fList->AddItem(Keep(new NumberItem(1, 22)));
+	fList->AddItem(Keep(new NumberItem(2, 22)));
+	EXPECT_EQ(fList->ItemFrame(1).top - fList->ItemFrame(0).top, 22);
+	fList->AddItem(Keep(new NumberItem(3, 57)));
+	fList->AddItem(Keep(new NumberItem(4, 22)));
+	EXPECT_EQ(fList->ItemFrame(2).Height() + 1, 57);
+	EXPECT_EQ(fList->ItemFrame(3).top - fList->ItemFrame(2).top, 57);
+	EXPECT_EQ(fList->ItemFrame(1).top - fList->ItemFrame(0).top, 22);
+	EXPECT_FALSE(fList->ItemFrame(9).IsValid());
+}
+
+
+TEST_F(ListViewTest, StringItem_IsAsHighAsItsLine)
+{
+	fList->AddItem(Keep(new BStringItem("text")));
+	font_height height;
+	fList->GetFontHeight(&height);
+	EXPECT_GE(fItems[0]->Height(), height.ascent + height.descent);
+	EXPECT_LT(fItems[0]->Height(), 2 * (height.ascent + height.descent));
+}
+
+
+TEST_F(ListViewTest, SortItems_OrdersAndKeepsTheSelection)
+{
+	for (const int32 number : {30, 10, 20})
+		fList->AddItem(Keep(new NumberItem(number, 22)));
+	fList->Select(0);
+	fList->SortItems(compare_numbers);
+	EXPECT_EQ(fList->ItemAt(0), fItems[1].get());
+	EXPECT_EQ(fList->ItemAt(2), fItems[0].get());
+	EXPECT_EQ(fList->CurrentSelection(), 2);
+	EXPECT_TRUE(fItems[0]->IsSelected());
+	EXPECT_TRUE(WaitForRows(3));
+	EXPECT_EQ(accessible_of_row(fList, 1).name, "20");
+}
+
+
+TEST_F(ListViewTest, ScrollToSelection_MakesItVisible)
+{
+	AddStrings(500);
+	fList->Select(400);
+	fList->ScrollToSelection();
+	EXPECT_TRUE(fList->Bounds().Contains(CenterOf(400)));
+	EXPECT_FALSE(fList->Bounds().Contains(CenterOf(0)));
+}
+
+
+TEST_F(ListViewTest, DoForEach_StopsWhenToldTo)
+{
+	AddStrings(5);
+	int32 count = 0;
+	fList->DoForEach(
+		[](BListItem*, void* cookie) {
+			return ++*static_cast<int32*>(cookie) == 3;
+		},
+		&count);
+	EXPECT_EQ(count, 3);
+}
+
+
+TEST_F(ListViewTest, MultipleSelection_ExtendsAndReportsAll)
+{
+	BListView* list = new BListView("many", B_MULTIPLE_SELECTION_LIST);
+	list->SetSelectionMessage(new BMessage(kMsgSelected));
+	fWindow->Add(list);
+	for (int32 i = 0; i < 4; i++)
+		list->AddItem(Keep(new NumberItem(i, 20)));
+	list->Select(3);
+	list->Select(1, true);
+	EXPECT_EQ(list->CurrentSelection(0), 1);
+	EXPECT_EQ(list->CurrentSelection(1), 3);
+	ASSERT_TRUE(WaitFor([this]() {
+		return fWindow->Count(kMsgSelected) == 2;
+	}));
+	EXPECT_TRUE(fWindow->Last().HasInt32("index", 1));
+	list->Deselect(3);
+	EXPECT_EQ(list->CurrentSelection(1), -1);
+}
+
+
+TEST_F(ListViewTest, HugeText_IsDrawnAndDescribed)
+{
+	fList->AddItem(Keep(new BStringItem(std::string(65535, 'x').c_str())));
+	ASSERT_TRUE(WaitForRows(1));
+	EXPECT_EQ(accessible_of_row(fList, 0).name.size(), 65535u);
+	EXPECT_EQ(pixel_of(fList, BPoint(1, 1)) & 0, 0u);
+}

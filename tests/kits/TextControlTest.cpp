@@ -1,0 +1,224 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <TextControl.h>
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <Button.h>
+#include <Size.h>
+#include <TextView.h>
+
+#include "UserInput.h"
+#include "WaitFor.h"
+#include "WindowWithView.h"
+
+
+namespace {
+
+const uint32 kMsgReturn = 'rtrn';
+const uint32 kMsgButton = 'butn';
+
+
+class TextControlTest : public testing::Test {
+protected:
+	void SetUp() override
+	{
+		fControl = new BTextControl("name", "&File:", "", new BMessage(kMsgReturn));
+		fOther = new BTextControl("other", "A longer label:", "5500", NULL);
+		fButton = new BButton("button", "Button", new BMessage(kMsgButton));
+		fWindow = new WindowWithView(400, 200);
+		fWindow->Add(fControl);
+		fWindow->Add(fOther);
+		fWindow->Add(fButton);
+		fWindow->ShowIt();
+	}
+
+	void TearDown() override
+	{
+		fWindow->Lock();
+		fWindow->Quit();
+	}
+
+	WindowWithView* fWindow;
+	BTextControl* fControl;
+	BTextControl* fOther;
+	BButton* fButton;
+};
+
+} // namespace
+
+
+TEST_F(TextControlTest, AnyBytes_ComeBackUnchanged)
+{
+	const std::string texts[] = {"", " blanks ", "<b>&amp;%s[*]&File", "na\xefve\xff",
+		"line\nline\r\n", "\x01\x02\t\x7f", "\xf0\x9f\x98\x80", std::string(100000, 'x')};
+	for (const std::string& text : texts) {
+		fControl->SetText(text.c_str());
+		EXPECT_EQ(fControl->Text(), text);
+		EXPECT_EQ(fControl->TextLength(), int32(text.size()));
+	}
+	fControl->SetText(NULL);
+	EXPECT_STREQ(fControl->Text(), "");
+}
+
+
+TEST_F(TextControlTest, InitialText_IsThere)
+{
+	EXPECT_STREQ(fOther->Text(), "5500");
+}
+
+
+TEST_F(TextControlTest, WhatIsTyped_IsTheText)
+{
+	fControl->MakeFocus(true);
+	EXPECT_TRUE(fControl->IsFocus());
+	type_text(fControl, " caf\xc3\xa9 ");
+	EXPECT_STREQ(fControl->Text(), " caf\xc3\xa9 ");
+	press_key(fControl, KEY_BACKSPACE);
+	EXPECT_STREQ(fControl->Text(), " caf\xc3\xa9");
+}
+
+
+TEST_F(TextControlTest, LongPaste_IsNotCut)
+{
+	set_clipboard(std::string(70000, 'x').c_str());
+	press_key(fControl, KEY_PASTE);
+	EXPECT_EQ(fControl->TextLength(), 70000);
+}
+
+
+TEST_F(TextControlTest, EditedText_IsWhatIsShown)
+{
+	fControl->SetText("a\xff");
+	fControl->TextView()->Select(2, 2);
+	type_text(fControl, "b");
+	EXPECT_STREQ(fControl->Text(),
+		"a\xef\xbf\xbd"
+		"b");
+}
+
+
+TEST_F(TextControlTest, Return_SendsTheMessageOnce)
+{
+	fControl->SetText("text");
+	press_key(fControl, KEY_RETURN);
+	ASSERT_TRUE(WaitFor([this]() {
+		return fWindow->Count(kMsgReturn) > 0;
+	}));
+	EXPECT_EQ(fWindow->Count(kMsgReturn), 1);
+	EXPECT_EQ(fWindow->Last().GetPointer("source"), static_cast<BControl*>(fControl));
+	press_key(fControl, KEY_RETURN);
+	EXPECT_TRUE(WaitFor([this]() {
+		return fWindow->Count(kMsgReturn) == 2;
+	}));
+}
+
+
+TEST_F(TextControlTest, ReturnWithADefaultButton_IsTheButtons)
+{
+	fButton->MakeDefault(true);
+	press_key(fOther, KEY_RETURN);
+	EXPECT_TRUE(WaitFor([this]() {
+		return fWindow->Count(kMsgButton) == 1;
+	}));
+	press_key(fControl, KEY_RETURN);
+	EXPECT_TRUE(WaitFor([this]() {
+		return fWindow->Count(kMsgButton) == 2;
+	}));
+	EXPECT_EQ(fWindow->Count(kMsgReturn), 0);
+}
+
+
+TEST_F(TextControlTest, Disabled_TakesNoKeys)
+{
+	fControl->SetEnabled(false);
+	type_text(fControl, "text");
+	EXPECT_STREQ(fControl->Text(), "");
+	fControl->SetEnabled(true);
+	fControl->MakeFocus(true);
+	EXPECT_TRUE(fControl->IsFocus());
+	type_text(fControl, "text");
+	EXPECT_STREQ(fControl->Text(), "text");
+}
+
+
+TEST_F(TextControlTest, HiddenTyping_IsAPassword)
+{
+	EXPECT_FALSE(accessible_of(fControl).isPassword);
+	fControl->TextView()->HideTyping(true);
+	EXPECT_TRUE(fControl->TextView()->IsTypingHidden());
+	type_text(fControl, "secret");
+	EXPECT_TRUE(accessible_of(fControl).isPassword);
+	EXPECT_STREQ(fControl->Text(), "secret");
+	EXPECT_EQ(accessible_of(fControl).text.find("secret"), std::string::npos);
+}
+
+
+TEST_F(TextControlTest, Label_IsTheFieldsNameAsItStands)
+{
+	EXPECT_EQ(accessible_of(fControl).name, "&File:");
+	fControl->SetLabel("<b>Login:");
+	EXPECT_EQ(accessible_of(fControl).name, "<b>Login:");
+	EXPECT_STREQ(fControl->Label(), "<b>Login:");
+}
+
+
+TEST_F(TextControlTest, SameDivider_LinesTheFieldsUp)
+{
+	const float divider = fOther->StringWidth("A longer label:") + 8;
+	fControl->SetDivider(divider);
+	fOther->SetDivider(divider);
+	EXPECT_EQ(fControl->Divider(), divider);
+	EXPECT_TRUE(WaitFor([this, divider]() {
+		return fControl->TextView()->Frame().left > divider - 1
+			&& fControl->TextView()->Frame().left < divider + 1
+			&& fOther->TextView()->Frame().left == fControl->TextView()->Frame().left;
+	}));
+}
+
+
+TEST_F(TextControlTest, WithoutLabel_TheFieldFillsTheControl)
+{
+	BTextControl* control = new BTextControl("entry", NULL, "", NULL);
+	fWindow->Add(control);
+	ASSERT_TRUE(WaitFor([control]() {
+		return control->Bounds().Width() > 300;
+	}));
+	EXPECT_EQ(control->Divider(), 0);
+	EXPECT_EQ(control->TextView()->Frame().left, 0);
+	EXPECT_EQ(control->TextView()->Frame().Width(), control->Bounds().Width());
+}
+
+
+TEST_F(TextControlTest, Sizes_GrowInWidthOnly)
+{
+	EXPECT_EQ(fControl->MaxSize().width, B_SIZE_UNLIMITED);
+	EXPECT_LT(fControl->MaxSize().height, 60);
+	EXPECT_EQ(fControl->MaxSize().height, fControl->PreferredSize().height);
+	EXPECT_LE(fControl->MinSize().width, fControl->PreferredSize().width);
+	EXPECT_LE(fControl->MinSize().height, fControl->PreferredSize().height);
+}
+
+
+TEST_F(TextControlTest, FieldOfTheControl_IsAView)
+{
+	EXPECT_EQ(fControl->TextView()->Parent(), fControl);
+	EXPECT_EQ(fControl->TextView()->TextLength(), 0);
+	fControl->TextView()->SetText("abc");
+	EXPECT_STREQ(fControl->Text(), "abc");
+	fControl->TextView()->Insert(1, "\xc3\xa9", 2);
+	fControl->TextView()->Delete(3, 4);
+	EXPECT_STREQ(fControl->Text(),
+		"a\xc3\xa9"
+		"c");
+	fControl->TextView()->Select(1, 3);
+	int32 start;
+	int32 end;
+	fControl->TextView()->GetSelection(&start, &end);
+	EXPECT_EQ(start, 1);
+	EXPECT_EQ(end, 3);
+}

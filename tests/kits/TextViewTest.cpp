@@ -1,0 +1,482 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <TextView.h>
+
+#include <cstring>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <Font.h>
+#include <InterfaceDefs.h>
+#include <ScrollView.h>
+
+#include "UserInput.h"
+#include "WaitFor.h"
+#include "WindowWithView.h"
+
+
+namespace {
+
+const rgb_color kRed = {200, 0, 0, 255};
+const rgb_color kGreen = {0, 128, 0, 255};
+
+
+/*!	A transcript as a chat has it, in a window. */
+class TextViewTest : public testing::Test {
+protected:
+	void SetUp() override
+	{
+		fText = new BTextView("text");
+		fText->MakeEditable(false);
+		fText->SetStylable(true);
+		fWindow = new WindowWithView(400, 200);
+		fWindow->Add(new BScrollView("scroll", fText, B_WILL_DRAW, false, true));
+		fWindow->ShowIt();
+	}
+
+	void TearDown() override
+	{
+		fWindow->Lock();
+		fWindow->Quit();
+	}
+
+	void Append(const std::string& text, rgb_color color = kRed)
+	{
+		fText->SetFontAndColor(be_plain_font, B_FONT_ALL, &color);
+		fText->Insert(fText->TextLength(), text.data(), int32(text.size()));
+		fText->ScrollToOffset(fText->TextLength());
+	}
+
+	/*!	Waits for what was appended to be on the screen. */
+	bool WaitUntilShown()
+	{
+		const std::string text = fText->Text();
+		return WaitFor([this, &text]() {
+			// Every byte of these texts is a character.
+			return accessible_of(fText).text.size() == text.size();
+		});
+	}
+
+	bool IsEndSeen() const
+	{
+		float height;
+		const BPoint end = fText->PointAt(fText->TextLength(), &height);
+		return fText->Bounds().Contains(end)
+			&& fText->Bounds().Contains(BPoint(end.x, end.y + height - 1));
+	}
+
+	rgb_color ColorAt(int32 offset) const
+	{
+		rgb_color color;
+		fText->GetFontAndColor(offset, NULL, &color);
+		return color;
+	}
+
+	WindowWithView* fWindow;
+	BTextView* fText;
+};
+
+} // namespace
+
+
+TEST_F(TextViewTest, InsertedText_IsReadAtOnce)
+{
+	Append("first\n");
+	Append("second\n");
+	EXPECT_EQ(fText->TextLength(), 13);
+	EXPECT_STREQ(fText->Text(), "first\nsecond\n");
+	EXPECT_TRUE(WaitUntilShown());
+	EXPECT_STREQ(fText->Text(), "first\nsecond\n");
+}
+
+
+TEST_F(TextViewTest, AnyBytes_ComeBackUnchanged)
+{
+	const std::string word(65535, 'w');
+	const std::string texts[] = {"<b>bold</b> &amp; %s %n [*] &File\n", "a\rb\r\nc\n",
+		"\x01\x02\x07\x1b[31m\x7f\n", "na\xefve \xff\xfe caf\xc3\n",
+		"\xe2\x80\xa8 \xe2\x80\xa9 \xef\xb7\x90",
+		"\xf0\x9f\x98\x80 \xe4\xbd\xa0\xe5\xa5\xbd \xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d\n",
+		"\xc2\xa0\t\n", word + "\n", "no end"};
+	std::string all;
+	for (const std::string& text : texts) {
+		Append(text);
+		all += text;
+		ASSERT_EQ(fText->TextLength(), int32(all.size()));
+		ASSERT_EQ(fText->Text(), all);
+	}
+	// A question about a place in the text needs all of it in the document.
+	fText->PointAt(0);
+	EXPECT_EQ(fText->Text(), all);
+}
+
+
+TEST_F(TextViewTest, Markup_IsShownAsItStands)
+{
+	const std::string text = "<b>x</b> &amp; &File [*] %s";
+	Append(text);
+	EXPECT_TRUE(WaitFor([this, &text]() {
+		return accessible_of(fText).text == text;
+	}));
+}
+
+
+TEST_F(TextViewTest, InvalidByte_IsShownAsReplacement)
+{
+	Append("a\xff"
+		   "b");
+	EXPECT_TRUE(WaitFor([this]() {
+		return accessible_of(fText).text
+			== "a\xef\xbf\xbd"
+			   "b";
+	}));
+	EXPECT_STREQ(fText->Text(),
+		"a\xff"
+		"b");
+}
+
+
+TEST_F(TextViewTest, AfterAppending_TheEndIsSeen)
+{
+	for (int i = 0; i < 300; i++)
+		Append("line " + std::to_string(i) + "\n");
+	EXPECT_TRUE(WaitFor([this]() {
+		return IsEndSeen();
+	}));
+	EXPECT_FALSE(fText->Bounds().Contains(fText->PointAt(0)));
+}
+
+
+TEST_F(TextViewTest, ScrolledAway_AppendingShowsTheEndAgain)
+{
+	for (int i = 0; i < 300; i++)
+		Append("line\n");
+	ASSERT_TRUE(WaitFor([this]() {
+		return IsEndSeen();
+	}));
+	scroll_to_top(fText);
+	ASSERT_FALSE(IsEndSeen());
+	Append("news\n");
+	EXPECT_TRUE(WaitFor([this]() {
+		return IsEndSeen();
+	}));
+}
+
+
+TEST_F(TextViewTest, SmallerWindow_StillShowsTheEnd)
+{
+	for (int i = 0; i < 300; i++)
+		Append("a line that is long enough to be wrapped when the window is made smaller\n");
+	ASSERT_TRUE(WaitFor([this]() {
+		return IsEndSeen();
+	}));
+	const float width = fText->Bounds().Width();
+	fWindow->ResizeTo(250, 120);
+	ASSERT_TRUE(WaitFor([this, width]() {
+		return fText->Bounds().Width() < width;
+	}));
+	EXPECT_TRUE(IsEndSeen());
+}
+
+
+TEST_F(TextViewTest, ManyPiecesInOneTurn_AllArrive)
+{
+	std::string all;
+	for (int i = 0; i < 5000; i++) {
+		const std::string line = "line " + std::to_string(i)
+			+ " of a flood of sixty-two bytes each\n";
+		Append(line, i % 3 == 0 ? kRed : kGreen);
+		all += line;
+	}
+	EXPECT_TRUE(WaitUntilShown());
+	EXPECT_EQ(fText->Text(), all);
+	EXPECT_TRUE(WaitFor([this]() {
+		return IsEndSeen();
+	}));
+}
+
+
+TEST_F(TextViewTest, Flood_DoesNotWaitWithoutLimit)
+{
+	// Without a single turn for the toolkit: what waits is bounded, the rest is in the document.
+	const std::string line(1023, 'x');
+	for (int i = 0; i < 3000; i++)
+		Append(line + "\n");
+	EXPECT_GT(accessible_of(fText).text.size(), 1024u * 1024u);
+}
+
+
+TEST_F(TextViewTest, TwentyWordsOfTheLargestSize_AreShown)
+{
+	const std::string word = std::string(65535, 'x') + "\n";
+	for (int i = 0; i < 20; i++)
+		Append(word);
+	EXPECT_EQ(fText->TextLength(), 20 * 65536);
+	EXPECT_TRUE(WaitUntilShown());
+	EXPECT_TRUE(IsEndSeen());
+	// Wrapped: not all in one line.
+	EXPECT_GT(fText->PointAt(65536 * 20 - 2).y, fText->PointAt(65536 * 19).y);
+}
+
+
+TEST_F(TextViewTest, LongWord_WrapsAtTheEdge)
+{
+	// A word that is not overlong goes to the next line as a whole; an overlong one begins beside its neighbor.
+	fText->SetText(("before " + std::string(900, 'x')).c_str());
+	EXPECT_GT(fText->PointAt(7).y, fText->PointAt(0).y);
+	fText->SetText(("before " + std::string(1500, 'x')).c_str());
+	EXPECT_EQ(fText->PointAt(7).y, fText->PointAt(0).y);
+	EXPECT_GT(fText->PointAt(150).y, fText->PointAt(0).y);
+}
+
+
+TEST_F(TextViewTest, LongWordThatGrows_WrapsAtTheEdge)
+{
+	Append("before ");
+	Append(std::string(800, 'x'));
+	ASSERT_TRUE(WaitUntilShown());
+	scroll_to_top(fText);
+	EXPECT_GT(fText->PointAt(7).y, fText->PointAt(0).y);
+	Append(std::string(800, 'x'));
+	ASSERT_TRUE(WaitUntilShown());
+	EXPECT_TRUE(IsEndSeen());
+	scroll_to_top(fText);
+	EXPECT_EQ(fText->PointAt(7).y, fText->PointAt(0).y);
+	EXPECT_GT(fText->PointAt(150).y, fText->PointAt(0).y);
+}
+
+
+TEST_F(TextViewTest, Color_IsThatOfTheInsertion)
+{
+	Append("red\n", kRed);
+	Append("green\n", kGreen);
+	EXPECT_TRUE(ColorAt(0) == kRed);
+	EXPECT_TRUE(ColorAt(4) == kGreen);
+	ASSERT_TRUE(WaitUntilShown());
+	EXPECT_TRUE(ColorAt(2) == kRed);
+	EXPECT_TRUE(ColorAt(4) == kGreen);
+	EXPECT_TRUE(ColorAt(8) == kGreen);
+}
+
+
+TEST_F(TextViewTest, Color_IsAnAttributeForScreenReaders)
+{
+	Append("red\n", kRed);
+	Append("green\n", kGreen);
+	ASSERT_TRUE(WaitUntilShown());
+	EXPECT_NE(accessible_attributes(fText, 1).find("color:rgb(200,0,0)"), std::string::npos);
+	EXPECT_NE(accessible_attributes(fText, 5).find("color:rgb(0,128,0)"), std::string::npos);
+}
+
+
+TEST_F(TextViewTest, StyledRanges_BeforeAndAfterTheyAreShown)
+{
+	for (const bool shown : {false, true}) {
+		SCOPED_TRACE(shown);
+		const int32 start = fText->TextLength();
+		fText->Insert(start, "Bob: hi\n", 8);
+		if (shown) {
+			ASSERT_TRUE(WaitUntilShown());
+		}
+		fText->SetFontAndColor(start, start + 5, be_bold_font, B_FONT_ALL, &kRed);
+		fText->SetFontAndColor(start + 5, start + 8, be_plain_font, B_FONT_ALL, &kGreen);
+		ASSERT_TRUE(WaitUntilShown());
+
+		for (int32 i = 0; i < 8; i++) {
+			BFont font;
+			rgb_color color;
+			fText->GetFontAndColor(start + i, &font, &color);
+			EXPECT_EQ((font.Face() & B_BOLD_FACE) != 0, i < 5) << i;
+			EXPECT_TRUE(color == (i < 5 ? kRed : kGreen)) << i;
+		}
+	}
+}
+
+
+TEST_F(TextViewTest, SelectionOfEverything_DoesNotGrow)
+{
+	Append("one\ntwo\n");
+	ASSERT_TRUE(WaitUntilShown());
+	press_key(fText, KEY_SELECT_ALL);
+	Append("three\n");
+	ASSERT_TRUE(WaitUntilShown());
+
+	int32 start;
+	int32 end;
+	fText->GetSelection(&start, &end);
+	EXPECT_EQ(start, 0);
+	EXPECT_EQ(end, 8);
+	EXPECT_TRUE(WaitFor([this]() {
+		return IsEndSeen();
+	}));
+}
+
+
+TEST_F(TextViewTest, SelectionFromTheEnd_KeepsItsAnchor)
+{
+	Append("one\ntwo\n");
+	ASSERT_TRUE(WaitUntilShown());
+	press_key(fText, KEY_END);
+	press_key(fText, KEY_SELECT_TO_START);
+	Append("three\n");
+	ASSERT_TRUE(WaitUntilShown());
+
+	int32 start;
+	int32 end;
+	fText->GetSelection(&start, &end);
+	EXPECT_EQ(start, 0);
+	EXPECT_EQ(end, 8);
+}
+
+
+// Differs from Haiku, where this would give the user's selection the color of what is appended.
+TEST_F(TextViewTest, SelectionInATranscript_KeepsItsColor)
+{
+	Append("one\ntwo\n", kRed);
+	fText->Select(2, 6);
+	Append("three\n", kGreen);
+	ASSERT_TRUE(WaitUntilShown());
+	EXPECT_TRUE(ColorAt(3) == kRed);
+	EXPECT_TRUE(ColorAt(9) == kGreen);
+
+	int32 start;
+	int32 end;
+	fText->GetSelection(&start, &end);
+	EXPECT_EQ(start, 2);
+	EXPECT_EQ(end, 6);
+}
+
+
+TEST_F(TextViewTest, Offsets_AreBytes)
+{
+	Append("\xc3\xa9\xf0\x9f\x98\x80z\r\nend");
+	fText->Select(2, 6);
+	int32 start;
+	int32 end;
+	fText->GetSelection(&start, &end);
+	EXPECT_EQ(start, 2);
+	EXPECT_EQ(end, 6);
+	fText->Delete(2, 6);
+	EXPECT_STREQ(fText->Text(), "\xc3\xa9z\r\nend");
+	fText->Insert(3, "!", 1);
+	EXPECT_STREQ(fText->Text(), "\xc3\xa9z!\r\nend");
+}
+
+
+TEST_F(TextViewTest, OffsetsOutside_AreCutToTheText)
+{
+	Append("text");
+	fText->Insert(100, "!", 1);
+	fText->Insert(-5, "<", 1);
+	fText->Delete(5, 500);
+	fText->Delete(3, 2);
+	fText->Select(-3, 900);
+	fText->SetFontAndColor(-1, 500, be_plain_font, B_FONT_ALL, &kGreen);
+	EXPECT_STREQ(fText->Text(), "<text");
+	EXPECT_TRUE(ColorAt(4) == kGreen);
+}
+
+
+TEST_F(TextViewTest, SetText_ReplacesEverythingAndShowsItsStart)
+{
+	for (int i = 0; i < 300; i++)
+		Append("line\n");
+	ASSERT_TRUE(WaitFor([this]() {
+		return IsEndSeen();
+	}));
+	Append("waiting");
+	std::string text;
+	for (int i = 0; i < 200; i++)
+		text += "rule\r";
+	fText->SetText(text.c_str());
+	EXPECT_EQ(fText->Text(), text);
+	EXPECT_TRUE(WaitFor([this]() {
+		return fText->Bounds().Contains(fText->PointAt(0));
+	}));
+	EXPECT_FALSE(IsEndSeen());
+	fText->SetText(NULL);
+	EXPECT_EQ(fText->TextLength(), 0);
+	EXPECT_STREQ(fText->Text(), "");
+}
+
+
+TEST_F(TextViewTest, ScrollToOffset_MakesItVisible)
+{
+	for (int i = 0; i < 300; i++)
+		Append("line\n");
+	for (const int32 offset : {0, 750, 300, 1495, 0}) {
+		fText->ScrollToOffset(offset);
+		EXPECT_TRUE(fText->Bounds().Contains(fText->PointAt(offset))) << offset;
+	}
+}
+
+
+TEST_F(TextViewTest, ReadOnly_TakesNoKeysButHasACaret)
+{
+	Append("text");
+	ASSERT_TRUE(WaitUntilShown());
+	type_text(fText, "more");
+	press_key(fText, KEY_BACKSPACE);
+	EXPECT_STREQ(fText->Text(), "text");
+
+	const Accessible accessible = accessible_of(fText);
+	EXPECT_TRUE(accessible.isReadOnly);
+	EXPECT_TRUE(accessible.isMultiLine);
+	EXPECT_TRUE(accessible.isFocusable);
+	press_key(fText, KEY_SELECT_ALL);
+	int32 start;
+	int32 end;
+	fText->GetSelection(&start, &end);
+	EXPECT_EQ(end - start, 4);
+}
+
+
+TEST_F(TextViewTest, Editable_TextIsWhatTheUserMadeOfIt)
+{
+	fText->MakeEditable(true);
+	fText->SetText("a\r\nb\xff");
+	fText->Select(1, 1);
+	EXPECT_STREQ(fText->Text(), "a\r\nb\xff");
+	type_text(fText, "\xc3\xa9");
+	EXPECT_STREQ(fText->Text(), "a\xc3\xa9\nb\xef\xbf\xbd");
+	EXPECT_EQ(fText->TextLength(), 8);
+	fText->Insert(8, "!", 1);
+	EXPECT_STREQ(fText->Text(), "a\xc3\xa9\nb\xef\xbf\xbd!");
+}
+
+
+TEST_F(TextViewTest, NotStylable_HasOneColor)
+{
+	fText->SetStylable(false);
+	fText->SetText("plain text");
+	fText->SetFontAndColor(2, 4, be_plain_font, B_FONT_ALL, &kGreen);
+	EXPECT_TRUE(ColorAt(0) == kGreen);
+	EXPECT_TRUE(ColorAt(9) == kGreen);
+}
+
+
+TEST_F(TextViewTest, WithoutWordWrap_ALineIsALine)
+{
+	Append("words and more words and more words and more words and more words and more words and "
+		   "more");
+	EXPECT_GT(fText->PointAt(fText->TextLength()).y, fText->PointAt(0).y);
+	fText->SetWordWrap(false);
+	EXPECT_EQ(fText->PointAt(fText->TextLength()).y, fText->PointAt(0).y);
+}
+
+
+TEST_F(TextViewTest, DeletedWithTextWaiting_IsNoTrouble)
+{
+	Append("waiting\n");
+	WindowWithView* other = new WindowWithView(200, 100);
+	BTextView* text = new BTextView("short-lived");
+	other->Add(text);
+	other->ShowIt();
+	text->Insert("never shown\n");
+	other->Lock();
+	other->Quit();
+	EXPECT_TRUE(WaitUntilShown());
+}

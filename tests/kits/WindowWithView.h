@@ -1,0 +1,33 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef WINDOW_WITH_VIEW_H
+#define WINDOW_WITH_VIEW_H
+
+
+#include <vector>
+
+#include <Message.h>
+#include <Window.h>
+
+
+/*!	A window on the screen with views below one another, which keeps the messages that it gets. Quit() it in the end. */
+class WindowWithView : public BWindow {
+public:
+	WindowWithView(float width, float height);
+
+	// Before Show().
+	void Add(BView* view);
+	void ShowIt();
+
+	void MessageReceived(BMessage* message) override;
+	int32 Count(uint32 what) const;
+	const BMessage& Last() const { return fMessages.back(); }
+
+private:
+	std::vector<BMessage> fMessages;
+};
+
+
+#endif // WINDOW_WITH_VIEW_H

@@ -1,0 +1,201 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "UserInput.h"
+
+#include <cstring>
+
+#include <QAbstractScrollArea>
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QWidget>
+
+#include <GeometryConversion.h>
+#include <ViewPeer.h>
+
+
+static void
+send_key(QWidget* widget, int key, Qt::KeyboardModifiers modifiers, const QString& text)
+{
+	QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+	QApplication::sendEvent(widget, &press);
+	QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
+	QApplication::sendEvent(widget, &release);
+}
+
+
+/*!	Keys go to the focus widget of the view, whether or not its window is active. */
+void
+press_key(BView* view, user_key key, const char* text)
+{
+	QWidget* widget = ViewPeer::Of(view)->FocusWidget();
+	const Qt::KeyboardModifiers both = Qt::ControlModifier | Qt::ShiftModifier;
+	switch (key) {
+		case KEY_CHARACTER:
+			send_key(widget, 0, Qt::NoModifier, QString::fromUtf8(text));
+			break;
+		case KEY_RETURN:
+			send_key(widget, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+			break;
+		case KEY_BACKSPACE:
+			send_key(widget, Qt::Key_Backspace, Qt::NoModifier, QString());
+			break;
+		case KEY_UP:
+			send_key(widget, Qt::Key_Up, Qt::NoModifier, QString());
+			break;
+		case KEY_DOWN:
+			send_key(widget, Qt::Key_Down, Qt::NoModifier, QString());
+			break;
+		case KEY_HOME:
+			send_key(widget, Qt::Key_Home, Qt::ControlModifier, QString());
+			break;
+		case KEY_END:
+			send_key(widget, Qt::Key_End, Qt::ControlModifier, QString());
+			break;
+		case KEY_SELECT_ALL:
+			send_key(widget, Qt::Key_A, Qt::ControlModifier, QString());
+			break;
+		case KEY_SELECT_TO_START:
+			send_key(widget, Qt::Key_Home, both, QString());
+			break;
+		case KEY_PASTE:
+			send_key(widget, Qt::Key_V, Qt::ControlModifier, QString());
+			break;
+	}
+}
+
+
+/*!	Character by character. */
+void
+type_text(BView* view, const char* text)
+{
+	for (const QChar character : QString::fromUtf8(text))
+		press_key(view, KEY_CHARACTER, QString(character).toUtf8().constData());
+}
+
+
+void
+set_clipboard(const char* text)
+{
+	QApplication::clipboard()->setText(QString::fromUtf8(text));
+}
+
+
+static void
+send_mouse(QWidget* widget, QEvent::Type type, const QPoint& where, bool isDown)
+{
+	const Qt::MouseButtons buttons = isDown ? Qt::LeftButton : Qt::NoButton;
+	QMouseEvent event(type, where, widget->mapToGlobal(where), Qt::LeftButton, buttons,
+		Qt::NoModifier);
+	QApplication::sendEvent(widget, &event);
+}
+
+
+static QWidget*
+target_of(BView* view, QPoint& _where)
+{
+	QWidget* widget = ViewPeer::Of(view)->Widget();
+	QAbstractScrollArea* area = qobject_cast<QAbstractScrollArea*>(widget);
+	if (area == NULL)
+		return widget;
+	_where = area->viewport()->mapFrom(area, _where);
+	return area->viewport();
+}
+
+
+void
+click(BView* view, BPoint where)
+{
+	QPoint place = point_to_toolkit(where).toPoint();
+	QWidget* widget = target_of(view, place);
+	send_mouse(widget, QEvent::MouseButtonPress, place, true);
+	send_mouse(widget, QEvent::MouseButtonRelease, place, false);
+}
+
+
+void
+double_click(BView* view, BPoint where)
+{
+	click(view, where);
+	QPoint place = point_to_toolkit(where).toPoint();
+	QWidget* widget = target_of(view, place);
+	send_mouse(widget, QEvent::MouseButtonDblClick, place, true);
+	send_mouse(widget, QEvent::MouseButtonRelease, place, false);
+}
+
+
+void
+scroll_to_top(BView* view)
+{
+	QAbstractScrollArea* area = qobject_cast<QAbstractScrollArea*>(ViewPeer::Of(view)->Widget());
+	if (area != NULL)
+		area->verticalScrollBar()->setValue(0);
+}
+
+
+static Accessible
+describe(QAccessibleInterface* interface)
+{
+	Accessible result = {};
+	if (interface == NULL)
+		return result;
+	const QAccessible::State state = interface->state();
+	const QRect rect = interface->rect();
+	result.name = interface->text(QAccessible::Name).toStdString();
+	result.description = interface->text(QAccessible::Description).toStdString();
+	if (interface->textInterface() != NULL) {
+		QAccessibleTextInterface* text = interface->textInterface();
+		result.text = text->text(0, text->characterCount()).toStdString();
+	}
+	result.isPassword = state.passwordEdit;
+	result.isReadOnly = state.readOnly;
+	result.isMultiLine = state.multiLine;
+	result.isFocusable = state.focusable;
+	result.isSelected = state.selected;
+	result.childCount = interface->childCount();
+	result.left = rect.left();
+	result.top = rect.top();
+	result.width = rect.width();
+	result.height = rect.height();
+	return result;
+}
+
+
+Accessible
+accessible_of(BView* view)
+{
+	return describe(QAccessible::queryAccessibleInterface(ViewPeer::Of(view)->FocusWidget()));
+}
+
+
+Accessible
+accessible_of_row(BView* list, int row)
+{
+	QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(
+		ViewPeer::Of(list)->FocusWidget());
+	return describe(interface->child(row));
+}
+
+
+std::string
+accessible_attributes(BView* view, int position)
+{
+	QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(
+		ViewPeer::Of(view)->FocusWidget());
+	int start = 0;
+	int end = 0;
+	return interface->textInterface()->attributes(position, &start, &end).toStdString();
+}
+
+
+unsigned
+pixel_of(BView* view, BPoint where)
+{
+	QWidget* widget = ViewPeer::Of(view)->Widget();
+	return widget->grab().toImage().pixel(point_to_toolkit(where).toPoint()) & 0xffffff;
+}

@@ -24,6 +24,19 @@ BApplication* be_app = NULL;
 BMessenger be_app_messenger;
 
 
+/*!	One that cannot be asked, because a handler of its own is waiting, has the application asked again when that is left. */
+static bool
+ask_to_quit(BWindow* window)
+{
+	ClientScope scope(window);
+	if (!scope.MayEnter()) {
+		WindowPeer::Of(window)->Life()->AskApplicationAgain();
+		return false;
+	}
+	return window->QuitRequested();
+}
+
+
 /*!	\param signature The program's MIME type. */
 BApplication::BApplication(const char* signature)
 	: BLooper(signature),
@@ -81,12 +94,7 @@ BApplication::QuitRequested()
 			continue;
 
 		BWindow* window = static_cast<BWindow*>(looper);
-		ClientScope scope(window);
-		if (!scope.MayEnter()) {
-			WindowPeer::Of(window)->Life()->AskApplicationAgain();
-			return false;
-		}
-		if (!window->QuitRequested())
+		if (!ask_to_quit(window))
 			return false;
 		window->Quit();
 	}

@@ -1,0 +1,211 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+// What drawing leaves on the screen, pixel by pixel.
+
+#include <functional>
+
+#include <gtest/gtest.h>
+
+#include <Bitmap.h>
+#include <View.h>
+
+#include "UserInput.h"
+
+
+namespace {
+
+
+const unsigned kBackground = 0xd8d8d8;
+
+
+/*!	A view that draws what the test says. */
+class Canvas : public BView {
+public:
+	explicit Canvas(std::function<void(BView*)> draw)
+		: BView("canvas", B_WILL_DRAW),
+		  fDraw(std::move(draw))
+	{
+		SetViewUIColor(B_PANEL_BACKGROUND_COLOR);
+	}
+
+	void Draw(BRect) override { fDraw(this); }
+
+private:
+	std::function<void(BView*)> fDraw;
+};
+
+
+} // namespace
+
+
+TEST(DrawingTest, Background_IsTheViewColor)
+{
+	Canvas view([](BView*) {});
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(5, 5)));
+	view.SetViewColor(1, 2, 3);
+	EXPECT_EQ(0x010203u, pixel_of(&view, BPoint(5, 5)));
+}
+
+
+TEST(DrawingTest, FilledRect_IncludesItsEdges)
+{
+	Canvas view([](BView* owner) {
+		owner->SetHighColor(255, 0, 0);
+		owner->FillRect(BRect(2, 3, 4, 5));
+	});
+	EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(2, 3)));
+	EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(4, 5)));
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(1, 3)));
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(5, 5)));
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(4, 6)));
+}
+
+
+TEST(DrawingTest, SolidLow_IsTheLowColor)
+{
+	Canvas view([](BView* owner) {
+		owner->SetLowColor(0, 255, 0);
+		owner->FillRect(owner->Bounds(), B_SOLID_LOW);
+	});
+	EXPECT_EQ(0x00ff00u, pixel_of(&view, BPoint(5, 5)));
+}
+
+
+TEST(DrawingTest, StrokedRect_IsOnePixelWideAndHollow)
+{
+	Canvas view([](BView* owner) {
+		owner->SetHighColor(255, 0, 0);
+		owner->StrokeRect(BRect(2, 2, 6, 6));
+	});
+	EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(2, 2)));
+	EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(6, 6)));
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(3, 3)));
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(7, 6)));
+}
+
+
+TEST(DrawingTest, Line_IncludesBothEnds)
+{
+	Canvas view([](BView* owner) {
+		owner->SetHighColor(255, 0, 0);
+		owner->StrokeLine(BPoint(2, 4), BPoint(8, 4));
+	});
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(1, 4)));
+	EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(2, 4)));
+	EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(8, 4)));
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(9, 4)));
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(5, 5)));
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(5, 3)));
+}
+
+
+TEST(DrawingTest, FilledEllipse_FillsItsMiddleAndNotItsCorners)
+{
+	Canvas view([](BView* owner) {
+		owner->SetHighColor(0, 0, 255);
+		owner->FillEllipse(BRect(2, 2, 14, 14));
+	});
+	EXPECT_EQ(0x0000ffu, pixel_of(&view, BPoint(8, 8)));
+	EXPECT_EQ(0x0000ffu, pixel_of(&view, BPoint(8, 3)));
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(2, 2)));
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(14, 14)));
+}
+
+
+TEST(DrawingTest, StrokedEllipse_IsHollow)
+{
+	Canvas view([](BView* owner) {
+		owner->SetHighColor(0, 0, 255);
+		owner->StrokeEllipse(BRect(2, 2, 14, 14));
+	});
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(8, 8)));
+	// Its edge is smooth.
+	for (const BPoint edge : {BPoint(8, 2), BPoint(2, 8), BPoint(14, 8), BPoint(8, 14)}) {
+		const unsigned pixel = pixel_of(&view, edge);
+		EXPECT_GT(pixel & 0xff, 0xd8u);
+		EXPECT_LT(pixel >> 16, 0x60u);
+	}
+}
+
+
+TEST(DrawingTest, Bitmap_CoversItsPlaceByItsAlpha_InBothModes)
+{
+	BBitmap bitmap(BRect(0, 0, 1, 0), B_RGBA32);
+	const uint8 pixels[8] = {0, 0, 255, 255, 0, 0, 255, 0};
+	bitmap.ImportBits(pixels, 8, 8, 0, B_RGBA32);
+	for (const drawing_mode mode : {B_OP_COPY, B_OP_ALPHA}) {
+		SCOPED_TRACE(mode);
+		Canvas view([&](BView* owner) {
+			owner->SetDrawingMode(mode);
+			owner->SetBlendingMode(B_PIXEL_ALPHA, B_ALPHA_OVERLAY);
+			owner->DrawBitmap(&bitmap, BPoint(3, 4));
+		});
+		EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(3, 4)));
+		EXPECT_EQ(kBackground, pixel_of(&view, BPoint(4, 4)));
+		EXPECT_EQ(kBackground, pixel_of(&view, BPoint(3, 5)));
+	}
+}
+
+
+TEST(DrawingTest, BitmapInARect_FillsIt)
+{
+	BBitmap bitmap(BRect(0, 0, 0, 0), B_RGBA32);
+	const uint8 pixel[4] = {0, 255, 0, 255};
+	bitmap.ImportBits(pixel, 4, 4, 0, B_RGBA32);
+	Canvas view([&](BView* owner) {
+		owner->DrawBitmap(&bitmap, BRect(2, 2, 17, 17));
+	});
+	EXPECT_EQ(0x00ff00u, pixel_of(&view, BPoint(2, 2)));
+	EXPECT_EQ(0x00ff00u, pixel_of(&view, BPoint(17, 17)));
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(18, 17)));
+}
+
+
+TEST(DrawingTest, ChangedBitmap_IsDrawnAsItIsNow)
+{
+	BBitmap bitmap(BRect(0, 0, 0, 0), B_RGBA32);
+	Canvas view([&](BView* owner) {
+		owner->DrawBitmap(&bitmap, BPoint(0, 0));
+	});
+	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(0, 0)));
+	const uint8 pixel[4] = {255, 0, 0, 255};
+	bitmap.ImportBits(pixel, 4, 4, 0, B_RGBA32);
+	EXPECT_EQ(0x0000ffu, pixel_of(&view, BPoint(0, 0)));
+
+	static_cast<uint8*>(bitmap.Bits())[1] = 255;
+	EXPECT_EQ(0x00ffffu, pixel_of(&view, BPoint(0, 0)));
+	static_cast<uint8*>(bitmap.Bits())[1] = 0;
+	EXPECT_EQ(0x0000ffu, pixel_of(&view, BPoint(0, 0)));
+}
+
+
+TEST(DrawingTest, String_StandsOnItsBaseline)
+{
+	Canvas view([](BView* owner) {
+		owner->SetHighColor(0, 0, 0);
+		owner->DrawString("|||||", BPoint(5, 20));
+	});
+	bool isInked = false;
+	for (float x = 5; x < 5 + view.StringWidth("|||||"); x++)
+		isInked = isInked || pixel_of(&view, BPoint(x, 15)) != kBackground;
+	EXPECT_TRUE(isInked);
+	for (float x = 0; x < 40; x++)
+		EXPECT_EQ(kBackground, pixel_of(&view, BPoint(x, 27)));
+}
+
+
+TEST(DrawingTest, FontChangedWhileDrawing_IsMeasuredAtOnce)
+{
+	float narrow = 0;
+	float wide = 0;
+	Canvas view([&](BView* owner) {
+		owner->SetFont(be_plain_font);
+		narrow = owner->StringWidth("measure");
+		owner->SetFont(be_bold_font);
+		wide = owner->StringWidth("measure");
+	});
+	pixel_of(&view, BPoint(0, 0));
+	EXPECT_GT(wide, narrow);
+}

@@ -1,0 +1,360 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+// What a user sees of windows and does to them, in the toolkit's terms.
+
+#include <gtest/gtest.h>
+
+#include <Bitmap.h>
+#include <Button.h>
+#include <LayoutBuilder.h>
+#include <MenuBar.h>
+#include <MenuItem.h>
+#include <Message.h>
+#include <StringView.h>
+
+#include "ScriptedWindow.h"
+#include "UserInput.h"
+#include "WaitFor.h"
+#include "WindowInput.h"
+
+
+namespace {
+
+
+const char* const kMarkup = "<b>&amp;</b> %s [*] [*][*] &File \"…\"";
+
+
+/*!	A view that notes what the user does to it. */
+class TouchedView : public BView {
+public:
+	TouchedView()
+		: BView("touched", B_WILL_DRAW | B_NAVIGABLE)
+	{
+		SetExplicitSize(BSize(99, 49));
+	}
+
+	void MouseDown(BPoint where) override { fDown = where; }
+	void MouseUp(BPoint where) override { fUp = where; }
+	void KeyDown(const char* bytes, int32 numBytes) override
+	{
+		if (bytes[0] == 'x')
+			BView::KeyDown(bytes, numBytes);
+		else
+			fKeys.append(bytes, size_t(numBytes));
+	}
+
+	BPoint Down() const { return fDown; }
+	BPoint Up() const { return fUp; }
+	const std::string& Keys() const { return fKeys; }
+
+private:
+	BPoint fDown;
+	BPoint fUp;
+	std::string fKeys;
+};
+
+
+/*!	A modal window. */
+class Dialog : public BWindow {
+public:
+	Dialog()
+		: BWindow(BRect(0, 0, 99, 99), "Dialog", B_TITLED_WINDOW_LOOK, B_MODAL_APP_WINDOW_FEEL, 0)
+	{
+	}
+};
+
+
+} // namespace
+
+
+TEST(WindowUseTest, Title_IsShownAsItStands)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	window->SetTitle(kMarkup);
+	window->Show();
+	EXPECT_TRUE(WaitFor([&] {
+		return shown_title(window) == kMarkup;
+	}));
+
+	window->SetTitle("Bytes \xff\xe2\x82");
+	EXPECT_TRUE(WaitFor([&] {
+		return shown_title(window) == "Bytes \xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd";
+	}));
+}
+
+
+TEST(WindowUseTest, Title_ChangesWhileMinimized)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	window->Show();
+	window->Minimize(true);
+	ASSERT_TRUE(WaitFor([&] {
+		return is_shown_minimized(window);
+	}));
+
+	window->SetTitle("Users Online (1)");
+	EXPECT_TRUE(WaitFor([&] {
+		return shown_title(window) == "Users Online (1)";
+	}));
+	window->Minimize(false);
+	EXPECT_TRUE(WaitFor([&] {
+		return !is_shown_minimized(window);
+	}));
+}
+
+
+TEST(WindowUseTest, CloseBox_AsksTheWindowAndDoesNothingElse)
+{
+	int asked = 0;
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	window->onQuitRequested = [&] {
+		asked++;
+		return false;
+	};
+	ShowAndWait(window);
+	ASSERT_TRUE(WaitFor([&] {
+		return is_shown(window);
+	}));
+
+	use_close_box(window);
+	EXPECT_TRUE(WaitFor([&] {
+		return asked == 1;
+	}));
+	EXPECT_TRUE(is_shown(window));
+}
+
+
+TEST(WindowUseTest, Escape_ClosesOnlyWhereItShall)
+{
+	for (const bool closes : {false, true}) {
+		SCOPED_TRACE(closes);
+		int asked = 0;
+		ScriptedWindow* window = new ScriptedWindow(closes ? B_CLOSE_ON_ESCAPE : 0);
+		WindowCloser closer(window);
+		window->onQuitRequested = [&] {
+			asked++;
+			return false;
+		};
+		ShowAndWait(window);
+		press_window_key(window, B_ESCAPE);
+		window->PostMessage('last');
+		EXPECT_TRUE(WaitFor([&] {
+			return window->Received()->size() == 1;
+		}));
+		EXPECT_EQ(closes ? 1 : 0, asked);
+	}
+}
+
+
+TEST(WindowUseTest, CommandW_AsksTheWindow_UnlessItHasNoCloseBox)
+{
+	for (const bool closes : {false, true}) {
+		SCOPED_TRACE(closes);
+		int asked = 0;
+		ScriptedWindow* window = new ScriptedWindow(closes ? 0 : B_NOT_CLOSABLE);
+		WindowCloser closer(window);
+		window->onQuitRequested = [&] {
+			asked++;
+			return false;
+		};
+		ShowAndWait(window);
+		press_window_key(window, 'W', B_COMMAND_KEY);
+		window->PostMessage('last');
+		EXPECT_TRUE(WaitFor([&] {
+			return window->Received()->size() == 1;
+		}));
+		EXPECT_EQ(closes ? 1 : 0, asked);
+	}
+}
+
+
+TEST(WindowUseTest, Return_PressesTheDefaultButton_WhereverTheFocusIs)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BButton* other = new BButton("other", "Other", new BMessage('othr'));
+	BButton* ok = new BButton("ok", "OK", new BMessage('okay'));
+	BLayoutBuilder::Group<>(window, B_HORIZONTAL).Add(other).Add(ok);
+	ok->MakeDefault(true);
+	other->MakeFocus(true);
+	ShowAndWait(window);
+
+	press_window_key(window, B_ENTER);
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 1;
+	}));
+	EXPECT_EQ(uint32('okay'), window->Received()->back());
+
+	press_window_key(window, B_SPACE);
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 2;
+	}));
+	EXPECT_EQ(uint32('othr'), window->Received()->back());
+
+	ok->SetEnabled(false);
+	press_window_key(window, B_ENTER);
+	window->PostMessage('last');
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 3;
+	}));
+	EXPECT_EQ(uint32('last'), window->Received()->back());
+}
+
+
+TEST(WindowUseTest, Shortcut_ChoosesTheItem)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BMenuBar* bar = new BMenuBar("bar");
+	BMenu* menu = new BMenu("Server");
+	menu->AddItem(new BMenuItem("Connect…", new BMessage('conn'), 'K'));
+	menu->AddItem(new BMenuItem("Chat", new BMessage('chat'), '1'));
+	bar->AddItem(menu);
+	BLayoutBuilder::Group<>(window, B_VERTICAL).Add(bar);
+	ShowAndWait(window);
+	window->Activate(true);
+	ASSERT_TRUE(WaitFor([&] {
+		return window->IsActive();
+	}));
+
+	press_window_key(window, 'K', B_COMMAND_KEY);
+	press_window_key(window, '1', B_COMMAND_KEY);
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 2;
+	}));
+	EXPECT_EQ(uint32('conn'), window->Received()->front());
+	EXPECT_EQ(uint32('chat'), window->Received()->back());
+}
+
+
+TEST(WindowUseTest, Tab_GoesThroughTheViewsInTheOrderInWhichTheyWereAdded)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BButton* last = new BButton("last", "Last", NULL);
+	BButton* unreachable = new BButton("unreachable", "Unreachable", NULL, B_WILL_DRAW);
+	BButton* first = new BButton("first", "First", NULL);
+	window->AddChild(first);
+	window->AddChild(unreachable);
+	window->AddChild(last);
+	first->MakeFocus(true);
+	ShowAndWait(window);
+	window->Activate(true);
+	ASSERT_TRUE(WaitFor([&] {
+		return window->IsActive();
+	}));
+
+	press_window_key(window, B_TAB);
+	EXPECT_EQ(last, window->CurrentFocus());
+	press_window_key(window, B_TAB);
+	EXPECT_EQ(first, window->CurrentFocus());
+}
+
+
+TEST(WindowUseTest, ModalWindow_BlocksTheOthersAndStaysAboveTheFirst)
+{
+	ScriptedWindow* main = new ScriptedWindow;
+	WindowCloser mainCloser(main);
+	ShowAndWait(main);
+	ASSERT_TRUE(WaitFor([&] {
+		return is_shown(main);
+	}));
+	Dialog* dialog = new Dialog;
+	WindowCloser dialogCloser(dialog);
+	EXPECT_TRUE(dialog->IsModal());
+	dialog->Show();
+	dialog->Activate(true);
+	EXPECT_TRUE(WaitFor([&] {
+		return is_shown_modal(dialog) && dialog->IsActive();
+	}));
+	EXPECT_TRUE(is_kept_above(dialog, main));
+
+	main->Activate(true);
+	main->PostMessage('last');
+	EXPECT_TRUE(WaitFor([&] {
+		return main->Received()->size() == 1;
+	}));
+	EXPECT_TRUE(dialog->IsActive());
+}
+
+
+TEST(WindowUseTest, ViewThatIsTouched_GetsPlacesAndKeys)
+{
+	ScriptedWindow* window = new ScriptedWindow(B_CLOSE_ON_ESCAPE);
+	const BMessenger messenger(window);
+	TouchedView* view = new TouchedView;
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).SetInsets(10).Add(view);
+	view->MakeFocus(true);
+	ShowAndWait(window);
+	click(view, BPoint(12, 34));
+	EXPECT_EQ(BPoint(12, 34), view->Down());
+	EXPECT_EQ(BPoint(12, 34), view->Up());
+
+	type_text(view, "aé");
+	press_window_key(window, B_ESCAPE);
+	EXPECT_EQ("aé\x1b", view->Keys());
+	EXPECT_TRUE(IsAlive(messenger));
+	press_window_key(window, 'x');
+	EXPECT_EQ("aé\x1b", view->Keys());
+	window->Quit();
+}
+
+
+TEST(ButtonUseTest, Click_SendsTheMessageOnce_AndADisabledButtonSendsNone)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BButton* button = new BButton("button", "Press", new BMessage('prsd'));
+	BLayoutBuilder::Group<>(window, B_VERTICAL).Add(button);
+	ShowAndWait(window);
+	click(button, BPoint(10, 10));
+	// The state that was asked for counts, not the one that is still shown.
+	button->SetEnabled(false);
+	click(button, BPoint(10, 10));
+	window->PostMessage('last');
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 2;
+	}));
+	EXPECT_EQ(uint32('prsd'), window->Received()->front());
+}
+
+
+TEST(ButtonUseTest, Label_IsItsNameAsItStands)
+{
+	BButton button("button", kMarkup, NULL);
+	EXPECT_EQ(kMarkup, accessible_of(&button).name);
+}
+
+
+TEST(ButtonUseTest, IconWithoutALabel_IsCalledByItsToolTip)
+{
+	BButton button("download", "", NULL);
+	const BBitmap icon(BRect(0, 0, 15, 15), B_RGBA32);
+	button.SetIcon(&icon);
+	button.SetToolTip("Download <&>");
+	EXPECT_EQ("Download <&>", accessible_of(&button).name);
+	EXPECT_EQ("Download <&>", shown_tool_tip(&button));
+	button.SetToolTip(NULL);
+	EXPECT_EQ("", shown_tool_tip(&button));
+}
+
+
+TEST(StringViewUseTest, Text_IsItsNameAsItStands)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BStringView* view = new BStringView("view", kMarkup);
+	BLayoutBuilder::Group<>(window, B_VERTICAL).Add(view);
+	EXPECT_EQ(kMarkup, accessible_of(view).name);
+
+	window->Show();
+	view->SetText("2 users online \xff");
+	EXPECT_TRUE(WaitFor([&] {
+		return accessible_of(view).name == "2 users online \xef\xbf\xbd";
+	}));
+}

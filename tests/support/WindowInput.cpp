@@ -1,0 +1,124 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "WindowInput.h"
+
+#include <cctype>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QTextDocument>
+#include <QWidget>
+#include <QWindow>
+
+#include <ViewPeer.h>
+#include <Window.h>
+#include <WindowPeer.h>
+
+
+// What the toolkit's own tests use: looks the shortcut up, and says whether there was one.
+Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject* object, ulong timestamp, int key,
+	Qt::KeyboardModifiers modifiers, const QString& text = QString(), bool isRepeated = false,
+	ushort count = 1);
+
+
+static int
+toolkit_key(char key)
+{
+	switch (key) {
+		case B_ENTER:
+			return Qt::Key_Return;
+		case B_ESCAPE:
+			return Qt::Key_Escape;
+		case B_TAB:
+			return Qt::Key_Tab;
+		default:
+			return toupper(key);
+	}
+}
+
+
+static QWidget*
+widget_of(BWindow* window)
+{
+	return WindowPeer::Of(window)->Widget();
+}
+
+
+/*!	Shortcuts come first, as for a user; the focus is where the window has it, active or not. */
+void
+press_window_key(BWindow* window, char key, uint32 modifiers)
+{
+	Qt::KeyboardModifiers keys;
+	keys.setFlag(Qt::ControlModifier, (modifiers & B_COMMAND_KEY) != 0);
+	keys.setFlag(Qt::ShiftModifier, (modifiers & B_SHIFT_KEY) != 0);
+	QWidget* focus = widget_of(window)->focusWidget();
+	QWidget* target = focus != NULL ? focus : widget_of(window);
+	const QString text = keys == Qt::NoModifier ? QString(QLatin1Char(key)) : QString();
+
+	if (qt_sendShortcutOverrideEvent(target, 0, toolkit_key(key), keys, text))
+		return;
+
+	QKeyEvent press(QEvent::KeyPress, toolkit_key(key), keys, text);
+	QApplication::sendEvent(target, &press);
+	QKeyEvent release(QEvent::KeyRelease, toolkit_key(key), keys, text);
+	QApplication::sendEvent(target, &release);
+}
+
+
+void
+use_close_box(BWindow* window)
+{
+	widget_of(window)->close();
+}
+
+
+std::string
+shown_title(BWindow* window)
+{
+	const QWindow* handle = widget_of(window)->windowHandle();
+	return handle != NULL ? handle->title().toStdString() : std::string();
+}
+
+
+bool
+is_shown_minimized(BWindow* window)
+{
+	return widget_of(window)->isVisible() && widget_of(window)->isMinimized();
+}
+
+
+bool
+is_shown(BWindow* window)
+{
+	return widget_of(window)->isVisible();
+}
+
+
+bool
+is_shown_modal(BWindow* window)
+{
+	return widget_of(window)->isVisible() && widget_of(window)->isModal();
+}
+
+
+bool
+is_kept_above(BWindow* window, BWindow* other)
+{
+	const QWindow* handle = widget_of(window)->windowHandle();
+	return handle != NULL && handle->transientParent() == widget_of(other)->windowHandle();
+}
+
+
+std::string
+shown_tool_tip(BView* view)
+{
+	const QString text = ViewPeer::Of(view)->Widget()->toolTip();
+	if (!Qt::mightBeRichText(text))
+		return text.toStdString();
+	QTextDocument document;
+	document.setHtml(text);
+	return document.toPlainText().toStdString();
+}

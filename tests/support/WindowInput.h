@@ -1,0 +1,41 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef WINDOW_INPUT_H
+#define WINDOW_INPUT_H
+
+
+#include <string>
+
+#include <InterfaceDefs.h>
+
+
+class BView;
+class BWindow;
+
+
+// What a user does to a window, and what the window manager is told. For suites with windows.
+
+/*!	Presses a key in the window, where its focus is; with B_COMMAND_KEY and the like.
+	\param key A character, or one of B_ENTER, B_ESCAPE, B_TAB and B_SPACE.
+*/
+void press_window_key(BWindow* window, char key, uint32 modifiers = 0);
+
+/*!	Uses the close box. */
+void use_close_box(BWindow* window);
+
+/*!	The title as it is shown, minimized or not. */
+std::string shown_title(BWindow* window);
+bool is_shown_minimized(BWindow* window);
+bool is_shown(BWindow* window);
+/*!	Whether the window keeps the others from being used. */
+bool is_shown_modal(BWindow* window);
+/*!	The window above which it is kept, NULL for none. */
+bool is_kept_above(BWindow* window, BWindow* other);
+
+/*!	What the tool tip of a view says, as the user reads it. */
+std::string shown_tool_tip(BView* view);
+
+
+#endif // WINDOW_INPUT_H

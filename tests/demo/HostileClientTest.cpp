@@ -92,10 +92,10 @@ TEST_F(HostileClientTest, NeverReads_LosesTheConnectionAndNothingElse)
 
 TEST_F(HostileClientTest, AsksWithoutReading_NotHeardUntilItReads)
 {
-	fOptions.users = 5000;
+	fOptions.users = 2000;
 	RawClient client(Start());
 	client.Join("Greedy");
-	const int count = 500;
+	const int count = 200;
 	std::string requests;
 	for (int i = 0; i < count; i++)
 		requests += Message(300, static_cast<uint32_t>(i), {});

@@ -1,0 +1,593 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "MainWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <Bitmap.h>
+#include <Button.h>
+#include <Menu.h>
+#include <MenuBar.h>
+#include <MenuItem.h>
+#include <TextView.h>
+
+#include "AgreementWindow.h"
+#include "AppMessages.h"
+#include "BannerView.h"
+#include "ChatWindow.h"
+#include "ConnectWindow.h"
+#include "ControllerFixture.h"
+#include "HostileTexts.h"
+#include "HotlineNotifications.h"
+#include "UserListWindow.h"
+#include "WaitFor.h"
+
+
+static BMessage
+user_message(uint32 what, uint16 socket, const char* nick)
+{
+	BMessage message(what);
+	message.AddUInt16("socket", socket);
+	message.AddUInt16("icon", 128);
+	message.AddUInt16("color", 2);
+	message.AddString("nick", nick);
+	return message;
+}
+
+
+class MainWindowTest : public ControllerFixture {
+protected:
+	static BMessage _ServerInfo(const char* name)
+	{
+		BMessage message(kHLServerInfo);
+		message.AddString("serverName", name);
+		message.AddUInt16("version", 190);
+		return message;
+	}
+
+	// As after a login to a server with a name.
+	void _PretendLogin()
+	{
+		BMessage info = _ServerInfo("Harbor");
+		Post(&info);
+		Post(kHLLoggedIn);
+		BMessage user = user_message(kHLUserJoined, 1, "one");
+		Post(&user);
+		ExpectChatBegins("*** Server: Harbor (v190) ***\n", 0, 100, 0);
+		ExpectChat("*** Logged in ***\n", 0, 128, 0);
+	}
+
+	BRect _FrameOf(const char* view) { return fMain.Window()->FindView(view)->Frame(); }
+
+	// Shows a banner of this many pixels, as the controller does.
+	void _SetBanner(float width, float height)
+	{
+		BannerView* view = fMain.Find<BannerView>("banner");
+		view->SetBitmap(new BBitmap(BRect(0, 0, width - 1, height - 1), B_RGBA32));
+		view->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, height));
+		fMain.Window()->InvalidateLayout();
+	}
+};
+
+
+TEST_F(MainWindowTest, AtStart_IsNotConnected)
+{
+	EXPECT_EQ("Palimbra", Title());
+	EXPECT_EQ("Not connected", Status());
+	EXPECT_EQ("c----", Buttons());
+	EXPECT_TRUE(fMain.IsEnabled("tracker"));
+	EXPECT_TRUE(fMain.IsEnabled("options"));
+	EXPECT_FALSE(MayChat());
+	ExpectNoChat();
+}
+
+
+TEST_F(MainWindowTest, AtStart_ChatAndUsersAreShownButMinimized)
+{
+	EXPECT_FALSE(fChat.Window()->IsHidden());
+	EXPECT_TRUE(fChat.Window()->IsMinimized());
+	EXPECT_FALSE(fUsers.Window()->IsHidden());
+	EXPECT_TRUE(fUsers.Window()->IsMinimized());
+	EXPECT_FALSE(fMain.Window()->IsMinimized());
+}
+
+
+TEST_F(MainWindowTest, Connected_SaysThatItLogsIn)
+{
+	Post(kHLConnected);
+	ExpectChat("*** Connected — logging in ***\n", 0, 128, 0);
+	EXPECT_EQ("Connected — logging in…", Status());
+	EXPECT_EQ("c----", Buttons());
+}
+
+
+TEST_F(MainWindowTest, ConnectFailed_SaysWhyAndLeavesThreeButtons)
+{
+	_PretendLogin();
+	Post(kHLConnectFailed, "error", "Could not connect to server");
+	ExpectChat("*** Connection failed: Could not connect to server ***\n", 200, 0, 0);
+	EXPECT_EQ("Connection failed", Status());
+	EXPECT_EQ("c-cuf", Buttons());
+	EXPECT_FALSE(MayChat());
+}
+
+
+TEST_F(MainWindowTest, ConnectFailedWithoutError_SaysUnknownError)
+{
+	Post(kHLConnectFailed);
+	ExpectChat("*** Connection failed: Unknown error ***\n", 200, 0, 0);
+}
+
+
+TEST_F(MainWindowTest, LoggedIn_EnablesAndReveals)
+{
+	Post(kHLLoggedIn);
+	ExpectChat("*** Logged in ***\n", 0, 128, 0);
+	EXPECT_EQ("Connected", Status());
+	EXPECT_EQ("-dcuf", Buttons());
+	EXPECT_TRUE(MayChat());
+	EXPECT_FALSE(fChat.Window()->IsMinimized());
+	EXPECT_FALSE(fUsers.Window()->IsMinimized());
+}
+
+
+TEST_F(MainWindowTest, ConnectionLost_KeepsTheTitleAndClearsTheUsers)
+{
+	_PretendLogin();
+	Post(kHLDisconnected);
+	ExpectChat("\n*** Connection lost ***\n", 200, 0, 0);
+	EXPECT_EQ("Disconnected", Status());
+	EXPECT_EQ("Palimbra — Harbor", Title());
+	EXPECT_EQ("c----", Buttons());
+	EXPECT_FALSE(MayChat());
+	EXPECT_EQ(0, CountUsers());
+}
+
+
+TEST_F(MainWindowTest, Disconnect_ResetsTheTitleAndClearsTheUsers)
+{
+	_PretendLogin();
+	Post(kMsgToolDisconnect);
+	ExpectChat("\n*** Disconnected ***\n", 180, 0, 0);
+	EXPECT_EQ("Not connected", Status());
+	EXPECT_EQ("Palimbra", Title());
+	EXPECT_EQ("c----", Buttons());
+	EXPECT_FALSE(MayChat());
+	EXPECT_EQ(0, CountUsers());
+}
+
+
+TEST_F(MainWindowTest, DisconnectWithoutAConnection_OnlySaysSo)
+{
+	Post(kMsgToolDisconnect);
+	ExpectChat("\n*** Disconnected ***\n", 180, 0, 0);
+	EXPECT_EQ("Not connected", Status());
+}
+
+
+TEST_F(MainWindowTest, PoliteQuit_Disconnects)
+{
+	_PretendLogin();
+	Post(kHLPoliteQuit);
+	ExpectChat("\n*** Server requested disconnect ***\n", 200, 0, 0);
+	EXPECT_EQ("Not connected", Status());
+	EXPECT_EQ("Palimbra", Title());
+	EXPECT_EQ("c----", Buttons());
+	EXPECT_EQ(0, CountUsers());
+}
+
+
+TEST_F(MainWindowTest, Chat_IsBlackAndGetsALineEnd)
+{
+	Post(kHLChatReceived, "text", " adam:  hello");
+	ExpectChat(" adam:  hello\n", 0, 0, 0);
+}
+
+
+TEST_F(MainWindowTest, Broadcast_IsOrange)
+{
+	Post(kHLBroadcast, "text", "back\rat noon");
+	ExpectChat("\n*** Broadcast: back\rat noon ***\n", 200, 100, 0);
+}
+
+
+TEST_F(MainWindowTest, TaskError_IsRed)
+{
+	Post(kHLTaskError, "error", "Login incorrect");
+	ExpectChat("*** Error: Login incorrect ***\n", 200, 0, 0);
+	Post(kHLTaskError, "error", "");
+	ExpectChat("*** Error:  ***\n", 200, 0, 0);
+	Post(kHLTaskError);
+	ExpectChat("*** Error: Unknown error ***\n", 200, 0, 0);
+}
+
+
+TEST_F(MainWindowTest, ServerInfo_NamesTheServerEverywhere)
+{
+	BMessage info = _ServerInfo("Harbor");
+	Post(&info);
+	ExpectChat("*** Server: Harbor (v190) ***\n", 0, 100, 0);
+	EXPECT_EQ("Connected to Harbor", Status());
+	EXPECT_EQ("Palimbra — Harbor", Title());
+}
+
+
+TEST_F(MainWindowTest, ServerInfoWithoutVersion_IsVersion0)
+{
+	Post(kHLServerInfo, "serverName", "Harbor");
+	ExpectChat("*** Server: Harbor (v0) ***\n", 0, 100, 0);
+}
+
+
+TEST_F(MainWindowTest, ServerInfoWithoutName_ChangesNothing)
+{
+	BMessage info = _ServerInfo("");
+	Post(&info);
+	Post(kHLServerInfo);
+	ExpectNoChat();
+	EXPECT_EQ("Not connected", Status());
+	EXPECT_EQ("Palimbra", Title());
+}
+
+
+TEST_F(MainWindowTest, UsersWhoJoinOrChange_GoToTheList)
+{
+	BMessage joined = user_message(kHLUserJoined, 7, "before");
+	BMessage changed = user_message(kHLUserChanged, 7, "after");
+	BMessage other = user_message(kHLUserChanged, 8, "other");
+	Post(&joined);
+	EXPECT_EQ("before", Nick(0));
+	Post(&changed);
+	Post(&other);
+	ASSERT_EQ(2, CountUsers());
+	EXPECT_EQ("after", Nick(0));
+	EXPECT_EQ("other", Nick(1));
+	ExpectNoChat();
+}
+
+
+TEST_F(MainWindowTest, UserWithoutNick_HasThreeQuestionMarks)
+{
+	Post(kHLUserJoined);
+	ASSERT_EQ(1, CountUsers());
+	EXPECT_EQ("???", Nick(0));
+	Post(kHLUserJoined, "nick", "");
+	EXPECT_EQ("", Nick(0));
+}
+
+
+TEST_F(MainWindowTest, UserWhoLeaves_LeavesTheList)
+{
+	BMessage joined = user_message(kHLUserJoined, 7, "seven");
+	Post(&joined);
+	BMessage stranger(kHLUserLeft);
+	stranger.AddUInt16("socket", 8);
+	Post(&stranger);
+	EXPECT_EQ(1, CountUsers());
+	BMessage left(kHLUserLeft);
+	left.AddUInt16("socket", 7);
+	Post(&left);
+	EXPECT_EQ(0, CountUsers());
+}
+
+
+TEST_F(MainWindowTest, Agreement_OpensItsWindow)
+{
+	Post(kHLAgreement, "text", "Be kind.");
+	ASSERT_EQ(1, count_windows<AgreementWindow>());
+	WindowProbe window(find_window<AgreementWindow>());
+	EXPECT_FALSE(window.Window()->IsHidden());
+	EXPECT_EQ("Be kind.", window.Transcript("agreementtext"));
+	ExpectNoChat();
+}
+
+
+TEST_F(MainWindowTest, AgreementAccepted_SaysSo)
+{
+	Post(kHLAgreement, "text", "Be kind.");
+	WindowProbe window(find_window<AgreementWindow>());
+	window.Invoke("accept");
+	window.WaitForEnd();
+	Settle();
+	ExpectChat("*** Agreement accepted ***\n", 0, 128, 0);
+}
+
+
+TEST_F(MainWindowTest, AgreementClosed_DeclinesAndDisconnects)
+{
+	_PretendLogin();
+	Post(kHLAgreement, "text", "Be kind.");
+	WindowProbe window(find_window<AgreementWindow>());
+	window.Window()->PostMessage(B_QUIT_REQUESTED);
+	window.WaitForEnd();
+	Settle();
+	ExpectChat("*** Agreement declined — disconnecting ***\n", 200, 0, 0);
+	EXPECT_EQ("Not connected", Status());
+	EXPECT_EQ("c----", Buttons());
+}
+
+
+TEST_F(MainWindowTest, ConnectButton_OpensAWindowEachTime)
+{
+	fMain.Invoke("connect");
+	fMain.Invoke("connect");
+	ASSERT_EQ(2, count_windows<ConnectWindow>());
+	WindowProbe second(find_window<ConnectWindow>());
+	EXPECT_FALSE(second.Window()->IsHidden());
+	second.Invoke("cancel");
+	second.WaitForEnd();
+	WindowProbe first(find_window<ConnectWindow>());
+	first.Invoke("cancel");
+	first.WaitForEnd();
+	ExpectNoChat();
+}
+
+
+TEST_F(MainWindowTest, ChatAndUsersCommands_RevealTheirWindows)
+{
+	Post(kMsgToolChat);
+	EXPECT_FALSE(fChat.Window()->IsMinimized());
+	EXPECT_TRUE(fUsers.Window()->IsMinimized());
+	Post(kMsgToolUsers);
+	EXPECT_FALSE(fUsers.Window()->IsMinimized());
+	ExpectNoChat();
+}
+
+
+TEST_F(MainWindowTest, ChatLineWithoutAConnection_IsDropped)
+{
+	Post(kMsgSendChat, "text", "hello");
+	ExpectNoChat();
+}
+
+
+TEST_F(MainWindowTest, ServerBanner_IsNotHandled)
+{
+	Post(kHLServerBanner);
+	ExpectNoChat();
+	EXPECT_EQ("Not connected", Status());
+}
+
+
+TEST_F(MainWindowTest, HostileTexts_AreShownAsTheyStand)
+{
+	for (const std::string& text : hostile_texts()) {
+		SCOPED_TRACE(text);
+		Post(kHLChatReceived, "text", text);
+		ExpectChat(text + "\n", 0, 0, 0);
+		Post(kHLTaskError, "error", text);
+		ExpectChat("*** Error: " + text + " ***\n", 200, 0, 0);
+		Post(kHLBroadcast, "text", text);
+		ExpectChat("\n*** Broadcast: " + text + " ***\n", 200, 100, 0);
+		Post(kHLServerInfo, "serverName", text);
+		ExpectChat("*** Server: " + text + " (v0) ***\n", 0, 100, 0);
+		EXPECT_EQ("Connected to " + text, Status());
+		EXPECT_EQ("Palimbra — " + text, Title());
+		Post(kHLUserJoined, "nick", text);
+		EXPECT_EQ(text, Nick(0));
+	}
+}
+
+
+TEST_F(MainWindowTest, LineOf65535Letters_IsShownWhole)
+{
+	const std::string text(65535, 'x');
+	Post(kHLChatReceived, "text", text);
+	ExpectChat(text + "\n", 0, 0, 0);
+}
+
+
+// #pragma mark - Menus
+
+
+struct ExpectedItem {
+	const char* label;
+	uint32 what;
+	char shortcut;
+};
+
+
+static void
+expect_menu(const WindowProbe& window, int32 index, const char* title,
+	const std::vector<ExpectedItem>& items)
+{
+	const BMenu* menu = window.Find<BMenuBar>("menubar")->SubmenuAt(index);
+	EXPECT_STREQ(title, window.Find<BMenuBar>("menubar")->ItemAt(index)->Label());
+	ASSERT_EQ(int32(items.size()), menu->CountItems());
+	for (int32 i = 0; i < menu->CountItems(); i++) {
+		const ExpectedItem& expected = items[size_t(i)];
+		SCOPED_TRACE(expected.label);
+		const BMenuItem* item = menu->ItemAt(i);
+		if (expected.what == 0) {
+			EXPECT_NE(nullptr, dynamic_cast<const BSeparatorItem*>(item));
+			continue;
+		}
+		EXPECT_STREQ(expected.label, item->Label());
+		EXPECT_EQ(expected.what, item->Command());
+		EXPECT_EQ(expected.shortcut, item->Shortcut());
+		EXPECT_TRUE(item->IsEnabled());
+		BLooper* target = NULL;
+		item->Target(&target);
+		EXPECT_EQ(window.Window(), target);
+	}
+}
+
+
+TEST_F(MainWindowTest, Menus_HaveTheirItems)
+{
+	EXPECT_EQ(2, fMain.Find<BMenuBar>("menubar")->CountItems());
+	expect_menu(fMain, 0, "Server",
+		{{"Connect…", kMsgToolConnect, 'K'}, {"Disconnect", kMsgToolDisconnect, 'D'}, {"", 0, 0},
+			{"Options…", kMsgToolOptions, 0}, {"About Palimbra", kMsgToolAbout, 0}, {"", 0, 0},
+			{"Quit", B_QUIT_REQUESTED, 'Q'}});
+	expect_menu(fMain, 1, "Windows",
+		{{"Chat", kMsgToolChat, '1'}, {"Users", kMsgToolUsers, '2'}, {"Files", kMsgToolFiles, '3'},
+			{"Tracker", kMsgToolTracker, 'T'}});
+}
+
+
+TEST_F(MainWindowTest, MenuItems_StayEnabled)
+{
+	const BMenuBar* bar = fMain.Find<BMenuBar>("menubar");
+	for (const uint32 event : {kHLLoggedIn, kHLDisconnected, kHLConnectFailed}) {
+		Post(event);
+		for (int32 menu = 0; menu < 2; menu++) {
+			for (int32 i = 0; i < bar->SubmenuAt(menu)->CountItems(); i++) {
+				const BMenuItem* item = bar->SubmenuAt(menu)->ItemAt(i);
+				EXPECT_TRUE(item->IsEnabled() || item->Command() == 0) << item->Label();
+			}
+		}
+	}
+}
+
+
+TEST_F(MainWindowTest, Buttons_HaveTheirLabelsAndMessages)
+{
+	const struct {
+		const char* name;
+		const char* label;
+		uint32 what;
+	} buttons[] = {
+		{"connect", "Connect", kMsgToolConnect},
+		{"disconnect", "Disconnect", kMsgToolDisconnect},
+		{"chat", "Chat", kMsgToolChat},
+		{"users", "Users", kMsgToolUsers},
+		{"files", "Files", kMsgToolFiles},
+		{"tracker", "Tracker", kMsgToolTracker},
+		{"options", "Options", kMsgToolOptions},
+	};
+	for (const auto& expected : buttons) {
+		const BButton* button = fMain.Find<BButton>(expected.name);
+		ASSERT_NE(nullptr, button) << expected.name;
+		EXPECT_STREQ(expected.label, button->Label());
+		EXPECT_EQ(expected.what, button->Command());
+	}
+}
+
+
+// #pragma mark - Layout
+
+
+TEST_F(MainWindowTest, Layout_IsTidyAtTwoSizes)
+{
+	fMain.ExpectTidyAtTwoSizes();
+}
+
+
+TEST_F(MainWindowTest, Toolbar_IsInOrderWithOptionsAtTheRight)
+{
+	fMain.Window()->ResizeTo(900, fMain.Window()->Bounds().Height());
+	EXPECT_TRUE(WaitFor([this] {
+		return _FrameOf("options").right > 800;
+	}));
+	float right = 0;
+	for (const char* name :
+		{"connect", "disconnect", "chat", "users", "files", "tracker", "options"}) {
+		SCOPED_TRACE(name);
+		EXPECT_GT(_FrameOf(name).left, right);
+		EXPECT_EQ(_FrameOf("connect").top, _FrameOf(name).top);
+		right = _FrameOf(name).right;
+	}
+	EXPECT_LT(900 - right, 20);
+	EXPECT_GT(_FrameOf("status").top, _FrameOf("connect").bottom);
+}
+
+
+// A server's name may have 255 letters.
+TEST_F(MainWindowTest, LongServerName_DoesNotWidenTheWindow)
+{
+	fMain.Window()->Layout(true);
+	const float width = fMain.Window()->Bounds().Width();
+	BMessage info = _ServerInfo(std::string(255, 'W').c_str());
+	Post(&info);
+	fMain.Window()->Layout(true);
+	EXPECT_EQ(width, fMain.Window()->Bounds().Width());
+}
+
+
+TEST_F(MainWindowTest, WithoutABanner_ItsViewHasNoHeight)
+{
+	fMain.Window()->Layout(true);
+	EXPECT_LE(_FrameOf("banner").Height(), 0);
+}
+
+
+TEST_F(MainWindowTest, WideBanner_WidensTheWindowUntilItIsCleared)
+{
+	fMain.Window()->Layout(true);
+	const BRect compact = fMain.Window()->Bounds();
+	_SetBanner(800, 60);
+	EXPECT_TRUE(WaitFor([this] {
+		return _FrameOf("banner").Width() >= 799;
+	}));
+	EXPECT_GE(_FrameOf("banner").Height(), 59);
+	EXPECT_GE(fMain.Window()->Bounds().Height(), compact.Height() + 59);
+
+	Post(kMsgToolDisconnect);
+	EXPECT_TRUE(WaitFor([this] {
+		return _FrameOf("banner").Height() <= 0;
+	}));
+	EXPECT_TRUE(WaitFor([&] {
+		return fMain.Window()->Bounds().Height() == compact.Height();
+	}));
+}
+
+
+TEST_F(MainWindowTest, ConnectionLost_ClearsTheBanner)
+{
+	_SetBanner(300, 60);
+	EXPECT_TRUE(WaitFor([this] {
+		return _FrameOf("banner").Height() >= 59;
+	}));
+	Post(kHLDisconnected);
+	EXPECT_TRUE(WaitFor([this] {
+		return _FrameOf("banner").Height() <= 0;
+	}));
+}
+
+
+TEST_F(MainWindowTest, BannerView_AsksForThePicturesSize)
+{
+	BannerView* view = fMain.Find<BannerView>("banner");
+	EXPECT_EQ(BSize(0, 0), view->MinSize());
+	EXPECT_EQ(BSize(B_SIZE_UNLIMITED, 0), view->MaxSize());
+	EXPECT_EQ(BSize(0, 0), view->PreferredSize());
+	_SetBanner(468, 60);
+	EXPECT_EQ(BSize(468, 60), view->MinSize());
+	EXPECT_EQ(BSize(B_SIZE_UNLIMITED, 60), view->MaxSize());
+	EXPECT_EQ(BSize(468, 60), view->PreferredSize());
+}
+
+
+// #pragma mark - Quitting
+
+
+// The main window grants it and tells the application, whose windows are gone then.
+TEST_F(MainWindowTest, QuitItem_EndsAllWindows)
+{
+	fMain.Window()->PostMessage(fMain.Find<BMenuBar>("menubar")->FindItem("Quit")->Message());
+	fMain.WaitForEnd();
+	WindowProbe::Settle(be_app);
+	EXPECT_EQ(0, be_app->CountWindows());
+}
+
+
+TEST_F(MainWindowTest, QuitOfTheApplication_EndsAllWindows)
+{
+	be_app->PostMessage(B_QUIT_REQUESTED);
+	fMain.WaitForEnd();
+	WindowProbe::Settle(be_app);
+	EXPECT_EQ(0, be_app->CountWindows());
+}
+
+
+TEST_F(MainWindowTest, Quit_TakesChatAndUsersAlong)
+{
+	ASSERT_TRUE(fMain.Window()->Lock());
+	fMain.Window()->Quit();
+	EXPECT_FALSE(fMain.IsAlive());
+	EXPECT_FALSE(fChat.IsAlive());
+	EXPECT_FALSE(fUsers.IsAlive());
+}

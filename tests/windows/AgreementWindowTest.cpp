@@ -1,0 +1,142 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "AgreementWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <Button.h>
+#include <Message.h>
+#include <StringView.h>
+#include <TextView.h>
+
+#include "AppMessages.h"
+#include "HostileTexts.h"
+#include "MessageRecorder.h"
+#include "WaitFor.h"
+#include "WindowProbe.h"
+
+
+static const BRect kFrame(150, 150, 600, 500);
+
+
+class AgreementWindowTest : public testing::Test {
+protected:
+	AgreementWindowTest()
+		: fTarget(new MessageRecorder()),
+		  fWindow(new AgreementWindow(kFrame, fTarget.get(), "Be kind.\nStay long."))
+	{
+		fWindow.Window()->Show();
+	}
+
+	RecorderOwner fTarget;
+	WindowProbe fWindow;
+};
+
+
+TEST_F(AgreementWindowTest, ShowsTheText)
+{
+	EXPECT_STREQ("Server Agreement", fWindow.Window()->Title());
+	EXPECT_EQ("Please read and accept the server agreement to continue:", fWindow.Label("label"));
+	EXPECT_EQ("Be kind.\nStay long.", fWindow.Transcript("agreementtext"));
+	EXPECT_STREQ("Accept", fWindow.Find<BButton>("accept")->Label());
+	EXPECT_STREQ("Decline", fWindow.Find<BButton>("decline")->Label());
+}
+
+
+TEST_F(AgreementWindowTest, TheText_CanBeSelectedButNotEdited)
+{
+	const BTextView* text = fWindow.Find<BTextView>("agreementtext");
+	EXPECT_FALSE(text->IsEditable());
+	EXPECT_TRUE(text->IsSelectable());
+	EXPECT_TRUE(text->DoesWordWrap());
+	EXPECT_FALSE(text->IsStylable());
+}
+
+
+TEST_F(AgreementWindowTest, Accept_IsTheDefault)
+{
+	EXPECT_TRUE(fWindow.Find<BButton>("accept")->IsDefault());
+	EXPECT_FALSE(fWindow.Find<BButton>("decline")->IsDefault());
+}
+
+
+TEST_F(AgreementWindowTest, Accept_AnswersOnceAndCloses)
+{
+	fWindow.Invoke("accept");
+	fWindow.WaitForEnd();
+
+	const BMessage answer = fTarget->OnlyMessage();
+	EXPECT_EQ(uint32(kMsgAcceptAgreement), answer.what);
+	EXPECT_TRUE(answer.IsEmpty());
+}
+
+
+TEST_F(AgreementWindowTest, Decline_AnswersOnceAndCloses)
+{
+	fWindow.Invoke("decline");
+	fWindow.WaitForEnd();
+
+	const BMessage answer = fTarget->OnlyMessage();
+	EXPECT_EQ(uint32(kMsgDeclineAgreement), answer.what);
+	EXPECT_TRUE(answer.IsEmpty());
+}
+
+
+TEST_F(AgreementWindowTest, ClosingWithoutAButton_DeclinesOnce)
+{
+	fWindow.Window()->PostMessage(B_QUIT_REQUESTED);
+	fWindow.WaitForEnd();
+	EXPECT_EQ(uint32(kMsgDeclineAgreement), fTarget->OnlyMessage().what);
+}
+
+
+// The second press is in the queue before the window has had a chance to close.
+TEST_F(AgreementWindowTest, PressingBothButtons_AnswersTheFirst)
+{
+	fWindow.Window()->PostMessage(kMsgAcceptAgreement);
+	fWindow.Window()->PostMessage(kMsgDeclineAgreement);
+	fWindow.Window()->PostMessage(kMsgAcceptAgreement);
+	fWindow.WaitForEnd();
+	EXPECT_EQ(uint32(kMsgAcceptAgreement), fTarget->OnlyMessage().what);
+}
+
+
+TEST_F(AgreementWindowTest, WithoutAText_IsEmptyAndAnswers)
+{
+	WindowProbe window(new AgreementWindow(kFrame, fTarget.get(), NULL));
+	window.Window()->Show();
+	EXPECT_EQ("", window.Transcript("agreementtext"));
+	window.Invoke("accept");
+	window.WaitForEnd();
+	EXPECT_EQ(uint32(kMsgAcceptAgreement), fTarget->OnlyMessage().what);
+}
+
+
+TEST_F(AgreementWindowTest, TheTarget_MayBeGone)
+{
+	fTarget.reset();
+	fWindow.Invoke("accept");
+	fWindow.WaitForEnd();
+}
+
+
+TEST_F(AgreementWindowTest, Layout_IsTidyAtTwoSizes)
+{
+	fWindow.ExpectTidyAtTwoSizes();
+}
+
+
+TEST_F(AgreementWindowTest, HostileText_IsShownAsItStands)
+{
+	std::vector<std::string> texts = hostile_texts();
+	texts.push_back("a\rb\r\nc\n");
+	texts.push_back(std::string(65535, 'x'));
+	for (const std::string& text : texts) {
+		SCOPED_TRACE(text.substr(0, 80));
+		WindowProbe window(new AgreementWindow(kFrame, fTarget.get(), text.c_str()));
+		window.Window()->Show();
+		EXPECT_EQ(text, window.Transcript("agreementtext"));
+	}
+}

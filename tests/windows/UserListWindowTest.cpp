@@ -1,0 +1,218 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "UserListWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <ListView.h>
+#include <Message.h>
+#include <StringView.h>
+
+#include "AppMessages.h"
+#include "HostileTexts.h"
+#include "MessageRecorder.h"
+#include "UserItem.h"
+#include "WaitFor.h"
+#include "WindowProbe.h"
+
+
+class UserListWindowTest : public testing::Test {
+protected:
+	UserListWindowTest()
+		: fTarget(new MessageRecorder()),
+		  fWindow(new UserListWindow(BRect(660, 180, 880, 550), fTarget.get()))
+	{
+		fWindow.Window()->Show();
+		fList = fWindow.Find<BListView>("userlist");
+	}
+
+	void _Add(uint16 socket, const std::string& nick, uint16 icon = 0, uint16 color = 0)
+	{
+		BMessage message(kMsgAddUser);
+		message.AddUInt16("socket", socket);
+		message.AddUInt16("icon", icon);
+		message.AddUInt16("color", color);
+		message.AddString("nick", nick.c_str());
+		fWindow.Post(&message);
+	}
+
+	void _Remove(uint16 socket)
+	{
+		BMessage message(kMsgRemoveUser);
+		message.AddUInt16("socket", socket);
+		fWindow.Post(&message);
+	}
+
+	std::vector<std::string> _Nicks()
+	{
+		std::vector<std::string> nicks;
+		for (int32 i = 0; i < fList->CountItems(); i++)
+			nicks.push_back(static_cast<BStringItem*>(fList->ItemAt(i))->Text());
+		return nicks;
+	}
+
+	void _ExpectCount(const char* title, const char* label)
+	{
+		EXPECT_STREQ(title, fWindow.Window()->Title());
+		EXPECT_EQ(label, fWindow.Label("countlabel"));
+	}
+
+	RecorderOwner fTarget;
+	WindowProbe fWindow;
+	BListView* fList;
+};
+
+
+using Nicks = std::vector<std::string>;
+
+
+TEST_F(UserListWindowTest, AtFirst_NobodyIsOnline)
+{
+	_ExpectCount("Users Online", "0 users online");
+	EXPECT_EQ(0, fList->CountItems());
+}
+
+
+TEST_F(UserListWindowTest, TitleAndLabel_CountTheUsers)
+{
+	_Add(1, "one");
+	_ExpectCount("Users Online (1)", "1 user online");
+	_Add(2, "two");
+	_ExpectCount("Users Online (2)", "2 users online");
+	_Remove(1);
+	_ExpectCount("Users Online (1)", "1 user online");
+	fWindow.Post(kMsgRemoveAll);
+	_ExpectCount("Users Online (0)", "0 users online");
+}
+
+
+TEST_F(UserListWindowTest, Rows_StayInOrderOfArrival)
+{
+	_Add(30, "zoe");
+	_Add(10, "adam");
+	_Add(20, "mia");
+	EXPECT_EQ((Nicks{"zoe", "adam", "mia"}), _Nicks());
+}
+
+
+TEST_F(UserListWindowTest, TheSameSocketTwice_IsOneRowWithTheLaterNick)
+{
+	_Add(1, "before");
+	_Add(2, "other");
+	_Add(1, "after");
+	EXPECT_EQ((Nicks{"after", "other"}), _Nicks());
+	_ExpectCount("Users Online (2)", "2 users online");
+}
+
+
+TEST_F(UserListWindowTest, MissingFields_HaveDefaults)
+{
+	fWindow.Post(kMsgAddUser);
+	EXPECT_EQ(Nicks{"???"}, _Nicks());
+	EXPECT_EQ(0, static_cast<UserItem*>(fList->ItemAt(0))->Socket());
+}
+
+
+TEST_F(UserListWindowTest, RemovingAStranger_OnlyRefreshesTheTitle)
+{
+	_Remove(7);
+	_ExpectCount("Users Online (0)", "0 users online");
+	_Add(1, "one");
+	_Remove(7);
+	EXPECT_EQ(Nicks{"one"}, _Nicks());
+}
+
+
+TEST_F(UserListWindowTest, AfterClearing_TheListFillsAnew)
+{
+	for (uint16 socket = 0; socket < 50; socket++)
+		_Add(socket, "user");
+	fWindow.Post(kMsgRemoveAll);
+	EXPECT_EQ(0, fList->CountItems());
+	_Add(3, "again");
+	EXPECT_EQ(Nicks{"again"}, _Nicks());
+}
+
+
+TEST_F(UserListWindowTest, InvokingNothing_PostsNothing)
+{
+	_Add(1, "one");
+	fList->DeselectAll();
+	fWindow.Post(kMsgUserInvoked);
+	EXPECT_EQ(0, fTarget->CountMessages());
+}
+
+
+TEST_F(UserListWindowTest, InvokingAUser_AsksForAPrivateConversation)
+{
+	_Add(1, "one");
+	_Add(0x8002, "two");
+	fList->Select(1);
+	fList->Invoke();
+	fWindow.Settle();
+
+	const BMessage request = fTarget->OnlyMessage();
+	EXPECT_EQ(uint32(kMsgOpenPM), request.what);
+	EXPECT_EQ(0x8002, request.GetUInt16("socket", 0));
+	EXPECT_STREQ("two", request.GetString("nick"));
+}
+
+
+TEST_F(UserListWindowTest, ARowThatIsNoUser_IsSkipped)
+{
+	fList->AddItem(new BStringItem("no user"));
+	_Add(0, "zero");
+	EXPECT_EQ((Nicks{"no user", "zero"}), _Nicks());
+	fList->Select(0);
+	fWindow.Post(kMsgUserInvoked);
+	EXPECT_EQ(0, fTarget->CountMessages());
+	fWindow.Post(kMsgRemoveAll);
+	EXPECT_EQ(0, fList->CountItems());
+}
+
+
+TEST_F(UserListWindowTest, Layout_IsTidyAtTwoSizes)
+{
+	fWindow.ExpectTidyAtTwoSizes();
+}
+
+
+TEST_F(UserListWindowTest, HostileNick_IsKeptAsItStands)
+{
+	uint16 socket = 0;
+	for (const std::string& nick : hostile_texts()) {
+		_Add(socket, nick);
+		EXPECT_EQ(nick, static_cast<BStringItem*>(fList->ItemAt(socket))->Text());
+		socket++;
+	}
+}
+
+
+TEST_F(UserListWindowTest, FiveThousandUsersTwice_AreFiveThousandRows)
+{
+	for (int round = 0; round < 2; round++) {
+		for (uint16 socket = 1; socket <= 5000; socket++) {
+			BMessage message(kMsgAddUser);
+			message.AddUInt16("socket", socket);
+			message.AddString("nick", round == 0 ? "early" : "late");
+			fWindow.Window()->PostMessage(&message);
+		}
+	}
+	fWindow.Settle();
+	EXPECT_EQ(Nicks(5000, "late"), _Nicks());
+	_ExpectCount("Users Online (5000)", "5000 users online");
+}
+
+
+TEST_F(UserListWindowTest, Closing_MinimizesAndTheListGoesOn)
+{
+	fWindow.Post(B_QUIT_REQUESTED);
+	EXPECT_TRUE(fWindow.IsAlive());
+	EXPECT_TRUE(WaitFor([this] {
+		return fWindow.Window()->IsMinimized();
+	}));
+	_Add(1, "one");
+	_ExpectCount("Users Online (1)", "1 user online");
+}

@@ -356,8 +356,11 @@ WindowPeer::_ShowWidget()
 		_SetTransientParent();
 	if (fIsMinimized)
 		fWidget->showMinimized();
-	else
+	else {
 		fWidget->show();
+		// Otherwise it would end up behind windows that were activated just before.
+		fShallActivate = true;
+	}
 	fMinimizedChanged = false;
 	fIsCentered = false;
 }

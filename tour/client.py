@@ -146,8 +146,8 @@ class Client:
         self.desktop.wait_without_window("Connect to Server", self.program)
 
     def open_agreement(self):
-        """Waits for the agreement and brings it to the front, should the chat have come up over it."""
-        return self.bring_to_front(self.window("Server Agreement"))
+        """Waits for the agreement, which comes up in front of the windows that the login has revealed."""
+        return self.wait_for_focus_on(self.window("Server Agreement"))
 
     def accept_agreement(self):
         window = self.open_agreement()

@@ -66,10 +66,10 @@ class Tour:
 
     def start(self):
         try:
-            self.demo = Demo(self.desktop, self.build, DEFAULT_PORT)
+            self.demo = Demo(self.desktop, self.build, DEFAULT_PORT, "--still")
         except NotHappened:
             # Somebody else has the usual port.
-            self.demo = Demo(self.desktop, self.build, 0)
+            self.demo = Demo(self.desktop, self.build, 0, "--still")
         self.client = Client(self.desktop, os.path.join(self.build, "palimbra"))
         self.client.wait_for_focus_on(self.client.window("Palimbra"))
         self.client.wait_for_status("Not connected")

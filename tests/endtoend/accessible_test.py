@@ -140,8 +140,10 @@ class AccessibleTest(ClientCase):
         self.assertEqual(text.text(), "Be kind.\nStay.")
 
     def test_windows_are_windows_and_have_exact_names(self):
-        windows = [(child.role(), child.name()) for child in self.client.root().children()]
-        self.assertEqual(windows, [("frame", "Palimbra"), ("frame", "Chat"), ("frame", "Users Online")])
+        for title in ("Palimbra", "Chat", "Users Online"):
+            self.assertEqual(self.client.window(title).title(), title)
+            node = self.client.node(title)
+            self.assertEqual((node.role(), node.name()), ("frame", title))
         self.log_in([hotline.user_entry(1, b"Adam")])
         for title in ("Palimbra — Scripted", "Chat", "Users Online (1)"):
             window = self.client.window(title)

@@ -93,10 +93,13 @@ class Connection:
     def reply(self, request, fields, error=0):
         self.send(transaction(REPLY, fields, request.number, error))
 
+    def accept_login(self, request, name=b"Scripted"):
+        self.reply(request, [(VERSION, short(190)), (SERVER_NAME, name)])
+
     def welcome(self, name=b"Scripted", users=()):
         """Shakes hands, accepts the login and answers both requests for the user list."""
         self.handshake()
-        self.reply(self.read_until(LOGIN), [(VERSION, short(190)), (SERVER_NAME, name)])
+        self.accept_login(self.read_until(LOGIN), name)
         for _ in range(2):
             self.reply(self.read_until(USER_LIST), [(USER, user) for user in users])
 

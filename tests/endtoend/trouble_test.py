@@ -99,7 +99,7 @@ class FloodTest(TroubleCase):
             self.assert_alive()
             sent = flood.sent
             wait_until(lambda: flood.sent > sent + 5 * len(block), "the flood to go on")
-            self.assertLess(self.client.program.memory() - before, 64 * MEGABYTE)
+            self.assertLess(self.client.program.memory() - before, 24 * MEGABYTE)
         self.client.wait_for_status("Disconnected")
 
     def test_a_flood_of_chat_loses_nothing_and_leaves_the_selection_alone(self):
@@ -120,7 +120,7 @@ class FloodTest(TroubleCase):
         lines = [line for line in self.client.chat_lines() if line.endswith("of the flood")]
         self.assertEqual(lines, ["line %d of the flood" % number for number in range(count)])
         self.assertEqual(transcript.selection(), (start, start + 17))
-        self.assertLess((self.client.program.memory() - before) / count, 4096)
+        self.assertLess((self.client.program.memory() - before) / count, 2048)
 
 
 class SilenceTest(TroubleCase):

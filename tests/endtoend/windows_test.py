@@ -211,14 +211,19 @@ class DialogTest(ClientCase):
         self.client.wait_for_status("Not connected")
         self.assertEqual(connection.stream.recv(1), b"")
 
-    def test_return_accepts_the_agreement(self):
+    def test_the_agreement_comes_up_in_front_and_return_accepts_it(self):
         self.client.connect("127.0.0.1", self.server.port)
         connection = self.server.accept()
-        connection.welcome()
+        connection.handshake()
+        connection.accept_login(connection.read_until(hotline.LOGIN))
+        # At once, as servers do: the windows that the login reveals are on their way to the front themselves.
         connection.send(hotline.transaction(hotline.AGREEMENT, [(hotline.DATA, b"Be kind.")]))
-        self.client.wait_for_focus_on(self.client.window("Server Agreement"))
+        self.client.wait_for_login("Scripted")
+        for window in (self.client.chat_window(), self.client.users_window()):
+            wait_until(lambda: not window.is_minimized(), "\"%s\" to be revealed" % window.listed_title)
+        self.client.open_agreement()
         self.desktop.key("Return")
-        self.assertEqual(connection.read().fields[hotline.NICK], b"HaikuUser")
+        self.assertEqual(connection.read_until(hotline.AGREED).fields[hotline.NICK], b"HaikuUser")
         self.client.wait_for_chat("*** Agreement accepted ***\n")
         self.desktop.wait_without_window("Server Agreement")
 

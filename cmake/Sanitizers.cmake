@@ -7,3 +7,9 @@ if(PALIMBRA_SANITIZE)
 		add_compile_options(-fno-sanitize-recover=undefined)
 	endif()
 endif()
+# Fuzzers see which paths an input takes only in code that is instrumented for them, and bad accesses only with a sanitizer.
+if(PALIMBRA_FUZZ)
+	add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer
+		-fno-sanitize=vptr -fno-sanitize-recover=undefined)
+	add_link_options(-fsanitize=address,undefined)
+endif()

@@ -132,6 +132,15 @@ LooperRecord::CountMessages() const
 }
 
 
+/*!	How many threads wait for room in the queue. */
+int32
+LooperRecord::CountWaitingPosters() const
+{
+	std::lock_guard<std::mutex> locker(fMutex);
+	return fWaitingPosters;
+}
+
+
 /*!	Lets those who wait for room look again whether they still may. */
 void
 LooperRecord::WakePosters()
@@ -345,8 +354,8 @@ LooperRecord::_MayWait() const
 	if (is_main_thread())
 		return false;
 
-	thread_id self = find_thread(NULL);
-	return self != fThread && self != fOwner && !is_awaited();
+	// The looper's own thread holds the lock while it is in a handler.
+	return fOwner != find_thread(NULL) && !is_awaited();
 }
 
 

@@ -39,6 +39,7 @@ public:
 	bool WaitForMessage();
 	std::unique_ptr<BMessage> Next(int32* _handlerToken);
 	int32 CountMessages() const;
+	int32 CountWaitingPosters() const;
 	void WakePosters();
 
 	bool Lock();

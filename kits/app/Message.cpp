@@ -398,6 +398,7 @@ BMessage::_FindFixed(const char* name, type_code type, int32 index, void* _data,
 
 
 // clang-format off
+// NOLINTBEGIN(bugprone-macro-parentheses): a type cannot stand in parentheses
 #define DEFINE_ACCESS(Name, Type, typeCode) \
 	status_t BMessage::Add##Name(const char* name, Type value) \
 	{ \
@@ -424,6 +425,7 @@ BMessage::_FindFixed(const char* name, type_code type, int32 index, void* _data,
 	{ \
 		return HasData(name, typeCode, index); \
 	}
+// NOLINTEND(bugprone-macro-parentheses)
 // clang-format on
 
 DEFINE_ACCESS(Bool, bool, B_BOOL_TYPE)

@@ -101,7 +101,8 @@ MessageBlock::SetTo(const uint8* bytes, uint32 size)
 		fBytes = grown;
 		fCapacity = size;
 	}
-	memmove(fBytes, bytes, size);
+	if (size > 0)
+		memmove(fBytes, bytes, size);
 	fSize = size;
 }
 

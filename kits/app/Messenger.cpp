@@ -45,9 +45,6 @@ BMessenger::BMessenger(const BHandler* handler, const BLooper* looper, status_t*
 }
 
 
-BMessenger::~BMessenger() = default;
-
-
 bool
 BMessenger::operator==(const BMessenger& other) const
 {

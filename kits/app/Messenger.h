@@ -19,7 +19,7 @@ public:
 	BMessenger();
 	BMessenger(const BHandler* handler, const BLooper* looper = NULL, status_t* _result = NULL);
 	BMessenger(const BMessenger& other) = default;
-	~BMessenger();
+	~BMessenger() = default;
 
 	BMessenger& operator=(const BMessenger& other) = default;
 	bool operator==(const BMessenger& other) const;

@@ -11,6 +11,7 @@
 
 
 /*!	What is known about a running application. */
+// NOLINTNEXTLINE(readability-identifier-naming): Haiku's name
 struct app_info {
 	app_info();
 	~app_info();

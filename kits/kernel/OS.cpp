@@ -109,18 +109,13 @@ void
 end_thread(Thread* thread, status_t returnValue)
 {
 	ThreadTable* table = ThreadTable::Default();
-	void (*wake)() = NULL;
-	{
-		std::lock_guard<std::mutex> locker(table->lock);
-		thread->returnValue = returnValue;
-		thread->hasEnded = true;
-		table->threads.erase(thread->id);
-		thread->changed.notify_all();
-		if (thread->mainWaiters > 0)
-			wake = table->wake;
-	}
-	if (wake != NULL)
-		wake();
+	std::lock_guard<std::mutex> locker(table->lock);
+	thread->returnValue = returnValue;
+	thread->hasEnded = true;
+	table->threads.erase(thread->id);
+	thread->changed.notify_all();
+	if (thread->mainWaiters > 0 && table->wake != NULL)
+		table->wake();
 }
 
 

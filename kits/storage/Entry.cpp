@@ -229,7 +229,8 @@ BEntry::GetName(char* buffer) const
 		return B_NO_INIT;
 	}
 
-	strcpy(buffer, Name());
+	const char* name = Name();
+	memcpy(buffer, name, strlen(name) + 1);
 	return B_OK;
 }
 

@@ -21,6 +21,7 @@ class BPath;
 	Differs from Haiku: \c device and \c directory cannot be turned back into a path here, so a reference carries the path of
 	its directory as well. One that is put together by hand from numbers is not found.
 */
+// NOLINTNEXTLINE(readability-identifier-naming): Haiku's name
 struct entry_ref {
 	entry_ref();
 	entry_ref(const entry_ref& other);

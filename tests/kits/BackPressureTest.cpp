@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 #include <Looper.h>
+#include <LooperRegistry.h>
 
 #include "ScriptedLooper.h"
 #include "WaitFor.h"
@@ -15,6 +16,17 @@ namespace {
 
 
 const int32 kLimit = 20000;
+
+
+/*	Waits until a poster waits for room. */
+bool
+wait_for_full_queue(const BLooper* looper)
+{
+	LooperRecordRef record = LooperRegistry::Default()->Find(looper);
+	return WaitFor([&] {
+		return record->CountWaitingPosters() == 1;
+	});
+}
 
 
 /*	A thread that posts to a looper until it has posted enough or is refused. */
@@ -53,9 +65,8 @@ TEST(BackPressureTest, Poster_WaitsWhileTheQueueIsFull)
 {
 	ServedLooper* looper = new ServedLooper;
 	Poster poster(looper, 100000);
-	ASSERT_TRUE(WaitFor([&] {
-		return poster.posted == kLimit;
-	}));
+	ASSERT_TRUE(wait_for_full_queue(looper));
+	EXPECT_EQ(kLimit, poster.posted);
 
 	int32 maxWaiting = 0;
 	int32 received = 0;
@@ -79,9 +90,8 @@ TEST(BackPressureTest, LargeMessages_AreCountedInBytes)
 {
 	ServedLooper* looper = new ServedLooper;
 	Poster poster(looper, 20, 1024 * 1024);
-	ASSERT_TRUE(WaitFor([&] {
-		return poster.posted == 8;
-	}));
+	ASSERT_TRUE(wait_for_full_queue(looper));
+	EXPECT_EQ(8, poster.posted);
 	looper->Run();
 	ASSERT_TRUE(ServeUntil([&] {
 		return looper->CountReceived() == 20;
@@ -95,9 +105,8 @@ TEST(BackPressureTest, WaitingPoster_FailsWhenTheTargetDies)
 {
 	ServedLooper* looper = new ServedLooper;
 	Poster poster(looper, 100000);
-	ASSERT_TRUE(WaitFor([&] {
-		return poster.posted == kLimit;
-	}));
+	ASSERT_TRUE(wait_for_full_queue(looper));
+	EXPECT_EQ(kLimit, poster.posted);
 	looper->Quit();
 	EXPECT_TRUE(WaitFor([&] {
 		return poster.result == B_BAD_PORT_ID;
@@ -110,6 +119,7 @@ TEST(BackPressureTest, WaitingPoster_FailsWhenTheTargetDies)
 TEST(BackPressureTest, MainThread_NeverWaits)
 {
 	ScriptedLooper* looper = new ScriptedLooper;
+	looper->Unlock();
 	for (int32 i = 0; i < kLimit + 5000; i++)
 		ASSERT_EQ(B_OK, looper->PostMessage('post'));
 	looper->Run();
@@ -161,9 +171,8 @@ TEST(BackPressureTest, ThreadThatIsWaitedFor_NeverWaits)
 	// Nobody takes anything out of this queue, so that waiting for the poster could go on for ever.
 	ServedLooper* looper = new ServedLooper;
 	Poster poster(looper, kLimit + 5000);
-	ASSERT_TRUE(WaitFor([&] {
-		return poster.posted == kLimit;
-	}));
+	ASSERT_TRUE(wait_for_full_queue(looper));
+	EXPECT_EQ(kLimit, poster.posted);
 	EXPECT_EQ(B_OK, wait_for_thread(poster.thread, NULL));
 	EXPECT_EQ(kLimit + 5000, poster.posted);
 	looper->Quit();

@@ -446,9 +446,9 @@ TEST(LooperTest, FiftyThreads_PostWhileLoopersComeAndGo)
 	std::atomic<BLooper*> current(NULL);
 	std::atomic<bool> stop(false);
 	std::atomic<int32> accepted(0);
-	std::vector<thread_id> threads;
-	for (int i = 0; i < 50; i++) {
-		threads.push_back(RunThread([&] {
+	std::vector<thread_id> threads(50);
+	for (thread_id& thread : threads) {
+		thread = RunThread([&] {
 			while (!stop) {
 				BLooper* looper = current;
 				if (looper != NULL && looper->PostMessage('test') == B_OK)
@@ -457,7 +457,7 @@ TEST(LooperTest, FiftyThreads_PostWhileLoopersComeAndGo)
 					looper->Unlock();
 				snooze(100);
 			}
-		}));
+		});
 	}
 
 	for (int round = 0; round < 30; round++) {

@@ -36,6 +36,8 @@ protected:
 		  fSecond(new ServedLooper("second"))
 	{
 		MainServer::Default()->SetApplication(fApplication);
+		// An earlier wait for a thread may have left a wake-up behind.
+		ServeAll();
 	}
 
 	~MainServerTest() override
@@ -454,9 +456,9 @@ TEST_F(MainServerTest, FiftyThreads_PostWhileWindowsComeAndGo)
 {
 	std::atomic<BLooper*> current(NULL);
 	std::atomic<bool> stop(false);
-	std::vector<thread_id> threads;
-	for (int i = 0; i < 50; i++) {
-		threads.push_back(RunThread([&] {
+	std::vector<thread_id> threads(50);
+	for (thread_id& thread : threads) {
+		thread = RunThread([&] {
 			while (!stop) {
 				BLooper* looper = current;
 				if (looper != NULL) {
@@ -465,7 +467,7 @@ TEST_F(MainServerTest, FiftyThreads_PostWhileWindowsComeAndGo)
 				}
 				snooze(100);
 			}
-		}));
+		});
 	}
 
 	for (int round = 0; round < 30; round++) {

@@ -56,7 +56,7 @@ private:
 class BStringItem : public BListItem {
 public:
 	BStringItem(const char* text, uint32 outlineLevel = 0, bool expanded = true);
-	virtual ~BStringItem();
+	~BStringItem() override;
 
 	void DrawItem(BView* owner, BRect frame, bool complete = false) override;
 	void Update(BView* owner, const BFont* font) override;

@@ -112,12 +112,11 @@ ListWidget::keyPressEvent(QKeyEvent* event)
 }
 
 
-/*!	Below the last row there is nothing to invoke. */
+/*!	Below the last row nothing is selected any more, and so nothing invoked. */
 void
 ListWidget::mouseDoubleClickEvent(QMouseEvent* event)
 {
-	const bool onRow = indexAt(event->position().toPoint()).isValid();
 	QListView::mouseDoubleClickEvent(event);
-	if (onRow && event->button() == Qt::LeftButton)
+	if (event->button() == Qt::LeftButton)
 		fPeer->InvokeSelection();
 }

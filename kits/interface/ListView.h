@@ -26,7 +26,7 @@ class BListView : public BView, public BInvoker {
 public:
 	BListView(const char* name, list_view_type type = B_SINGLE_SELECTION_LIST,
 		uint32 flags = B_WILL_DRAW | B_FRAME_EVENTS | B_NAVIGABLE);
-	virtual ~BListView();
+	~BListView() override;
 
 	virtual bool AddItem(BListItem* item);
 	virtual bool AddItem(BListItem* item, int32 index);

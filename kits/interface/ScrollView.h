@@ -14,7 +14,7 @@ class BScrollView : public BView {
 public:
 	BScrollView(const char* name, BView* target, uint32 flags, bool horizontal, bool vertical,
 		border_style border = B_FANCY_BORDER);
-	virtual ~BScrollView();
+	~BScrollView() override;
 
 	BView* Target() const { return fTarget; }
 	border_style Border() const { return fBorder; }

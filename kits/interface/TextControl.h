@@ -23,7 +23,7 @@ public:
 		uint32 flags = B_WILL_DRAW | B_NAVIGABLE);
 	BTextControl(const char* label, const char* initialText, BMessage* message,
 		uint32 flags = B_WILL_DRAW | B_NAVIGABLE);
-	virtual ~BTextControl();
+	~BTextControl() override;
 
 	virtual void SetText(const char* text);
 	const char* Text() const;

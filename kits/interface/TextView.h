@@ -20,7 +20,7 @@ struct text_run_array;
 class BTextView : public BView {
 public:
 	BTextView(const char* name, uint32 flags = B_WILL_DRAW | B_PULSE_NEEDED);
-	virtual ~BTextView();
+	~BTextView() override;
 
 	void SetText(const char* text, const text_run_array* runs = NULL);
 	void SetText(const char* text, int32 length, const text_run_array* runs = NULL);

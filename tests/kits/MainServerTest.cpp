@@ -162,6 +162,22 @@ TEST_F(MainServerTest, FloodInOne_LeavesTheOtherServed)
 }
 
 
+TEST_F(MainServerTest, LongQueue_IsServedInSlices)
+{
+	Run();
+	fFirst->onMessage = [](BMessage*) {
+		snooze(1000);
+	};
+	for (int i = 0; i < 1000; i++)
+		fFirst->PostMessage('slow');
+	fSecond->PostMessage('test');
+	EXPECT_TRUE(MainServer::Default()->ServeTurn());
+	EXPECT_GE(fFirst->CountReceived(), 1);
+	EXPECT_LT(fFirst->CountReceived(), 1000);
+	EXPECT_EQ(1, fSecond->CountReceived());
+}
+
+
 TEST_F(MainServerTest, Handler_IsNotEnteredAgain)
 {
 	Run();

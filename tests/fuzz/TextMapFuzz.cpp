@@ -12,7 +12,7 @@
 
 
 // Longer texts only make each step slower.
-static const size_t kMaxText = 4096;
+static const size_t kMaxText = 512;
 
 
 /*!	The input is a row of changes: two bytes say where (a part of 65,535 of the text; 0xffff is its end), one how many bytes

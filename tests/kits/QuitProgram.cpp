@@ -147,10 +147,8 @@ status_t
 post_for_ever(void* data)
 {
 	BWindow* window = static_cast<BWindow*>(data);
-	while (true) {
-		if (window->PostMessage('ping') != B_OK)
-			be_app->PostMessage('ping');
-	}
+	while (true)
+		window->PostMessage('ping');
 	return B_OK;
 }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <arpa/inet.h>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <netinet/in.h>
@@ -24,7 +25,10 @@ static bool
 wait_for(int descriptor, short events, int milliseconds)
 {
 	pollfd waiting = {descriptor, events, 0};
-	return poll(&waiting, 1, milliseconds) == 1;
+	int result = poll(&waiting, 1, milliseconds);
+	while (result < 0 && errno == EINTR)
+		result = poll(&waiting, 1, milliseconds);
+	return result == 1;
 }
 
 
@@ -194,6 +198,13 @@ RawServer::SendWhatFits(const std::string& bytes)
 		sent += static_cast<size_t>(result);
 	}
 	return sent;
+}
+
+
+void
+RawServer::SayNoMore()
+{
+	shutdown(fConnection, SHUT_WR);
 }
 
 

@@ -47,6 +47,8 @@ public:
 	// Sends for as long as the client reads, without waiting; how many bytes went out.
 	size_t SendWhatFits(const std::string& bytes);
 
+	// The client reads the end of what was sent, and may still be read from.
+	void SayNoMore();
 	void Hangup();
 	// Without a farewell: the client's next call fails.
 	void Reset();

@@ -11,10 +11,10 @@
 
 
 static void
-build_fork_header(uint8* buffer, const char* type, uint32 size)
+build_fork_header(uint8* buffer, uint32 type, uint32 size)
 {
 	memset(buffer, 0, kForkHeaderSize);
-	memcpy(buffer, type, 4);
+	HotlineWriteUInt32(buffer, type);
 	HotlineWriteUInt32(buffer + 12, size);
 }
 
@@ -26,7 +26,7 @@ build_fork_header(uint8* buffer, const char* type, uint32 size)
 void
 FlattenedFile::BuildTransferRequest(uint8* buffer, uint32 reference, uint32 dataSize)
 {
-	memcpy(buffer, "HTXF", 4);
+	HotlineWriteUInt32(buffer, 'HTXF');
 	HotlineWriteUInt32(buffer + 4, reference);
 	HotlineWriteUInt32(buffer + 8, dataSize);
 	HotlineWriteUInt32(buffer + 12, 0);
@@ -41,7 +41,7 @@ FlattenedFile::BuildHeader(uint8* buffer)
 	static const uint16 kForkCount = 2;
 
 	memset(buffer, 0, kFileObjectHeaderSize);
-	memcpy(buffer, "FILP", 4);
+	HotlineWriteUInt32(buffer, 'FILP');
 	HotlineWriteUInt16(buffer + 4, kVersion);
 	HotlineWriteUInt16(buffer + 22, kForkCount);
 }
@@ -51,7 +51,7 @@ FlattenedFile::BuildHeader(uint8* buffer)
 void
 FlattenedFile::BuildInformationForkHeader(uint8* buffer, size_t nameLength)
 {
-	build_fork_header(buffer, "INFO", uint32(InformationForkSize(nameLength)));
+	build_fork_header(buffer, 'INFO', uint32(InformationForkSize(nameLength)));
 }
 
 
@@ -65,7 +65,8 @@ FlattenedFile::BuildInformationFork(uint8* buffer, const char* name, size_t name
 {
 	const size_t length = std::min(nameLength, kMaxInformationForkName);
 	memset(buffer, 0, kInformationForkBaseSize + length);
-	memcpy(buffer, "AMAC????????", 12);
+	HotlineWriteUInt32(buffer, 'AMAC');
+	memset(buffer + 4, '?', 8);
 	HotlineWriteUInt16(buffer + 70, uint16(length));
 	memcpy(buffer + 72, name, length);
 	return kInformationForkBaseSize + length;
@@ -78,7 +79,7 @@ FlattenedFile::BuildInformationFork(uint8* buffer, const char* name, size_t name
 void
 FlattenedFile::BuildDataForkHeader(uint8* buffer, uint32 size)
 {
-	build_fork_header(buffer, "DATA", size);
+	build_fork_header(buffer, 'DATA', size);
 }
 
 

@@ -12,6 +12,9 @@
 #include "HotlineProtocol.h"
 
 
+// Both sides begin with it.
+static const uint32 kMagic = 'HTRK';
+
 // A record up to and including the length of its name; what follows differs in size.
 static const size_t kRecordHeaderSize = 11;
 static const size_t kNameLengthOffset = 10;
@@ -71,7 +74,7 @@ TrackerListing::BuildRequest(uint8* buffer)
 {
 	static const uint16 kVersion = 1;
 
-	memcpy(buffer, "HTRK", 4);
+	HotlineWriteUInt32(buffer, kMagic);
 	HotlineWriteUInt16(buffer + 4, kVersion);
 }
 
@@ -84,7 +87,7 @@ TrackerListing::BuildRequest(uint8* buffer)
 bool
 TrackerListing::ReadHeader(const uint8* header, size_t* _listingSize, uint16* _serverCount)
 {
-	if (memcmp(header, "HTRK", 4) != 0)
+	if (HotlineReadUInt32(header) != kMagic)
 		return false;
 
 	const size_t messageSize = HotlineReadUInt16(header + 8);

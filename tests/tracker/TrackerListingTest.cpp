@@ -93,11 +93,10 @@ TEST(TrackerListingTest, Texts_OfAnyLengthAreRead)
 		SCOPED_TRACE(length);
 		const std::string name(length, 'n');
 		const std::string description(255 - length, 'd');
-		const std::vector<std::string> texts = texts_of(
-			ServerRecord(name, description) + ServerRecord("next", ""));
-		ASSERT_EQ(2u, texts.size());
-		EXPECT_EQ(name + "|" + description, texts[0]);
-		EXPECT_EQ("next|", texts[1]);
+		std::string both = name;
+		both.append("|").append(description);
+		const std::vector<std::string> expected = {both, "next|"};
+		EXPECT_EQ(expected, texts_of(ServerRecord(name, description) + ServerRecord("next", "")));
 	}
 }
 
@@ -118,12 +117,12 @@ TEST(TrackerListingTest, ListingCutAtAnyByte_HasTheWholeRecordsBefore)
 
 TEST(TrackerListingTest, LengthPastTheEnd_Stops)
 {
-	const std::string whole = ServerRecord("one", "first");
-	const std::string start = std::string(10, 'x');
-	EXPECT_EQ(1u, texts_of(whole + start + wire8(255) + "short").size());
-	EXPECT_EQ(1u, texts_of(whole + start + wire8(5) + "short").size());
-	EXPECT_EQ(1u, texts_of(whole + start + wire8(5) + "short" + wire8(255) + "text").size());
-	EXPECT_EQ(1u, texts_of(whole + start + wire8(5) + "short" + wire8(5) + "text").size());
+	const std::string start = ServerRecord("one", "first") + std::string(10, 'x');
+	for (const std::string& rest : {wire8(255) + "short", wire8(5) + "short",
+			 wire8(5) + "short" + wire8(255) + "text", wire8(5) + "short" + wire8(5) + "text"}) {
+		SCOPED_TRACE(rest);
+		EXPECT_EQ(1u, texts_of(start + rest).size());
+	}
 }
 
 

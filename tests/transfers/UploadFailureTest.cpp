@@ -34,7 +34,7 @@ protected:
 	// Takes up no room on the disk.
 	std::string NewLargeFile()
 	{
-		const std::string path = NewFile("large", "");
+		std::string path = NewFile("large", "");
 		std::filesystem::resize_file(path, kLargeSize);
 		return path;
 	}

@@ -20,7 +20,7 @@ protected:
 	{
 		TransferRun run(UploadThread, info);
 		EXPECT_TRUE(fServer->Accept());
-		const std::string bytes = fServer->ReadToEnd();
+		std::string bytes = fServer->ReadToEnd();
 		EXPECT_EQ(0, run.Result());
 		return bytes;
 	}

@@ -163,14 +163,9 @@ FileListWindow::_HandleEntries(const BMessage* message)
 
 	const char* name;
 	for (int32 i = 0; message->FindString("name", i, &name) == B_OK; i++) {
-		const char* type = "";
-		message->FindString("type", i, &type);
-		const char* creator = "";
-		message->FindString("creator", i, &creator);
-		int32 size = 0;
-		message->FindInt32("size", i, &size);
-		fFileList->AddItem(new FileItem(name, type, creator, size, fFolderIcon.get(),
-			fStuffItIcon.get(), fImageIcon.get()));
+		fFileList->AddItem(new FileItem(name, message->GetString("type", i, ""),
+			message->GetString("creator", i, ""), message->GetInt32("size", i, 0),
+			fFolderIcon.get(), fStuffItIcon.get(), fImageIcon.get()));
 	}
 	_UpdateCount();
 }

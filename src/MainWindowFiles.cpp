@@ -74,11 +74,13 @@ MainWindow::_HandleFileList(const BMessage* message)
 {
 	const char* path = message->GetString("path", "");
 	for (int32 i = 0; i < fFileWindows.CountItems(); i++) {
-		FileListWindow* window = static_cast<FileListWindow*>(fFileWindows.ItemAt(i));
+		BWindow* window = static_cast<BWindow*>(fFileWindows.ItemAt(i));
 		if (!window->Lock())
 			continue;
 
-		const bool found = strcmp(window->Path(), path) == 0;
+		// Another kind of window may have been opened where a closed one was.
+		const FileListWindow* fileWindow = dynamic_cast<FileListWindow*>(window);
+		const bool found = fileWindow != NULL && strcmp(fileWindow->Path(), path) == 0;
 		if (found) {
 			BMessage entries(*message);
 			entries.what = kMsgFileEntry;
@@ -148,8 +150,12 @@ MainWindow::_HandleDownloadReady(const BMessage* message)
 {
 	const uint32 reference = message->GetUInt32("ref", 0);
 	const char* fileName = message->GetString("filename", "");
-	if (reference == 0 || fileName[0] == '\0' || !stays_in_folder(fileName))
+	if (reference == 0 || fileName[0] == '\0')
 		return;
+	if (!stays_in_folder(fileName)) {
+		_ReportTransfer("Download", message);
+		return;
+	}
 
 	std::unique_ptr<DownloadInfo> info(new DownloadInfo());
 	info->address = message->GetString("address", "");
@@ -188,7 +194,9 @@ MainWindow::_HandleUploadReady(const BMessage* message)
 }
 
 
-/*!	\param kind "Download" or "Upload". */
+/*!	\param kind "Download" or "Upload".
+	\param message With the "filename"; without a "success" the transfer has failed.
+*/
 void
 MainWindow::_ReportTransfer(const char* kind, const BMessage* message)
 {

@@ -17,23 +17,26 @@
 // #pragma mark - Private messages
 
 
-/*!	Brings the conversation with a user to the front, a new one if there is none. */
+/*!	Brings the conversation with a user to the front, a new one if there is none. Where a closed one was there may be a
+	window of another kind by now.
+*/
 MessageWindow*
 MainWindow::_FindOrCreatePM(uint16 socket, const char* nick)
 {
 	for (int32 i = 0; i < fMsgWindows.CountItems(); i++) {
-		MessageWindow* window = static_cast<MessageWindow*>(fMsgWindows.ItemAt(i));
-		if (!window->Lock())
+		BWindow* open = static_cast<BWindow*>(fMsgWindows.ItemAt(i));
+		if (!open->Lock())
 			continue;
 
-		const bool found = window->Socket() == socket;
+		MessageWindow* window = dynamic_cast<MessageWindow*>(open);
+		const bool found = window != NULL && window->Socket() == socket;
 		if (found) {
 			window->SetNick(nick);
 			if (window->IsMinimized())
 				window->Minimize(false);
 			window->Activate(true);
 		}
-		window->Unlock();
+		open->Unlock();
 		if (found)
 			return window;
 	}
@@ -92,10 +95,11 @@ MainWindow::_HandleMessageWindowClosed(const BMessage* message)
 	}
 
 	for (int32 i = fMsgWindows.CountItems() - 1; i >= 0; i--) {
-		MessageWindow* window = static_cast<MessageWindow*>(fMsgWindows.ItemAt(i));
+		BWindow* window = static_cast<BWindow*>(fMsgWindows.ItemAt(i));
 		if (!window->Lock())
 			continue;
-		const bool found = window->Socket() == socket;
+		const MessageWindow* messageWindow = dynamic_cast<MessageWindow*>(window);
+		const bool found = messageWindow != NULL && messageWindow->Socket() == socket;
 		window->Unlock();
 		if (found) {
 			fMsgWindows.RemoveItem(i);

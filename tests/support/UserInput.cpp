@@ -10,6 +10,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QImage>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -198,4 +199,14 @@ pixel_of(BView* view, BPoint where)
 {
 	QWidget* widget = ViewPeer::Of(view)->Widget();
 	return widget->grab().toImage().pixel(point_to_toolkit(where).toPoint()) & 0xffffff;
+}
+
+
+std::string
+picture_of(BView* view)
+{
+	const QImage image = ViewPeer::Of(view)->Widget()->grab().toImage().convertToFormat(
+		QImage::Format_RGB32);
+	return std::string(reinterpret_cast<const char*>(image.constBits()),
+		size_t(image.sizeInBytes()));
 }

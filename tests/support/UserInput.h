@@ -62,6 +62,8 @@ std::string accessible_attributes(BView* view, int position);
 
 // The color of a pixel of a view as it is shown, as 0xrrggbb.
 unsigned pixel_of(BView* view, BPoint where);
+// All pixels of a view as it is shown, row by row, four bytes each.
+std::string picture_of(BView* view);
 
 
 #endif // USER_INPUT_H

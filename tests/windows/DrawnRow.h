@@ -1,0 +1,28 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef DRAWN_ROW_H
+#define DRAWN_ROW_H
+
+
+#include <functional>
+#include <string>
+
+#include <Rect.h>
+
+
+class BView;
+
+
+// What is drawn into the rectangle, a little smaller than the view around it.
+using RowDrawing = std::function<void(BView*, BRect)>;
+
+/*!	The pixels of a row on the screen, for comparing it with another. */
+std::string drawn_row(const RowDrawing& draw);
+
+/*!	A picture file of one color. */
+std::string picture_file(int width, int height);
+
+
+#endif // DRAWN_ROW_H

@@ -1,0 +1,229 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "FileItem.h"
+
+#include <memory>
+
+#include <gtest/gtest.h>
+
+#include <Bitmap.h>
+#include <DataIO.h>
+#include <Font.h>
+#include <InterfaceDefs.h>
+#include <TranslationUtils.h>
+#include <View.h>
+
+#include "DrawnRow.h"
+#include "HostileTexts.h"
+
+
+static const float kShapeTextLeft = 4 + 10 + 8;
+static const float kIconTextLeft = 4 + 16 + 6;
+
+
+static std::unique_ptr<BBitmap>
+new_icon()
+{
+	const std::string file = picture_file(16, 16);
+	BMemoryIO stream(file.data(), file.size());
+	return std::unique_ptr<BBitmap>(BTranslationUtils::GetBitmap(&stream));
+}
+
+
+// The texts of a row that is not selected.
+static void
+draw_texts(BView* view, BRect frame, float left, const char* name, const char* right)
+{
+	view->SetFont(be_plain_font);
+	font_height height;
+	view->GetFontHeight(&height);
+	const float y = frame.top + (frame.Height() + height.ascent - height.descent) / 2;
+	view->SetHighColor(ui_color(B_LIST_ITEM_TEXT_COLOR));
+	view->DrawString(name, BPoint(frame.left + left, y));
+	view->SetHighColor(tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT));
+	view->DrawString(right, BPoint(frame.right - 6 - view->StringWidth(right), y));
+}
+
+
+static BRect
+shape_of(BRect frame)
+{
+	const float top = frame.top + (frame.Height() - 10) / 2;
+	return BRect(frame.left + 4, top, frame.left + 14, top + 10);
+}
+
+
+static std::string
+drawn_circle(const char* name, const char* right)
+{
+	return drawn_row([=](BView* view, BRect frame) {
+		view->SetHighColor(120, 150, 200);
+		view->FillEllipse(shape_of(frame));
+		view->SetHighColor(tint_color(make_color(120, 150, 200), B_DARKEN_2_TINT));
+		view->StrokeEllipse(shape_of(frame));
+		draw_texts(view, frame, kShapeTextLeft, name, right);
+	});
+}
+
+
+static std::string
+drawn_square(const char* name)
+{
+	return drawn_row([=](BView* view, BRect frame) {
+		view->SetHighColor(220, 180, 50);
+		view->FillRect(shape_of(frame));
+		view->SetHighColor(tint_color(make_color(220, 180, 50), B_DARKEN_2_TINT));
+		view->StrokeRect(shape_of(frame));
+		draw_texts(view, frame, kShapeTextLeft, name, "folder");
+	});
+}
+
+
+static std::string
+drawn_icon(const BBitmap* icon, const char* name, const char* right)
+{
+	return drawn_row([=](BView* view, BRect frame) {
+		const float top = frame.top + (frame.Height() - 16) / 2;
+		view->DrawBitmap(icon, BPoint(frame.left + 4, top));
+		draw_texts(view, frame, kIconTextLeft, name, right);
+	});
+}
+
+
+static std::string
+drawn_item(FileItem* item)
+{
+	return drawn_row([item](BView* view, BRect frame) {
+		item->DrawItem(view, frame, true);
+	});
+}
+
+
+static std::string
+drawn_file(const char* name, int32 size, BBitmap* stuffIt = NULL, BBitmap* image = NULL)
+{
+	FileItem item(name, "TEXT", "ttxt", size, NULL, stuffIt, image);
+	return drawn_item(&item);
+}
+
+
+TEST(FileItemTest, Size_IsInTheUnitThatFits)
+{
+	const struct {
+		int32 size;
+		const char* text;
+	} cases[] = {
+		{0, "0 B"},
+		{1023, "1023 B"},
+		{1024, "1.0 KB"},
+		{1536, "1.5 KB"},
+		{1048575, "1024.0 KB"},
+		{1048576, "1.0 MB"},
+		{2147483647, "2048.0 MB"},
+	};
+	for (const auto& expected : cases) {
+		SCOPED_TRACE(expected.size);
+		EXPECT_TRUE(drawn_file("name", expected.size) == drawn_circle("name", expected.text));
+	}
+}
+
+
+TEST(FileItemTest, OtherSizes_AreDrawnDifferently)
+{
+	EXPECT_FALSE(drawn_file("name", 1023) == drawn_file("name", 1024));
+	EXPECT_FALSE(drawn_file("name", 0) == drawn_file("eman", 0));
+}
+
+
+TEST(FileItemTest, Folder_SaysSoInPlaceOfASize)
+{
+	FileItem item("name", "fldr", "", 4096, NULL, NULL, NULL);
+	EXPECT_TRUE(drawn_item(&item) == drawn_square("name"));
+}
+
+
+TEST(FileItemTest, FolderWithAPicture_ShowsIt)
+{
+	const std::unique_ptr<BBitmap> icon = new_icon();
+	ASSERT_NE(nullptr, icon);
+	FileItem item("name", "fldr", "", 0, icon.get(), NULL, NULL);
+	EXPECT_TRUE(drawn_item(&item) == drawn_icon(icon.get(), "name", "folder"));
+}
+
+
+// A folder without its picture is not taken for the file that its name promises.
+TEST(FileItemTest, FolderNamedLikeAnArchive_StaysASquare)
+{
+	const std::unique_ptr<BBitmap> icon = new_icon();
+	FileItem item("name.sit", "fldr", "", 0, NULL, icon.get(), icon.get());
+	EXPECT_TRUE(drawn_item(&item) == drawn_square("name.sit"));
+}
+
+
+TEST(FileItemTest, Archives_HaveThePictureOfArchives)
+{
+	const std::unique_ptr<BBitmap> icon = new_icon();
+	for (const char* name : {"a.sit", "a.SEA", "b.HqX", ".sit"}) {
+		SCOPED_TRACE(name);
+		EXPECT_TRUE(drawn_file(name, 5, icon.get(), NULL) == drawn_icon(icon.get(), name, "5 B"));
+		EXPECT_TRUE(drawn_file(name, 5, NULL, icon.get()) == drawn_circle(name, "5 B"));
+	}
+}
+
+
+TEST(FileItemTest, Images_HaveThePictureOfImages)
+{
+	const std::unique_ptr<BBitmap> icon = new_icon();
+	for (const char* name : {"a.jpg", "a.PNG", "a.gif", "a.bmp", "a.tif", "a.psd", "a.pcx",
+			 "a.JPEG", "a.tiff", ".jpeg", ".jpg"}) {
+		SCOPED_TRACE(name);
+		EXPECT_TRUE(drawn_file(name, 5, NULL, icon.get()) == drawn_icon(icon.get(), name, "5 B"));
+		EXPECT_TRUE(drawn_file(name, 5, icon.get(), NULL) == drawn_circle(name, "5 B"));
+	}
+}
+
+
+TEST(FileItemTest, OtherNames_HaveNoPicture)
+{
+	const std::unique_ptr<BBitmap> icon = new_icon();
+	for (const char* name : {"", "sit", "a.sitx", "a.sit ", "jpeg", "a.txt", "png"}) {
+		SCOPED_TRACE(name);
+		EXPECT_TRUE(drawn_file(name, 5, icon.get(), icon.get()) == drawn_circle(name, "5 B"));
+	}
+}
+
+
+TEST(FileItemTest, LongType_IsCutToFourCharacters)
+{
+	const FileItem folder("name", "fldrs", "creator", 0, NULL, NULL, NULL);
+	EXPECT_STREQ("fldr", folder.FileType());
+	EXPECT_TRUE(folder.IsFolder());
+	const FileItem file("name", "Fldr", "", 0, NULL, NULL, NULL);
+	EXPECT_FALSE(file.IsFolder());
+	const FileItem shorter("name", "fld", "", 0, NULL, NULL, NULL);
+	EXPECT_STREQ("fld", shorter.FileType());
+	EXPECT_FALSE(shorter.IsFolder());
+}
+
+
+TEST(FileItemTest, SelectedRow_HasTheBackgroundOfASelection)
+{
+	FileItem item("name", "TEXT", "", 5, NULL, NULL, NULL);
+	item.Select();
+	const std::string drawn = drawn_item(&item);
+	EXPECT_TRUE(drawn == drawn_row([&item](BView* view, BRect frame) {
+		item.DrawItem(view, frame, false);
+	}));
+	EXPECT_FALSE(drawn == drawn_circle("name", "5 B"));
+}
+
+
+TEST(FileItemTest, HostileName_IsDrawnAsItStands)
+{
+	for (const std::string& name : hostile_texts()) {
+		SCOPED_TRACE(name);
+		EXPECT_TRUE(drawn_file(name.c_str(), 5) == drawn_circle(name.c_str(), "5 B"));
+	}
+}

@@ -1,0 +1,287 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "FileListWindow.h"
+
+#include <cstring>
+
+#include <gtest/gtest.h>
+
+#include <Button.h>
+#include <Entry.h>
+#include <ListView.h>
+#include <Message.h>
+
+#include "AppMessages.h"
+#include "FileItem.h"
+#include "HostileTexts.h"
+#include "MessageRecorder.h"
+#include "TemporaryFolder.h"
+#include "WindowProbe.h"
+
+
+class FileListWindowTest : public testing::Test {
+protected:
+	FileListWindowTest()
+		: fTarget(new MessageRecorder())
+	{
+	}
+
+	void _Open(const char* path, const char* assetsPath = NULL)
+	{
+		fWindow.reset(new WindowProbe(
+			new FileListWindow(BRect(200, 150, 560, 500), fTarget.get(), path, assetsPath)));
+		fWindow->Window()->Show();
+		fList = fWindow->Find<BListView>("filelist");
+	}
+
+	static void _AddEntry(BMessage* listing, const char* name, const char* type = "TEXT")
+	{
+		listing->AddString("name", name);
+		listing->AddString("type", type);
+		listing->AddString("creator", "ttxt");
+		listing->AddInt32("size", 10);
+	}
+
+	// A folder "inner" and a file "read me".
+	void _Fill()
+	{
+		BMessage listing(kMsgFileEntry);
+		_AddEntry(&listing, "inner", "fldr");
+		_AddEntry(&listing, "read me");
+		fWindow->Post(&listing);
+	}
+
+	void _ExpectCount(const char* title, const char* label)
+	{
+		EXPECT_STREQ(title, fWindow->Window()->Title());
+		EXPECT_EQ(label, fWindow->Label("countlabel"));
+	}
+
+	FileItem* _Item(int32 index) { return static_cast<FileItem*>(fList->ItemAt(index)); }
+
+	void _Invoke(int32 index)
+	{
+		fList->Select(index);
+		fList->Invoke();
+		fWindow->Settle();
+	}
+
+	RecorderOwner fTarget;
+	std::unique_ptr<WindowProbe> fWindow;
+	BListView* fList = NULL;
+};
+
+
+TEST_F(FileListWindowTest, RootAtFirst_HasNoPathAndNoFiles)
+{
+	_Open(NULL);
+	_ExpectCount("Files", "No files");
+	EXPECT_STREQ("", static_cast<FileListWindow*>(fWindow->Window())->Path());
+	EXPECT_EQ(0, fList->CountItems());
+}
+
+
+TEST_F(FileListWindowTest, FolderAtFirst_IsNamedInTheTitle)
+{
+	_Open("a/b");
+	_ExpectCount("Files — a/b", "No files");
+	EXPECT_STREQ("a/b", static_cast<FileListWindow*>(fWindow->Window())->Path());
+}
+
+
+TEST_F(FileListWindowTest, Listing_IsCountedInTitleAndLabel)
+{
+	_Open("");
+	BMessage one(kMsgFileEntry);
+	_AddEntry(&one, "only");
+	fWindow->Post(&one);
+	_ExpectCount("Files (1)", "1 item");
+	_Fill();
+	_ExpectCount("Files (2)", "2 items");
+	fWindow->Post(kMsgFileClear);
+	_ExpectCount("Files (0)", "No files");
+	EXPECT_EQ(0, fList->CountItems());
+}
+
+
+TEST_F(FileListWindowTest, ListingOfAFolder_KeepsThePathInTheTitle)
+{
+	_Open("a/b");
+	_Fill();
+	_ExpectCount("Files — a/b (2)", "2 items");
+}
+
+
+TEST_F(FileListWindowTest, SecondListing_ReplacesTheFirst)
+{
+	_Open(NULL);
+	_Fill();
+	BMessage other(kMsgFileEntry);
+	_AddEntry(&other, "other");
+	fWindow->Post(&other);
+	ASSERT_EQ(1, fList->CountItems());
+	EXPECT_STREQ("other", _Item(0)->FileName());
+	fWindow->Post(kMsgFileEntry);
+	_ExpectCount("Files (0)", "No files");
+}
+
+
+TEST_F(FileListWindowTest, EntryWithoutFields_HasDefaults)
+{
+	_Open(NULL);
+	BMessage listing(kMsgFileEntry);
+	listing.AddString("name", "bare");
+	fWindow->Post(&listing);
+	ASSERT_EQ(1, fList->CountItems());
+	EXPECT_STREQ("bare", _Item(0)->FileName());
+	EXPECT_STREQ("", _Item(0)->FileType());
+	EXPECT_FALSE(_Item(0)->IsFolder());
+}
+
+
+TEST_F(FileListWindowTest, InvokingAFolderOfTheRoot_OpensItsName)
+{
+	_Open(NULL);
+	_Fill();
+	_Invoke(0);
+	const BMessage request = fTarget->OnlyMessage();
+	EXPECT_EQ(uint32(kMsgOpenFolder), request.what);
+	EXPECT_STREQ("inner", request.GetString("path"));
+}
+
+
+TEST_F(FileListWindowTest, InvokingAFolderOfAFolder_OpensTheJoinedPath)
+{
+	_Open("a/b");
+	_Fill();
+	_Invoke(0);
+	EXPECT_STREQ("a/b/inner", fTarget->OnlyMessage().GetString("path"));
+}
+
+
+TEST_F(FileListWindowTest, InvokingAFile_DownloadsIt)
+{
+	_Open("a/b");
+	_Fill();
+	_Invoke(1);
+	const BMessage request = fTarget->OnlyMessage();
+	EXPECT_EQ(uint32(kMsgDownloadFile), request.what);
+	EXPECT_STREQ("a/b", request.GetString("path"));
+	EXPECT_STREQ("read me", request.GetString("name"));
+}
+
+
+TEST_F(FileListWindowTest, DownloadButton_TakesFilesOnly)
+{
+	_Open(NULL);
+	_Fill();
+	fWindow->Invoke("download");
+	fList->Select(0);
+	fWindow->Invoke("download");
+	EXPECT_EQ(0, fTarget->CountMessages());
+
+	fList->Select(1);
+	fWindow->Invoke("download");
+	const BMessage request = fTarget->OnlyMessage();
+	EXPECT_EQ(uint32(kMsgDownloadFile), request.what);
+	EXPECT_STREQ("", request.GetString("path"));
+	EXPECT_STREQ("read me", request.GetString("name"));
+}
+
+
+TEST_F(FileListWindowTest, InvokingNothing_PostsNothing)
+{
+	_Open(NULL);
+	fWindow->Post(kMsgFileInvoked);
+	_Fill();
+	fWindow->Post(kMsgFileInvoked);
+	EXPECT_EQ(0, fTarget->CountMessages());
+}
+
+
+TEST_F(FileListWindowTest, ChosenFile_IsOfferedForUploadWithItsSize)
+{
+	const TemporaryFolder folder;
+	folder.AddFile("local file", "123456");
+	entry_ref ref;
+	ASSERT_EQ(B_OK, get_ref_for_path(folder.PathOf("local file").c_str(), &ref));
+	_Open("a/b");
+	BMessage chosen(kMsgUploadFile);
+	chosen.AddRef("refs", &ref);
+	fWindow->Post(&chosen);
+
+	const BMessage request = fTarget->OnlyMessage();
+	EXPECT_EQ(uint32(kMsgUploadFile), request.what);
+	EXPECT_STREQ("a/b", request.GetString("path"));
+	EXPECT_STREQ("local file", request.GetString("name"));
+	EXPECT_EQ(folder.PathOf("local file"), request.GetString("localpath"));
+	EXPECT_EQ(6, request.GetInt64("size", int64(-1)));
+}
+
+
+TEST_F(FileListWindowTest, NothingChosen_UploadsNothing)
+{
+	_Open(NULL);
+	fWindow->Post(kMsgUploadFile);
+	EXPECT_EQ(0, fTarget->CountMessages());
+}
+
+
+TEST_F(FileListWindowTest, HostileName_IsKeptAsItStands)
+{
+	_Open(NULL);
+	for (const std::string& name : hostile_texts()) {
+		SCOPED_TRACE(name);
+		BMessage listing(kMsgFileEntry);
+		_AddEntry(&listing, name.c_str(), "fldr");
+		fWindow->Post(&listing);
+		EXPECT_EQ(name, _Item(0)->FileName());
+		_Invoke(0);
+		EXPECT_EQ(name, fTarget->Messages().back().GetString("path"));
+	}
+}
+
+
+TEST_F(FileListWindowTest, HostilePath_IsTheTitleAsItStands)
+{
+	for (const std::string& path : hostile_texts()) {
+		_Open(path.c_str());
+		EXPECT_EQ("Files — " + path, fWindow->Window()->Title());
+	}
+}
+
+
+TEST_F(FileListWindowTest, FolderWithoutPictures_IsNoObstacle)
+{
+	const TemporaryFolder folder;
+	folder.AddFile("401.png", "no picture");
+	folder.AddFolder("210.png");
+	_Open(NULL, folder.Path().c_str());
+	_Fill();
+	_ExpectCount("Files (2)", "2 items");
+	EXPECT_STREQ("", fWindow->Find<BButton>("download")->Label());
+	EXPECT_STREQ("", fWindow->Find<BButton>("upload")->Label());
+}
+
+
+TEST_F(FileListWindowTest, Closing_TellsWhichWindowItWas)
+{
+	_Open(NULL);
+	const void* window = fWindow->Window();
+	fWindow->Window()->PostMessage(B_QUIT_REQUESTED);
+	fWindow->WaitForEnd();
+	const BMessage notice = fTarget->OnlyMessage();
+	EXPECT_EQ(uint32(kMsgFileWinClosed), notice.what);
+	void* closed = NULL;
+	EXPECT_EQ(B_OK, notice.FindPointer("window", &closed));
+	EXPECT_EQ(window, closed);
+}
+
+
+TEST_F(FileListWindowTest, Layout_IsTidyAtTwoSizes)
+{
+	_Open("a/b");
+	fWindow->ExpectTidyAtTwoSizes();
+}

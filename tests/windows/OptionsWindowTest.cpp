@@ -1,0 +1,244 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "OptionsWindow.h"
+
+#include <memory>
+
+#include <gtest/gtest.h>
+
+#include <Button.h>
+#include <ListView.h>
+#include <Message.h>
+
+#include "AppMessages.h"
+#include "DrawnRow.h"
+#include "HostileTexts.h"
+#include "IconItem.h"
+#include "MessageRecorder.h"
+#include "TemporaryFolder.h"
+#include "WaitFor.h"
+#include "WindowInput.h"
+#include "WindowProbe.h"
+
+
+using Icons = std::vector<int>;
+
+
+class OptionsWindowTest : public testing::Test {
+protected:
+	OptionsWindowTest()
+		: fTarget(new MessageRecorder())
+	{
+	}
+
+	void _AddIcon(const std::string& name) { fFolder.AddFile(name, picture_file(16, 16)); }
+
+	void _Open(uint16 icon, const char* nick = "Ann", const char* tracker = "tracker.example")
+	{
+		_OpenWithFolder(icon, nick, tracker, fFolder.Path().c_str());
+	}
+
+	void _OpenWithFolder(uint16 icon, const char* nick, const char* tracker, const char* folder)
+	{
+		fWindow.reset(new WindowProbe(new OptionsWindow(BRect(200, 150, 520, 550), fTarget.get(),
+			nick, icon, tracker, folder)));
+		fWindow->Window()->Show();
+		fWindow->Settle();
+		fList = fWindow->Find<BListView>("iconlist");
+	}
+
+	Icons _Icons() const
+	{
+		Icons icons;
+		for (int32 i = 0; i < fList->CountItems(); i++)
+			icons.push_back(static_cast<IconItem*>(fList->ItemAt(i))->IconID());
+		return icons;
+	}
+
+	std::string _Label() { return fWindow->Label("iconlabel"); }
+
+	TemporaryFolder fFolder;
+	RecorderOwner fTarget;
+	std::unique_ptr<WindowProbe> fWindow;
+	BListView* fList = NULL;
+};
+
+
+TEST_F(OptionsWindowTest, AtFirst_ShowsWhatWasSet)
+{
+	_Open(137);
+	EXPECT_STREQ("Options", fWindow->Window()->Title());
+	EXPECT_EQ("Ann", fWindow->Text("nick"));
+	EXPECT_EQ("tracker.example", fWindow->Text("tracker"));
+	EXPECT_EQ("Current icon: 137", _Label());
+	EXPECT_TRUE(fWindow->Find<BButton>("save")->IsDefault());
+}
+
+
+TEST_F(OptionsWindowTest, Icons_AreSortedByNumber)
+{
+	for (const char* name : {"1.png", "10.png", "2.png", "0.png", "abc.png"})
+		_AddIcon(name);
+	fFolder.AddFile("readme.txt", "about icons");
+	_Open(137);
+	EXPECT_EQ((Icons{1, 2, 10}), _Icons());
+}
+
+
+TEST_F(OptionsWindowTest, Names_AreReadForTheirNumber)
+{
+	for (const char* name : {"7.PNG", ".png", "png", "8.png.txt", "-3.png", "65536.png",
+			 "4294967297.png", "9.jpg", "x5.png"})
+		_AddIcon(name);
+	for (const char* name : {"12abc.png", "65535.png", "20.x.png", "012.png"})
+		_AddIcon(name);
+	_Open(137);
+	EXPECT_EQ((Icons{12, 12, 20, 65535}), _Icons());
+}
+
+
+TEST_F(OptionsWindowTest, LongName_CountsUpToFifteenBytes)
+{
+	_AddIcon("000000000000015.png");
+	_AddIcon("0000000000000016.png");
+	_Open(137);
+	EXPECT_EQ(Icons{15}, _Icons());
+}
+
+
+TEST_F(OptionsWindowTest, WhatIsNoPicture_IsPassedOver)
+{
+	fFolder.AddFolder("5.png");
+	fFolder.AddFile("6.png", "hello");
+	fFolder.AddFile("7.png", "");
+	fFolder.AddFile("8.png", picture_file(16, 16).substr(0, 8));
+	fFolder.AddLink("9.png", "nowhere");
+	fFolder.AddLink("11.png", "11.png");
+	_AddIcon("3.png");
+	_Open(137);
+	EXPECT_EQ(Icons{3}, _Icons());
+}
+
+
+TEST_F(OptionsWindowTest, LinkToAPicture_CountsByItsOwnName)
+{
+	_AddIcon("picture");
+	fFolder.AddLink("4.png", "picture");
+	_Open(137);
+	EXPECT_EQ(Icons{4}, _Icons());
+}
+
+
+TEST_F(OptionsWindowTest, NoFolder_IsAnEmptyListAndTheRestWorks)
+{
+	for (const char* folder :
+		{static_cast<const char*>(NULL), "", "/nowhere/at/all", "/dev/null"}) {
+		_OpenWithFolder(137, "Ann", "", folder);
+		EXPECT_EQ(Icons{}, _Icons());
+		fWindow->Invoke("save");
+		fWindow->WaitForEnd();
+		EXPECT_EQ(137, fTarget->Messages().back().GetUInt16("icon", 0));
+	}
+	EXPECT_EQ(4, fTarget->CountMessages());
+}
+
+
+TEST_F(OptionsWindowTest, CurrentIcon_IsSelected)
+{
+	_AddIcon("1.png");
+	_AddIcon("137.png");
+	_Open(137);
+	EXPECT_EQ(1, fList->CurrentSelection());
+	EXPECT_EQ("Current icon: 137", _Label());
+}
+
+
+TEST_F(OptionsWindowTest, CurrentIconWithoutPicture_IsKept)
+{
+	_AddIcon("1.png");
+	_Open(40000);
+	EXPECT_LT(fList->CurrentSelection(), 0);
+	EXPECT_EQ("Current icon: 40000", _Label());
+	fWindow->Invoke("save");
+	EXPECT_EQ(40000, fTarget->OnlyMessage().GetUInt16("icon", 0));
+}
+
+
+TEST_F(OptionsWindowTest, SelectedIcon_IsNamedAtOnceAndSaved)
+{
+	_AddIcon("1.png");
+	_AddIcon("2.png");
+	_Open(1);
+	fList->Select(1);
+	fWindow->Settle();
+	EXPECT_EQ("Current icon: 2", _Label());
+	fList->DeselectAll();
+	fWindow->Settle();
+	EXPECT_EQ("Current icon: 2", _Label());
+	fWindow->Invoke("save");
+	EXPECT_EQ(2, fTarget->OnlyMessage().GetUInt16("icon", 0));
+}
+
+
+TEST_F(OptionsWindowTest, Save_SendsTheFieldsAsTypedAndCloses)
+{
+	std::vector<std::string> texts = hostile_texts();
+	texts.push_back("");
+	for (const std::string& text : texts) {
+		SCOPED_TRACE(text);
+		_Open(137);
+		fWindow->SetText("nick", text.c_str());
+		fWindow->SetText("tracker", text.c_str());
+		const std::string typed = fWindow->Text("nick");
+		fWindow->Invoke("save");
+		fWindow->WaitForEnd();
+		const BMessage request = fTarget->Messages().back();
+		EXPECT_EQ(uint32(kMsgOptionsSave), request.what);
+		EXPECT_EQ(typed, request.GetString("nick"));
+		EXPECT_EQ(typed, request.GetString("tracker"));
+	}
+	EXPECT_EQ(int32(texts.size()), fTarget->CountMessages());
+}
+
+
+TEST_F(OptionsWindowTest, Cancel_SendsNothing)
+{
+	_AddIcon("1.png");
+	_Open(137);
+	fWindow->SetText("nick", "other");
+	fList->Select(0);
+	fWindow->Invoke("cancel");
+	fWindow->WaitForEnd();
+	EXPECT_EQ(0, fTarget->CountMessages());
+}
+
+
+TEST_F(OptionsWindowTest, EscapeAndCloseBox_SendNothing)
+{
+	_Open(137);
+	press_window_key(fWindow->Window(), B_ESCAPE);
+	fWindow->WaitForEnd();
+	_Open(137);
+	use_close_box(fWindow->Window());
+	fWindow->WaitForEnd();
+	EXPECT_EQ(0, fTarget->CountMessages());
+}
+
+
+TEST_F(OptionsWindowTest, Rows_AreOfOneHeight)
+{
+	IconItem item(5, NULL);
+	BView view("owner", B_WILL_DRAW);
+	item.Update(&view, be_plain_font);
+	EXPECT_FLOAT_EQ(22, item.Height());
+}
+
+
+TEST_F(OptionsWindowTest, Layout_IsTidyAtTwoSizes)
+{
+	_AddIcon("1.png");
+	_Open(137);
+	fWindow->ExpectTidyAtTwoSizes();
+}

@@ -1,0 +1,99 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "ServerItem.h"
+
+#include <gtest/gtest.h>
+
+#include <Font.h>
+#include <InterfaceDefs.h>
+#include <String.h>
+#include <View.h>
+
+#include "DrawnRow.h"
+#include "HostileTexts.h"
+
+
+// The row of a server "Harbor" on 10.20.30.40:5500 that is not selected.
+static std::string
+drawn_server(const std::string& description, const std::string& users)
+{
+	return drawn_row([=](BView* view, BRect frame) {
+		font_height height;
+		view->GetFontHeight(&height);
+		const float line = height.ascent + height.descent + height.leading;
+		const float nameY = frame.top + height.ascent + 2;
+		const rgb_color dim = tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT);
+		const rgb_color textColor = ui_color(B_LIST_ITEM_TEXT_COLOR);
+		view->SetFont(be_bold_font);
+		view->SetHighColor(textColor);
+		view->DrawString("Harbor", BPoint(frame.left + 6, nameY));
+		view->SetFont(be_plain_font);
+		view->SetHighColor(dim);
+		const float left = frame.right - 6 - view->StringWidth(users.c_str());
+		view->DrawString(users.c_str(), BPoint(left, nameY));
+		view->DrawString("10.20.30.40:5500", BPoint(frame.left + 6, nameY + 2 * line + 1));
+		view->SetHighColor(tint_color(textColor, 0.59f));
+		BString cut(description.c_str());
+		view->TruncateString(&cut, B_TRUNCATE_END, frame.Width() - 12);
+		view->DrawString(cut.String(), BPoint(frame.left + 6, nameY + line + 1));
+	});
+}
+
+
+static std::string
+drawn_item(const std::string& description, uint16 users)
+{
+	ServerItem item("Harbor", description.c_str(), "10.20.30.40", 5500, users);
+	return drawn_row([&item](BView* view, BRect frame) {
+		item.DrawItem(view, frame, true);
+	});
+}
+
+
+TEST(ServerItemTest, Users_AreCountedWithTheirSingular)
+{
+	EXPECT_TRUE(drawn_item("ships", 0) == drawn_server("ships", "0 users"));
+	EXPECT_TRUE(drawn_item("ships", 1) == drawn_server("ships", "1 user"));
+	EXPECT_TRUE(drawn_item("ships", 2) == drawn_server("ships", "2 users"));
+	EXPECT_TRUE(drawn_item("ships", 65535) == drawn_server("ships", "65535 users"));
+	EXPECT_FALSE(drawn_item("ships", 1) == drawn_server("ships", "1 users"));
+}
+
+
+TEST(ServerItemTest, LongDescription_IsCutAtItsEnd)
+{
+	const std::string description(200, 'w');
+	EXPECT_TRUE(drawn_item(description, 0) == drawn_server(description, "0 users"));
+}
+
+
+TEST(ServerItemTest, HostileDescription_IsDrawnAsItStands)
+{
+	for (const std::string& text : hostile_texts()) {
+		SCOPED_TRACE(text);
+		EXPECT_TRUE(drawn_item(text, 0) == drawn_server(text, "0 users"));
+	}
+}
+
+
+TEST(ServerItemTest, LongAddress_IsCutAt63Bytes)
+{
+	const ServerItem item("", "", std::string(64, '1').c_str(), 65535, 0);
+	EXPECT_EQ(std::string(63, '1'), item.Address());
+	EXPECT_EQ(65535, item.Port());
+	const std::string description(256, 'd');
+	EXPECT_TRUE(drawn_item(description, 0) == drawn_server(description.substr(0, 255), "0 users"));
+}
+
+
+TEST(ServerItemTest, Row_IsThreeLinesHigh)
+{
+	ServerItem item("Harbor", "ships", "10.20.30.40", 5500, 0);
+	BView view("owner", B_WILL_DRAW);
+	item.Update(&view, be_plain_font);
+	font_height height;
+	be_plain_font->GetHeight(&height);
+	EXPECT_FLOAT_EQ(3 * (height.ascent + height.descent + height.leading) + 8, item.Height());
+}

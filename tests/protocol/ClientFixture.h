@@ -49,6 +49,7 @@ protected:
 
 	static std::string Chat(const std::string& text);
 
+public:
 	std::unique_ptr<RawServer> server;
 	MessageLog* log;
 	std::unique_ptr<HotlineClient> client;

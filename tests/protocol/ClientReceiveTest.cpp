@@ -24,7 +24,8 @@ struct Exchange {
 class ClientReceiveTest : public ClientTest {
 protected:
 	ClientReceiveTest()
-		: fMaxRead(SIZE_MAX),
+		: fNextId(3),
+		  fMaxRead(SIZE_MAX),
 		  fCutAt(SIZE_MAX),
 		  fPosition(0)
 	{
@@ -40,7 +41,6 @@ protected:
 			return result;
 		};
 		LogIn();
-		nextId = 3;
 	}
 
 	~ClientReceiveTest() override { client.reset(); }
@@ -53,14 +53,13 @@ protected:
 	std::vector<Exchange> Everything();
 	void ExpectAllOf(const Exchange& exchange);
 
-	uint32 nextId;
-
 private:
 	std::string _Reply(const std::string& params, uint32 error = 0)
 	{
-		return wire_transaction(0x10000, nextId++, params, error);
+		return wire_transaction(0x10000, fNextId++, params, error);
 	}
 
+	uint32 fNextId;
 	std::atomic<size_t> fMaxRead;
 	std::atomic<size_t> fCutAt;
 	std::atomic<size_t> fPosition;
@@ -115,7 +114,7 @@ ClientReceiveTest::Everything()
 void
 ClientReceiveTest::ExpectAllOf(const Exchange& exchange)
 {
-	nextId += exchange.requests;
+	fNextId += exchange.requests;
 	for (const std::string& posted : exchange.posted)
 		ExpectPosted(posted);
 }

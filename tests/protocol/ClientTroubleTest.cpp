@@ -168,6 +168,7 @@ TEST_F(ClientSendTest, TransactionsOfManyThreads_DoNotMix)
 	const int kThreads = 4;
 	const int kLines = 50;
 	std::vector<std::thread> threads;
+	threads.reserve(kThreads);
 	for (int i = 0; i < kThreads; i++) {
 		threads.emplace_back([&, i] {
 			const std::string text(20 + static_cast<size_t>(i), static_cast<char>('a' + i));

@@ -29,10 +29,10 @@ extern "C"
 	int __real_getaddrinfo(const char* name, const char* port, const addrinfo* hints,
 		addrinfo** _result);
 	int __real_socket(int family, int type, int protocol);
-	int __real_setsockopt(int socket, int level, int option, const void* value, socklen_t size);
-	int __real_connect(int socket, const sockaddr* address, socklen_t size);
-	ssize_t __real_send(int socket, const void* data, size_t size, int flags);
-	ssize_t __real_recv(int socket, void* buffer, size_t size, int flags);
+	int __real_setsockopt(int descriptor, int level, int option, const void* value, socklen_t size);
+	int __real_connect(int descriptor, const sockaddr* address, socklen_t size);
+	ssize_t __real_send(int descriptor, const void* data, size_t size, int flags);
+	ssize_t __real_recv(int descriptor, void* buffer, size_t size, int flags);
 	int __real_select(int count, fd_set* readable, fd_set* writable, fd_set* broken,
 		timeval* timeout);
 	void* __real_malloc(size_t size);
@@ -81,35 +81,35 @@ extern "C"
 	}
 
 
-	int __wrap_setsockopt(int socket, int level, int option, const void* value, socklen_t size)
+	int __wrap_setsockopt(int descriptor, int level, int option, const void* value, socklen_t size)
 	{
 		if (Interposed::setOption)
-			return Interposed::setOption(socket, level, option, value, size);
-		return __real_setsockopt(socket, level, option, value, size);
+			return Interposed::setOption(descriptor, level, option, value, size);
+		return __real_setsockopt(descriptor, level, option, value, size);
 	}
 
 
-	int __wrap_connect(int socket, const sockaddr* address, socklen_t size)
+	int __wrap_connect(int descriptor, const sockaddr* address, socklen_t size)
 	{
 		if (Interposed::connect)
-			return Interposed::connect(socket, address, size);
-		return __real_connect(socket, address, size);
+			return Interposed::connect(descriptor, address, size);
+		return __real_connect(descriptor, address, size);
 	}
 
 
-	ssize_t __wrap_send(int socket, const void* data, size_t size, int flags)
+	ssize_t __wrap_send(int descriptor, const void* data, size_t size, int flags)
 	{
 		if (Interposed::send)
-			return Interposed::send(socket, data, size, flags);
-		return __real_send(socket, data, size, flags);
+			return Interposed::send(descriptor, data, size, flags);
+		return __real_send(descriptor, data, size, flags);
 	}
 
 
-	ssize_t __wrap_recv(int socket, void* buffer, size_t size, int flags)
+	ssize_t __wrap_recv(int descriptor, void* buffer, size_t size, int flags)
 	{
 		if (Interposed::receive)
-			return Interposed::receive(socket, buffer, size, flags);
-		return __real_recv(socket, buffer, size, flags);
+			return Interposed::receive(descriptor, buffer, size, flags);
+		return __real_recv(descriptor, buffer, size, flags);
 	}
 
 
@@ -163,30 +163,30 @@ Interposed::RealSocket(int family, int type, int protocol)
 
 
 int
-Interposed::RealSetOption(int socket, int level, int option, const void* value, socklen_t size)
+Interposed::RealSetOption(int descriptor, int level, int option, const void* value, socklen_t size)
 {
-	return __real_setsockopt(socket, level, option, value, size);
+	return __real_setsockopt(descriptor, level, option, value, size);
 }
 
 
 int
-Interposed::RealConnect(int socket, const sockaddr* address, socklen_t size)
+Interposed::RealConnect(int descriptor, const sockaddr* address, socklen_t size)
 {
-	return __real_connect(socket, address, size);
+	return __real_connect(descriptor, address, size);
 }
 
 
 ssize_t
-Interposed::RealSend(int socket, const void* data, size_t size, int flags)
+Interposed::RealSend(int descriptor, const void* data, size_t size, int flags)
 {
-	return __real_send(socket, data, size, flags);
+	return __real_send(descriptor, data, size, flags);
 }
 
 
 ssize_t
-Interposed::RealReceive(int socket, void* buffer, size_t size, int flags)
+Interposed::RealReceive(int descriptor, void* buffer, size_t size, int flags)
 {
-	return __real_recv(socket, buffer, size, flags);
+	return __real_recv(descriptor, buffer, size, flags);
 }
 
 

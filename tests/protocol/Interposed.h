@@ -36,10 +36,11 @@ struct Interposed {
 	static int RealResolve(const char* name, const char* port, const addrinfo* hints,
 		addrinfo** _result);
 	static int RealSocket(int family, int type, int protocol);
-	static int RealSetOption(int socket, int level, int option, const void* value, socklen_t size);
-	static int RealConnect(int socket, const sockaddr* address, socklen_t size);
-	static ssize_t RealSend(int socket, const void* data, size_t size, int flags);
-	static ssize_t RealReceive(int socket, void* buffer, size_t size, int flags);
+	static int RealSetOption(int descriptor, int level, int option, const void* value,
+		socklen_t size);
+	static int RealConnect(int descriptor, const sockaddr* address, socklen_t size);
+	static ssize_t RealSend(int descriptor, const void* data, size_t size, int flags);
+	static ssize_t RealReceive(int descriptor, void* buffer, size_t size, int flags);
 	static int RealSelect(int count, fd_set* readable, timeval* timeout);
 	static void* RealAllocate(size_t size);
 	static void* RealReallocate(void* block, size_t size);

@@ -12,7 +12,7 @@
 
 
 class TransactionBuilderTest : public testing::Test {
-protected:
+public:
 	TransactionBuilderTest()
 	{
 		for (uint8& byte : buffer)

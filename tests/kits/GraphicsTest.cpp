@@ -99,6 +99,31 @@ TEST(FontTest, Height_IsInWholePixels)
 }
 
 
+/*!	What people on a server write. A machine without fonts, as a container is by default, measures nothing; one that lacks a
+	script draws the same box for every character of it, so that a narrow and a wide one are of one width.
+*/
+TEST(FontTest, ScriptsOfTheWorld_HaveAWidth)
+{
+	static const struct {
+		const char* script;
+		const char* narrow;
+		const char* wide;
+	} kProbes[] = {
+		{"Latin", "i", "W"},
+		{"Cyrillic", "\xd1\x96", "\xd0\xa9"},
+		{"Greek", "\xce\xb9", "\xce\xa9"},
+		{"Hebrew", "\xd7\x99", "\xd7\xa9"},
+		{"Arabic", "\xd8\xa7", "\xd8\xb5"},
+		{"Japanese", "\xef\xbd\xb6", "\xe6\x9c\x88"},
+	};
+	for (const auto& probe : kProbes) {
+		SCOPED_TRACE(probe.script);
+		EXPECT_GT(be_plain_font->StringWidth(probe.narrow), 0);
+		EXPECT_GT(be_plain_font->StringWidth(probe.wide), be_plain_font->StringWidth(probe.narrow));
+	}
+}
+
+
 TEST(FontTest, InvalidBytes_HaveAWidth)
 {
 	EXPECT_GT(be_plain_font->StringWidth("a\xff"), be_plain_font->StringWidth("a"));

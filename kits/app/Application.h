@@ -22,7 +22,7 @@ struct app_info;
 class BApplication : public BLooper {
 public:
 	BApplication(const char* signature);
-	virtual ~BApplication();
+	~BApplication() override;
 
 	thread_id Run() override;
 	void Quit() override;

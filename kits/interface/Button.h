@@ -18,7 +18,7 @@ public:
 	BButton(const char* name, const char* label, BMessage* message,
 		uint32 flags = B_WILL_DRAW | B_NAVIGABLE | B_FULL_UPDATE_ON_RESIZE);
 	BButton(const char* label, BMessage* message = NULL);
-	virtual ~BButton();
+	~BButton() override;
 
 	void AttachedToWindow() override;
 	void SetLabel(const char* label) override;

@@ -23,7 +23,7 @@ enum { B_CONTROL_OFF = 0, B_CONTROL_ON = 1 };
 class BControl : public BView, public BInvoker {
 public:
 	BControl(const char* name, const char* label, BMessage* message, uint32 flags);
-	virtual ~BControl();
+	~BControl() override;
 
 	void AttachedToWindow() override;
 

@@ -28,6 +28,7 @@ enum { B_TRUNCATE_END = 0, B_TRUNCATE_BEGINNING = 1, B_TRUNCATE_MIDDLE = 2, B_NO
 
 
 /*!	Distances in pixels from the baseline up and down, and from one line to the next. */
+// NOLINTNEXTLINE(readability-identifier-naming): Haiku's name
 struct font_height {
 	float ascent;
 	float descent;

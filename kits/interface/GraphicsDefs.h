@@ -10,6 +10,7 @@
 
 
 /*!	Eight by eight pixels of the high and the low color. Only the two plain ones are there. */
+// NOLINTNEXTLINE(readability-identifier-naming): Haiku's name
 struct pattern {
 	uint8 data[8];
 };
@@ -19,6 +20,7 @@ extern const pattern B_SOLID_LOW;
 
 
 /*!	A color; an alpha of 255 is opaque. It has no constructor: what a list in braces leaves out is 0, alpha too. */
+// NOLINTNEXTLINE(readability-identifier-naming): Haiku's name
 struct rgb_color {
 	uint8 red;
 	uint8 green;

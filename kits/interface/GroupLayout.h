@@ -14,7 +14,7 @@
 class BGroupLayout : public BLayout {
 public:
 	BGroupLayout(enum orientation orientation, float spacing = B_USE_DEFAULT_SPACING);
-	virtual ~BGroupLayout();
+	~BGroupLayout() override;
 
 	enum orientation Orientation() const { return fOrientation; }
 	float Spacing() const { return fSpacing; }

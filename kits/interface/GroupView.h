@@ -14,7 +14,7 @@
 class BGroupView : public BView {
 public:
 	BGroupView(orientation orientation = B_HORIZONTAL, float spacing = B_USE_DEFAULT_SPACING);
-	virtual ~BGroupView();
+	~BGroupView() override;
 
 	BGroupLayout* GroupLayout() const;
 };

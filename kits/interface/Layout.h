@@ -19,7 +19,7 @@ class LayoutPeer;
 */
 class BLayout : public BLayoutItem {
 public:
-	virtual ~BLayout();
+	~BLayout() override;
 
 	// The view whose children are placed. For a window's layout that is none of the client's views.
 	BView* Owner() const { return fOwner; }

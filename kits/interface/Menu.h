@@ -22,7 +22,7 @@ enum menu_layout { B_ITEMS_IN_ROW = 0, B_ITEMS_IN_COLUMN };
 class BMenu : public BView {
 public:
 	BMenu(const char* name, menu_layout layout = B_ITEMS_IN_COLUMN);
-	virtual ~BMenu();
+	~BMenu() override;
 
 	bool AddItem(BMenuItem* item);
 	bool AddItem(BMenu* menu);

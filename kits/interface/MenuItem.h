@@ -24,7 +24,7 @@ public:
 	BMenuItem(const char* label, BMessage* message, char shortcut = 0, uint32 modifiers = 0);
 	// The item owns the menu.
 	BMenuItem(BMenu* menu, BMessage* message = NULL);
-	virtual ~BMenuItem();
+	~BMenuItem() override;
 
 	virtual void SetLabel(const char* label);
 	const char* Label() const { return fLabel.String(); }
@@ -55,7 +55,7 @@ private:
 class BSeparatorItem : public BMenuItem {
 public:
 	BSeparatorItem();
-	virtual ~BSeparatorItem();
+	~BSeparatorItem() override;
 };
 
 

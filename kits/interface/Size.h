@@ -9,7 +9,7 @@
 #include <SupportDefs.h>
 
 
-#define B_SIZE_UNSET -2.0f
+#define B_SIZE_UNSET (-2.0f)
 #define B_SIZE_UNLIMITED (1024.0f * 1024.0f * 1024.0f)
 
 

@@ -13,7 +13,7 @@
 class BSpaceLayoutItem : public BLayoutItem {
 public:
 	BSpaceLayoutItem(BSize minSize, BSize maxSize, BSize preferredSize, BAlignment alignment);
-	virtual ~BSpaceLayoutItem();
+	~BSpaceLayoutItem() override;
 
 	static BSpaceLayoutItem* CreateGlue();
 	static BSpaceLayoutItem* CreateHorizontalStrut(float width);

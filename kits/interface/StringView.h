@@ -17,7 +17,7 @@ class StringViewPeer;
 class BStringView : public BView {
 public:
 	BStringView(const char* name, const char* text, uint32 flags = B_WILL_DRAW);
-	virtual ~BStringView();
+	~BStringView() override;
 
 	void SetText(const char* text);
 	const char* Text() const { return fText.String(); }

@@ -44,7 +44,7 @@ enum { B_ENTERED_VIEW = 0, B_INSIDE_VIEW, B_EXITED_VIEW, B_OUTSIDE_VIEW };
 class BView : public BHandler {
 public:
 	BView(const char* name, uint32 flags, BLayout* layout = NULL);
-	virtual ~BView();
+	~BView() override;
 
 	virtual void AttachedToWindow();
 	virtual void AllAttached();

@@ -45,7 +45,7 @@ public:
 		uint32 workspace = B_CURRENT_WORKSPACE);
 	BWindow(BRect frame, const char* title, window_look look, window_feel feel, uint32 flags,
 		uint32 workspace = B_CURRENT_WORKSPACE);
-	virtual ~BWindow();
+	~BWindow() override;
 
 	void Quit() override;
 	void Close() { Quit(); }

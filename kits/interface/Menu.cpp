@@ -64,14 +64,22 @@ BMenu::AddItem(BMenu* menu)
 {
 	if (menu == NULL || menu->fSuperitem != NULL)
 		return false;
-	return AddItem(new BMenuItem(menu));
+	BMenuItem* item = new BMenuItem(menu);
+	const bool added = AddItem(item);
+	if (!added)
+		delete item;
+	return added;
 }
 
 
 bool
 BMenu::AddSeparatorItem()
 {
-	return AddItem(new BSeparatorItem);
+	BMenuItem* item = new BSeparatorItem;
+	const bool added = AddItem(item);
+	if (!added)
+		delete item;
+	return added;
 }
 
 

@@ -25,7 +25,7 @@ BMenuItem::BMenuItem(const char* label, BMessage* message, char shortcut, uint32
 	  fShortcut(shortcut),
 	  fModifiers(shortcut != 0 ? modifiers | B_COMMAND_KEY : 0)
 {
-	SetLabel(label);
+	BMenuItem::SetLabel(label);
 	fPeer->Action()->setShortcut(keys_of_shortcut(fShortcut, fModifiers));
 }
 
@@ -39,7 +39,7 @@ BMenuItem::BMenuItem(BMenu* menu, BMessage* message)
 	  fModifiers(0)
 {
 	menu->fSuperitem = this;
-	SetLabel(menu->Name());
+	BMenuItem::SetLabel(menu->Name());
 }
 
 

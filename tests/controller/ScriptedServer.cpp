@@ -164,7 +164,7 @@ ScriptedServer::Read()
 WireTransaction
 ScriptedServer::Read(uint32_t type)
 {
-	const WireTransaction transaction = Read();
+	WireTransaction transaction = Read();
 	EXPECT_EQ(type, transaction.type);
 	return transaction;
 }

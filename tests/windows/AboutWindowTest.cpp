@@ -43,7 +43,7 @@ protected:
 // A roll that moves when it is told to only.
 class StillCredits : public CreditsView {
 public:
-	void AttachedToWindow() override { BView::AttachedToWindow(); }
+	void AttachedToWindow() override {}
 
 	void Tick(int count)
 	{

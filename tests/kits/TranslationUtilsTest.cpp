@@ -106,7 +106,8 @@ TEST(TranslationUtilsTest, File_IsReadByItsBytesWhateverItsName)
 	TemporaryFolder folder;
 	folder.AddFile("icon \xff.png", make_bmp(2, 1, 8));
 
-	const std::unique_ptr<BBitmap> bitmap(BTranslationUtils::GetBitmapFile(folder.PathOf("icon \xff.png").c_str()));
+	const std::unique_ptr<BBitmap> bitmap(
+		BTranslationUtils::GetBitmapFile(folder.PathOf("icon \xff.png").c_str()));
 	ASSERT_NE(nullptr, bitmap);
 	EXPECT_EQ(BRect(0, 0, 1, 0), bitmap->Bounds());
 }

@@ -23,6 +23,7 @@ static std::atomic<int> sSocketError(kNothing);
 static std::atomic<int> sConnectError(kNothing);
 static std::atomic<int> sSendSize(kNothing);
 static std::atomic<int> sTimeoutDivisor(1);
+static std::atomic<size_t> sReceived(0);
 static std::atomic<bigtime_t> sClockStep(0);
 static std::atomic<bigtime_t> sClockOffset(0);
 
@@ -40,6 +41,7 @@ extern "C"
 	int __real_socket(int family, int type, int protocol);
 	int __real_connect(int socket, const struct sockaddr* address, socklen_t length);
 	ssize_t __real_send(int socket, const void* data, size_t size, int flags);
+	ssize_t __real_recv(int socket, void* buffer, size_t size, int flags);
 	int __real_setsockopt(int socket, int level, int option, const void* value, socklen_t length);
 	int __real_getaddrinfo(const char* host, const char* port, const struct addrinfo* hints,
 		struct addrinfo** _result);
@@ -48,6 +50,7 @@ extern "C"
 	int __wrap_socket(int family, int type, int protocol);
 	int __wrap_connect(int socket, const struct sockaddr* address, socklen_t length);
 	ssize_t __wrap_send(int socket, const void* data, size_t size, int flags);
+	ssize_t __wrap_recv(int socket, void* buffer, size_t size, int flags);
 	int __wrap_setsockopt(int socket, int level, int option, const void* value, socklen_t length);
 	int __wrap_getaddrinfo(const char* host, const char* port, const struct addrinfo* hints,
 		struct addrinfo** _result);
@@ -95,6 +98,16 @@ __wrap_send(int socket, const void* data, size_t size, int flags)
 	if (take(sSendSize, &cut))
 		size = std::min(size, size_t(cut));
 	return __real_send(socket, data, size, flags);
+}
+
+
+ssize_t
+__wrap_recv(int socket, void* buffer, size_t size, int flags)
+{
+	const ssize_t received = __real_recv(socket, buffer, size, flags);
+	if (received > 0)
+		sReceived += size_t(received);
+	return received;
 }
 
 
@@ -150,6 +163,7 @@ InterposedCalls::InterposedCalls()
 	const std::lock_guard<std::mutex> lock(sLock);
 	sTimeouts.clear();
 	sLookups.clear();
+	sReceived = 0;
 }
 
 
@@ -204,6 +218,13 @@ InterposedCalls::Timeouts() const
 {
 	const std::lock_guard<std::mutex> lock(sLock);
 	return sTimeouts;
+}
+
+
+size_t
+InterposedCalls::CountReceived() const
+{
+	return sReceived;
 }
 
 

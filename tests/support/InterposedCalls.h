@@ -45,6 +45,9 @@ public:
 	void StepClock(int seconds);
 	std::vector<Timeout> Timeouts() const;
 
+	// The bytes that all recv() calls together have returned, the test's own included.
+	size_t CountReceived() const;
+
 	std::vector<Lookup> Lookups() const;
 	// Lookups wait until they are released.
 	void HoldLookups();

@@ -312,7 +312,9 @@ TEST_F(TrackerFetchTest, NoSocket_IsTheSystemsError)
 
 TEST_F(TrackerFetchTest, RefusedConnection_IsTheSystemsError)
 {
-	FetchRun run("127.0.0.1:" + std::to_string(RawServer().Port()), fRecorder.get());
+	// Nobody listens on a port that was free a moment ago.
+	const std::string address = "127.0.0.1:" + std::to_string(RawServer().Port());
+	FetchRun run(address, fRecorder.get());
 	EXPECT_EQ(1, run.Result());
 	EXPECT_EQ(std::string("error: ") + strerror(ECONNREFUSED), Outcome());
 }
@@ -404,7 +406,11 @@ TEST_F(TrackerFetchTest, StoppedInTheListing_EndsWithTheNextByteAndPostsNone)
 {
 	FetchRun run(Address(), fRecorder.get());
 	ASSERT_TRUE(fServer.Accept());
-	fServer.Send(TrackerHeader(1000, 0) + ServerRecord("one", ""));
+	const std::string answer = TrackerHeader(65535, 0) + ServerRecord("one", "");
+	fServer.Send(answer);
+	EXPECT_TRUE(WaitFor([this, &answer] {
+		return fCalls.CountReceived() == answer.size();
+	}));
 	run.running = false;
 	// The tracker neither closes nor falls silent.
 	EXPECT_TRUE(WaitFor([this, &run] {

@@ -250,11 +250,11 @@ HotlineClient::RequestUpload(const char* dirPath, const char* fileName, uint32 f
 	if (!fConnected || is_empty(fileName))
 		return;
 
-	// What is too large to be announced is announced as the largest.
-	const uint64 transferSize = static_cast<uint64>(fileSize) + kUploadOverhead
-		+ std::min<uint64>(strlen(fileName), kMaxUploadName);
+	// Wraps at 32 bits, as the size that the upload itself announces does.
+	const uint32 nameLength = static_cast<uint32>(
+		std::min<size_t>(strlen(fileName), kMaxUploadName));
 	uint8 sizeBytes[4];
-	HotlineWriteUInt32(sizeBytes, static_cast<uint32>(std::min<uint64>(transferSize, UINT32_MAX)));
+	HotlineWriteUInt32(sizeBytes, fileSize + kUploadOverhead + nameLength);
 
 	const PathValue folder(dirPath);
 	FileRequest request;

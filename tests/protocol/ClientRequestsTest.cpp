@@ -202,14 +202,13 @@ TEST_F(ClientRequestsTest, Upload_ToTheRoot)
 }
 
 
-TEST_F(ClientRequestsTest, UploadTooLargeToAnnounce_DoesNotWrapAround)
+TEST_F(ClientRequestsTest, UploadTooLargeToAnnounce_WrapsAsItsTransferDoes)
 {
 	client->RequestUpload("", "n", 0xFFFFFFFF - 131, "/n");
 	ExpectSent(
 		wire_transaction(203, 3, wire_param(201, "n") + wire_param(108, wire32(0xFFFFFFFF))));
 	client->RequestUpload("", "n", 0xFFFFFFFF, "/n");
-	ExpectSent(
-		wire_transaction(203, 4, wire_param(201, "n") + wire_param(108, wire32(0xFFFFFFFF))));
+	ExpectSent(wire_transaction(203, 4, wire_param(201, "n") + wire_param(108, wire32(130))));
 }
 
 

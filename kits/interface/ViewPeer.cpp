@@ -111,6 +111,8 @@ void
 ViewPeer::ToolTipChanged(const char* text)
 {
 	fWidget->setToolTip(text_from_bytes(text, TOOL_TIP_TEXT));
+	// Screen readers would be given the markup that keeps the tool tip from being taken for some.
+	fWidget->setAccessibleDescription(text_from_bytes(text));
 }
 
 

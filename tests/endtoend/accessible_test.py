@@ -104,7 +104,7 @@ class AccessibleTest(ClientCase):
         self.client.wait_for_users(lambda users: users == nicks, "all of them")
         node = self.client.node("Users Online")
         wait_until(lambda: node.name() == "Users Online (4)", "the counted title")
-        self.assertEqual(names(node, "label"), ["4 users online"])
+        wait_until(lambda: names(node, "label") == ["4 users online"], "the counted label")
         users = self.client.users_list()
         self.assertEqual(users.role(), "list")
         rows = users.children()
@@ -126,7 +126,7 @@ class AccessibleTest(ClientCase):
         self.client.wait_for_users(lambda users: users == ["Countess", "Bobby", "Cy"], "one more")
         connection.send(hotline.transaction(hotline.USER_LEAVE, [(hotline.SOCKET, hotline.short(1))]))
         self.client.wait_for_users(lambda users: users == ["Bobby", "Cy"], "one less")
-        self.assertEqual(names(self.client.node("Users Online"), "label"), ["2 users online"])
+        wait_until(lambda: names(self.client.node("Users Online"), "label") == ["2 users online"], "the new count")
 
     def test_the_agreement_window(self):
         connection = self.log_in()
@@ -138,6 +138,14 @@ class AccessibleTest(ClientCase):
         text = node.find(role="text", having=("multi-line",))
         self.assertIn("read-only", text.states())
         self.assertEqual(text.text(), "Be kind.\nStay.")
+
+    def test_buttons_with_a_picture_alone_are_called_by_their_tool_tips(self):
+        self.log_in()
+        self.client.press("Files")
+        self.client.window("Files")
+        buttons = [child for child in self.client.node("Files").walk() if child.role() == "push button"]
+        self.assertEqual([(button.name(), button.description()) for button in buttons],
+            [("Download", "Download"), ("Upload", "Upload")])
 
     def test_windows_are_windows_and_have_exact_names(self):
         for title in ("Palimbra", "Chat", "Users Online"):

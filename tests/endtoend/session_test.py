@@ -33,7 +33,7 @@ class SessionTest(ClientCase):
         ]
         self.assertEqual(self.client.chat_lines()[:len(expected)], expected)
         self.assertEqual(self.client.enabled_buttons(), ["Disconnect", "Chat", "Users", "Files", "Tracker", "Options"])
-        self.assertEqual(self.client.status(), "Connected to " + SERVER_NAME)
+        self.client.wait_for_status("Connected to " + SERVER_NAME)
         self.client.window("Users Online (12)")
 
     def test_people_answer_join_change_and_leave(self):
@@ -59,7 +59,7 @@ class SessionTest(ClientCase):
         self.client.wait_for_chat("only it is to be seen.\n")
         self.client.say("/empty")
         self.client.wait_for_chat("Five empty messages stood before this line.\n")
-        self.assertEqual(self.client.status(), "Connected to " + SERVER_NAME)
+        self.client.wait_for_status("Connected to " + SERVER_NAME)
 
     def test_a_lost_line_and_another_connection(self):
         for command in ("/drop", "/half", "/reset"):

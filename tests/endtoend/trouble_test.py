@@ -135,7 +135,7 @@ class SilenceTest(TroubleCase):
         self.client.open_connect()
         self.desktop.key("Escape")
         self.desktop.wait_without_window("Connect to Server")
-        self.assertEqual(self.client.status(), "Connecting to 127.0.0.1:%d…" % self.server.port)
+        self.client.wait_for_status("Connecting to 127.0.0.1:%d…" % self.server.port)
         # The silence is still going on.
         connection.send(b"HTTP/1.1")
         self.client.wait_for_chat("*** Connection failed: Invalid server response ***\n")

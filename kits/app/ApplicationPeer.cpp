@@ -14,7 +14,7 @@
 #include <QToolTip>
 
 #include <ClientScopePrivate.h>
-#include <FontConversion.h>
+#include <FontConversionPrivate.h>
 #include <FrameScheduler.h>
 #include <MainServer.h>
 #include <Palette.h>

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include <BitmapPeer.h>
-#include <GeometryConversion.h>
+#include <GeometryConversionPrivate.h>
 
 
 static QImage

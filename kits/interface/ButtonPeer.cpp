@@ -12,7 +12,7 @@
 
 #include <BitmapPeer.h>
 #include <Button.h>
-#include <TextConversion.h>
+#include <TextConversionPrivate.h>
 
 
 // In logical pixels. Pictures up to the largest size are shown as they are.

@@ -9,11 +9,11 @@
 #include <QPainter>
 
 #include <BitmapPeer.h>
-#include <ColorConversion.h>
-#include <FontConversion.h>
-#include <GeometryConversion.h>
+#include <ColorConversionPrivate.h>
+#include <FontConversionPrivate.h>
+#include <GeometryConversionPrivate.h>
 #include <InterfaceDefs.h>
-#include <TextConversion.h>
+#include <TextConversionPrivate.h>
 
 
 /*!	Of the two patterns that there are. */

@@ -8,9 +8,9 @@
 #include <cmath>
 #include <cstring>
 
-#include <FontConversion.h>
+#include <FontConversionPrivate.h>
 #include <String.h>
-#include <TextConversion.h>
+#include <TextConversionPrivate.h>
 
 
 const BFont* be_plain_font = NULL;

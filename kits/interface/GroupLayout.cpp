@@ -8,7 +8,7 @@
 
 #include <QBoxLayout>
 
-#include <GeometryConversion.h>
+#include <GeometryConversionPrivate.h>
 #include <LayoutPeer.h>
 #include <SpaceLayoutItem.h>
 #include <View.h>

@@ -10,7 +10,7 @@
 #include <ClientScopePrivate.h>
 #include <InterfaceDefs.h>
 #include <TextControl.h>
-#include <TextConversion.h>
+#include <TextConversionPrivate.h>
 #include <Utf8Private.h>
 #include <Window.h>
 

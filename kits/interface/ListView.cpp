@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include <GeometryConversion.h>
+#include <GeometryConversionPrivate.h>
 #include <ListViewPeer.h>
 #include <Message.h>
 #include <OS.h>

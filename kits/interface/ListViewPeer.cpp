@@ -10,11 +10,11 @@
 #include <QItemSelectionModel>
 
 #include <ClientScopePrivate.h>
-#include <ColorConversion.h>
-#include <GeometryConversion.h>
+#include <ColorConversionPrivate.h>
+#include <GeometryConversionPrivate.h>
 #include <InterfaceDefs.h>
 #include <ListModelPrivate.h>
-#include <TextConversion.h>
+#include <TextConversionPrivate.h>
 #include <WindowPeer.h>
 
 

@@ -7,11 +7,11 @@
 #include <QAction>
 
 #include <InterfaceDefs.h>
-#include <KeyConversion.h>
+#include <KeyConversionPrivate.h>
 #include <Menu.h>
 #include <MenuPeer.h>
 #include <OS.h>
-#include <TextConversion.h>
+#include <TextConversionPrivate.h>
 
 
 /*!	\param message Owned by the item; NULL for none.

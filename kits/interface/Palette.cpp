@@ -6,7 +6,7 @@
 
 #include <QPalette>
 
-#include <ColorConversion.h>
+#include <ColorConversionPrivate.h>
 #include <InterfaceDefs.h>
 
 

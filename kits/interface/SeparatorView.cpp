@@ -4,7 +4,7 @@
  */
 #include <SeparatorView.h>
 
-#include <GeometryConversion.h>
+#include <GeometryConversionPrivate.h>
 
 
 BSeparatorView::BSeparatorView(orientation orientation, border_style border)

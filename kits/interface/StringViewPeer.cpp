@@ -7,10 +7,10 @@
 #include <QLabel>
 #include <QPainter>
 
-#include <ColorConversion.h>
-#include <FontConversion.h>
+#include <ColorConversionPrivate.h>
+#include <FontConversionPrivate.h>
 #include <StringView.h>
-#include <TextConversion.h>
+#include <TextConversionPrivate.h>
 
 
 /*!	The toolkit's label for screen readers, but drawn here: in one line, whatever is in the text, and cut where it says so. */

@@ -9,7 +9,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
-#include <TextConversion.h>
+#include <TextConversionPrivate.h>
 
 
 // In pixels.

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include <GeometryConversion.h>
+#include <GeometryConversionPrivate.h>
 #include <TextViewPeer.h>
 
 

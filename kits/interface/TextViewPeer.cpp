@@ -13,8 +13,8 @@
 #include <QTextDocument>
 #include <QTextLayout>
 
-#include <ColorConversion.h>
-#include <FontConversion.h>
+#include <ColorConversionPrivate.h>
+#include <FontConversionPrivate.h>
 #include <InterfaceDefs.h>
 #include <OS.h>
 #include <TextLayoutPrivate.h>

@@ -10,7 +10,7 @@
 #include <QWidget>
 
 #include <Bitmap.h>
-#include <GeometryConversion.h>
+#include <GeometryConversionPrivate.h>
 #include <Layout.h>
 #include <LayoutPeer.h>
 #include <ViewPeer.h>

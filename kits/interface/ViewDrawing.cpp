@@ -11,7 +11,7 @@
 #include <QWidget>
 
 #include <Bitmap.h>
-#include <GeometryConversion.h>
+#include <GeometryConversionPrivate.h>
 #include <ViewPeer.h>
 
 

@@ -6,7 +6,7 @@
 
 #include <QWidget>
 
-#include <GeometryConversion.h>
+#include <GeometryConversionPrivate.h>
 #include <View.h>
 #include <ViewPeer.h>
 

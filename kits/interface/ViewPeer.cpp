@@ -9,11 +9,11 @@
 #include <QPainter>
 #include <QPaintEvent>
 
-#include <ColorConversion.h>
-#include <FontConversion.h>
-#include <GeometryConversion.h>
-#include <KeyConversion.h>
-#include <TextConversion.h>
+#include <ColorConversionPrivate.h>
+#include <FontConversionPrivate.h>
+#include <GeometryConversionPrivate.h>
+#include <KeyConversionPrivate.h>
+#include <TextConversionPrivate.h>
 #include <ViewWidgetPrivate.h>
 #include <Window.h>
 #include <WindowPeer.h>

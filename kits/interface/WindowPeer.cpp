@@ -11,10 +11,10 @@
 #include <QWindow>
 
 #include <Button.h>
-#include <GeometryConversion.h>
+#include <GeometryConversionPrivate.h>
 #include <LooperPrivate.h>
 #include <MainServer.h>
-#include <TextConversion.h>
+#include <TextConversionPrivate.h>
 #include <TopLevelWidgetPrivate.h>
 #include <ViewPeer.h>
 

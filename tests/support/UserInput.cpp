@@ -16,7 +16,7 @@
 #include <QScrollBar>
 #include <QWidget>
 
-#include <GeometryConversion.h>
+#include <GeometryConversionPrivate.h>
 #include <ViewPeer.h>
 
 

@@ -2,8 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#ifndef FONT_CONVERSION_H
-#define FONT_CONVERSION_H
+#ifndef FONT_CONVERSION_PRIVATE_H
+#define FONT_CONVERSION_PRIVATE_H
 
 
 #include <QFont>
@@ -21,4 +21,4 @@ void init_fonts();
 void exit_fonts();
 
 
-#endif // FONT_CONVERSION_H
+#endif // FONT_CONVERSION_PRIVATE_H

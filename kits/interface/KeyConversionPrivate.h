@@ -2,8 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#ifndef KEY_CONVERSION_H
-#define KEY_CONVERSION_H
+#ifndef KEY_CONVERSION_PRIVATE_H
+#define KEY_CONVERSION_PRIVATE_H
 
 
 #include <QByteArray>
@@ -22,4 +22,4 @@ QByteArray bytes_of_key(const QKeyEvent& event);
 QKeySequence keys_of_shortcut(char shortcut, uint32 modifiers);
 
 
-#endif // KEY_CONVERSION_H
+#endif // KEY_CONVERSION_PRIVATE_H

@@ -2,8 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#ifndef COLOR_CONVERSION_H
-#define COLOR_CONVERSION_H
+#ifndef COLOR_CONVERSION_PRIVATE_H
+#define COLOR_CONVERSION_PRIVATE_H
 
 
 #include <QColor>
@@ -26,4 +26,4 @@ color_from_toolkit(const QColor& color)
 }
 
 
-#endif // COLOR_CONVERSION_H
+#endif // COLOR_CONVERSION_PRIVATE_H

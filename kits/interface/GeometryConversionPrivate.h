@@ -2,8 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#ifndef GEOMETRY_CONVERSION_H
-#define GEOMETRY_CONVERSION_H
+#ifndef GEOMETRY_CONVERSION_PRIVATE_H
+#define GEOMETRY_CONVERSION_PRIVATE_H
 
 
 #include <QPointF>
@@ -28,4 +28,4 @@ BSize compose_size(BSize size, BSize explicitSize);
 float resolve_spacing(float spacing);
 
 
-#endif // GEOMETRY_CONVERSION_H
+#endif // GEOMETRY_CONVERSION_PRIVATE_H

@@ -2,8 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#ifndef TEXT_CONVERSION_H
-#define TEXT_CONVERSION_H
+#ifndef TEXT_CONVERSION_PRIVATE_H
+#define TEXT_CONVERSION_PRIVATE_H
 
 
 #include <QByteArray>
@@ -32,4 +32,4 @@ QString text_from_bytes(const char* bytes, qsizetype length, text_use use = PLAI
 QByteArray bytes_from_text(const QString& text);
 
 
-#endif // TEXT_CONVERSION_H
+#endif // TEXT_CONVERSION_PRIVATE_H

@@ -75,7 +75,7 @@ HotlineClient::_ConnectThread()
 	} else {
 		_DropSocket(socket);
 		socket = SocketReference();
-		if (_MayProceed()) {
+		if (error != kGivenUp && _MayProceed()) {
 			BMessage failed(kHLConnectFailed);
 			failed.AddString("error", error);
 			_Notify(&failed);
@@ -136,19 +136,20 @@ HotlineClient::_OpenConnection(SocketReference* _socket)
 }
 
 
+/*!	\return What failed, or NULL. A handshake that Disconnect() ended has not failed but is given up. */
 const char*
 HotlineClient::_Handshake(const SocketReference& socket) const
 {
 	if (!_MayProceed())
 		return kGivenUp;
 	if (socket.SendFully(kClientMagic, kClientMagicLen) < 0)
-		return "Failed to send handshake";
+		return _Socket().IsSameAs(socket) ? "Failed to send handshake" : kGivenUp;
 
 	uint8 reply[kServerMagicLen];
 	if (!_MayProceed())
 		return kGivenUp;
 	if (socket.ReceiveFully(reply, sizeof(reply)) < 0)
-		return "Server did not respond to handshake";
+		return _Socket().IsSameAs(socket) ? "Server did not respond to handshake" : kGivenUp;
 
 	// The other four bytes are an error code, which no server that goes on means.
 	if (memcmp(reply, kServerMagic, 4) != 0)

@@ -7,8 +7,27 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QStyleOptionMenuItem>
 
 #include <MenuItem.h>
+
+
+namespace {
+
+
+/*!	Shows which item the keyboard is at while no menu is open; the toolkit's style would not. */
+class MenuBarWidget : public QMenuBar {
+protected:
+	void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override
+	{
+		QMenuBar::initStyleOption(option, action);
+		if (hasFocus() && (option->state & QStyle::State_Selected) != 0)
+			option->state |= QStyle::State_Sunken;
+	}
+};
+
+
+} // namespace
 
 
 static QWidget*
@@ -17,7 +36,7 @@ make_menu(bool isBar)
 	if (!isBar)
 		return new QMenu;
 
-	QMenuBar* bar = new QMenuBar;
+	QMenuBar* bar = new MenuBarWidget;
 	bar->setNativeMenuBar(false);
 	return bar;
 }

@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
 #include <QWindow>
 
@@ -297,9 +299,37 @@ WindowPeer::KeyPressed(const QKeyEvent& event)
 			CloseRequested();
 			return true;
 
+		case Qt::Key_F10:
+			return isPlain && _OpenFirstMenu();
+
 		default:
 			return false;
 	}
+}
+
+
+/*!	The labels have no letters to be opened by, so one key opens the bar and the arrows do the rest.
+	\return \c false when no menu bar is to be seen.
+*/
+bool
+WindowPeer::_OpenFirstMenu()
+{
+	QMenuBar* bar = fWidget->findChild<QMenuBar*>();
+	if (bar == NULL || !bar->isVisible() || bar->actions().isEmpty())
+		return false;
+
+	QAction* entrance = bar->actions().constFirst();
+	bar->setActiveAction(entrance);
+	QMenu* menu = entrance->menu();
+	if (menu == NULL)
+		return true;
+	for (QAction* item : menu->actions()) {
+		if (item->isEnabled() && !item->isSeparator()) {
+			menu->setActiveAction(item);
+			break;
+		}
+	}
+	return true;
 }
 
 

@@ -71,6 +71,7 @@ private:
 	void _BringToFront();
 	void _SetTransientParent();
 	void _PlaceInCenter();
+	bool _OpenFirstMenu();
 
 	BWindow* fWindow;
 	QWidget* fWidget;

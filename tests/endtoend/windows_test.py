@@ -33,6 +33,20 @@ class WindowsTest(ClientCase):
                 self.desktop.key(key)
                 self.assert_in_front(window)
 
+    def test_the_keyboard_opens_the_menus(self):
+        main_window = self.client.main_window()
+        for keys in (("F10", "Right"), ("Alt_L", "Right", "Down")):
+            with self.subTest(keys):
+                self.client.bring_to_front(main_window)
+                self.desktop.key(*keys, "Return")
+                self.assert_in_front(self.client.chat_window())
+                self.client.chat_window().close()
+                wait_until(self.client.chat_window().is_minimized, "the chat to be minimized")
+        with self.subTest("Escape"):
+            self.client.bring_to_front(main_window)
+            self.desktop.key("F10", "Down", "Escape", "Escape", "space")
+            self.client.wait_for_focus_on(self.client.window("Connect to Server"))
+
     def test_the_close_boxes_of_the_two_windows_minimize_them(self):
         self.log_in([hotline.user_entry(1, b"Adam")])
         cases = (("Chat", "ctrl+1", self.client.chat_window()), ("Users", "ctrl+2", self.client.users_window()))

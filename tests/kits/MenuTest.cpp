@@ -4,13 +4,16 @@
  */
 #include <gtest/gtest.h>
 
+#include <Button.h>
 #include <Menu.h>
 #include <MenuBar.h>
 #include <MenuItem.h>
 #include <Message.h>
 
 #include "ScriptedWindow.h"
+#include "UserInput.h"
 #include "WaitFor.h"
+#include "WindowInput.h"
 
 
 static const uint32 kOpen = 'open';
@@ -147,6 +150,122 @@ TEST(MenuTest, ItemsState_IsReadAtOnce)
 	item.SetLabel("Shut");
 	EXPECT_STREQ("Shut", item.Label());
 	EXPECT_EQ(B_BAD_VALUE, choose(&item));
+}
+
+
+/*!	A window with a button that has the focus, below a bar with two menus. */
+class MenuKeyTest : public testing::Test {
+protected:
+	MenuKeyTest()
+		: fWindow(new ScriptedWindow),
+		  fCloser(fWindow),
+		  fButton(new BButton("Push", new BMessage('push')))
+	{
+		BMenuBar* bar = new BMenuBar("bar");
+		BMenu* server = new BMenu("&Server");
+		server->AddItem(new BMenuItem("Open & shut…", new BMessage(kOpen), 'O'));
+		server->AddSeparatorItem();
+		server->AddItem(new BMenuItem("Close", new BMessage('clos')));
+		bar->AddItem(server);
+		BMenu* windows = new BMenu("Windows");
+		windows->AddItem(new BMenuItem("Chat", new BMessage('chat')));
+		bar->AddItem(windows);
+		fWindow->AddChild(bar);
+		fWindow->AddChild(fButton);
+		ShowAndWait(fWindow);
+		fButton->MakeFocus(true);
+		EXPECT_TRUE(WaitFor([&] {
+			return fWindow->IsActive();
+		}));
+	}
+
+	bool WaitForMark(const char* label)
+	{
+		return WaitFor([&] {
+			return marked_menu_item() == label;
+		});
+	}
+
+	bool WaitForMessage(uint32 what)
+	{
+		return WaitFor([&] {
+			return !fWindow->Received()->empty() && fWindow->Received()->back() == what;
+		});
+	}
+
+	ScriptedWindow* fWindow;
+	WindowCloser fCloser;
+	BButton* fButton;
+};
+
+
+TEST_F(MenuKeyTest, TheKey_OpensTheFirstMenu_AndReturnChooses)
+{
+	press_menu_key(fWindow);
+	EXPECT_TRUE(WaitForMark("Open & shut…")) << marked_menu_item();
+	press_window_key(fWindow, B_DOWN_ARROW);
+	EXPECT_EQ("Close", marked_menu_item());
+	press_window_key(fWindow, B_ENTER);
+	EXPECT_TRUE(WaitForMessage('clos'));
+	EXPECT_EQ("", marked_menu_item());
+	EXPECT_TRUE(fButton->IsFocus());
+}
+
+
+TEST_F(MenuKeyTest, Arrows_GoToTheNextMenu)
+{
+	press_menu_key(fWindow);
+	ASSERT_TRUE(WaitForMark("Open & shut…")) << marked_menu_item();
+	press_window_key(fWindow, B_RIGHT_ARROW);
+	EXPECT_TRUE(WaitForMark("Chat")) << marked_menu_item();
+	press_window_key(fWindow, B_ENTER);
+	EXPECT_TRUE(WaitForMessage('chat'));
+}
+
+
+TEST_F(MenuKeyTest, Escape_LeavesEverythingAsItWas)
+{
+	press_menu_key(fWindow);
+	ASSERT_TRUE(WaitForMark("Open & shut…")) << marked_menu_item();
+	press_window_key(fWindow, B_ESCAPE);
+	EXPECT_EQ("", marked_menu_item());
+	EXPECT_FALSE(fButton->IsFocus());
+	press_window_key(fWindow, B_ESCAPE);
+	EXPECT_TRUE(fButton->IsFocus());
+	press_window_key(fWindow, B_SPACE);
+	EXPECT_TRUE(WaitForMessage('push'));
+	EXPECT_EQ(1u, fWindow->Received()->size());
+}
+
+
+TEST_F(MenuKeyTest, BarThatHasTheKeyboard_ShowsIt)
+{
+	BView* bar = fWindow->FindView("bar");
+	const std::string before = picture_of(bar);
+	press_menu_key(fWindow);
+	ASSERT_TRUE(WaitForMark("Open & shut…")) << marked_menu_item();
+	press_window_key(fWindow, B_ESCAPE);
+	EXPECT_TRUE(before != picture_of(bar));
+	press_window_key(fWindow, B_ESCAPE);
+	EXPECT_TRUE(before == picture_of(bar));
+}
+
+
+TEST_F(MenuKeyTest, DisabledItem_IsPassedOver)
+{
+	static_cast<BMenuBar*>(fWindow->FindView("bar"))->FindItem(kOpen)->SetEnabled(false);
+	press_menu_key(fWindow);
+	EXPECT_TRUE(WaitForMark("Close")) << marked_menu_item();
+	press_window_key(fWindow, B_ESCAPE);
+}
+
+
+TEST_F(MenuKeyTest, WindowWithoutABar_IgnoresTheKey)
+{
+	fWindow->RemoveChild(fWindow->FindView("bar"));
+	press_menu_key(fWindow);
+	EXPECT_EQ("", marked_menu_item());
+	EXPECT_TRUE(fButton->IsFocus());
 }
 
 

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QTextDocument>
 #include <QWidget>
 #include <QWindow>
@@ -34,6 +35,14 @@ toolkit_key(char key)
 			return Qt::Key_Escape;
 		case B_TAB:
 			return Qt::Key_Tab;
+		case B_LEFT_ARROW:
+			return Qt::Key_Left;
+		case B_RIGHT_ARROW:
+			return Qt::Key_Right;
+		case B_UP_ARROW:
+			return Qt::Key_Up;
+		case B_DOWN_ARROW:
+			return Qt::Key_Down;
 		default:
 			return toupper(key);
 	}
@@ -47,6 +56,26 @@ widget_of(BWindow* window)
 }
 
 
+static QWidget*
+key_target(BWindow* window)
+{
+	if (QApplication::activePopupWidget() != NULL)
+		return QApplication::activePopupWidget();
+	QWidget* focus = widget_of(window)->focusWidget();
+	return focus != NULL ? focus : widget_of(window);
+}
+
+
+static void
+send_key(QWidget* target, int key, Qt::KeyboardModifiers modifiers, const QString& text)
+{
+	QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+	QApplication::sendEvent(target, &press);
+	QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
+	QApplication::sendEvent(target, &release);
+}
+
+
 /*!	Shortcuts come first, as for a user; the focus is where the window has it, active or not. */
 void
 press_window_key(BWindow* window, char key, uint32 modifiers)
@@ -54,17 +83,33 @@ press_window_key(BWindow* window, char key, uint32 modifiers)
 	Qt::KeyboardModifiers keys;
 	keys.setFlag(Qt::ControlModifier, (modifiers & B_COMMAND_KEY) != 0);
 	keys.setFlag(Qt::ShiftModifier, (modifiers & B_SHIFT_KEY) != 0);
-	QWidget* focus = widget_of(window)->focusWidget();
-	QWidget* target = focus != NULL ? focus : widget_of(window);
-	const QString text = keys == Qt::NoModifier ? QString(QLatin1Char(key)) : QString();
+	QWidget* target = key_target(window);
+	const bool hasText = keys == Qt::NoModifier && (key < B_LEFT_ARROW || key > B_DOWN_ARROW);
+	const QString text = hasText ? QString(QLatin1Char(key)) : QString();
 
-	if (qt_sendShortcutOverrideEvent(target, 0, toolkit_key(key), keys, text))
-		return;
+	if (!qt_sendShortcutOverrideEvent(target, 0, toolkit_key(key), keys, text))
+		send_key(target, toolkit_key(key), keys, text);
+}
 
-	QKeyEvent press(QEvent::KeyPress, toolkit_key(key), keys, text);
-	QApplication::sendEvent(target, &press);
-	QKeyEvent release(QEvent::KeyRelease, toolkit_key(key), keys, text);
-	QApplication::sendEvent(target, &release);
+
+void
+press_menu_key(BWindow* window)
+{
+	send_key(key_target(window), Qt::Key_F10, Qt::NoModifier, QString());
+}
+
+
+std::string
+marked_menu_item()
+{
+	const QMenu* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+	if (menu == NULL || menu->activeAction() == NULL)
+		return std::string();
+	// As it is drawn: two of them stand for one, one alone would underline the letter behind it.
+	return menu->activeAction()
+		->text()
+		.replace(QLatin1String("&&"), QLatin1String("&"))
+		.toStdString();
 }
 
 

@@ -17,10 +17,15 @@ class BWindow;
 
 // What a user does to a window, and what the window manager is told. For suites with windows.
 
-/*!	Presses a key in the window, where its focus is; with B_COMMAND_KEY and the like.
-	\param key A character, or one of B_ENTER, B_ESCAPE, B_TAB and B_SPACE.
+/*!	Presses a key in the window, in the menu that is open or where its focus is; with B_COMMAND_KEY and the like.
+	\param key A character, or one of B_ENTER, B_ESCAPE, B_TAB, B_SPACE and the arrows.
 */
 void press_window_key(BWindow* window, char key, uint32 modifiers = 0);
+
+/*!	Presses the key that opens the menu bar. */
+void press_menu_key(BWindow* window);
+/*!	The label, as the user reads it, of the item that Return would choose in the open menu; empty when none is open. */
+std::string marked_menu_item();
 
 /*!	Uses the close box. */
 void use_close_box(BWindow* window);

@@ -48,7 +48,8 @@ enum AppMessage : uint32 {
 	kMsgPMSend = 'pmsd', // bare: entry line -> its window; then -> controller:
 	// "socket" uint16, "text" string
 	kMsgPMReceived = 'pmrv', // controller -> message window: "nick" and "text" string
-	kMsgPMWinClosed = 'pmcl', // closing message window -> controller: "socket" uint16
+	kMsgPMWinClosed = 'pmcl', // closing message window -> controller: "socket" uint16,
+	// "window" pointer
 
 	// Files. "path" is a folder on the server, with slashes, empty for the root.
 	kMsgFileEntry = 'flen', // controller -> file list window: the fields of kHLFileListReceived

@@ -42,6 +42,8 @@ MainWindow::_FindOrCreatePM(uint16 socket, const char* nick)
 	}
 
 	MessageWindow* window = new MessageWindow(BRect(200, 200, 550, 420), this, socket, nick);
+	// A closed one that is still listed may have been at this very address.
+	fMsgWindows.RemoveItem(window);
 	fMsgWindows.AddItem(window);
 	window->Show();
 	return window;
@@ -80,27 +82,22 @@ MainWindow::_HandleSendMessage(const BMessage* message)
 }
 
 
-/*!	A window that is gone already is forgotten before a living one for the same user, which may have been opened since. */
+/*!	Forgets a window that has closed: it is gone when its notice arrives. One that lives at the same address has been opened
+	since and stays. A notice that does not tell the window means the newest one of its user.
+*/
 void
 MainWindow::_HandleMessageWindowClosed(const BMessage* message)
 {
 	const uint16 socket = message->GetUInt16("socket", 0);
+	const void* closed = message->GetPointer("window", NULL);
 	for (int32 i = fMsgWindows.CountItems() - 1; i >= 0; i--) {
 		BWindow* window = static_cast<BWindow*>(fMsgWindows.ItemAt(i));
-		if (!window->Lock()) {
-			fMsgWindows.RemoveItem(i);
-			return;
+		bool found = window == closed;
+		if (window->Lock()) {
+			const MessageWindow* open = dynamic_cast<MessageWindow*>(window);
+			found = closed == NULL && open != NULL && open->Socket() == socket;
+			window->Unlock();
 		}
-		window->Unlock();
-	}
-
-	for (int32 i = fMsgWindows.CountItems() - 1; i >= 0; i--) {
-		BWindow* window = static_cast<BWindow*>(fMsgWindows.ItemAt(i));
-		if (!window->Lock())
-			continue;
-		const MessageWindow* messageWindow = dynamic_cast<MessageWindow*>(window);
-		const bool found = messageWindow != NULL && messageWindow->Socket() == socket;
-		window->Unlock();
 		if (found) {
 			fMsgWindows.RemoveItem(i);
 			return;

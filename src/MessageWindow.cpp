@@ -98,6 +98,8 @@ MessageWindow::QuitRequested()
 {
 	BMessage notice(kMsgPMWinClosed);
 	notice.AddUInt16("socket", fSocket);
+	// A late notice is not to be taken for that of a later window for the same user.
+	notice.AddPointer("window", this);
 	fTarget->PostMessage(&notice);
 	return true;
 }

@@ -46,6 +46,16 @@ protected:
 		window->Quit();
 	}
 
+	// What a window with this address says when it closes.
+	void _PostClosing(uint16 socket, const void* window)
+	{
+		BMessage notice(kMsgPMWinClosed);
+		notice.AddUInt16("socket", socket);
+		if (window != NULL)
+			notice.AddPointer("window", window);
+		Post(&notice);
+	}
+
 	// Of the newest conversation.
 	static std::string _Transcript()
 	{
@@ -120,6 +130,16 @@ TEST_F(PrivateMessagesTest, PickedUser_GetsAConversation)
 }
 
 
+TEST_F(PrivateMessagesTest, PickedUserWithoutNick_HasThreeQuestionMarks)
+{
+	BMessage pick(kMsgOpenPM);
+	pick.AddUInt16("socket", 5);
+	Post(&pick);
+	ASSERT_EQ(1, _CountOpen());
+	EXPECT_STREQ("Message — ???", find_window<MessageWindow>()->Title());
+}
+
+
 TEST_F(PrivateMessagesTest, PickedUser_RestoresAMinimizedConversation)
 {
 	_PostWithSocket(kMsgOpenPM, 5, "nick", "Ann");
@@ -149,13 +169,15 @@ TEST_F(PrivateMessagesTest, ClosedConversation_IsOpenedAnew)
 TEST_F(PrivateMessagesTest, MessageAheadOfTheClosing_OpensAnewAndStays)
 {
 	_Receive(5, "Ann", "before");
-	_CloseSilently(find_window<MessageWindow>());
+	MessageWindow* closed = find_window<MessageWindow>();
+	_CloseSilently(closed);
 	_Receive(5, "Ann", "after");
 	ASSERT_EQ(1, _CountOpen());
 	EXPECT_EQ("Ann: after\n", _Transcript());
 
-	// The notice of the first one comes late and does not take the second one along.
-	_PostWithSocket(kMsgPMWinClosed, 5, "nick", "");
+	// The notice of the first one comes late and does not take the second one along, not even one at its address.
+	_PostClosing(5, closed);
+	_PostClosing(5, find_window<MessageWindow>());
 	_Receive(5, "Ann", "more");
 	EXPECT_EQ(1, _CountOpen());
 	EXPECT_EQ("Ann: after\nAnn: more\n", _Transcript());
@@ -165,9 +187,26 @@ TEST_F(PrivateMessagesTest, MessageAheadOfTheClosing_OpensAnewAndStays)
 TEST_F(PrivateMessagesTest, ClosingOfAStranger_ChangesNothing)
 {
 	_Receive(5, "Ann", "hello");
-	_PostWithSocket(kMsgPMWinClosed, 6, "nick", "");
+	_PostClosing(6, NULL);
+	_PostClosing(6, this);
+	_PostClosing(5, this);
 	_Receive(5, "Ann", "again");
 	EXPECT_EQ(1, _CountOpen());
+}
+
+
+TEST_F(PrivateMessagesTest, ClosingWithoutItsWindow_IsThatOfTheUser)
+{
+	_Receive(5, "Ann", "hello");
+	MessageWindow* forgotten = find_window<MessageWindow>();
+	_Receive(6, "Bob", "hello");
+	_PostClosing(5, NULL);
+	_Receive(6, "Bob", "again");
+	EXPECT_EQ(2, _CountOpen());
+	_Receive(5, "Ann", "again");
+	EXPECT_EQ(3, _CountOpen());
+	EXPECT_EQ("Ann: again\n", _Transcript());
+	_CloseSilently(forgotten);
 }
 
 
@@ -183,6 +222,22 @@ TEST_F(PrivateMessagesTest, Disconnect_ClosesEveryConversation)
 	}));
 	_Receive(5, "Ann", "again");
 	EXPECT_EQ(1, _CountOpen());
+}
+
+
+// What the windows say that a disconnect closes stands behind the next message then.
+TEST_F(PrivateMessagesTest, ClosingFromBeforeADisconnect_LeavesTheNewConversation)
+{
+	_Receive(5, "Ann", "before");
+	fMain.Window()->PostMessage(kMsgToolDisconnect);
+	_Receive(5, "Ann", "after");
+	EXPECT_TRUE(WaitFor([] {
+		return _CountOpen() == 1;
+	}));
+	Settle();
+	_Receive(5, "Ann", "more");
+	EXPECT_EQ(1, _CountOpen());
+	EXPECT_EQ("Ann: after\nAnn: more\n", _Transcript());
 }
 
 

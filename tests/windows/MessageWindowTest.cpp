@@ -188,11 +188,13 @@ TEST_F(MessageWindowTest, Incoming_RestoresAMinimizedWindow)
 
 TEST_F(MessageWindowTest, Closing_SaysSoOnceAndEndsTheWindow)
 {
+	const void* window = fWindow.Window();
 	fWindow.Window()->PostMessage(B_QUIT_REQUESTED);
 	fWindow.WaitForEnd();
 	const BMessage notice = fTarget->OnlyMessage();
 	EXPECT_EQ(uint32(kMsgPMWinClosed), notice.what);
 	EXPECT_EQ(0x8005, notice.GetUInt16("socket", 0));
+	EXPECT_EQ(window, notice.GetPointer("window"));
 }
 
 

@@ -104,8 +104,33 @@ class Client:
 
         wait_until(holds, lambda: "%s among the users %s" % (what, self.users()))
 
-    def button(self, name):
-        return self.node("Palimbra").find(role="push button", name=name)
+    def button(self, name, beginning="Palimbra"):
+        """Waits for the button of that name in the window whose title begins so."""
+        return wait_until(lambda: self._find(beginning, role="push button", name=name),
+            "a button \"%s\" in \"%s...\"" % (name, beginning))
+
+    def list(self, beginning):
+        """The list in the window whose title begins so."""
+        return self.node(beginning).find(role="list")
+
+    def row(self, beginning, name):
+        """Waits for the row of that name in the list of the window whose title begins so."""
+        def find():
+            try:
+                return next((row for row in self.list(beginning).children() if row.name() == name), None)
+            except Gone:
+                return None
+
+        return wait_until(find, lambda: "a row \"%s\" in \"%s...\": %s" % (name, beginning, self.list(beginning).tree()))
+
+    def conversation(self, nick):
+        """The transcript of the private conversation with that user."""
+        return self.node("Message — " + nick).find(role="text", having=("multi-line",))
+
+    def wait_for_message(self, nick, text):
+        """Waits until the conversation with that user contains that text."""
+        wait_until(lambda: text in self.conversation(nick).text(),
+            lambda: "\"%s\" in the conversation:\n%s" % (text, self.conversation(nick).text()))
 
     def enabled_buttons(self):
         """The names of the toolbar's buttons that can be pressed."""
@@ -116,16 +141,70 @@ class Client:
 
     def press(self, name):
         """Presses a button of the toolbar, as soon as it can be pressed."""
-        button = wait_until(lambda: self.button(name), "a button \"%s\"" % name)
+        button = self.button(name)
         wait_until(lambda: button.has("enabled"), "button \"%s\" to be enabled" % name)
         self.click(button, self.main_window())
 
-    def click(self, node, window):
+    def press_in(self, window, name):
+        """Presses a button of another window."""
+        self.click(self.button(name, window.title()), window)
+
+    def click(self, node, window, count=1):
         """Clicks at the middle of something in that window, once it is in front and has its place."""
         self.bring_to_front(window)
         wait_until(lambda: is_inside(node.extents(), window.frame()),
             lambda: "%r at %s to be inside of %s" % (node, node.extents(), window.frame()))
-        node.click()
+        node.click(count=count)
+
+    def double_click(self, node, window):
+        self.click(node, window, 2)
+
+    def choose(self, window, name):
+        """Selects the row of that name in the list of that window."""
+        row = self.row(window.title(), name)
+        self.bring_to_front(window)
+        self.scroll_to(row)
+        self.click(row, window)
+        wait_until(lambda: row.has("selected"), "the row \"%s\" to be selected" % name)
+        return row
+
+    def scroll_to(self, row):
+        """Turns the mouse's wheel over a list until that row is seen."""
+        rows = row.parent()
+
+        def is_seen():
+            if is_inside(row.extents(), rows.extents()):
+                return True
+            rows.click(button=5 if row.extents()[1] > rows.extents()[1] else 4)
+            return False
+
+        wait_until(is_seen, lambda: "%r to be scrolled into view" % row)
+
+    def open_files(self, count):
+        """Opens the root folder, which has that many entries."""
+        self.press("Files")
+        return self.wait_for_focus_on(self.window("Files (%d)" % count))
+
+    def open_folder(self, window, name, title):
+        """Opens a folder from the window that lists it; `title` is what its own window is called in the end."""
+        self.double_click(self.row(window.title(), name), window)
+        return self.wait_for_focus_on(self.window(title))
+
+    def choose_file(self, window, path):
+        """Presses Upload and types the path into the file chooser. Return uploads it into the folder of that window."""
+        self.press_in(window, "Upload")
+        chooser = self.wait_for_focus_on(self.window("Open"))
+        field = self.node("Open").find(role="text", having=("editable",))
+        wait_until(lambda: field.has("focused"), "the focus on the name of the file")
+        self.desktop.type(path)
+        wait_until(lambda: field.text() == path, lambda: "\"%s\", not \"%s\"" % (path, field.text()))
+        return chooser
+
+    def place(self, window, left, top):
+        """Moves a window, so that its content begins there."""
+        window.move(left, top)
+        wait_until(lambda: window.frame()[:2] == (left, top),
+            lambda: "the window to be at %d, %d, not at %s" % (left, top, window.frame()))
 
     def open_connect(self):
         """Presses Connect and waits for the dialog to have the focus."""
@@ -180,6 +259,12 @@ class Client:
         self.bring_to_front(self.main_window())
         self.desktop.key("ctrl+q")
         return self.program.wait()
+
+    def _find(self, beginning, **what):
+        try:
+            return self.node(beginning).find(**what)
+        except Gone:
+            return None
 
     def _window_beginning(self, beginning):
         def find():

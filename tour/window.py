@@ -68,6 +68,11 @@ class Window:
     def resize(self, width, height):
         self.desktop.ask("wmctrl", "-i", "-r", hex(self.id), "-e", "0,-1,-1,%d,%d" % (width, height))
 
+    def move(self, left, top):
+        """Asks for the window to be moved, so that its frame() begins there."""
+        # Gravity 10: what is given is the place of the content, not of the decoration.
+        self.desktop.ask("wmctrl", "-i", "-r", hex(self.id), "-e", "10,%d,%d,-1,-1" % (left, top))
+
     def screenshot(self, path):
         self.desktop.ask("import", "-silent", "-window", str(self.id), "png:" + path)
 

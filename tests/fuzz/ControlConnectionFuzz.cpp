@@ -3,7 +3,6 @@
  * Distributed under the terms of the MIT License.
  */
 #include <condition_variable>
-#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -14,6 +13,7 @@
 #include <Looper.h>
 #include <Message.h>
 
+#include "AlarmBlock.h"
 #include "HotlineClient.h"
 #include "RawServer.h"
 
@@ -140,29 +140,6 @@ Witness::_RequireList(const BMessage* message)
 		require(message->HasString("type", i) && message->HasString("creator", i), "two codes");
 	}
 }
-
-
-/*!	While it lives, threads are started that the fuzzer's alarm does not interrupt: a call that is interrupted fails, as it
-	should, but not for the input's sake.
-*/
-class AlarmBlock {
-public:
-	AlarmBlock()
-	{
-		sigset_t alarm;
-		sigemptyset(&alarm);
-		sigaddset(&alarm, SIGALRM);
-		pthread_sigmask(SIG_BLOCK, &alarm, &fBefore);
-	}
-
-	AlarmBlock(const AlarmBlock&) = delete;
-	~AlarmBlock() { pthread_sigmask(SIG_SETMASK, &fBefore, NULL); }
-
-	AlarmBlock& operator=(const AlarmBlock&) = delete;
-
-private:
-	sigset_t fBefore;
-};
 
 
 /*!	The input is what the server sends after the handshake, to a client that has asked for everything. */

@@ -35,6 +35,9 @@ class Window:
     def is_modal(self):
         return "_NET_WM_STATE_MODAL" in self._property("_NET_WM_STATE")
 
+    def has_icon(self):
+        return "Icon (16 x 16):" in self._property("_NET_WM_ICON")
+
     def size_limits(self):
         """The smallest and the largest (width, height) that the program allows; None where it sets none."""
         limits = {}

@@ -9,15 +9,21 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QIcon>
+#include <QPixmap>
 #include <QSocketNotifier>
 #include <QTimer>
 #include <QToolTip>
 
+#include <Bitmap.h>
+#include <BitmapPeer.h>
 #include <ClientScopePrivate.h>
 #include <FontConversionPrivate.h>
 #include <FrameScheduler.h>
 #include <MainServer.h>
 #include <Palette.h>
+#include <String.h>
+#include <TranslationUtils.h>
 
 
 namespace {
@@ -43,6 +49,28 @@ make_application()
 }
 
 
+/*!	The picture beside the program that has its name, in the sizes in which title bars and task bars show it: they scale
+	worse. Programs without one have no icon.
+*/
+void
+set_icon()
+{
+	BString path;
+	path.SetToFormat("%s.png", sProgramPath);
+	const std::unique_ptr<BBitmap> bitmap(BTranslationUtils::GetBitmapFile(path.String()));
+	if (bitmap == nullptr)
+		return;
+
+	const QImage& image = BitmapPeer::Of(bitmap.get())->Image();
+	QIcon icon;
+	for (const int size : {16, 24, 32, 48, 64, 128}) {
+		icon.addPixmap(QPixmap::fromImage(
+			image.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+	}
+	QGuiApplication::setWindowIcon(icon);
+}
+
+
 /*!	How wait_for_thread() waits. Windows and timers go on meanwhile. */
 void
 wait_on_main_thread(bool (*done)(void*), void* cookie)
@@ -65,6 +93,7 @@ ApplicationPeer::ApplicationPeer()
 	QApplication::setPalette(make_palette());
 	QToolTip::setPalette(QApplication::palette());
 	init_fonts();
+	set_icon();
 
 	MainServer* server = MainServer::Default();
 	fNotifier = std::make_unique<QSocketNotifier>(server->WakeDescriptor(), QSocketNotifier::Read);

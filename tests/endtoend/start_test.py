@@ -57,6 +57,22 @@ class ProgramFolderTest(ClientCase):
         client.quit()
         self.assert_ended_well(client)
 
+    def test_every_window_has_the_icon_that_lies_beside_the_program(self):
+        client = self.start_client(self.copy_program())
+        client.open_connect()
+        self.assertEqual([window.has_icon() for window in self.desktop.windows()], [True] * 4)
+        self.desktop.key("Escape")
+        self.desktop.wait_without_window("Connect to Server")
+        client.quit()
+        self.assert_ended_well(client)
+
+    def test_without_an_icon_the_windows_have_none(self):
+        client = self.start_client(self.copy_program("palimbra.png"))
+        windows = (client.main_window(), client.chat_window(), client.users_window())
+        self.assertEqual([window.has_icon() for window in windows], [False] * 3)
+        client.quit()
+        self.assert_ended_well(client)
+
     def test_without_assets_the_buttons_show_their_labels_alone(self):
         pictures = []
         for left_out in ((), (), ("assets",)):

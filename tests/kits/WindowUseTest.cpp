@@ -4,6 +4,8 @@
  */
 // What a user sees of windows and does to them, in the toolkit's terms.
 
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include <Bitmap.h>
@@ -104,6 +106,14 @@ TEST(WindowUseTest, Title_ChangesWhileMinimized)
 	EXPECT_TRUE(WaitFor([&] {
 		return !is_shown_minimized(window);
 	}));
+}
+
+
+TEST(WindowUseTest, Icon_IsTheOneBesideTheProgram)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	EXPECT_EQ((std::vector<int>{16, 24, 32, 48, 64, 128}), icon_widths(window));
 }
 
 

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QTextDocument>
@@ -139,6 +140,16 @@ bool
 is_shown(BWindow* window)
 {
 	return widget_of(window)->isVisible();
+}
+
+
+std::vector<int>
+icon_widths(BWindow* window)
+{
+	std::vector<int> widths;
+	for (const QSize& size : widget_of(window)->windowIcon().availableSizes())
+		widths.push_back(size.width());
+	return widths;
 }
 
 

@@ -7,6 +7,7 @@
 
 
 #include <string>
+#include <vector>
 
 #include <InterfaceDefs.h>
 
@@ -34,6 +35,8 @@ void use_close_box(BWindow* window);
 std::string shown_title(BWindow* window);
 bool is_shown_minimized(BWindow* window);
 bool is_shown(BWindow* window);
+/*!	The widths, in pixels, of the pictures that the window manager is offered for the window. */
+std::vector<int> icon_widths(BWindow* window);
 /*!	Whether the window keeps the others from being used. */
 bool is_shown_modal(BWindow* window);
 /*!	The window above which it is kept, NULL for none. */

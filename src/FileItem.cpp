@@ -19,6 +19,8 @@ static const float kIconTextSpacing = 6.0f;
 static const float kShapeSize = 10.0f;
 static const float kShapeTextSpacing = 8.0f;
 static const float kRightInset = 6.0f;
+// Between the name and what stands at the right.
+static const float kColumnSpacing = 8.0f;
 
 static const char* const kStuffItExtensions[] = {".sit", ".sea", ".hqx"};
 static const char* const kImageExtensions[] = {".jpg", ".png", ".gif", ".bmp", ".tif", ".psd",
@@ -94,14 +96,17 @@ FileItem::DrawItem(BView* owner, BRect frame, bool complete)
 	const float baseline = frame.top + (frame.Height() + height.ascent - height.descent) / 2;
 
 	const float textLeft = _DrawSymbol(owner, frame);
+	const BString size(_SizeText());
+	const float sizeLeft = frame.right - kRightInset - owner->StringWidth(size.String());
+	// A name too long for the row would run into the size.
+	BString name(FileName());
+	owner->TruncateString(&name, B_TRUNCATE_END, sizeLeft - kColumnSpacing - textLeft);
 	owner->SetHighColor(
 		ui_color(IsSelected() ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR));
-	owner->DrawString(FileName(), BPoint(textLeft, baseline));
+	owner->DrawString(name.String(), BPoint(textLeft, baseline));
 
-	const BString size(_SizeText());
 	owner->SetHighColor(tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT));
-	const float width = owner->StringWidth(size.String());
-	owner->DrawString(size.String(), BPoint(frame.right - kRightInset - width, baseline));
+	owner->DrawString(size.String(), BPoint(sizeLeft, baseline));
 }
 
 

@@ -32,7 +32,7 @@ new_icon()
 }
 
 
-// The texts of a row that is not selected.
+// The texts of a row that is not selected; eight pixels at least are between them.
 static void
 draw_texts(BView* view, BRect frame, float left, const char* name, const char* right)
 {
@@ -41,9 +41,12 @@ draw_texts(BView* view, BRect frame, float left, const char* name, const char* r
 	view->GetFontHeight(&height);
 	const float y = frame.top + (frame.Height() + height.ascent - height.descent) / 2;
 	view->SetHighColor(ui_color(B_LIST_ITEM_TEXT_COLOR));
-	view->DrawString(name, BPoint(frame.left + left, y));
+	const float rightLeft = frame.right - 6 - view->StringWidth(right);
+	BString shown(name);
+	view->TruncateString(&shown, B_TRUNCATE_END, rightLeft - 8 - (frame.left + left));
+	view->DrawString(shown.String(), BPoint(frame.left + left, y));
 	view->SetHighColor(tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT));
-	view->DrawString(right, BPoint(frame.right - 6 - view->StringWidth(right), y));
+	view->DrawString(right, BPoint(rightLeft, y));
 }
 
 
@@ -205,6 +208,13 @@ TEST(FileItemTest, LongType_IsCutToFourCharacters)
 	const FileItem shorter("name", "fld", "", 0, NULL, NULL, NULL);
 	EXPECT_STREQ("fld", shorter.FileType());
 	EXPECT_FALSE(shorter.IsFolder());
+}
+
+
+TEST(FileItemTest, LongName_IsCutBeforeTheSize)
+{
+	const std::string name(251, 'n');
+	EXPECT_TRUE(drawn_file(name.c_str(), 5) == drawn_circle(name.c_str(), "5 B"));
 }
 
 

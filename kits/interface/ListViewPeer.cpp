@@ -22,6 +22,16 @@
 static const int kMinWidth = 60;
 static const int kMinHeight = 60;
 
+static const QChar kEllipsis(0x2026);
+
+
+/*!	Whether that is how a row draws its name: whole, or as much of it as fits. */
+static bool
+is_drawn_name(const QString& drawn, const QString& name)
+{
+	return drawn == name || (drawn.endsWith(kEllipsis) && name.startsWith(drawn.chopped(1)));
+}
+
 
 ListViewPeer::ListViewPeer(list_view_type type)
 	: ViewPeer(new ListWidget(this)),
@@ -298,23 +308,23 @@ ListViewPeer::NameOf(int32 index)
 }
 
 
-/*!	All that a row draws besides its name. */
+/*!	All that a row draws besides its name, which it may have cut to fit. */
 QString
 ListViewPeer::DescriptionOf(int32 index)
 {
-	std::vector<std::string> strings = _StringsOf(index);
-	const BStringItem* item = dynamic_cast<BStringItem*>(fItems[size_t(index)]);
-	auto name = strings.begin();
-	if (item != NULL)
-		name = std::find(strings.begin(), strings.end(), item->Text());
-	if (name != strings.end())
-		strings.erase(name);
-
+	const std::vector<std::string> strings = _StringsOf(index);
+	const QString name = NameOf(index);
+	bool isNameDrawn = false;
 	QString description;
 	for (const std::string& string : strings) {
+		const QString text = text_from_bytes(string.c_str());
+		if (!isNameDrawn && is_drawn_name(text, name)) {
+			isNameDrawn = true;
+			continue;
+		}
 		if (!description.isEmpty())
 			description += QLatin1String(", ");
-		description += text_from_bytes(string.c_str());
+		description += text;
 	}
 	return description;
 }

@@ -54,6 +54,28 @@ private:
 };
 
 
+/*!	A row with room for the beginning of its text, and for something beside it. */
+class CutItem : public BStringItem {
+public:
+	CutItem(const char* text, const char* aside)
+		: BStringItem(text),
+		  fAside(aside)
+	{
+	}
+
+	void DrawItem(BView* owner, BRect frame, bool) override
+	{
+		BString text(Text());
+		owner->TruncateString(&text, B_TRUNCATE_END, owner->StringWidth(Text()) * 2 / 3);
+		owner->DrawString(text.String(), frame.LeftBottom());
+		owner->DrawString(fAside.String(), frame.LeftBottom());
+	}
+
+private:
+	BString fAside;
+};
+
+
 /*!	A row without a text of its own, of some height. */
 class NumberItem : public BListItem {
 public:
@@ -460,6 +482,15 @@ TEST_F(ListViewTest, RowsForScreenReaders_SayWhatIsDrawn)
 	EXPECT_EQ(row.top, accessible_of_row(fList, 0).top + accessible_of_row(fList, 0).height);
 	fList->Select(1);
 	EXPECT_TRUE(accessible_of_row(fList, 1).isSelected);
+}
+
+
+TEST_F(ListViewTest, NameCutByItsRow_IsNotPartOfTheDescription)
+{
+	fList->AddItem(Keep(new CutItem("a long name \xff that does not fit", "7 users")));
+	ASSERT_TRUE(WaitForRows(1));
+	EXPECT_EQ(accessible_of_row(fList, 0).name, "a long name \xef\xbf\xbd that does not fit");
+	EXPECT_EQ(accessible_of_row(fList, 0).description, "7 users");
 }
 
 

@@ -13,6 +13,8 @@
 
 
 static const float kInset = 6.0f;
+// Between the name and what stands at the right.
+static const float kColumnSpacing = 8.0f;
 // How much taller a row is than its three lines.
 static const float kRowPadding = 8.0f;
 static const float kDescriptionTint = 0.59f;
@@ -81,16 +83,20 @@ ServerItem::DrawItem(BView* owner, BRect frame, bool complete)
 		IsSelected() ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR);
 	const rgb_color dimColor = tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT);
 
+	BString users;
+	users.SetToFormat("%u user%s", fUsers, fUsers == 1 ? "" : "s");
+	const float usersLeft = frame.right - kInset - be_plain_font->StringWidth(users.String());
+
+	// A name too long for the row would run into the number of users.
 	owner->SetFont(be_bold_font, B_FONT_ALL);
 	owner->SetHighColor(textColor);
-	owner->DrawString(Text(), BPoint(left, nameY));
+	BString text(Text());
+	owner->TruncateString(&text, B_TRUNCATE_END, usersLeft - kColumnSpacing - left);
+	owner->DrawString(text.String(), BPoint(left, nameY));
 
 	owner->SetFont(be_plain_font, B_FONT_ALL);
 	owner->SetHighColor(dimColor);
-	BString text;
-	text.SetToFormat("%u user%s", fUsers, fUsers == 1 ? "" : "s");
-	const float width = owner->StringWidth(text.String());
-	owner->DrawString(text.String(), BPoint(frame.right - kInset - width, nameY));
+	owner->DrawString(users.String(), BPoint(usersLeft, nameY));
 
 	owner->SetHighColor(tint_color(textColor, kDescriptionTint));
 	text = fDesc;

@@ -15,9 +15,10 @@
 #include "HostileTexts.h"
 
 
-// The row of a server "Harbor" on 10.20.30.40:5500 that is not selected.
+// The row of a server on 10.20.30.40:5500 that is not selected; eight pixels at least are between name and users.
 static std::string
-drawn_server(const std::string& description, const std::string& users)
+drawn_server(const std::string& description, const std::string& users,
+	const std::string& name = "Harbor")
 {
 	return drawn_row([=](BView* view, BRect frame) {
 		font_height height;
@@ -26,12 +27,15 @@ drawn_server(const std::string& description, const std::string& users)
 		const float nameY = frame.top + height.ascent + 2;
 		const rgb_color dim = tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT);
 		const rgb_color textColor = ui_color(B_LIST_ITEM_TEXT_COLOR);
+		view->SetFont(be_plain_font);
+		const float left = frame.right - 6 - view->StringWidth(users.c_str());
 		view->SetFont(be_bold_font);
 		view->SetHighColor(textColor);
-		view->DrawString("Harbor", BPoint(frame.left + 6, nameY));
+		BString cutName(name.c_str());
+		view->TruncateString(&cutName, B_TRUNCATE_END, left - 8 - (frame.left + 6));
+		view->DrawString(cutName.String(), BPoint(frame.left + 6, nameY));
 		view->SetFont(be_plain_font);
 		view->SetHighColor(dim);
-		const float left = frame.right - 6 - view->StringWidth(users.c_str());
 		view->DrawString(users.c_str(), BPoint(left, nameY));
 		view->DrawString("10.20.30.40:5500", BPoint(frame.left + 6, nameY + 2 * line + 1));
 		view->SetHighColor(tint_color(textColor, 0.59f));
@@ -43,9 +47,9 @@ drawn_server(const std::string& description, const std::string& users)
 
 
 static std::string
-drawn_item(const std::string& description, uint16 users)
+drawn_item(const std::string& description, uint16 users, const std::string& name = "Harbor")
 {
-	ServerItem item("Harbor", description.c_str(), "10.20.30.40", 5500, users);
+	ServerItem item(name.c_str(), description.c_str(), "10.20.30.40", 5500, users);
 	return drawn_row([&item](BView* view, BRect frame) {
 		item.DrawItem(view, frame, true);
 	});
@@ -66,6 +70,13 @@ TEST(ServerItemTest, LongDescription_IsCutAtItsEnd)
 {
 	const std::string description(200, 'w');
 	EXPECT_TRUE(drawn_item(description, 0) == drawn_server(description, "0 users"));
+}
+
+
+TEST(ServerItemTest, LongName_IsCutBeforeTheUsers)
+{
+	const std::string name(255, 'n');
+	EXPECT_TRUE(drawn_item("ships", 65535, name) == drawn_server("ships", "65535 users", name));
 }
 
 

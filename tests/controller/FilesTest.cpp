@@ -18,6 +18,7 @@
 #include "FileListWindow.h"
 #include "HostileTexts.h"
 #include "HotlineNotifications.h"
+#include "InterposedCalls.h"
 #include "RawServer.h"
 #include "WaitFor.h"
 #include "WireBytes.h"
@@ -100,6 +101,17 @@ protected:
 		ASSERT_TRUE(fTransfers.Accept());
 		EXPECT_EQ("HTXF" + wire32(reference), fTransfers.Read(kRequestSize).substr(0, 8));
 		fTransfers.Hangup();
+	}
+
+	// What grants a transfer of each kind.
+	std::vector<BMessage> _AllReady()
+	{
+		BMessage download = _Ready(kHLDownloadReady, 5);
+		download.AddString("filename", "never comes");
+		BMessage upload = _Ready(kHLUploadReady, 6);
+		upload.AddString("filename", "gone");
+		upload.AddString("localpath", "/nowhere/at/all");
+		return {download, upload, _Ready(kHLBannerReady, 7)};
 	}
 
 	BSize _BannerSize() { return fMain.Find<BannerView>("banner")->MinSize(); }
@@ -330,6 +342,72 @@ TEST_F(FilesTest, Outcomes_AreShown)
 		Post(kMsgUploadDone, "filename", name);
 		ExpectChat("*** Upload failed: " + name + " ***\n", 200, 0, 0);
 	}
+}
+
+
+TEST_F(FilesTest, Transfers_HaveThreadsOfTheirOwn)
+{
+	const InterposedCalls calls;
+	for (BMessage& ready : _AllReady())
+		Post(&ready);
+	const std::vector<InterposedCalls::Thread> threads = calls.Threads();
+	ASSERT_EQ(3u, threads.size());
+	EXPECT_EQ("HL:Download", threads[0].name);
+	EXPECT_EQ(B_NORMAL_PRIORITY, threads[0].priority);
+	EXPECT_EQ("HL:Upload", threads[1].name);
+	EXPECT_EQ(B_NORMAL_PRIORITY, threads[1].priority);
+	EXPECT_EQ("HL:BannerDL", threads[2].name);
+	EXPECT_EQ(B_LOW_PRIORITY, threads[2].priority);
+}
+
+
+// Their records are gone; a leak checker would find them.
+TEST_F(FilesTest, TransferWithoutAThread_IsDroppedWithoutALine)
+{
+	InterposedCalls calls;
+	for (BMessage& ready : _AllReady()) {
+		calls.FailNextSpawn(B_NO_MORE_THREADS);
+		Post(&ready);
+		ExpectNoChat();
+	}
+	EXPECT_EQ(3u, calls.Threads().size());
+	EXPECT_FALSE(fTransfers.HasCaller());
+}
+
+
+// There may be transfers of other cases that still run.
+TEST_F(FilesTest, TransferWithoutAPort_TakesTheDefault)
+{
+	const InterposedCalls calls;
+	for (const auto& [what, host] :
+		{std::pair<uint32, const char*>(kHLDownloadReady, "one.example"),
+			{kHLUploadReady, "two.example"}, {kHLBannerReady, "three.example"}}) {
+		SCOPED_TRACE(host);
+		BMessage ready(what);
+		ready.AddUInt32("ref", 5);
+		ready.AddUInt32("size", 10);
+		ready.AddString("filename", "name");
+		ready.AddString("localpath", "/dev/null");
+		ready.AddString("address", host);
+		Post(&ready);
+		EXPECT_TRUE(WaitFor([&calls, host = std::string(host)] {
+			for (const InterposedCalls::Lookup& lookup : calls.Lookups()) {
+				if (lookup.host == host)
+					return lookup.port == "5501";
+			}
+			return false;
+		}));
+	}
+}
+
+
+TEST_F(FilesTest, UploadWithoutAName_IsStartedAllTheSame)
+{
+	BMessage ready = _Ready(kHLUploadReady, 7);
+	ready.AddString("localpath", "/nowhere/at/all");
+	Post(&ready);
+	ExpectChatBegins("*** Uploading  ***\n", 0, 100, 0);
+	AwaitChat("*** Upload failed:  ***\n", 200, 0, 0);
 }
 
 

@@ -14,14 +14,13 @@
 #include <sys/socket.h>
 #include <sys/time.h>
 
-#include <OS.h>
-
 
 static const int kNothing = -1;
 
 static std::atomic<int> sSocketError(kNothing);
 static std::atomic<int> sConnectError(kNothing);
 static std::atomic<int> sSendSize(kNothing);
+static std::atomic<status_t> sSpawnError(B_OK);
 static std::atomic<int> sTimeoutDivisor(1);
 static std::atomic<size_t> sReceived(0);
 static std::atomic<bigtime_t> sClockStep(0);
@@ -33,9 +32,10 @@ static std::condition_variable sReleased;
 static bool sHoldsLookups = false;
 static std::vector<InterposedCalls::Timeout> sTimeouts;
 static std::vector<InterposedCalls::Lookup> sLookups;
+static std::vector<InterposedCalls::Thread> sThreads;
 
 
-// The linker's names for a function and for what stands in its place; system_time() is a C++ one.
+// The linker's names for a function and for what stands in its place; those of the kits are C++ ones.
 extern "C"
 {
 	int __real_socket(int family, int type, int protocol);
@@ -46,6 +46,8 @@ extern "C"
 	int __real_getaddrinfo(const char* host, const char* port, const struct addrinfo* hints,
 		struct addrinfo** _result);
 	bigtime_t __real__Z11system_timev();
+	thread_id __real__Z12spawn_threadPFiPvEPKciS_(thread_func function, const char* name,
+		int32 priority, void* data);
 
 	int __wrap_socket(int family, int type, int protocol);
 	int __wrap_connect(int socket, const struct sockaddr* address, socklen_t length);
@@ -55,6 +57,8 @@ extern "C"
 	int __wrap_getaddrinfo(const char* host, const char* port, const struct addrinfo* hints,
 		struct addrinfo** _result);
 	bigtime_t __wrap__Z11system_timev();
+	thread_id __wrap__Z12spawn_threadPFiPvEPKciS_(thread_func function, const char* name,
+		int32 priority, void* data);
 }
 
 
@@ -155,6 +159,21 @@ __wrap__Z11system_timev()
 }
 
 
+thread_id
+__wrap__Z12spawn_threadPFiPvEPKciS_(thread_func function, const char* name, int32 priority,
+	void* data)
+{
+	{
+		const std::lock_guard<std::mutex> lock(sLock);
+		sThreads.push_back({name, priority});
+	}
+	const status_t error = sSpawnError.exchange(B_OK);
+	if (error != B_OK)
+		return error;
+	return __real__Z12spawn_threadPFiPvEPKciS_(function, name, priority, data);
+}
+
+
 // #pragma mark -
 
 
@@ -163,6 +182,7 @@ InterposedCalls::InterposedCalls()
 	const std::lock_guard<std::mutex> lock(sLock);
 	sTimeouts.clear();
 	sLookups.clear();
+	sThreads.clear();
 	sReceived = 0;
 }
 
@@ -175,6 +195,7 @@ InterposedCalls::~InterposedCalls()
 	sSocketError = kNothing;
 	sConnectError = kNothing;
 	sSendSize = kNothing;
+	sSpawnError = B_OK;
 }
 
 
@@ -196,6 +217,13 @@ void
 InterposedCalls::CutNextSend(int size)
 {
 	sSendSize = size;
+}
+
+
+void
+InterposedCalls::FailNextSpawn(status_t error)
+{
+	sSpawnError = error;
 }
 
 
@@ -225,6 +253,14 @@ size_t
 InterposedCalls::CountReceived() const
 {
 	return sReceived;
+}
+
+
+std::vector<InterposedCalls::Thread>
+InterposedCalls::Threads() const
+{
+	const std::lock_guard<std::mutex> lock(sLock);
+	return sThreads;
 }
 
 

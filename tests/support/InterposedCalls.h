@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include <OS.h>
+
 
 /*!	The system calls of the code under test, interposed when a suite is linked (palimbra_interpose() of the build): a test
 	makes one fail, or lets time pass faster. One at a time; when it goes, all calls are as usual again.
@@ -28,6 +30,11 @@ public:
 		std::string port;
 	};
 
+	struct Thread {
+		std::string name;
+		int32 priority;
+	};
+
 	InterposedCalls();
 	InterposedCalls(const InterposedCalls&) = delete;
 	~InterposedCalls();
@@ -38,6 +45,8 @@ public:
 	void FailNextSocket(int error);
 	void FailNextConnect(int error);
 	void CutNextSend(int size);
+	// The same for a thread; what is spawned after that is spawned.
+	void FailNextSpawn(status_t error);
 
 	// Divides the time-outs that are set from now on.
 	void ShortenTimeouts(int divisor);
@@ -47,6 +56,9 @@ public:
 
 	// The bytes that all recv() calls together have returned, the test's own included.
 	size_t CountReceived() const;
+
+	// The threads that were asked for, in their order.
+	std::vector<Thread> Threads() const;
 
 	std::vector<Lookup> Lookups() const;
 	// Lookups wait until they are released.

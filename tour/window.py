@@ -35,6 +35,12 @@ class Window:
     def is_modal(self):
         return "_NET_WM_STATE_MODAL" in self._property("_NET_WM_STATE")
 
+    def offered_boxes(self):
+        """The names of the boxes that the program wants on the title bar. Some window managers show them all."""
+        values = self._property("_MOTIF_WM_HINTS").partition("=")[2].split(",")
+        functions = int(values[1], 16)
+        return [name for name, bit in (("close", 0x20), ("minimize", 0x08), ("zoom", 0x10)) if functions & bit]
+
     def has_icon(self):
         return "Icon (16 x 16):" in self._property("_NET_WM_ICON")
 

@@ -123,6 +123,21 @@ class DialogTest(ClientCase):
         self.desktop.key("shift+Tab", "shift+Tab")
         self.wait_for_focus(dialog, "Connect")
 
+    def test_the_dialog_has_one_size_and_a_close_box_alone(self):
+        dialog = self.client.open_connect()
+        smallest, largest = dialog.size_limits()
+        self.assertEqual(smallest, largest)
+        self.assertEqual(dialog.frame()[2:], smallest)
+        dialog.resize(700, 500)
+        # Whatever the window manager makes of it has been done when the next request is answered.
+        self.desktop.type("x")
+        address = self.client.node("Connect to Server").find(name="Address:", having=("editable",))
+        wait_until(lambda: address.text() == "x", "typing into the dialog")
+        self.assertEqual(dialog.frame()[2:], smallest)
+        self.assertEqual(dialog.offered_boxes(), ["close"])
+        self.assertEqual(self.client.main_window().offered_boxes(), ["close", "minimize"])
+        self.assertEqual(self.client.chat_window().offered_boxes(), ["close", "minimize", "zoom"])
+
     def test_return_connects_from_any_field(self):
         for presses in range(4):
             with self.subTest(presses):

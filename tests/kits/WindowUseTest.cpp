@@ -117,6 +117,32 @@ TEST(WindowUseTest, Icon_IsTheOneBesideTheProgram)
 }
 
 
+TEST(WindowUseTest, TitleBar_HasTheBoxesThatTheFlagsLeaveIt)
+{
+	const struct {
+		window_feel feel;
+		uint32 flags;
+		const char* boxes;
+	} cases[] = {
+		{B_NORMAL_WINDOW_FEEL, 0, "close minimize zoom"},
+		{B_NORMAL_WINDOW_FEEL, B_NOT_ZOOMABLE, "close minimize"},
+		{B_NORMAL_WINDOW_FEEL, B_NOT_RESIZABLE, "close minimize"},
+		{B_NORMAL_WINDOW_FEEL, B_NOT_MINIMIZABLE, "close zoom"},
+		{B_NORMAL_WINDOW_FEEL, B_NOT_CLOSABLE, "minimize zoom"},
+		{B_NORMAL_WINDOW_FEEL, B_NOT_CLOSABLE | B_NOT_MINIMIZABLE | B_NOT_ZOOMABLE, ""},
+		{B_MODAL_APP_WINDOW_FEEL, 0, "close zoom"},
+		{B_MODAL_APP_WINDOW_FEEL, B_NOT_RESIZABLE | B_NOT_ZOOMABLE, "close"},
+	};
+	for (const auto& entry : cases) {
+		SCOPED_TRACE(entry.boxes);
+		BWindow* window = new BWindow(BRect(0, 0, 99, 99), "Window", B_TITLED_WINDOW_LOOK,
+			entry.feel, entry.flags);
+		EXPECT_EQ(entry.boxes, offered_boxes(window));
+		window->Quit();
+	}
+}
+
+
 TEST(WindowUseTest, CloseBox_AsksTheWindowAndDoesNothingElse)
 {
 	int asked = 0;

@@ -153,6 +153,26 @@ icon_widths(BWindow* window)
 }
 
 
+std::string
+offered_boxes(BWindow* window)
+{
+	const struct {
+		Qt::WindowType hint;
+		const char* name;
+	} boxes[] = {
+		{Qt::WindowCloseButtonHint, "close"},
+		{Qt::WindowMinimizeButtonHint, "minimize"},
+		{Qt::WindowMaximizeButtonHint, "zoom"},
+	};
+	std::string names;
+	for (const auto& box : boxes) {
+		if ((widget_of(window)->windowFlags() & box.hint) != 0)
+			names += std::string(names.empty() ? "" : " ") + box.name;
+	}
+	return names;
+}
+
+
 bool
 is_shown_modal(BWindow* window)
 {

@@ -37,6 +37,8 @@ bool is_shown_minimized(BWindow* window);
 bool is_shown(BWindow* window);
 /*!	The widths, in pixels, of the pictures that the window manager is offered for the window. */
 std::vector<int> icon_widths(BWindow* window);
+/*!	What the window manager is asked to put on the title bar, of "close", "minimize" and "zoom", in this order. */
+std::string offered_boxes(BWindow* window);
 /*!	Whether the window keeps the others from being used. */
 bool is_shown_modal(BWindow* window);
 /*!	The window above which it is kept, NULL for none. */

@@ -37,6 +37,14 @@ flags_of_window(const BWindow* window)
 }
 
 
+/*!	The platform without a screen has none, and complains when it is asked to change it. */
+static bool
+windows_have_an_order()
+{
+	return QGuiApplication::platformName() != QLatin1String("offscreen");
+}
+
+
 WindowPeer::WindowPeer(BWindow* window, BRect frame)
 	: fWindow(window),
 	  fWidget(new TopLevelWidget(this, flags_of_window(window))),
@@ -410,12 +418,13 @@ WindowPeer::_FollowMinimized()
 void
 WindowPeer::_BringToFront()
 {
-	fWidget->raise();
 	QWidget* front = QApplication::activeModalWidget();
 	if (front == NULL)
 		front = fWidget;
-	else
+	if (windows_have_an_order()) {
+		fWidget->raise();
 		front->raise();
+	}
 	front->activateWindow();
 }
 

@@ -140,6 +140,20 @@ TEST(WindowTest, Activate_GivesTheFocus)
 }
 
 
+TEST(WindowTest, Activate_SaysNothing)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	testing::internal::CaptureStderr();
+	ShowAndWait(window);
+	window->Activate(true);
+	EXPECT_TRUE(WaitFor([&] {
+		return window->IsActive();
+	}));
+	EXPECT_EQ("", testing::internal::GetCapturedStderr());
+}
+
+
 TEST(WindowTest, Title_IsReadAtOnce)
 {
 	ScriptedWindow* window = new ScriptedWindow;

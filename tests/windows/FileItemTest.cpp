@@ -4,6 +4,7 @@
  */
 #include "FileItem.h"
 
+#include <cstdint>
 #include <memory>
 
 #include <gtest/gtest.h>
@@ -32,15 +33,16 @@ new_icon()
 }
 
 
-// The texts of a row that is not selected; eight pixels at least are between them.
+// The texts of a row; eight pixels at least are between them.
 static void
-draw_texts(BView* view, BRect frame, float left, const char* name, const char* right)
+draw_texts(BView* view, BRect frame, float left, const char* name, const char* right,
+	color_which nameColor = B_LIST_ITEM_TEXT_COLOR)
 {
 	view->SetFont(be_plain_font);
 	font_height height;
 	view->GetFontHeight(&height);
 	const float y = frame.top + (frame.Height() + height.ascent - height.descent) / 2;
-	view->SetHighColor(ui_color(B_LIST_ITEM_TEXT_COLOR));
+	view->SetHighColor(ui_color(nameColor));
 	const float rightLeft = frame.right - 6 - view->StringWidth(right);
 	BString shown(name);
 	view->TruncateString(&shown, B_TRUNCATE_END, rightLeft - 8 - (frame.left + left));
@@ -58,14 +60,21 @@ shape_of(BRect frame)
 }
 
 
+static void
+draw_circle(BView* view, BRect frame)
+{
+	view->SetHighColor(120, 150, 200);
+	view->FillEllipse(shape_of(frame));
+	view->SetHighColor(tint_color(make_color(120, 150, 200), B_DARKEN_2_TINT));
+	view->StrokeEllipse(shape_of(frame));
+}
+
+
 static std::string
 drawn_circle(const char* name, const char* right)
 {
 	return drawn_row([=](BView* view, BRect frame) {
-		view->SetHighColor(120, 150, 200);
-		view->FillEllipse(shape_of(frame));
-		view->SetHighColor(tint_color(make_color(120, 150, 200), B_DARKEN_2_TINT));
-		view->StrokeEllipse(shape_of(frame));
+		draw_circle(view, frame);
 		draw_texts(view, frame, kShapeTextLeft, name, right);
 	});
 }
@@ -125,6 +134,9 @@ TEST(FileItemTest, Size_IsInTheUnitThatFits)
 		{1048575, "1024.0 KB"},
 		{1048576, "1.0 MB"},
 		{2147483647, "2048.0 MB"},
+		// What is too large for the field has become negative.
+		{-1, "-1 B"},
+		{INT32_MIN, "-2147483648 B"},
 	};
 	for (const auto& expected : cases) {
 		SCOPED_TRACE(expected.size);
@@ -226,7 +238,12 @@ TEST(FileItemTest, SelectedRow_HasTheBackgroundOfASelection)
 	EXPECT_TRUE(drawn == drawn_row([&item](BView* view, BRect frame) {
 		item.DrawItem(view, frame, false);
 	}));
-	EXPECT_FALSE(drawn == drawn_circle("name", "5 B"));
+	EXPECT_TRUE(drawn == drawn_row([](BView* view, BRect frame) {
+		view->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
+		view->FillRect(frame);
+		draw_circle(view, frame);
+		draw_texts(view, frame, kShapeTextLeft, "name", "5 B", B_LIST_SELECTED_ITEM_TEXT_COLOR);
+	}));
 }
 
 

@@ -128,6 +128,29 @@ TEST_F(FileListWindowTest, SecondListing_ReplacesTheFirst)
 }
 
 
+TEST_F(FileListWindowTest, TwentyThousandEntries_AreListedScrolledAndReplaced)
+{
+	static const int32 kCount = 20000;
+
+	_Open("many");
+	BMessage listing(kMsgFileEntry);
+	for (int32 i = 0; i < kCount; i++)
+		_AddEntry(&listing, ("file " + std::to_string(i)).c_str());
+	fWindow->Post(&listing);
+	_ExpectCount("Files — many (20000)", "20000 items");
+	fList->Select(kCount - 1);
+	fList->ScrollToSelection();
+	fList->Invoke();
+	fWindow->Settle();
+	EXPECT_STREQ("file 19999", fTarget->OnlyMessage().GetString("name"));
+
+	BMessage other(kMsgFileEntry);
+	_AddEntry(&other, "other");
+	fWindow->Post(&other);
+	_ExpectCount("Files — many (1)", "1 item");
+}
+
+
 TEST_F(FileListWindowTest, EntryWithoutFields_HasDefaults)
 {
 	_Open(NULL);
@@ -218,6 +241,38 @@ TEST_F(FileListWindowTest, ChosenFile_IsOfferedForUploadWithItsSize)
 	EXPECT_STREQ("local file", request.GetString("name"));
 	EXPECT_EQ(folder.PathOf("local file"), request.GetString("localpath"));
 	EXPECT_EQ(6, request.GetInt64("size", int64(-1)));
+}
+
+
+TEST_F(FileListWindowTest, SeveralChosenFiles_AreTheirFirst)
+{
+	const TemporaryFolder folder;
+	_Open(NULL);
+	BMessage chosen(kMsgUploadFile);
+	for (const char* name : {"first", "second"}) {
+		folder.AddFile(name, name);
+		entry_ref ref;
+		ASSERT_EQ(B_OK, get_ref_for_path(folder.PathOf(name).c_str(), &ref));
+		chosen.AddRef("refs", &ref);
+	}
+	fWindow->Post(&chosen);
+	EXPECT_STREQ("first", fTarget->OnlyMessage().GetString("name"));
+}
+
+
+// The panel gave it while it was there.
+TEST_F(FileListWindowTest, ChosenFileThatHasVanished_IsOfferedWithoutASize)
+{
+	const TemporaryFolder folder;
+	entry_ref ref;
+	ASSERT_EQ(B_OK, get_ref_for_path(folder.PathOf("gone").c_str(), &ref));
+	_Open(NULL);
+	BMessage chosen(kMsgUploadFile);
+	chosen.AddRef("refs", &ref);
+	fWindow->Post(&chosen);
+	const BMessage request = fTarget->OnlyMessage();
+	EXPECT_EQ(folder.PathOf("gone"), request.GetString("localpath"));
+	EXPECT_EQ(0, request.GetInt64("size", int64(-1)));
 }
 
 

@@ -227,12 +227,20 @@ TEST_F(OptionsWindowTest, EscapeAndCloseBox_SendNothing)
 }
 
 
-TEST_F(OptionsWindowTest, Rows_AreOfOneHeight)
+TEST_F(OptionsWindowTest, TwoThousandIcons_AreAllListed)
 {
-	IconItem item(5, NULL);
-	BView view("owner", B_WILL_DRAW);
-	item.Update(&view, be_plain_font);
-	EXPECT_FLOAT_EQ(22, item.Height());
+	static const int kCount = 2000;
+
+	Icons expected;
+	for (int i = kCount; i > 0; i--) {
+		_AddIcon(std::to_string(i) + ".png");
+		if (i % 10 == 0)
+			fFolder.AddFile(std::to_string(i) + "-broken.png", "no picture");
+		expected.insert(expected.begin(), i);
+	}
+	_Open(kCount);
+	EXPECT_EQ(expected, _Icons());
+	EXPECT_EQ(kCount - 1, fList->CurrentSelection());
 }
 
 

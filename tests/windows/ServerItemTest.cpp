@@ -15,18 +15,23 @@
 #include "HostileTexts.h"
 
 
-// The row of a server on 10.20.30.40:5500 that is not selected; eight pixels at least are between name and users.
+// The row of a server on 10.20.30.40:5500; eight pixels at least are between name and users.
 static std::string
 drawn_server(const std::string& description, const std::string& users,
-	const std::string& name = "Harbor")
+	const std::string& name = "Harbor", bool isSelected = false)
 {
 	return drawn_row([=](BView* view, BRect frame) {
+		if (isSelected) {
+			view->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
+			view->FillRect(frame);
+		}
 		font_height height;
 		view->GetFontHeight(&height);
 		const float line = height.ascent + height.descent + height.leading;
 		const float nameY = frame.top + height.ascent + 2;
 		const rgb_color dim = tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT);
-		const rgb_color textColor = ui_color(B_LIST_ITEM_TEXT_COLOR);
+		const rgb_color textColor = ui_color(
+			isSelected ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR);
 		view->SetFont(be_plain_font);
 		const float left = frame.right - 6 - view->StringWidth(users.c_str());
 		view->SetFont(be_bold_font);
@@ -63,6 +68,33 @@ TEST(ServerItemTest, Users_AreCountedWithTheirSingular)
 	EXPECT_TRUE(drawn_item("ships", 2) == drawn_server("ships", "2 users"));
 	EXPECT_TRUE(drawn_item("ships", 65535) == drawn_server("ships", "65535 users"));
 	EXPECT_FALSE(drawn_item("ships", 1) == drawn_server("ships", "1 users"));
+}
+
+
+TEST(ServerItemTest, SelectedRow_HasTheColorsOfASelection)
+{
+	ServerItem item("Harbor", "ships", "10.20.30.40", 5500, 2);
+	item.Select();
+	for (const bool complete : {false, true}) {
+		EXPECT_TRUE(drawn_row([&item, complete](BView* view, BRect frame) {
+			item.DrawItem(view, frame, complete);
+		}) == drawn_server("ships", "2 users", "Harbor", true));
+	}
+}
+
+
+// What was drawn there before stays; only a row that is complete is cleared first.
+TEST(ServerItemTest, IncompleteRow_IsDrawnOverWhatIsThere)
+{
+	ServerItem item("Harbor", "ships", "10.20.30.40", 5500, 2);
+	for (const bool complete : {false, true}) {
+		const std::string drawn = drawn_row([&item, complete](BView* view, BRect frame) {
+			view->SetHighColor(200, 100, 0);
+			view->FillRect(frame);
+			item.DrawItem(view, frame, complete);
+		});
+		EXPECT_EQ(complete, drawn == drawn_server("ships", "2 users"));
+	}
 }
 
 

@@ -73,13 +73,16 @@ BTranslationUtils::GetBitmap(BPositionIO* stream)
 }
 
 
-/*!	\param path Raw bytes, absolute or from the working directory. */
+/*!	\param path Raw bytes, absolute or from the working directory.
+	\return NULL also for what is no plain file.
+*/
 BBitmap*
 BTranslationUtils::GetBitmapFile(const char* path)
 {
 	if (path == NULL)
 		return NULL;
 
-	BFile file(path, B_READ_ONLY);
-	return file.InitCheck() == B_OK ? GetBitmap(&file) : NULL;
+	// A pipe would be waited for until somebody writes to it.
+	BFile file(path, B_READ_ONLY | O_NONBLOCK);
+	return file.InitCheck() == B_OK && file.IsFile() ? GetBitmap(&file) : NULL;
 }

@@ -2,53 +2,28 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
+#include <atomic>
 #include <cstring>
+#include <fcntl.h>
 #include <memory>
 #include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include <Bitmap.h>
 #include <DataIO.h>
+#include <OS.h>
 #include <TranslationUtils.h>
 
+#include "PictureBytes.h"
 #include "TemporaryFolder.h"
+#include "WaitFor.h"
 
 
 namespace {
-
-
-void
-append_number(std::string& bytes, uint32 value, int count)
-{
-	for (int i = 0; i < count; i++)
-		bytes.push_back(char(value >> (8 * i)));
-}
-
-
-/*!	A BMP file of 24 bits per pixel: what its header announces, and as many bytes of pixels as asked for. */
-std::string
-make_bmp(int32 width, int32 height, size_t pixelBytes)
-{
-	std::string bytes("BM");
-	append_number(bytes, uint32(54 + pixelBytes), 4); // size of the file
-	append_number(bytes, 0, 4); // reserved
-	append_number(bytes, 54, 4); // where the pixels start
-	append_number(bytes, 40, 4); // size of the second header
-	append_number(bytes, uint32(width), 4);
-	append_number(bytes, uint32(height), 4);
-	append_number(bytes, 1, 2); // planes
-	append_number(bytes, 24, 2); // bits per pixel
-	append_number(bytes, 0, 4); // not compressed
-	append_number(bytes, uint32(pixelBytes), 4);
-	append_number(bytes, 2835, 4); // pixels per meter
-	append_number(bytes, 2835, 4);
-	append_number(bytes, 0, 4); // colors
-	append_number(bytes, 0, 4);
-	for (size_t i = 0; i < pixelBytes; i++)
-		bytes.push_back(char(10 + i));
-	return bytes;
-}
 
 
 std::unique_ptr<BBitmap>
@@ -56,6 +31,50 @@ decode(const std::string& bytes)
 {
 	BMemoryIO stream(static_cast<const void*>(bytes.data()), bytes.size());
 	return std::unique_ptr<BBitmap>(BTranslationUtils::GetBitmap(&stream));
+}
+
+
+/*!	The most memory that this process ever had, in bytes. */
+int64
+peak_memory()
+{
+	struct rusage usage;
+	getrusage(RUSAGE_SELF, &usage);
+	return int64(usage.ru_maxrss) * 1024;
+}
+
+
+/*!	A picture in each of three formats, of that many pixels each way. */
+struct BlackPicture {
+	const char* format;
+	std::string bytes;
+};
+
+std::vector<BlackPicture>
+make_black_pictures(int32 edge)
+{
+	return {
+		{"BMP", make_black_bmp(edge, edge)},
+		{"GIF", make_black_gif(uint16(edge), uint16(edge))},
+		{"PNG", make_black_png(uint32(edge), uint32(edge))},
+	};
+}
+
+
+struct Loading {
+	std::string path;
+	std::atomic<bool> isDone;
+	BBitmap* bitmap;
+};
+
+
+status_t
+load(void* cookie)
+{
+	Loading* loading = static_cast<Loading*>(cookie);
+	loading->bitmap = BTranslationUtils::GetBitmapFile(loading->path.c_str());
+	loading->isDone = true;
+	return B_OK;
 }
 
 
@@ -71,6 +90,25 @@ TEST(TranslationUtilsTest, Picture_IsDecodedIntoPixels)
 	EXPECT_EQ(B_RGBA32, bitmap->ColorSpace());
 	const uint8 expected[8] = {10, 11, 12, 255, 13, 14, 15, 255};
 	EXPECT_EQ(0, memcmp(expected, bitmap->Bits(), sizeof(expected)));
+}
+
+
+TEST(TranslationUtilsTest, PictureFromTheTopToTheBottom_StandsUpright)
+{
+	const std::unique_ptr<BBitmap> upwards = decode(make_bmp(1, 2, 8));
+	const std::unique_ptr<BBitmap> downwards = decode(make_bmp(1, -2, 8));
+	ASSERT_NE(nullptr, upwards);
+	ASSERT_NE(nullptr, downwards);
+	EXPECT_EQ(BRect(0, 0, 0, 1), downwards->Bounds());
+
+	// A pixel of three bytes and one byte to fill the row, twice.
+	const uint8 first[4] = {10, 11, 12, 255};
+	const uint8 second[4] = {14, 15, 16, 255};
+	const uint8* lower = static_cast<uint8*>(upwards->Bits()) + upwards->BytesPerRow();
+	EXPECT_EQ(0, memcmp(first, lower, sizeof(first)));
+	EXPECT_EQ(0, memcmp(first, downwards->Bits(), sizeof(first)));
+	lower = static_cast<uint8*>(downwards->Bits()) + downwards->BytesPerRow();
+	EXPECT_EQ(0, memcmp(second, lower, sizeof(second)));
 }
 
 
@@ -98,6 +136,28 @@ TEST(TranslationUtilsTest, PictureOfMoreThan64MebibytesOfPixels_IsRefused)
 	EXPECT_EQ(nullptr, decode(make_bmp(4097, 4096, 0)));
 	EXPECT_EQ(nullptr, decode(make_bmp(65535, 65535, 100)));
 	EXPECT_EQ(nullptr, decode(make_bmp(0x7fffffff, 0x7fffffff, 100)));
+	EXPECT_EQ(nullptr, decode(make_bmp(4097, -4096, 0)));
+	EXPECT_EQ(nullptr, decode(make_bmp(1, INT32_MIN, 100)));
+}
+
+
+TEST(TranslationUtilsTest, SmallFileOfAnEnormousPicture_IsRefusedBeforeItIsDecoded)
+{
+	for (const BlackPicture& picture : make_black_pictures(16)) {
+		SCOPED_TRACE(picture.format);
+		const std::unique_ptr<BBitmap> bitmap = decode(picture.bytes);
+		ASSERT_NE(nullptr, bitmap);
+		EXPECT_EQ(BRect(0, 0, 15, 15), bitmap->Bounds());
+	}
+
+	// 256 MiB of pixels each.
+	for (const BlackPicture& picture : make_black_pictures(8192)) {
+		SCOPED_TRACE(picture.format);
+		EXPECT_LT(picture.bytes.size(), 1000000u);
+		const int64 before = peak_memory();
+		EXPECT_EQ(nullptr, decode(picture.bytes));
+		EXPECT_LT(peak_memory(), before + 32 * 1024 * 1024);
+	}
 }
 
 
@@ -118,4 +178,24 @@ TEST(TranslationUtilsTest, MissingFile_GivesNothing)
 	EXPECT_EQ(NULL, BTranslationUtils::GetBitmapFile("/nowhere/at/all.png"));
 	EXPECT_EQ(NULL, BTranslationUtils::GetBitmapFile("/"));
 	EXPECT_EQ(NULL, BTranslationUtils::GetBitmapFile(NULL));
+}
+
+
+TEST(TranslationUtilsTest, WhatIsNoFile_IsNotWaitedFor)
+{
+	TemporaryFolder folder;
+	Loading loading = {folder.PathOf("137.png"), {false}, NULL};
+	ASSERT_EQ(0, mkfifo(loading.path.c_str(), 0600));
+
+	resume_thread(spawn_thread(load, "load", B_NORMAL_PRIORITY, &loading));
+	EXPECT_TRUE(WaitFor([&] {
+		return loading.isDone.load();
+	}));
+	EXPECT_EQ(NULL, loading.bitmap);
+
+	// Whoever waits for a writer has had one after this.
+	close(open(loading.path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
+	EXPECT_TRUE(WaitFor([&] {
+		return loading.isDone.load();
+	}));
 }

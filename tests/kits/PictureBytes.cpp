@@ -1,0 +1,237 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "PictureBytes.h"
+
+#include <algorithm>
+
+
+namespace {
+
+
+// Forgets the codes that were made since.
+const uint32 kGifClear = 256;
+
+
+/*!	Appends numbers of any count of bits, the lowest bit first, as deflate and GIF want them. */
+class BitWriter {
+public:
+	explicit BitWriter(std::string& bytes)
+		: fBytes(bytes),
+		  fBits(0),
+		  fCount(0)
+	{
+	}
+
+	void Append(uint32 bits, int count)
+	{
+		fBits |= uint64(bits) << fCount;
+		for (fCount += count; fCount >= 8; fCount -= 8) {
+			fBytes.push_back(char(fBits));
+			fBits >>= 8;
+		}
+	}
+
+	void Finish()
+	{
+		if (fCount > 0)
+			Append(0, 8 - fCount);
+	}
+
+private:
+	std::string& fBytes;
+	uint64 fBits;
+	int fCount;
+};
+
+
+void
+append_number(std::string& bytes, uint32 value, int count)
+{
+	for (int i = 0; i < count; i++)
+		bytes.push_back(char(value >> (8 * i)));
+}
+
+
+void
+append_big_endian(std::string& bytes, uint32 value)
+{
+	for (int shift = 24; shift >= 0; shift -= 8)
+		bytes.push_back(char(value >> shift));
+}
+
+
+/*!	\param colors Of the table between the headers and the pixels. */
+std::string
+bmp_headers(int32 width, int32 height, uint16 bitsPerPixel, uint32 compression, uint32 pixelBytes,
+	uint32 colors)
+{
+	const uint32 start = 54 + 4 * colors;
+	std::string bytes("BM");
+	append_number(bytes, start + pixelBytes, 4); // size of the file
+	append_number(bytes, 0, 4); // reserved
+	append_number(bytes, start, 4); // where the pixels start
+	append_number(bytes, 40, 4); // size of the second header
+	append_number(bytes, uint32(width), 4);
+	append_number(bytes, uint32(height), 4);
+	append_number(bytes, 1, 2); // planes
+	append_number(bytes, bitsPerPixel, 2);
+	append_number(bytes, compression, 4);
+	append_number(bytes, pixelBytes, 4);
+	append_number(bytes, 2835, 4); // pixels per meter
+	append_number(bytes, 2835, 4);
+	append_number(bytes, colors, 4);
+	append_number(bytes, 0, 4); // important colors: all
+	return bytes;
+}
+
+
+void
+append_chunk(std::string& bytes, const std::string& type, const std::string& data)
+{
+	append_big_endian(bytes, uint32(data.size()));
+	const std::string checked = type + data;
+	uint32 sum = 0xffffffff;
+	for (const char byte : checked) {
+		sum ^= uint8(byte);
+		for (int i = 0; i < 8; i++)
+			sum = (sum >> 1) ^ ((sum & 1) != 0 ? 0xedb88320 : 0);
+	}
+	bytes += checked;
+	append_big_endian(bytes, ~sum);
+}
+
+
+/*!	A zlib stream of at least one zero byte, in codes of 13 bits for 258 of them. */
+std::string
+deflate_zeros(uint64 count)
+{
+	std::string bytes("\x78\xda");
+	BitWriter writer(bytes);
+	writer.Append(1, 1); // the last block
+	writer.Append(1, 2); // with the codes that are fixed
+	writer.Append(0x0c, 8); // one zero byte; codes have their highest bit first
+	for (uint64 left = count - 1; left > 0;) {
+		if (left >= 258) {
+			writer.Append(0xa3, 8); // repeat for 258 bytes
+			writer.Append(0, 5); // what stands one byte before
+			left -= 258;
+		} else {
+			writer.Append(0x0c, 8);
+			left--;
+		}
+	}
+	writer.Append(0, 7); // the end of the block
+	writer.Finish();
+	append_big_endian(bytes, uint32(count % 65521) << 16 | 1); // checksum
+	return bytes;
+}
+
+
+/*!	That many times color 0, as GIF packs it: the code 256 + n, where it is known, stands for n of them. */
+std::string
+compress_run(uint64 count)
+{
+	std::string bytes;
+	BitWriter writer(bytes);
+	uint32 next = kGifClear + 2; // the code that becomes known with the next one
+	auto append = [&](uint32 code) {
+		int bits = 9;
+		while (bits < 12 && (next >> bits) != 0)
+			bits++;
+		writer.Append(code, bits);
+	};
+
+	append(kGifClear);
+	while (count > 0) {
+		writer.Append(0, 9);
+		count--;
+		for (next = kGifClear + 2; next < 4096 && count > 0; next++) {
+			// A code may be used as it becomes known: one more than the code before.
+			const uint64 run = std::min(uint64(next - kGifClear), count);
+			append(run > 1 ? kGifClear + uint32(run) : 0);
+			count -= run;
+		}
+		if (count > 0)
+			append(kGifClear);
+	}
+	append(kGifClear + 1); // the end
+	writer.Finish();
+	return bytes;
+}
+
+
+} // namespace
+
+
+std::string
+make_bmp(int32 width, int32 height, size_t pixelBytes)
+{
+	std::string bytes = bmp_headers(width, height, 24, 0, uint32(pixelBytes), 0);
+	for (size_t i = 0; i < pixelBytes; i++)
+		bytes.push_back(char(10 + i));
+	return bytes;
+}
+
+
+std::string
+make_black_bmp(int32 width, int32 height)
+{
+	std::string pixels;
+	for (int32 row = 0; row < height; row++) {
+		for (int32 left = width; left > 0; left -= 255) {
+			pixels.push_back(char(std::min(left, int32(255)))); // so many pixels
+			pixels.push_back(0); // of the first color
+		}
+		append_number(pixels, 0, 2); // the end of the row
+	}
+	append_number(pixels, 0x0100, 2); // the end
+
+	std::string bytes = bmp_headers(width, height, 8, 1, uint32(pixels.size()), 1);
+	append_number(bytes, 0, 4); // the color
+	return bytes + pixels;
+}
+
+
+std::string
+make_black_png(uint32 width, uint32 height)
+{
+	std::string header;
+	append_big_endian(header, width);
+	append_big_endian(header, height);
+	header += std::string("\x08\0\0\0\0", 5); // 8 bits of gray, without alternatives
+
+	std::string bytes("\x89PNG\r\n\x1a\n");
+	append_chunk(bytes, "IHDR", header);
+	append_chunk(bytes, "IDAT", deflate_zeros(uint64(height) * (width + 1)));
+	append_chunk(bytes, "IEND", "");
+	return bytes;
+}
+
+
+std::string
+make_black_gif(uint16 width, uint16 height)
+{
+	const std::string codes = compress_run(uint64(width) * height);
+	std::string bytes("GIF89a");
+	append_number(bytes, width, 2);
+	append_number(bytes, height, 2);
+	append_number(bytes, 0x80, 3); // a table of two colors
+	append_number(bytes, 0, 3);
+	append_number(bytes, 0, 3);
+	append_number(bytes, ',', 1); // a picture
+	append_number(bytes, 0, 4); // at the left and at the top
+	append_number(bytes, width, 2);
+	append_number(bytes, height, 2);
+	append_number(bytes, 0, 1); // without colors of its own
+	append_number(bytes, 8, 1); // bits of a color
+	for (size_t i = 0; i < codes.size(); i += 255) {
+		const std::string block = codes.substr(i, 255);
+		append_number(bytes, uint32(block.size()), 1);
+		bytes += block;
+	}
+	append_number(bytes, 0, 1);
+	append_number(bytes, ';', 1); // the end
+	return bytes;
+}

@@ -55,13 +55,12 @@ class Node:
         return _asked(self._accessible.get_child_count)
 
     def child(self, index):
+        """The child at that place, or None: empty tables of the toolkit count cells that they do not have."""
         accessible = _asked(self._accessible.get_child_at_index, index)
-        if accessible is None:
-            raise Gone("no child %d" % index)
-        return Node(self.desktop, accessible)
+        return None if accessible is None else Node(self.desktop, accessible)
 
     def children(self):
-        return [self.child(index) for index in range(self.count_children())]
+        return [child for child in map(self.child, range(self.count_children())) if child is not None]
 
     def parent(self):
         return Node(self.desktop, _asked(self._accessible.get_parent))

@@ -194,8 +194,9 @@ class Client:
         """Presses Upload and types the path into the file chooser. Return uploads it into the folder of that window."""
         self.press_in(window, "Upload")
         chooser = self.wait_for_focus_on(self.window("Open"))
-        field = self.node("Open").find(role="text", having=("editable",))
-        wait_until(lambda: field.has("focused"), "the focus on the name of the file")
+        # The list of files is still filling itself while the field is looked for.
+        field = wait_until(lambda: self._find("Open", role="text", having=("editable", "focused")),
+            "the focus on the name of the file")
         self.desktop.type(path)
         wait_until(lambda: field.text() == path, lambda: "\"%s\", not \"%s\"" % (path, field.text()))
         return chooser

@@ -116,6 +116,23 @@ ViewPeer::ToolTipChanged(const char* text)
 }
 
 
+std::vector<std::string>
+ViewPeer::DrawnStrings()
+{
+	std::vector<std::string> strings;
+	if (fView == NULL || fView->Window() == NULL)
+		return strings;
+	DrawScope scope(this, NULL);
+	if (!scope.MayDraw())
+		return strings;
+	const Canvas canvas = fCanvas;
+	fCanvas.SetRecorder(&strings);
+	fView->Draw(fView->Bounds());
+	fCanvas = canvas;
+	return strings;
+}
+
+
 void
 ViewPeer::InvalidateLayout()
 {

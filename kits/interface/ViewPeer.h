@@ -7,6 +7,8 @@
 
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include <QPointF>
 #include <QSize>
@@ -56,6 +58,9 @@ public:
 	virtual void ColorsChanged();
 	virtual void FlagsChanged();
 	virtual void ToolTipChanged(const char* text);
+
+	// What a plain view draws as text, in order. It is asked to draw all of it, but nothing is seen of that.
+	std::vector<std::string> DrawnStrings();
 
 	// Tells the layouts above that the view's sizes have changed.
 	void InvalidateLayout();

@@ -7,12 +7,14 @@
 #include <QCursor>
 #include <QMouseEvent>
 
+#include <AccessibleViewPrivate.h>
 #include <ViewPeer.h>
 
 
 ViewWidget::ViewWidget(ViewPeer* peer)
 	: fPeer(peer)
 {
+	AccessibleView::Install();
 }
 
 

@@ -17,6 +17,8 @@ class ViewWidget : public QWidget {
 public:
 	explicit ViewWidget(ViewPeer* peer);
 
+	ViewPeer* Peer() const { return fPeer; }
+
 protected:
 	void paintEvent(QPaintEvent* event) override;
 	void mousePressEvent(QMouseEvent* event) override;

@@ -6,11 +6,13 @@
 
 #include <gtest/gtest.h>
 
+#include <Font.h>
 #include <Message.h>
 #include <Messenger.h>
 #include <View.h>
 
 #include "ScriptedWindow.h"
+#include "UserInput.h"
 #include "WaitFor.h"
 
 
@@ -44,6 +46,31 @@ private:
 	std::string& fNotes;
 	int fDrawn = 0;
 	BSize fLastSize;
+};
+
+
+/*!	A view that draws what it has to say, in a font of its own. */
+class SayingView : public BView {
+public:
+	SayingView(const char* name, const char* first, const char* second)
+		: BView(name, B_WILL_DRAW),
+		  fFirst(first),
+		  fSecond(second)
+	{
+	}
+
+	void Draw(BRect) override
+	{
+		SetFont(be_bold_font);
+		SetHighColor(200, 0, 0);
+		FillRect(Bounds());
+		DrawString(fFirst, BPoint(0, 10));
+		DrawString(fSecond, BPoint(0, 30));
+	}
+
+private:
+	const char* fFirst;
+	const char* fSecond;
 };
 
 
@@ -267,4 +294,21 @@ TEST(ViewTest, ExplicitSizes_WinWhereTheyAreSet)
 	EXPECT_EQ(BSize(B_SIZE_UNLIMITED, 70), view.MaxSize());
 	view.SetExplicitSize(BSize(9, 8));
 	EXPECT_EQ(BSize(9, 8), view.PreferredSize());
+}
+
+
+TEST(ViewTest, TextForScreenReaders_IsWhatTheViewDraws)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	SayingView* saying = new SayingView("saying", "<b>&Name</b>", "caf\xe9");
+	SayingView* silent = new SayingView("silent", "", "");
+	window->AddChild(saying);
+	window->AddChild(silent);
+	const rgb_color color = saying->HighColor();
+	EXPECT_EQ("<b>&Name</b>\ncaf\xef\xbf\xbd", accessible_of(saying).name);
+	EXPECT_TRUE(accessible_of(saying).isLabel);
+	EXPECT_EQ(color, saying->HighColor());
+	EXPECT_EQ("", accessible_of(silent).name);
+	EXPECT_FALSE(accessible_of(silent).isLabel);
 }

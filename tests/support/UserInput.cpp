@@ -153,6 +153,7 @@ describe(QAccessibleInterface* interface)
 		QAccessibleTextInterface* text = interface->textInterface();
 		result.text = text->text(0, text->characterCount()).toStdString();
 	}
+	result.isLabel = interface->role() == QAccessible::StaticText;
 	result.isPassword = state.passwordEdit;
 	result.isReadOnly = state.readOnly;
 	result.isMultiLine = state.multiLine;

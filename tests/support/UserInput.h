@@ -42,6 +42,7 @@ struct Accessible {
 	std::string name;
 	std::string description;
 	std::string text;
+	bool isLabel;
 	bool isPassword;
 	bool isReadOnly;
 	bool isMultiLine;

@@ -10,7 +10,7 @@ import unittest
 
 from client import Client
 from demo import Demo
-from desktop import Desktop
+from desktop import Desktop, NotHappened, wait_until
 
 BUILD = os.path.abspath(os.environ["PALIMBRA_BUILD"])
 PROGRAM_FOLDER = os.path.join(BUILD, "palimbra")
@@ -42,6 +42,13 @@ class ClientCase(unittest.TestCase):
         demo = Demo(self.desktop, BUILD, 0, *options)
         self.addCleanup(demo.program.stop)
         return demo
+
+    def assert_soon(self, ask, expected):
+        """Waits until `ask()` is what is expected; what the program shows may be a frame behind what it knows."""
+        try:
+            wait_until(lambda: ask() == expected, "")
+        except NotHappened:
+            self.assertEqual(ask(), expected)
 
     def assert_ended_well(self, client):
         """Waits for the program's end: status 0, nothing to complain about, no process of it left."""

@@ -127,9 +127,13 @@ class Program:
 
 
 class Desktop:
-    """`with Desktop() as desktop:` gives a desktop that is ready, with a window manager and a screen reader's bus."""
+    """`with Desktop() as desktop:` gives a desktop that is ready, with a window manager and a screen reader's bus.
 
-    def __init__(self):
+    With `accessible=False` nobody reads the screen, and any number of such desktops may follow one another.
+    """
+
+    def __init__(self, accessible=True):
+        self.accessible = accessible
         self.folder = None
         self.environment = {}
         self._programs = []
@@ -145,7 +149,9 @@ class Desktop:
         try:
             self._make_home()
             self._start_display()
-            self._start_buses()
+            self._start_session_bus()
+            if self.accessible:
+                self._start_accessibility_bus()
             self._start_window_manager()
         except BaseException:
             self.__exit__()
@@ -265,7 +271,7 @@ class Desktop:
             raise NotHappened("the X server did not start:\n" + server.output())
         self.environment["DISPLAY"] = ":" + display
 
-    def _start_buses(self):
+    def _start_session_bus(self):
         configuration = self.folder + "/session-bus.conf"
         with open(configuration, "w") as file:
             file.write(BUS_CONFIGURATION % self.folder)
@@ -276,6 +282,7 @@ class Desktop:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
         self._session_bus = wait_until(lambda: _connect(address), "the session bus to answer")
 
+    def _start_accessibility_bus(self):
         launcher = self._run(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"])
         accessible = wait_until(lambda: self._call("GetAddress", None, "(s)", "org.a11y.Bus"),
             lambda: "the accessibility bus\n" + launcher.output())[0]

@@ -1,0 +1,81 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "App.h"
+
+#include <gtest/gtest.h>
+
+#include <Message.h>
+#include <OS.h>
+
+#include "AboutWindow.h"
+#include "ChatWindow.h"
+#include "ControllerFixture.h"
+#include "MainWindow.h"
+#include "UserListWindow.h"
+
+
+static const uint32 kMsgLook = 'look';
+
+// In microseconds.
+static const bigtime_t kPatience = 10000000;
+
+
+/*!	Asks for the about window when it is ready, looks until that is there, and quits. */
+class LookingApp : public App {
+public:
+	LookingApp()
+		: fDeadline(system_time() + kPatience)
+	{
+	}
+
+	void ReadyToRun() override
+	{
+		App::ReadyToRun();
+		mainWindows = count_windows<MainWindow>();
+		chatWindows = count_windows<ChatWindow>();
+		userWindows = count_windows<UserListWindow>();
+		isShown = mainWindows == 1 && !find_window<MainWindow>()->IsHidden();
+		PostMessage(B_ABOUT_REQUESTED);
+		PostMessage(kMsgLook);
+	}
+
+	void MessageReceived(BMessage* message) override
+	{
+		if (message->what != kMsgLook) {
+			App::MessageReceived(message);
+			return;
+		}
+		aboutWindows = count_windows<AboutWindow>();
+		const bool isOver = aboutWindows > 0 || system_time() > fDeadline;
+		PostMessage(isOver ? uint32(B_QUIT_REQUESTED) : kMsgLook);
+	}
+
+	int32 mainWindows = 0;
+	int32 chatWindows = 0;
+	int32 userWindows = 0;
+	int32 aboutWindows = 0;
+	bool isShown = false;
+
+private:
+	bigtime_t fDeadline;
+};
+
+
+TEST(AppTest, OpensTheMainWindowAndPassesTheAboutOnToIt)
+{
+	LookingApp app;
+	EXPECT_STREQ("application/x-vnd.Haiku-Palimbra", app.Signature());
+	// There is nobody yet to pass it on to.
+	app.AboutRequested();
+	EXPECT_EQ(0, app.CountWindows());
+
+	app.Run();
+	EXPECT_EQ(1, app.mainWindows);
+	EXPECT_EQ(1, app.chatWindows);
+	EXPECT_EQ(1, app.userWindows);
+	EXPECT_TRUE(app.isShown);
+	EXPECT_EQ(1, app.aboutWindows);
+	EXPECT_EQ(0, app.CountWindows());
+}

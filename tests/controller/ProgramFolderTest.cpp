@@ -1,0 +1,166 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <map>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <Application.h>
+#include <Button.h>
+#include <Entry.h>
+#include <Roster.h>
+
+#include "ControllerFixture.h"
+#include "HotlineNotifications.h"
+#include "TemporaryFolder.h"
+#include "UserInput.h"
+#include "WaitFor.h"
+
+
+// Where the program finds its own file; empty when it does not.
+static std::string sProgram;
+
+
+// The name that the linker option --wrap gives to the two sides of BApplication::GetAppInfo().
+extern "C"
+{
+	status_t __real__ZNK12BApplication10GetAppInfoEP8app_info(const BApplication* application,
+		app_info* _info);
+
+
+	status_t __wrap__ZNK12BApplication10GetAppInfoEP8app_info(const BApplication* application,
+		app_info* _info)
+	{
+		if (sProgram.empty())
+			return B_ERROR;
+		const status_t status = __real__ZNK12BApplication10GetAppInfoEP8app_info(application,
+			_info);
+		if (status != B_OK)
+			return status;
+		return get_ref_for_path(sProgram.c_str(), &_info->ref);
+	}
+}
+
+
+struct Picture {
+	const char* file;
+	// One that nothing else in the window has.
+	const char* color;
+};
+
+
+static const std::map<std::string, Picture> kPictures = {
+	{"connect", {"2000.png", "\xe0\x10\x90"}},
+	{"disconnect", {"412.png", "\xe1\x20\x91"}},
+	{"chat", {"238.png", "\xe2\x30\x92"}},
+	{"users", {"242.png", "\xe3\x40\x93"}},
+	{"files", {"235.png", "\xe4\x50\x94"}},
+	{"tracker", {"431.png", "\xe5\x60\x95"}},
+	{"options", {"419.png", "\xe6\x70\x96"}},
+};
+
+
+/*!	The program in a folder of its own. */
+class ProgramFolderTest : public ::testing::Test {
+protected:
+	class Window : public ControllerFixture {
+	public:
+		// The names of the buttons that show the picture of \a owner. Only enabled buttons show it in its own color.
+		std::string ButtonsWith(const std::string& owner)
+		{
+			const std::string color = kPictures.at(owner).color;
+			// As the picture of a view has it: blue first.
+			const std::string pixel = {color[2], color[1], color[0], '\xff'};
+			std::string names;
+			for (const auto& [name, picture] : kPictures) {
+				if (picture_of(fMain.Window()->FindView(name.c_str())).find(pixel)
+					!= std::string::npos)
+					names += name + " ";
+			}
+			return names;
+		}
+
+		void LogIn() { Post(kHLLoggedIn); }
+
+		bool HasLabels() const
+		{
+			for (const auto& [name, picture] : kPictures) {
+				if (std::string(fMain.Find<BButton>(name.c_str())->Label()).empty())
+					return false;
+			}
+			return true;
+		}
+
+	private:
+		void TestBody() override {}
+	};
+
+	ProgramFolderTest() { sProgram = fFolder.PathOf("palimbra"); }
+
+	// Puts a picture for every button but one beside the program.
+	void _WritePictures(const std::string& except = "")
+	{
+		fFolder.AddFolder("assets");
+		for (const auto& [button, picture] : kPictures) {
+			if (button == except)
+				continue;
+			std::string bytes = "P6\n16 16\n255\n";
+			for (int i = 0; i < 16 * 16; i++)
+				bytes += picture.color;
+			fFolder.AddFile(std::string("assets/") + picture.file, bytes);
+		}
+	}
+
+	TemporaryFolder fFolder;
+};
+
+
+TEST_F(ProgramFolderTest, EveryButton_HasItsOwnPicture)
+{
+	_WritePictures();
+	Window window;
+	for (const char* name : {"connect", "tracker", "options"})
+		EXPECT_EQ(name + std::string(" "), window.ButtonsWith(name));
+	window.LogIn();
+	for (const char* name : {"disconnect", "chat", "users", "files", "tracker", "options"}) {
+		EXPECT_TRUE(WaitFor([&] {
+			return window.ButtonsWith(name) == name + std::string(" ");
+		})) << name;
+	}
+}
+
+
+TEST_F(ProgramFolderTest, MissingPicture_LeavesThatLabelAlone)
+{
+	_WritePictures("tracker");
+	Window window;
+	EXPECT_EQ("", window.ButtonsWith("tracker"));
+	EXPECT_EQ("connect ", window.ButtonsWith("connect"));
+	EXPECT_EQ("options ", window.ButtonsWith("options"));
+	EXPECT_TRUE(window.HasLabels());
+}
+
+
+TEST_F(ProgramFolderTest, UnknownFolder_LeavesAllLabelsAlone)
+{
+	_WritePictures();
+	sProgram = "";
+	Window window;
+	for (const char* name : {"connect", "tracker", "options"})
+		EXPECT_EQ("", window.ButtonsWith(name));
+	EXPECT_TRUE(window.HasLabels());
+}
+
+
+TEST_F(ProgramFolderTest, Downloads_AreCreatedBesideTheProgramAndKept)
+{
+	{
+		const Window window;
+		EXPECT_TRUE(BEntry(fFolder.PathOf("Downloads").c_str()).IsDirectory());
+	}
+	fFolder.AddFile("Downloads/kept", "");
+	const Window window;
+	EXPECT_TRUE(BEntry(fFolder.PathOf("Downloads/kept").c_str()).Exists());
+}

@@ -214,6 +214,31 @@ TEST_F(FilesTest, Disconnect_ClosesTheWindows)
 }
 
 
+TEST_F(FilesTest, LostLine_LeavesTheWindows)
+{
+	LogIn();
+	FileListWindow* window = _Open("a");
+	fServer.HangUp();
+	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
+	WindowProbe::Settle(be_app);
+	ASSERT_EQ(1u, _Windows().size());
+	_List("a", "file");
+	EXPECT_EQ("file", _Shown(window));
+}
+
+
+TEST_F(FilesTest, Connecting_ClosesTheWindows)
+{
+	LogIn();
+	_Open("");
+	_Open("a");
+	LogIn();
+	EXPECT_TRUE(WaitFor([] {
+		return _Windows().empty();
+	}));
+}
+
+
 TEST_F(FilesTest, DownloadRequest_IsAnnouncedAndSent)
 {
 	LogIn();

@@ -94,6 +94,18 @@ TEST_F(MainWindowTest, AtStart_ChatAndUsersAreShownButMinimized)
 }
 
 
+TEST_F(MainWindowTest, AtStart_WindowsHaveTheirPlaces)
+{
+	EXPECT_EQ(B_TITLED_WINDOW_LOOK, fMain.Window()->Look());
+	EXPECT_EQ(uint32(B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS), fMain.Window()->Flags());
+	EXPECT_EQ(BPoint(100, 60), fMain.Window()->Frame().LeftTop());
+	// At least: the buttons may need more.
+	EXPECT_GE(fMain.Window()->Frame().Width(), 600);
+	EXPECT_EQ(BRect(100, 180, 650, 550), fChat.Window()->Frame());
+	EXPECT_EQ(BRect(660, 180, 880, 550), fUsers.Window()->Frame());
+}
+
+
 TEST_F(MainWindowTest, Connected_SaysThatItLogsIn)
 {
 	Post(kHLConnected);

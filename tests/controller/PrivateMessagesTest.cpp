@@ -241,6 +241,30 @@ TEST_F(PrivateMessagesTest, ClosingFromBeforeADisconnect_LeavesTheNewConversatio
 }
 
 
+TEST_F(PrivateMessagesTest, LostLine_LeavesEveryConversation)
+{
+	LogIn();
+	_Receive(5, "Ann", "hello");
+	fServer.HangUp();
+	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
+	WindowProbe::Settle(be_app);
+	ASSERT_EQ(1, _CountOpen());
+	_Receive(5, "Ann", "still here");
+	EXPECT_EQ("Ann: hello\nAnn: still here\n", _Transcript());
+}
+
+
+TEST_F(PrivateMessagesTest, Connecting_ClosesEveryConversation)
+{
+	LogIn();
+	_Receive(5, "Ann", "hello");
+	LogIn();
+	EXPECT_TRUE(WaitFor([] {
+		return _CountOpen() == 0;
+	}));
+}
+
+
 TEST_F(PrivateMessagesTest, TypedMessage_ReachesTheServer)
 {
 	LogIn();

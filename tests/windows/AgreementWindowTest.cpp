@@ -8,6 +8,7 @@
 
 #include <Button.h>
 #include <Message.h>
+#include <ScrollView.h>
 #include <StringView.h>
 #include <TextView.h>
 
@@ -92,6 +93,39 @@ TEST_F(AgreementWindowTest, ClosingWithoutAButton_DeclinesOnce)
 }
 
 
+TEST_F(AgreementWindowTest, AtFirst_IsInTheCenterAndClosesOnEscape)
+{
+	const BWindow* window = fWindow.Window();
+	EXPECT_EQ(B_TITLED_WINDOW_LOOK, window->Look());
+	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, window->Feel());
+	EXPECT_EQ(uint32(B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS | B_CLOSE_ON_ESCAPE),
+		window->Flags());
+	// Wherever it was to be, it is in the same place.
+	const WindowProbe other(
+		new AgreementWindow(kFrame.OffsetByCopy(-140, -140), fTarget.get(), NULL));
+	EXPECT_EQ(window->Frame(), other.Window()->Frame());
+}
+
+
+TEST_F(AgreementWindowTest, LongText_CanBeScrolled)
+{
+	std::string text;
+	for (int line = 0; line < 200; line++)
+		text += "one more rule\n";
+	WindowProbe window(new AgreementWindow(kFrame, fTarget.get(), text.c_str()));
+	window.Window()->Show();
+	BTextView* view = window.Find<BTextView>("agreementtext");
+	EXPECT_EQ(view, window.Find<BScrollView>("agreementscroll")->Target());
+	EXPECT_EQ(B_FANCY_BORDER, window.Find<BScrollView>("agreementscroll")->Border());
+	window.Settle();
+	EXPECT_GT(view->PointAt(view->TextLength()).y, view->Bounds().bottom);
+	view->ScrollToOffset(view->TextLength());
+	EXPECT_TRUE(WaitFor([view] {
+		return view->PointAt(view->TextLength()).y < view->Bounds().bottom;
+	}));
+}
+
+
 // The second press is in the queue before the window has had a chance to close.
 TEST_F(AgreementWindowTest, PressingBothButtons_AnswersTheFirst)
 {
@@ -111,6 +145,12 @@ TEST_F(AgreementWindowTest, WithoutAText_IsEmptyAndAnswers)
 	window.Invoke("accept");
 	window.WaitForEnd();
 	EXPECT_EQ(uint32(kMsgAcceptAgreement), fTarget->OnlyMessage().what);
+
+	WindowProbe other(new AgreementWindow(kFrame, fTarget.get(), NULL));
+	other.Window()->Show();
+	other.Invoke("decline");
+	other.WaitForEnd();
+	EXPECT_EQ(uint32(kMsgDeclineAgreement), fTarget->Messages().back().what);
 }
 
 

@@ -72,6 +72,17 @@ TEST_F(ChatWindowTest, AtFirst_IsEmptyAndDisabled)
 }
 
 
+TEST_F(ChatWindowTest, AtFirst_IsADocumentThatFollowsItsLayout)
+{
+	EXPECT_EQ(B_DOCUMENT_WINDOW_LOOK, fWindow.Window()->Look());
+	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, fWindow.Window()->Feel());
+	EXPECT_EQ(uint32(B_AUTO_UPDATE_SIZE_LIMITS), fWindow.Window()->Flags());
+	const BScrollView* scrollView = fWindow.Find<BScrollView>("chatscroll");
+	EXPECT_EQ(fWindow.Find<BTextView>("chatview"), scrollView->Target());
+	EXPECT_EQ(B_FANCY_BORDER, scrollView->Border());
+}
+
+
 TEST_F(ChatWindowTest, TheTranscript_CanBeSelectedButNotEdited)
 {
 	const BTextView* view = fWindow.Find<BTextView>("chatview");

@@ -64,6 +64,20 @@ TEST_F(ConnectWindowTest, AtFirst_TheAddressHasTheFocusAndConnectIsTheDefault)
 }
 
 
+TEST_F(ConnectWindowTest, AtFirst_IsADialogOfOneSizeInTheCenter)
+{
+	const BWindow* window = fWindow.Window();
+	EXPECT_EQ(B_TITLED_WINDOW_LOOK, window->Look());
+	EXPECT_EQ(B_MODAL_APP_WINDOW_FEEL, window->Feel());
+	EXPECT_EQ(uint32(B_NOT_RESIZABLE | B_NOT_ZOOMABLE | B_ASYNCHRONOUS_CONTROLS
+				  | B_AUTO_UPDATE_SIZE_LIMITS | B_CLOSE_ON_ESCAPE),
+		window->Flags());
+	// Wherever it was to be, it is in the same place.
+	const WindowProbe other(new ConnectWindow(BRect(0, 0, 350, 220), fTarget.get()));
+	EXPECT_EQ(window->Frame(), other.Window()->Frame());
+}
+
+
 TEST_F(ConnectWindowTest, OnlyThePassword_IsHidden)
 {
 	EXPECT_TRUE(fWindow.Find<BTextControl>("password")->TextView()->IsTypingHidden());

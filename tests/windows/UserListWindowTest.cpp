@@ -6,8 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <Font.h>
 #include <ListView.h>
 #include <Message.h>
+#include <ScrollView.h>
 #include <StringView.h>
 
 #include "AppMessages.h"
@@ -72,6 +74,20 @@ TEST_F(UserListWindowTest, AtFirst_NobodyIsOnline)
 {
 	_ExpectCount("Users Online", "0 users online");
 	EXPECT_EQ(0, fList->CountItems());
+}
+
+
+TEST_F(UserListWindowTest, AtFirst_IsADocumentThatFollowsItsLayout)
+{
+	EXPECT_EQ(B_DOCUMENT_WINDOW_LOOK, fWindow.Window()->Look());
+	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, fWindow.Window()->Feel());
+	EXPECT_EQ(uint32(B_AUTO_UPDATE_SIZE_LIMITS), fWindow.Window()->Flags());
+	EXPECT_EQ(B_SINGLE_SELECTION_LIST, fList->ListType());
+	EXPECT_EQ(fList, fWindow.Find<BScrollView>("userscroll")->Target());
+	EXPECT_EQ(B_FANCY_BORDER, fWindow.Find<BScrollView>("userscroll")->Border());
+	BFont font;
+	fWindow.Find<BStringView>("countlabel")->GetFont(&font);
+	EXPECT_EQ(*be_bold_font, font);
 }
 
 

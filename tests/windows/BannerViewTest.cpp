@@ -1,0 +1,127 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "BannerView.h"
+
+#include <gtest/gtest.h>
+
+#include <Bitmap.h>
+#include <DataIO.h>
+#include <InterfaceDefs.h>
+#include <LayoutBuilder.h>
+#include <TranslationUtils.h>
+
+#include "UserInput.h"
+#include "WaitFor.h"
+#include "WindowProbe.h"
+
+
+static const unsigned kLeftEdge = 0x00a040;
+static const unsigned kPicture = 0xe03090;
+static const unsigned kRightEdge = 0x2040c0;
+
+
+static std::string
+pixel_bytes(unsigned color)
+{
+	return {char(color >> 16), char(color >> 8), char(color)};
+}
+
+
+// A picture whose first and last columns have colors of their own.
+static BBitmap*
+new_picture(int width, int height)
+{
+	std::string file = "P6\n" + std::to_string(width) + " " + std::to_string(height) + "\n255\n";
+	for (int y = 0; y < height; y++) {
+		file += pixel_bytes(kLeftEdge);
+		for (int x = 1; x < width - 1; x++)
+			file += pixel_bytes(kPicture);
+		file += pixel_bytes(kRightEdge);
+	}
+	BMemoryIO stream(file.data(), file.size());
+	return BTranslationUtils::GetBitmap(&stream);
+}
+
+
+/*!	A view of 300 pixels that stays as wide, whatever it shows. */
+class BannerViewTest : public testing::Test {
+protected:
+	BannerViewTest()
+		: fWindow(new BWindow(BRect(100, 100, 399, 199), "banner", B_TITLED_WINDOW, 0)),
+		  fView(new BannerView())
+	{
+		fView->SetExplicitMinSize(BSize(0, 20));
+		BLayoutBuilder::Group<>(fWindow.Window(), B_VERTICAL, 0).Add(fView).AddGlue();
+		fWindow.Window()->Show();
+		EXPECT_TRUE(WaitFor([this] {
+			return fView->Frame().Width() == 299;
+		}));
+	}
+
+	void _Show(int width, int height)
+	{
+		fView->SetBitmap(new_picture(width, height));
+		fWindow.Window()->Layout(true);
+		ASSERT_EQ(299, fView->Frame().Width());
+	}
+
+	unsigned _Pixel(float x, float y) { return pixel_of(fView, BPoint(x, y)); }
+
+	static unsigned _Background()
+	{
+		const rgb_color color = ui_color(B_PANEL_BACKGROUND_COLOR);
+		return unsigned(color.red) << 16 | unsigned(color.green) << 8 | color.blue;
+	}
+
+	WindowProbe fWindow;
+	BannerView* fView;
+};
+
+
+TEST_F(BannerViewTest, NoPicture_IsBackground)
+{
+	EXPECT_EQ(_Background(), _Pixel(0, 0));
+	EXPECT_EQ(_Background(), _Pixel(150, 10));
+}
+
+
+TEST_F(BannerViewTest, Picture_IsCenteredAtTheTop)
+{
+	_Show(100, 20);
+	EXPECT_EQ(_Background(), _Pixel(99, 0));
+	EXPECT_EQ(kLeftEdge, _Pixel(100, 0));
+	EXPECT_EQ(kPicture, _Pixel(150, 10));
+	EXPECT_EQ(kRightEdge, _Pixel(199, 0));
+	EXPECT_EQ(_Background(), _Pixel(200, 0));
+	EXPECT_EQ(kLeftEdge, _Pixel(100, 19));
+}
+
+
+TEST_F(BannerViewTest, OddSpace_IsRoundedDown)
+{
+	_Show(101, 20);
+	EXPECT_EQ(_Background(), _Pixel(98, 0));
+	EXPECT_EQ(kLeftEdge, _Pixel(99, 0));
+	EXPECT_EQ(kRightEdge, _Pixel(199, 0));
+}
+
+
+TEST_F(BannerViewTest, WiderPicture_BeginsAtTheLeftAndIsCut)
+{
+	_Show(400, 20);
+	EXPECT_EQ(kLeftEdge, _Pixel(0, 0));
+	EXPECT_EQ(kPicture, _Pixel(299, 0));
+}
+
+
+TEST_F(BannerViewTest, OtherPicture_ReplacesTheFirst)
+{
+	_Show(100, 20);
+	_Show(50, 20);
+	EXPECT_EQ(_Background(), _Pixel(110, 0));
+	EXPECT_EQ(kLeftEdge, _Pixel(125, 0));
+	fView->SetBitmap(NULL);
+	EXPECT_EQ(_Background(), _Pixel(150, 0));
+}

@@ -79,6 +79,12 @@ class StrangeTextTest(TroubleCase):
 
     def test_twenty_words_of_65535_letters(self):
         connection = self.log_in()
+        connection.send(hotline.chat(b"the selected line"))
+        self.client.wait_for_chat("the selected line\n")
+        transcript = self.client.transcript()
+        start = transcript.text().index("the selected line")
+        transcript.select_text(start, start + 17)
+        wait_until(lambda: transcript.selection() == (start, start + 17), "the selection")
         for letter in range(20):
             connection.send(hotline.chat(bytes([ord("a") + letter]) * 65535))
         self.assert_alive()
@@ -86,6 +92,7 @@ class StrangeTextTest(TroubleCase):
         self.client.wait_for_chat("\nthe end\n")
         lines = self.client.chat_lines()
         self.assertEqual([line[:1] for line in lines if len(line) == 65535], [chr(ord("a") + i) for i in range(20)])
+        self.assertEqual(transcript.selection(), (start, start + 17))
 
 
 class FloodTest(TroubleCase):

@@ -209,7 +209,8 @@ TEST_F(ClientEventsTest, NothingToAgreeTo_IsAcceptedAtOnce)
 
 TEST_F(ClientEventsTest, FlagWithoutAValue_IsNotSet)
 {
-	Send(109, wire_param(154, "") + wire_param(101, "Be nice."));
+	// The byte behind it is none of its own.
+	Send(109, wire_param(154, "") + wire_param(300, "") + wire_param(101, "Be nice."));
 	ExpectPosted("HLag text=CSTR Be nice.");
 	Send(109, wire_param(154, wire16(1)) + wire_param(101, "Be nice."));
 	ExpectPosted("HLag text=CSTR Be nice.");

@@ -3,6 +3,7 @@
  * Distributed under the terms of the MIT License.
  */
 #include "ClientFixture.h"
+#include "Interposed.h"
 
 
 /*!	After the login the client has sent the ids 1 and 2, and the reply to the latter is still to come. */
@@ -46,6 +47,11 @@ file_entry(const char* type, const char* creator, uint32 size, const std::string
 TEST_F(ClientLoginReplyTest, Success_AsksForTheUsersBeforeTheTargetHears)
 {
 	ShakeHands();
+	const size_t posted = log->CountAll();
+	Interposed::send = [&](int socket, const void* data, size_t size, int flags) {
+		EXPECT_EQ(log->CountAll(), posted);
+		return Interposed::RealSend(socket, data, size, flags);
+	};
 	server->Send(wire_transaction(0x10000, 1,
 		wire_param(160, wire16(190)) + wire_param(162, "A <b>%s & \xFF")));
 	ExpectSent(wire_transaction(300, 2, ""));

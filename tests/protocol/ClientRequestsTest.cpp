@@ -301,6 +301,9 @@ TEST_F(ClientTest, RequestsWhileIdle_DoNothing)
 	client->SendAgreed("x", 1);
 	// Ids and what was recorded meanwhile do not get in the way of the first connection.
 	LogIn();
+	server->Send(wire_transaction(0x10000, 2,
+		wire_param(300, wire16(7) + wire16(137) + wire16(2) + wire16(4) + "Bert")));
+	ExpectPosted("HLuj socket=USHT 7 icon=USHT 137 color=USHT 2 nick=CSTR Bert");
 }
 
 

@@ -315,6 +315,30 @@ TEST_F(ClientDisconnectTest, WhileResolving_TheAttemptGoesOn)
 }
 
 
+TEST_F(ClientDisconnectTest, WhileConnecting_TheAttemptGoesOn)
+{
+	std::promise<void> isConnecting;
+	std::promise<void> mayGoOn;
+	std::shared_future<void> released = mayGoOn.get_future().share();
+	Interposed::connect = [&, released](int socket, const sockaddr* address, socklen_t size) {
+		isConnecting.set_value();
+		released.wait();
+		return Interposed::RealConnect(socket, address, size);
+	};
+	Connect();
+	isConnecting.get_future().wait();
+	client->Disconnect();
+	mayGoOn.set_value();
+
+	ASSERT_TRUE(server->Accept());
+	EXPECT_EQ(server->Read(12), std::string(kHandshake, 12));
+	server->Send(std::string(kHandshakeReply, 8));
+	EXPECT_EQ(server->ReadTransaction().substr(0, 4), wire32(107));
+	ExpectPosted("HLcn");
+	EXPECT_TRUE(client->IsConnected());
+}
+
+
 TEST_F(ClientDisconnectTest, DuringTheHandshake_TheAttemptIsNoFailure)
 {
 	std::atomic<thread_id> attempt(-1);

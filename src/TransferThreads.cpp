@@ -20,6 +20,8 @@
 
 // File data moves in pieces of this size. Time-outs are in seconds.
 static const size_t kTransferBufferSize = 16384;
+// Copying to and from the system is some percent faster where a cache line begins.
+static const size_t kTransferBufferAlignment = 64;
 static const int kTransferTimeout = 60;
 static const int kBannerTimeout = 30;
 static const int kNoTimeout = 0;
@@ -67,7 +69,7 @@ open_download(TransferConnection& connection, FlattenedFileReader& reader, const
 static void
 receive_file_data(TransferConnection& connection, FlattenedFileReader& reader, BFile& file)
 {
-	uint8 buffer[kTransferBufferSize];
+	alignas(kTransferBufferAlignment) uint8 buffer[kTransferBufferSize];
 	while (!reader.IsDone()) {
 		const size_t size = std::min(size_t(reader.NextSize()), sizeof(buffer));
 		const ssize_t received = connection.Receive(buffer, size);
@@ -138,7 +140,7 @@ send_file_description(TransferConnection& connection, const UploadInfo& info, of
 static bool
 send_file_data(TransferConnection& connection, BFile& file, off_t remaining)
 {
-	uint8 buffer[kTransferBufferSize];
+	alignas(kTransferBufferAlignment) uint8 buffer[kTransferBufferSize];
 	while (remaining > 0) {
 		const size_t piece = size_t(std::min(remaining, off_t(sizeof(buffer))));
 		const ssize_t count = file.Read(buffer, piece);

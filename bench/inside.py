@@ -1,0 +1,136 @@
+# Copyright 2026, The Palimbra developers.
+# Distributed under the terms of the MIT License.
+"""The program's paths, each beside the least that does the same: bare loops of system calls, and the toolkit's floor."""
+
+import contextlib
+import json
+import os
+import shutil
+import subprocess
+import tempfile
+
+from pair import Figure, Pair
+
+GIGABYTE = 1 << 30
+MEGABYTE = 1 << 20
+
+
+def pairs(build):
+    programs = _Programs(os.path.join(build, "bench"))
+    return [_receiving(programs), _download(programs), _upload(programs), _ten_downloads(programs), _listing(programs)]
+
+
+class _Programs:
+    """The programs of the target "bench". Each does its work once and prints its figures."""
+
+    def __init__(self, folder):
+        self._folder = folder
+
+    def run(self, name, *arguments):
+        with tempfile.TemporaryDirectory(prefix="palimbra-home-") as home:
+            environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home, QT_QPA_PLATFORM="offscreen")
+            command = [os.path.join(self._folder, name), *map(str, arguments)]
+            done = subprocess.run(command, env=environment, capture_output=True, text=True, timeout=300)
+        if done.returncode != 0:
+            raise RuntimeError(f"{' '.join(command)}: status {done.returncode}\n{done.stderr}")
+        return json.loads(done.stdout)
+
+
+@contextlib.contextmanager
+def _scratch(size):
+    """A folder with room for that many bytes: in memory where possible, as a disk's own work differs from run to run."""
+    memory = "/dev/shm"
+    fits = os.path.isdir(memory) and shutil.disk_usage(memory).free > size + GIGABYTE
+    with tempfile.TemporaryDirectory(prefix="palimbra-bench-", dir=memory if fits else None) as folder:
+        yield folder
+
+
+def _receiving(programs):
+    def side(name):
+        return lambda quick: programs.run(name, 100_000 if quick else 1_000_000)
+
+    return Pair(
+        title="Receiving chat",
+        what="1,000,000 chat transactions of 62 bytes from a feeder of its own process: the connection of the program, whose "
+             "notifications are posted to a looper of the main thread that drops them, and a loop of the same four system "
+             "calls per transaction. CPU of the receiving thread, up to the posted notification.",
+        first=("Palimbra", side("bench_receive_path")),
+        second=("bare loop", side("bench_receive_loop")),
+        figures=[
+            Figure("receive_us", "per transaction", "us CPU", limit=2.0),
+            Figure("delivered_us", "the same with its delivery on the main thread", "us CPU"),
+        ])
+
+
+def _download(programs):
+    def side(name, *how):
+        def run(quick):
+            size = 128 * MEGABYTE if quick else GIGABYTE
+            with _scratch(size) as folder:
+                return programs.run(name, "download", size, *how, os.path.join(folder, "cargo"))
+        return run
+
+    return Pair(
+        title="Download",
+        what="1 GiB from a sender of its own process into a file: the program's download thread, and a loop of recv (16 KiB) "
+             "and write. Into the same file system, in memory where there is room. CPU of the receiving process.",
+        first=("Palimbra", side("bench_transfers", "turns")),
+        second=("bare loop", side("bench_transfer_loop")),
+        figures=[Figure("cpu_s", "1 GiB", "s CPU", limit=1.05)])
+
+
+def _upload(programs):
+    def side(name, *how):
+        def run(quick):
+            size = 128 * MEGABYTE if quick else GIGABYTE
+            with _scratch(size) as folder:
+                path = os.path.join(folder, "cargo")
+                block = bytes(range(256)) * 4096
+                with open(path, "wb") as file:
+                    for _ in range(size // len(block)):
+                        file.write(block)
+                return programs.run(name, "upload", size, *how, path)
+        return run
+
+    return Pair(
+        title="Upload",
+        what="A file of 1 GiB to a receiver of its own process, which drops it: the program's upload thread, and a loop of "
+             "read (16 KiB) and send. CPU of the sending process.",
+        first=("Palimbra", side("bench_transfers", "turns")),
+        second=("bare loop", side("bench_transfer_loop")),
+        figures=[Figure("cpu_s", "1 GiB", "s CPU", limit=1.05)])
+
+
+def _ten_downloads(programs):
+    def side(how):
+        def run(quick):
+            size = 16 * MEGABYTE if quick else 256 * MEGABYTE
+            with _scratch(10 * size) as folder:
+                paths = [os.path.join(folder, str(i)) for i in range(10)]
+                return programs.run("bench_transfers", "download", size, how, *paths)
+        return run
+
+    return Pair(
+        title="Ten downloads",
+        what="Ten downloads of 256 MiB each with the program's threads, at once and one after another: bytes of all of them "
+             "by the time until the last one has ended.",
+        first=("at once", side("together")),
+        second=("one after another", side("turns")),
+        figures=[Figure("mb_per_s", "throughput", "MB/s", limit=0.95, bigger_is_better=True)])
+
+
+def _listing(programs):
+    def side(name):
+        return lambda quick: programs.run(name, 2_000 if quick else 10_000)
+
+    return Pair(
+        title="A folder of 10,000 files",
+        what="A reply of 10,000 entries, from its first byte until its rows are painted and all is at rest: connected, with "
+             "the program's windows, and a list view with a model and a delegate of its own, which reads the same reply. "
+             "Then scrolled to the end by three rows at a time, each step painted. On the toolkit's offscreen platform.",
+        first=("Palimbra", side("bench_listing_path")),
+        second=("toolkit's floor", side("bench_listing_floor")),
+        figures=[
+            Figure("fill_ms", "filled and painted", "ms CPU", limit=3.0),
+            Figure("step_us", "one step of scrolling", "us CPU", limit=1.3),
+        ])

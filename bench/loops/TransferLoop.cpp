@@ -1,0 +1,86 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+// The least that moves a file between a socket and the file system: the two system calls and nothing else.
+// usage: bench_transfer_loop download|upload SIZE PATH
+
+#include <algorithm>
+#include <cstring>
+#include <fcntl.h>
+#include <string>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include "Clocks.h"
+#include "Figures.h"
+#include "Partner.h"
+#include "Stream.h"
+
+
+static const size_t kBufferSize = 16384;
+static const size_t kRequestSize = 16;
+// What stands before the file's own bytes, with the partner's name for it.
+static const size_t kDescriptionSize = 135;
+
+
+static void
+download(int socket, size_t left, const char* path)
+{
+	char buffer[kBufferSize] = {};
+	SendFully(socket, buffer, kRequestSize);
+	ReceiveFully(socket, buffer, kDescriptionSize);
+	const int file = open(path, O_WRONLY | O_CREAT | O_TRUNC, 0666);
+	while (left > 0) {
+		const ssize_t size = recv(socket, buffer, std::min(left, sizeof(buffer)), 0);
+		if (size < 1 || write(file, buffer, size_t(size)) != size)
+			Fail("download");
+		left -= size_t(size);
+	}
+	close(file);
+}
+
+
+static void
+upload(int socket, size_t left, const char* path)
+{
+	char buffer[kBufferSize] = {};
+	const int file = open(path, O_RDONLY);
+	SendFully(socket, buffer, kRequestSize + kDescriptionSize);
+	while (left > 0) {
+		const ssize_t size = read(file, buffer, std::min(left, sizeof(buffer)));
+		if (size < 1)
+			Fail("upload");
+		SendFully(socket, buffer, size_t(size));
+		left -= size_t(size);
+	}
+	close(file);
+}
+
+
+int
+main(int argumentCount, char** arguments)
+{
+	if (argumentCount < 4)
+		Fail("arguments");
+	const bool isDownload = strcmp(arguments[1], "download") == 0;
+	const size_t size = std::stoul(arguments[2]);
+	Partner partner({isDownload ? "files" : "uploads", arguments[2]});
+
+	const double wall = WallTime();
+	const double cpu = ProcessTime();
+	const int socket = ConnectToLoopback(partner.Port());
+	if (isDownload)
+		download(socket, size, arguments[3]);
+	else
+		upload(socket, size, arguments[3]);
+	close(socket);
+	const double usedCpu = ProcessTime() - cpu;
+	const double usedWall = WallTime() - wall;
+
+	Figures figures;
+	figures.Add("cpu_s", usedCpu);
+	figures.Add("mb_per_s", double(size) / usedWall / 1e6);
+	figures.Print();
+	return 0;
+}

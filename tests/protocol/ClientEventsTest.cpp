@@ -3,6 +3,7 @@
  * Distributed under the terms of the MIT License.
  */
 #include "ClientFixture.h"
+#include "Interposed.h"
 
 
 class ClientEventsTest : public ClientTest {
@@ -239,8 +240,13 @@ TEST_F(ClientEventsTest, Broadcast_KeepsItsCarriageReturns)
 
 TEST_F(ClientEventsTest, ServerBanner_IsPostedAndAskedFor)
 {
+	Interposed::send = [this](int socket, const void* data, size_t size, int flags) {
+		log->PostMessage('mark');
+		return Interposed::RealSend(socket, data, size, flags);
+	};
 	Send(122, wire_param(152, "JPEG"));
 	ExpectPosted("HLsb");
+	ExpectPosted("mark");
 	ExpectSent(wire_transaction(212, 2, ""));
 	server->Send(
 		wire_transaction(0x10000, 2, wire_param(107, wire32(7)) + wire_param(108, wire32(8))));

@@ -2,6 +2,7 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
+#include <atomic>
 #include <vector>
 
 #include "ClientFixture.h"
@@ -307,15 +308,32 @@ TEST_F(ClientTest, RequestsWhileIdle_DoNothing)
 }
 
 
-TEST_F(ClientTest, RequestsAfterTheServerHungUp_DoNothing)
+TEST_F(ClientTest, RequestsAfterTheServerHungUp_AreLost)
 {
 	LogIn();
 	server->Hangup();
 	ExpectPosted("HLdc");
+	std::atomic<int> sent(0);
+	Interposed::send = [&](int socket, const void* data, size_t size, int flags) {
+		sent++;
+		return Interposed::RealSend(socket, data, size, flags);
+	};
 	for (int i = 0; i < 100; i++) {
 		client->SendChat("x");
+		client->SendPrivateMsg(7, "x");
+		client->ChangeNickAndIcon("x", 1);
+		client->RequestDownload("x", "x");
+		client->RequestUpload("x", "x", 1, "x");
+		client->RequestBanner();
+		client->SendAgreed("x", 1);
+	}
+	EXPECT_EQ(sent, 0);
+	// These do not ask whether there is a connection; the socket is still there, and refuses.
+	for (int i = 0; i < 100; i++) {
 		client->RequestUserList();
 		client->RequestFileList("x");
+		client->GetUserInfo(7);
 	}
+	EXPECT_GT(sent, 0);
 	EXPECT_FALSE(client->IsConnected());
 }

@@ -66,13 +66,6 @@ SocketReference::ShutDown() const
 }
 
 
-bool
-SocketReference::IsShutDown() const
-{
-	return fSocket != NULL && fSocket->shutDown;
-}
-
-
 /*!	Sends all bytes, in as many calls as it takes. A call that fails, is interrupted or runs into the socket's time-out
 	shuts the connection down: what was begun cannot be completed, and nothing may follow it.
 	\return \a length, or -1.

@@ -26,7 +26,6 @@ public:
 	int Number() const;
 
 	void ShutDown() const;
-	bool IsShutDown() const;
 
 	ssize_t SendFully(const void* data, size_t length) const;
 	ssize_t ReceiveFully(void* buffer, size_t length) const;

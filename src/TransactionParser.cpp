@@ -67,14 +67,11 @@ TransactionParser::~TransactionParser()
 bool
 TransactionParser::Reset()
 {
-	// The block grows for a transaction only.
-	const bool isIdle = fBuffer != NULL && fParseState == kStateHeader;
-	fBufferSize = kIdleBufferSize;
 	fBufferPos = 0;
 	fBufferNeeded = kHeaderSize;
 	fParseState = kStateHeader;
 	// A block that cannot shrink will do.
-	return isIdle || _Resize(kIdleBufferSize) || fBuffer != NULL;
+	return fBufferSize == kIdleBufferSize || _Resize(kIdleBufferSize) || fBuffer != NULL;
 }
 
 
@@ -134,7 +131,6 @@ TransactionParser::_ProcessHeader()
 
 	if (!_Resize(kHeaderSize + payloadLength + kSlackSize))
 		return kFailed;
-	fBufferSize = kHeaderSize + payloadLength;
 	fBufferNeeded = payloadLength;
 	fParseState = state_for_type(header.type);
 	return kNeedsMore;
@@ -143,11 +139,12 @@ TransactionParser::_ProcessHeader()
 
 /*!	Gives the buffer another size; on failure it stays as it was. */
 bool
-TransactionParser::_Resize(size_t size)
+TransactionParser::_Resize(uint32 size)
 {
 	uint8* buffer = static_cast<uint8*>(realloc(fBuffer, size));
 	if (buffer == NULL)
 		return false;
 	fBuffer = buffer;
+	fBufferSize = size;
 	return true;
 }

@@ -64,10 +64,10 @@ public:
 
 private:
 	Result _ProcessHeader();
-	bool _Resize(size_t size);
+	bool _Resize(uint32 size);
 
 	uint8* fBuffer;
-	// The size of the transaction. The block has 16 bytes more.
+	// Of the block: the transaction and 16 bytes more.
 	uint32 fBufferSize;
 	uint32 fBufferPos;
 	uint32 fBufferNeeded;

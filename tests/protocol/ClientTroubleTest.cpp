@@ -110,6 +110,25 @@ TEST_F(ClientMemoryTest, NoMemoryAtAll_IsALoss)
 }
 
 
+TEST_F(ClientMemoryTest, Block_HoldsOneTransactionAndShrinksBehindIt)
+{
+	ShakeHands();
+	// Sixteen bytes more than the header and what follows it.
+	const std::string text(1000, 'x');
+	std::vector<size_t> sizes;
+	Interposed::reallocate = [&](void* block, size_t size) {
+		if (size == 22 + 4 + 1000 + 16 || size == 22 + 16)
+			sizes.push_back(size);
+		return Interposed::RealReallocate(block, size);
+	};
+	server->Send(Chat(text) + wire_transaction(106, 0, "") + Chat(text));
+	ExpectPosted("HLch text=CSTR " + text + " chatRef=ULNG 0");
+	ExpectPosted("HLch text=CSTR " + text + " chatRef=ULNG 0");
+	client.reset();
+	EXPECT_EQ(sizes, std::vector<size_t>({1042, 38, 1042, 38}));
+}
+
+
 TEST_F(ClientMemoryTest, BlockThatCannotShrink_StillDoes)
 {
 	Interposed::reallocate = [](void* block, size_t size) -> void* {

@@ -9,7 +9,7 @@ import shutil
 import subprocess
 import tempfile
 
-from pair import Figure, Pair
+from pair import Figure, Pair, Single
 
 GIGABYTE = 1 << 30
 MEGABYTE = 1 << 20
@@ -17,7 +17,8 @@ MEGABYTE = 1 << 20
 
 def pairs(build):
     programs = _Programs(os.path.join(build, "bench"))
-    return [_receiving(programs), _download(programs), _upload(programs), _ten_downloads(programs), _listing(programs)]
+    return [_receiving(programs), _download(programs), _upload(programs), _ten_downloads(programs), _listing(programs),
+            _inside(programs)]
 
 
 class _Programs:
@@ -134,3 +135,42 @@ def _listing(programs):
             Figure("fill_ms", "filled and painted", "ms CPU", limit=3.0),
             Figure("step_us", "one step of scrolling", "us CPU", limit=1.3),
         ])
+
+
+# What bench_inside measures: its name there, what it is, and how many of it each iteration does.
+INSIDE = [
+    ("Message_Build", "message: build a chat notification", 1),
+    ("Message_Copy", "message: copy it", 1),
+    ("Message_Read", "message: read its two fields", 1),
+    ("Message_ReadArray/10000", "message: read a value of a field of 10,000", 10_000),
+    ("Message_PostAndDeliver", "message: post and deliver", 100),
+    ("Protocol_ParseTransaction", "protocol: cut and read a chat transaction", 1),
+    ("Protocol_WalkParameters/1000", "protocol: walk one parameter of 1,000", 1000),
+    ("Protocol_BuildTransaction", "protocol: build a private message", 1),
+    ("Protocol_ReadUserEntry", "protocol: read a user of a list", 1),
+    ("Protocol_ReadFileEntry", "protocol: read a file of a list", 1),
+    ("TextMap_Append/1000", "text map: append a line to 1,000", 1),
+    ("TextMap_Append/100000", "text map: append a line to 100,000", 1),
+    ("TextMap_FindPosition/100000", "text map: find a position in 100,000 lines", 1),
+    ("Transcript_Append/1000", "chat window: append and show a line after 1,000", 100),
+    ("Transcript_Append/100000", "chat window: append and show a line after 100,000", 100),
+    ("List_AddItem/100", "list: add and show a row after 100", 100),
+    ("List_AddItem/10000", "list: add and show a row after 10,000", 100),
+]
+
+
+def _inside(programs):
+    def run(quick):
+        found = programs.run("bench_inside", "--benchmark_format=json",
+                             "--benchmark_min_time=" + ("0.01" if quick else "0.1"))
+        to_ns = {"ns": 1, "us": 1e3, "ms": 1e6}
+        times = {measured["name"].partition("/iterations")[0]: measured["cpu_time"] * to_ns[measured["time_unit"]]
+                 for measured in found["benchmarks"]}
+        return {name: times[name] / count for name, _, count in INSIDE}
+
+    return Single(
+        title="Inside of the process",
+        what="Google Benchmark, each of these many times in one process, without a network; windows are on the toolkit's "
+             "offscreen platform.",
+        first=("Palimbra", run),
+        figures=[Figure(name, title, "ns CPU") for name, title, _ in INSIDE])

@@ -11,6 +11,7 @@
 #include <sys/socket.h>
 
 #include "Clocks.h"
+#include "Fail.h"
 #include "Figures.h"
 #include "Partner.h"
 #include "Stream.h"

@@ -13,6 +13,7 @@
 #include <unistd.h>
 
 #include "Clocks.h"
+#include "Fail.h"
 #include "Figures.h"
 #include "Partner.h"
 #include "Stream.h"

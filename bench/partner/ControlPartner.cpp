@@ -10,6 +10,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "Fail.h"
 #include "Stream.h"
 #include "WireWriter.h"
 

@@ -8,6 +8,7 @@
 #include <thread>
 #include <unistd.h>
 
+#include "Fail.h"
 #include "Stream.h"
 #include "WireWriter.h"
 

@@ -12,11 +12,11 @@
 #include <OS.h>
 
 #include "AppMessages.h"
+#include "Fail.h"
 #include "Figures.h"
 #include "ListingMeasure.h"
 #include "MainWindow.h"
 #include "Partner.h"
-#include "Stream.h"
 
 
 static const char* const kRowCount = "10000";

@@ -14,10 +14,10 @@
 #include <Message.h>
 
 #include "Clocks.h"
+#include "Fail.h"
 #include "Figures.h"
 #include "HotlineClient.h"
 #include "Partner.h"
-#include "Stream.h"
 
 
 /*!	Stands where the main window does, served as that is. */

@@ -16,9 +16,9 @@
 
 #include "AppMessages.h"
 #include "Clocks.h"
+#include "Fail.h"
 #include "Figures.h"
 #include "Partner.h"
-#include "Stream.h"
 #include "TransferThreads.h"
 
 

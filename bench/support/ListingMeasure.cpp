@@ -11,9 +11,9 @@
 #include <QTimer>
 
 #include "Clocks.h"
+#include "Fail.h"
 #include "Figures.h"
 #include "Partner.h"
-#include "Stream.h"
 
 
 // In milliseconds.

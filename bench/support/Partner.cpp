@@ -9,7 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "Stream.h"
+#include "Fail.h"
 
 
 static std::string

@@ -4,10 +4,10 @@
  */
 #include "Stream.h"
 
-#include <cstdio>
-#include <cstdlib>
 #include <netinet/in.h>
 #include <sys/socket.h>
+
+#include "Fail.h"
 
 
 static sockaddr_in
@@ -18,14 +18,6 @@ loopback_address(uint16_t port)
 	address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
 	address.sin_port = htons(port);
 	return address;
-}
-
-
-void
-Fail(const char* what)
-{
-	perror(what);
-	exit(1);
 }
 
 

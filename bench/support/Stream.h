@@ -10,10 +10,7 @@
 #include <cstdint>
 
 
-/*!	What the programs here need of sockets. Whatever fails ends the program with status 1: a measurement that did not take
-	place has no figures.
-*/
-[[noreturn]] void Fail(const char* what);
+// What the programs here need of sockets. Whatever fails ends the program.
 
 // On 127.0.0.1. The port of a listening socket is the system's choice.
 int ListenOnLoopback(uint16_t* _port);

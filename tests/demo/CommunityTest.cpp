@@ -10,12 +10,30 @@
 #include "ServerOptions.h"
 #include "Transaction.h"
 
+#include <chrono>
 #include <set>
 
 #include <gtest/gtest.h>
 
 
 using namespace demo;
+
+
+using std::chrono::steady_clock;
+
+// How far the clock is ahead of the true time.
+static steady_clock::duration sAhead(0);
+
+// The clock, by the names that the linker option --wrap gives to its two sides.
+steady_clock::time_point true_now() __asm__("__real__ZNSt6chrono3_V212steady_clock3nowEv");
+steady_clock::time_point shown_now() __asm__("__wrap__ZNSt6chrono3_V212steady_clock3nowEv");
+
+
+steady_clock::time_point
+shown_now()
+{
+	return true_now() + sAhead;
+}
 
 
 // Writes down what it hears.
@@ -181,6 +199,31 @@ TEST_F(CommunityTest, Awake_PlansOneThingAtATime)
 	community.WakeUp();
 	community.WakeUp();
 	EXPECT_GT(fTimers.MillisecondsToNext(), 0);
+}
+
+
+TEST_F(CommunityTest, Awake_DoesALittleOfEverything)
+{
+	Community community(fAudience, fTimers, fOptions);
+	community.WakeUp();
+	std::set<uint32_t> types;
+	for (int i = 0; i < 1000; i++) {
+		// The longest pause is shorter.
+		sAhead += std::chrono::seconds(20);
+		fTimers.RunDue();
+		for (const Transaction& notice : fAudience.fHeard)
+			types.insert(notice.Type());
+		fAudience.fHeard.clear();
+	}
+	// Somebody comes or changes, leaves, or talks; and now and then there is something that nobody knows.
+	EXPECT_EQ(types, (std::set<uint32_t>{kNoticeChat, kNoticeUserChange, kNoticeUserLeave, 777}));
+
+	fAudience.fIsAnybodyHere = false;
+	sAhead += std::chrono::seconds(20);
+	fTimers.RunDue();
+	EXPECT_EQ(fTimers.MillisecondsToNext(), -1);
+	EXPECT_TRUE(fAudience.fHeard.empty());
+	sAhead = std::chrono::seconds(0);
 }
 
 

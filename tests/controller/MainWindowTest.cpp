@@ -293,6 +293,10 @@ TEST_F(MainWindowTest, Agreement_OpensItsWindow)
 	EXPECT_FALSE(window.Window()->IsHidden());
 	EXPECT_EQ("Be kind.", window.Transcript("agreementtext"));
 	ExpectNoChat();
+
+	const WindowProbe other(
+		new AgreementWindow(BRect(150, 150, 600, 500), fMain.Window(), "Be kind."));
+	EXPECT_EQ(other.Window()->Frame(), window.Window()->Frame());
 }
 
 
@@ -328,6 +332,10 @@ TEST_F(MainWindowTest, ConnectButton_OpensAWindowEachTime)
 	ASSERT_EQ(2, count_windows<ConnectWindow>());
 	WindowProbe second(find_window<ConnectWindow>());
 	EXPECT_FALSE(second.Window()->IsHidden());
+	{
+		const WindowProbe other(new ConnectWindow(BRect(200, 200, 550, 420), fMain.Window()));
+		EXPECT_EQ(other.Window()->Frame(), second.Window()->Frame());
+	}
 	second.Invoke("cancel");
 	second.WaitForEnd();
 	WindowProbe first(find_window<ConnectWindow>());

@@ -10,9 +10,11 @@
 #include <Application.h>
 #include <Button.h>
 #include <Entry.h>
+#include <ListView.h>
 #include <Roster.h>
 
 #include "ControllerFixture.h"
+#include "DrawnRow.h"
 #include "HotlineNotifications.h"
 #include "TemporaryFolder.h"
 #include "UserInput.h"
@@ -62,6 +64,14 @@ static const std::map<std::string, Picture> kPictures = {
 };
 
 
+// As the picture of a view has it: blue first.
+static std::string
+pixel_of_color(const std::string& color)
+{
+	return {color[2], color[1], color[0], '\xff'};
+}
+
+
 /*!	The program in a folder of its own. */
 class ProgramFolderTest : public ::testing::Test {
 protected:
@@ -70,9 +80,7 @@ protected:
 		// The names of the buttons that show the picture of \a owner. Only enabled buttons show it in its own color.
 		std::string ButtonsWith(const std::string& owner)
 		{
-			const std::string color = kPictures.at(owner).color;
-			// As the picture of a view has it: blue first.
-			const std::string pixel = {color[2], color[1], color[0], '\xff'};
+			const std::string pixel = pixel_of_color(kPictures.at(owner).color);
 			std::string names;
 			for (const auto& [name, picture] : kPictures) {
 				if (picture_of(fMain.Window()->FindView(name.c_str())).find(pixel)
@@ -83,6 +91,22 @@ protected:
 		}
 
 		void LogIn() { Post(kHLLoggedIn); }
+
+		// Whether the row of a user who joins with these shows a color.
+		bool UserShows(uint16 icon, uint16 status, const std::string& color)
+		{
+			BMessage joined(kHLUserJoined);
+			joined.AddUInt16("socket", 1);
+			joined.AddUInt16("icon", icon);
+			joined.AddUInt16("color", status);
+			joined.AddString("nick", "nick");
+			Post(&joined);
+			BListItem* item = fUsers.Find<BListView>("userlist")->ItemAt(0);
+			const std::string row = drawn_row([item](BView* view, BRect frame) {
+				item->DrawItem(view, frame, true);
+			});
+			return row.find(pixel_of_color(color)) != std::string::npos;
+		}
 
 		bool HasLabels() const
 		{
@@ -163,4 +187,18 @@ TEST_F(ProgramFolderTest, Downloads_AreCreatedBesideTheProgramAndKept)
 	fFolder.AddFile("Downloads/kept", "");
 	const Window window;
 	EXPECT_TRUE(BEntry(fFolder.PathOf("Downloads/kept").c_str()).Exists());
+}
+
+
+TEST_F(ProgramFolderTest, UserWhoJoins_HasItsPictureOrItsDot)
+{
+	_WritePictures();
+	const std::string picture = kPictures.at("chat").color;
+	const std::string redDot("\xc8\0\0", 3);
+	Window window;
+	EXPECT_TRUE(window.UserShows(238, 1, picture));
+	EXPECT_FALSE(window.UserShows(238, 1, redDot));
+	EXPECT_TRUE(window.UserShows(239, 1, redDot));
+	EXPECT_FALSE(window.UserShows(239, 0, redDot));
+	EXPECT_FALSE(window.UserShows(239, 1, picture));
 }

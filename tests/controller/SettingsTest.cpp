@@ -146,6 +146,18 @@ TEST_F(SettingsTest, SavedBeforeConnecting_IsWhatLogsIn)
 }
 
 
+TEST_F(SettingsTest, SavedAfterTheLogin_IsWhatAgrees)
+{
+	LogIn();
+	_Save("Ann", "", 5);
+	_ExpectChange("Ann", 5);
+	Post(kMsgAcceptAgreement);
+	const WireTransaction agreed = fServer.Read(121);
+	EXPECT_EQ("Ann", agreed.Field(102));
+	EXPECT_EQ(wire_uint16(5), agreed.Field(104));
+}
+
+
 TEST_F(SettingsTest, Tracker_IsAskedUnderTheSavedAddress)
 {
 	RawServer tracker;

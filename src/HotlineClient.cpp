@@ -32,6 +32,20 @@ wait_for(thread_id thread)
 }
 
 
+/*!	Waits a second at most.
+	\return \c false when the socket cannot be waited for.
+*/
+static bool
+wait_for_bytes(const SocketReference& socket)
+{
+	fd_set readable;
+	FD_ZERO(&readable);
+	FD_SET(socket.Number(), &readable);
+	timeval timeout = {1, 0};
+	return select(socket.Number() + 1, &readable, NULL, NULL, &timeout) >= 0 || errno == EINTR;
+}
+
+
 /*!	\param target Where notifications are posted, not owned; NULL drops them. */
 HotlineClient::HotlineClient(BLooper* target)
 	: fTarget(target),
@@ -246,23 +260,17 @@ HotlineClient::_ReceiveLoop()
 }
 
 
-/*!	Waits a second at most for bytes, and reads no more of them than the current stage of the parser needs.
+/*!	Reads no more bytes than the current stage of the parser needs. Those that have arrived already are taken without asking
+	first whether they have: in a flood that halves the calls.
 	\return \c false when the connection has ended.
 */
 bool
 HotlineClient::_ReceiveSome(const SocketReference& socket)
 {
-	fd_set readable;
-	FD_ZERO(&readable);
-	FD_SET(socket.Number(), &readable);
-	timeval timeout = {1, 0};
-	const int ready = select(socket.Number() + 1, &readable, NULL, NULL, &timeout);
-	if (ready < 0)
-		return errno == EINTR;
-	if (ready == 0)
-		return true;
-
-	const ssize_t received = recv(socket.Number(), fParser.Room(), fParser.BytesNeeded(), 0);
+	const ssize_t received = recv(socket.Number(), fParser.Room(), fParser.BytesNeeded(),
+		MSG_DONTWAIT);
+	if (received < 0 && (errno == EWOULDBLOCK || errno == EINTR))
+		return wait_for_bytes(socket);
 	if (received < 1)
 		return false;
 

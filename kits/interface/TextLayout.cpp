@@ -44,11 +44,16 @@ void
 TextLayout::FindLongWords(int from, int to)
 {
 	QTextBlock block = document()->findBlock(from);
-	for (; block.isValid() && block.position() <= to; block = block.next()) {
+	int start = from;
+	while (block.isValid() && start <= to) {
+		const int length = block.length();
 		// The toolkit's state of a block is -1 until it is set.
-		const bool isLong = block.length() > kLongWord && has_long_word(block.text());
+		const bool isLong = length > kLongWord && has_long_word(block.text());
 		if (isLong != (block.userState() == kHasLongWord))
 			block.setUserState(isLong ? kHasLongWord : -1);
+		// A block looks for its position from the root of a tree.
+		start = start == from ? block.position() + length : start + length;
+		block = block.next();
 	}
 }
 

@@ -26,7 +26,7 @@ static const int32 kPiece = 16 * 1024;
 static const int32 kMaxPending = 1024 * 1024;
 
 // In microseconds: how much of a frame the pieces may take after the first one.
-static const bigtime_t kFlushBudget = 4000;
+static const bigtime_t kFlushBudget = 8000;
 
 // In bytes. The toolkit counts positions in an int, and notifies with sums of them.
 static const int32 kMaxText = std::numeric_limits<int32>::max() / 2;
@@ -100,7 +100,7 @@ TextViewPeer::Insert(int32 offset, const char* text, int32 length)
 	}
 	fPending.Append(text, length, fStyle);
 	while (fPending.Length() > kMaxPending)
-		_FlushPending(0);
+		_MovePending(kFlushBudget);
 	ScheduleFlush();
 }
 
@@ -315,42 +315,51 @@ TextViewPeer::_FlushAll()
 void
 TextViewPeer::_FlushPending(bigtime_t budget)
 {
-	_ReadDocument();
-	if (!fPending.IsEmpty()) {
-		// The end of a selection would move with what is inserted there.
-		const QTextCursor before = fText->textCursor();
-		const int start = fMap->CountPositions();
-		const bool selectionTouchesEnd = before.hasSelection() && before.selectionEnd() == start;
-
-		fIsEditing = true;
-		const bigtime_t begin = system_time();
-		QTextCursor cursor(fDocument);
-		cursor.beginEditBlock();
-		do {
-			int32 piece = fPending.NextPiece(kPiece);
-			while (piece > 0) {
-				const int32 run = std::min(piece, fPending.NextRun());
-				_Apply(cursor, fMap->Replace(fMap->CountBytes(), 0, fPending.Bytes(), run),
-					fPending.NextStyle());
-				fPending.Remove(run);
-				piece -= run;
-			}
-		} while (!fPending.IsEmpty() && system_time() - begin < budget);
-		fLayout->FindLongWords(start, fMap->CountPositions());
-		cursor.endEditBlock();
-		fIsEditing = false;
-
-		if (selectionTouchesEnd) {
-			QTextCursor selection = fText->textCursor();
-			selection.setPosition(before.anchor() == start ? start : before.selectionStart());
-			selection.setPosition(before.anchor() == start ? before.selectionStart() : start,
-				QTextCursor::KeepAnchor);
-			fText->setTextCursor(selection);
-		}
-	}
+	_MovePending(budget);
 	if (fScrollsToEnd) {
 		fText->ScrollToEnd();
 		fScrollsToEnd = !fPending.IsEmpty();
+	}
+}
+
+
+/*!	The same without scrolling: every end of the text that is scrolled to is laid out. */
+void
+TextViewPeer::_MovePending(bigtime_t budget)
+{
+	_ReadDocument();
+	if (fPending.IsEmpty())
+		return;
+
+	// The end of a selection would move with what is inserted there.
+	const QTextCursor before = fText->textCursor();
+	const int start = fMap->CountPositions();
+	const bool selectionTouchesEnd = before.hasSelection() && before.selectionEnd() == start;
+
+	fIsEditing = true;
+	const bigtime_t begin = system_time();
+	QTextCursor cursor(fDocument);
+	cursor.beginEditBlock();
+	do {
+		int32 piece = fPending.NextPiece(kPiece);
+		while (piece > 0) {
+			const int32 run = std::min(piece, fPending.NextRun());
+			_Apply(cursor, fMap->Replace(fMap->CountBytes(), 0, fPending.Bytes(), run),
+				fPending.NextStyle());
+			fPending.Remove(run);
+			piece -= run;
+		}
+	} while (!fPending.IsEmpty() && system_time() - begin < budget);
+	fLayout->FindLongWords(start, fMap->CountPositions());
+	cursor.endEditBlock();
+	fIsEditing = false;
+
+	if (selectionTouchesEnd) {
+		QTextCursor selection = fText->textCursor();
+		selection.setPosition(before.anchor() == start ? start : before.selectionStart());
+		selection.setPosition(before.anchor() == start ? before.selectionStart() : start,
+			QTextCursor::KeepAnchor);
+		fText->setTextCursor(selection);
 	}
 }
 

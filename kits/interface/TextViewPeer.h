@@ -65,6 +65,7 @@ private:
 
 	void _FlushAll();
 	void _FlushPending(bigtime_t budget);
+	void _MovePending(bigtime_t budget);
 	void _Replace(int32 offset, int32 removed, const char* text, int32 length);
 	void _Apply(QTextCursor& cursor, const TextMap::Edit& edit, const TextStyle& style);
 	const QTextCharFormat& _FormatOf(const TextStyle& style);

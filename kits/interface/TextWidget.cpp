@@ -38,7 +38,15 @@ void
 TextWidget::ScrollToEnd()
 {
 	fFollowsEnd = true;
-	verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+	QScrollBar* bar = verticalScrollBar();
+	if (bar->maximum() - bar->value() < bar->pageStep()) {
+		bar->setValue(bar->maximum());
+		return;
+	}
+	// Nothing of what is seen stays. The toolkit would lay out all the lines up to there to see how far that is.
+	viewport()->setUpdatesEnabled(false);
+	bar->setValue(bar->maximum());
+	viewport()->setUpdatesEnabled(true);
 }
 
 

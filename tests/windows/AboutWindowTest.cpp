@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <Button.h>
+#include <Font.h>
+#include <InterfaceDefs.h>
 #include <LayoutBuilder.h>
 #include <Message.h>
 
@@ -26,13 +28,64 @@
 static const int kTicksOfARoll = (18 * 16 + 100) * 2;
 
 
+static void
+fill_panel(BView* view)
+{
+	view->SetHighColor(ui_color(B_PANEL_BACKGROUND_COLOR));
+	view->FillRect(view->Bounds());
+}
+
+
+static void
+draw_rule(BView* view, float y)
+{
+	view->SetHighColor(180, 180, 180);
+	view->StrokeLine(BPoint(30, y), BPoint(view->Bounds().Width() - 30, y));
+}
+
+
+static void
+draw_centered(BView* view, const BFont* family, float size, const char* text, float y)
+{
+	BFont font(family);
+	font.SetSize(size);
+	view->SetFont(&font);
+	view->SetHighColor(0, 0, 0);
+	view->DrawString(text, BPoint((view->Bounds().Width() - view->StringWidth(text)) / 2, y));
+}
+
+
+static BSize
+size_of(const BView* view)
+{
+	return BSize(view->Bounds().Width(), view->Bounds().Height());
+}
+
+
 class AboutWindowTest : public testing::Test {
 protected:
+	// The rules and the name line of the panel, beginning at this height. What stands below is not looked at.
+	void _ExpectNameLine(float y)
+	{
+		AboutView* view = fWindow->Find<AboutView>("aboutView");
+		const std::string expected = drawn_view(size_of(view), [y](BView* drawn) {
+			fill_panel(drawn);
+			draw_rule(drawn, y);
+			draw_centered(drawn, be_bold_font, 14, "Palimbra - Hotline Client", y + 16);
+			draw_rule(drawn, y + 26);
+		});
+		const size_t lineSize = (size_t(view->Bounds().Width()) + 1) * 4;
+		const size_t start = (size_t(y) - 10) * lineSize;
+		const size_t size = 40 * lineSize;
+		EXPECT_TRUE(expected.substr(start, size) == picture_of(view).substr(start, size));
+	}
+
 	void _Open()
 	{
 		fWindow.reset(new WindowProbe(new AboutWindow(fFolder.Path().c_str())));
 		fWindow->Window()->Show();
 		fWindow->Settle();
+		fWindow->Window()->Layout(true);
 	}
 
 	TemporaryFolder fFolder;
@@ -61,6 +114,7 @@ TEST_F(AboutWindowTest, WithoutALogo_ThePanelIsSmaller)
 	AboutView* view = fWindow->Find<AboutView>("aboutView");
 	EXPECT_EQ(BSize(300, 155), view->MinSize());
 	EXPECT_EQ(BSize(300, 155), view->PreferredSize());
+	_ExpectNameLine(15);
 }
 
 
@@ -71,6 +125,7 @@ TEST_F(AboutWindowTest, WithALogo_ThePanelHasRoomForIt)
 	AboutView* view = fWindow->Find<AboutView>("aboutView");
 	EXPECT_EQ(BSize(300, 155 + 59 + 15), view->MinSize());
 	EXPECT_EQ(0xe03090u, pixel_of(view, BPoint(view->Bounds().Width() / 2, 40)));
+	_ExpectNameLine(15 + 59 + 15);
 }
 
 
@@ -116,6 +171,27 @@ TEST_F(AboutWindowTest, Credits_AreAHundredPixelsHigh)
 }
 
 
+// Forty pixels after the start three lines and a half have come up.
+TEST_F(AboutWindowTest, Credits_RollUpWithBoldHeadings)
+{
+	WindowProbe window(new BWindow(BRect(0, 0, 300, 100), "credits", B_TITLED_WINDOW, 0));
+	StillCredits* credits = new StillCredits();
+	BLayoutBuilder::Group<>(window.Window(), B_VERTICAL, 0).Add(credits);
+	window.Window()->Show();
+	window.Settle();
+	window.Window()->Layout(true);
+	credits->Tick(80);
+	const float height = credits->Bounds().Height();
+	EXPECT_TRUE(picture_of(credits) == drawn_view(size_of(credits), [height](BView* drawn) {
+		fill_panel(drawn);
+		draw_centered(drawn, be_bold_font, 12, "The client", height - 40);
+		draw_centered(drawn, be_plain_font, 12, "Protocol client", height - 24);
+		draw_centered(drawn, be_plain_font, 12, "Chat, messages and users", height - 8);
+		draw_centered(drawn, be_plain_font, 12, "Files and transfers", height + 8);
+	}));
+}
+
+
 TEST_F(AboutWindowTest, Credits_StartAgainWhenTheyHaveLeft)
 {
 	WindowProbe window(new BWindow(BRect(0, 0, 300, 100), "credits", B_TITLED_WINDOW, 0));
@@ -123,6 +199,7 @@ TEST_F(AboutWindowTest, Credits_StartAgainWhenTheyHaveLeft)
 	BLayoutBuilder::Group<>(window.Window(), B_VERTICAL, 0).Add(credits);
 	window.Window()->Show();
 	window.Settle();
+	window.Window()->Layout(true);
 
 	const std::string atFirst = picture_of(credits);
 	credits->Tick(200);

@@ -16,27 +16,27 @@
 namespace {
 
 
-class RowView : public BView {
+class DrawnView : public BView {
 public:
-	explicit RowView(const RowDrawing& draw)
-		: BView("row", B_WILL_DRAW),
+	DrawnView(BSize size, const ViewDrawing& draw)
+		: BView("drawn", B_WILL_DRAW),
 		  fDraw(draw),
-		  fDrawn(false)
+		  fIsDrawn(false)
 	{
-		SetExplicitSize(BSize(299, 59));
+		SetExplicitSize(size);
 	}
 
 	void Draw(BRect) override
 	{
-		fDraw(this, Bounds().InsetByCopy(5, 5));
-		fDrawn = true;
+		fDraw(this);
+		fIsDrawn = true;
 	}
 
-	bool IsDrawn() const { return fDrawn; }
+	bool IsDrawn() const { return fIsDrawn; }
 
 private:
-	RowDrawing fDraw;
-	bool fDrawn;
+	ViewDrawing fDraw;
+	bool fIsDrawn;
 };
 
 
@@ -46,8 +46,18 @@ private:
 std::string
 drawn_row(const RowDrawing& draw)
 {
-	WindowProbe window(new BWindow(BRect(100, 100, 399, 159), "row", B_TITLED_WINDOW, 0));
-	RowView* view = new RowView(draw);
+	return drawn_view(BSize(299, 59), [&draw](BView* view) {
+		draw(view, view->Bounds().InsetByCopy(5, 5));
+	});
+}
+
+
+std::string
+drawn_view(BSize size, const ViewDrawing& draw)
+{
+	const BRect frame(100, 100, 100 + size.width, 100 + size.height);
+	WindowProbe window(new BWindow(frame, "drawn", B_TITLED_WINDOW, 0));
+	DrawnView* view = new DrawnView(size, draw);
 	BLayoutBuilder::Group<>(window.Window(), B_VERTICAL, 0).Add(view);
 	window.Window()->Show();
 	WaitFor([view] {

@@ -10,6 +10,7 @@
 #include <string>
 
 #include <Rect.h>
+#include <Size.h>
 
 
 class BView;
@@ -17,9 +18,12 @@ class BView;
 
 // What is drawn into the rectangle, a little smaller than the view around it.
 using RowDrawing = std::function<void(BView*, BRect)>;
+using ViewDrawing = std::function<void(BView*)>;
 
 /*!	The pixels of a row on the screen, for comparing it with another. */
 std::string drawn_row(const RowDrawing& draw);
+/*!	The same for a view whose Bounds() have this size. */
+std::string drawn_view(BSize size, const ViewDrawing& draw);
 
 /*!	A picture file of one color. */
 std::string picture_file(int width, int height);

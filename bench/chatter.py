@@ -2,6 +2,7 @@
 # Distributed under the terms of the MIT License.
 """What people say, the same in every run: lines of a lively room, from a single word to a whole paragraph."""
 
+import functools
 import random
 
 _WORDS = ("the a of to and in that it is was for on you with as have but be they all one at this from not so if about"
@@ -16,8 +17,9 @@ def nicks(count):
     return ["person%d" % (number + 1) for number in range(count)]
 
 
+@functools.lru_cache
 def lines(count, speakers=40):
-    """That many pairs of nick and text, of some 55 bytes each."""
+    """That many pairs of nick and text, of some 60 bytes each."""
     source = random.Random(5500)
     who = nicks(speakers)
     lengths, weights = zip(*_LENGTHS)

@@ -130,6 +130,14 @@ BListView::IsEmpty() const
 }
 
 
+/*!	The items, CountItems() of them, good until one is added or removed. */
+const BListItem**
+BListView::Items() const
+{
+	return const_cast<const BListItem**>(fListPeer->Items().data());
+}
+
+
 /*!	Calls the function for each item, until it returns \c true. */
 void
 BListView::DoForEach(bool (*function)(BListItem* item))

@@ -40,6 +40,7 @@ public:
 	bool HasItem(BListItem* item) const;
 	int32 CountItems() const;
 	bool IsEmpty() const;
+	const BListItem** Items() const;
 	void DoForEach(bool (*function)(BListItem* item));
 	void DoForEach(bool (*function)(BListItem* item, void* cookie), void* cookie);
 	void SortItems(int (*compare)(const void* itemPointerA, const void* itemPointerB));

@@ -183,6 +183,16 @@ TEST_F(ListViewTest, AddedItems_AreThereAtOnce)
 }
 
 
+TEST_F(ListViewTest, Items_AreAllOfThemInTheirOrder)
+{
+	AddStrings(3);
+	fList->RemoveItem(1);
+	const BListItem** items = fList->Items();
+	EXPECT_EQ(items[0], fItems[0].get());
+	EXPECT_EQ(items[1], fItems[2].get());
+}
+
+
 TEST_F(ListViewTest, ItemInBetween_MovesTheOthers)
 {
 	AddStrings(3);

@@ -25,8 +25,11 @@
 static const int32 kPiece = 16 * 1024;
 static const int32 kMaxPending = 1024 * 1024;
 
-// In microseconds: how much of a frame the pieces may take after the first one.
+// How much of a frame the pieces may take after the first one, in microseconds; and in bytes, as what long lines cost comes only
+// when they are wrapped. One that is a piece by itself has the frame to itself.
 static const bigtime_t kFlushBudget = 8000;
+static const bigtime_t kNoBudget = std::numeric_limits<bigtime_t>::max();
+static const int32 kMaxFlush = 32 * kPiece;
 
 // In bytes. The toolkit counts positions in an int, and notifies with sums of them.
 static const int32 kMaxText = std::numeric_limits<int32>::max() / 2;
@@ -305,12 +308,12 @@ TextViewPeer::_FlushAll()
 {
 	_ReadDocument();
 	if (!fPending.IsEmpty() || fScrollsToEnd)
-		_FlushPending(std::numeric_limits<bigtime_t>::max());
+		_FlushPending(kNoBudget);
 }
 
 
 /*!	Moves pieces of what waits into the document: one, and more while the time lasts.
-	\param budget In microseconds.
+	\param budget In microseconds; kNoBudget for all that waits.
 */
 void
 TextViewPeer::_FlushPending(bigtime_t budget)
@@ -340,8 +343,10 @@ TextViewPeer::_MovePending(bigtime_t budget)
 	const bigtime_t begin = system_time();
 	QTextCursor cursor(fDocument);
 	cursor.beginEditBlock();
+	int32 moved = 0;
 	do {
 		int32 piece = fPending.NextPiece(kPiece);
+		moved += piece <= kPiece ? piece : kMaxFlush;
 		while (piece > 0) {
 			const int32 run = std::min(piece, fPending.NextRun());
 			_Apply(cursor, fMap->Replace(fMap->CountBytes(), 0, fPending.Bytes(), run),
@@ -349,7 +354,8 @@ TextViewPeer::_MovePending(bigtime_t budget)
 			fPending.Remove(run);
 			piece -= run;
 		}
-	} while (!fPending.IsEmpty() && system_time() - begin < budget);
+	} while (!fPending.IsEmpty()
+		&& (budget == kNoBudget || (moved < kMaxFlush && system_time() - begin < budget)));
 	fLayout->FindLongWords(start, fMap->CountPositions());
 	cursor.endEditBlock();
 	fIsEditing = false;

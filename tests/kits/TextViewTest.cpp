@@ -5,12 +5,15 @@
 #include <TextView.h>
 
 #include <cstring>
+#include <functional>
 #include <string>
 
 #include <gtest/gtest.h>
 
 #include <Font.h>
+#include <Handler.h>
 #include <InterfaceDefs.h>
+#include <Message.h>
 #include <ScrollView.h>
 
 #include "UserInput.h"
@@ -77,6 +80,21 @@ protected:
 
 	WindowWithView* fWindow;
 	BTextView* fText;
+};
+
+
+/*!	Does something for every message that comes. */
+class ActingHandler : public BHandler {
+public:
+	explicit ActingHandler(std::function<void(BMessage*)> act)
+		: fAct(std::move(act))
+	{
+	}
+
+	void MessageReceived(BMessage* message) override { fAct(message); }
+
+private:
+	std::function<void(BMessage*)> fAct;
 };
 
 } // namespace
@@ -219,6 +237,44 @@ TEST_F(TextViewTest, TwentyWordsOfTheLargestSize_AreShown)
 	EXPECT_TRUE(IsEndSeen());
 	// Wrapped: not all in one line.
 	EXPECT_GT(fText->PointAt(65536 * 20 - 2).y, fText->PointAt(65536 * 19).y);
+}
+
+
+TEST_F(TextViewTest, TwentyWordsOfTheLargestSize_LeaveOthersServed)
+{
+	WindowWithView* other = new WindowWithView(100, 100);
+	other->Add(new BTextView("other"));
+	other->ShowIt();
+	// Beats again with every turn of the other window.
+	int beats = 0;
+	ActingHandler heart([&](BMessage* message) {
+		beats++;
+		other->PostMessage(message->what, &heart);
+	});
+	other->AddHandler(&heart);
+	other->PostMessage('beat', &heart);
+
+	const std::string word = std::string(65535, 'x') + "\n";
+	int appended = 0;
+	ActingHandler appender([&](BMessage*) {
+		appended++;
+		Append(word);
+	});
+	fWindow->AddHandler(&appender);
+	for (int i = 0; i < 20; i++)
+		fWindow->PostMessage('appd', &appender);
+	EXPECT_TRUE(WaitFor([&appended]() {
+		return appended == 20;
+	}));
+	const int beatsWhenAppended = beats;
+	EXPECT_TRUE(WaitUntilShown());
+	// A mebibyte may wait: it is shown word by word, and the other window has a turn between any two of them.
+	EXPECT_GE(beats - beatsWhenAppended, 15);
+
+	fWindow->RemoveHandler(&appender);
+	other->RemoveHandler(&heart);
+	other->Lock();
+	other->Quit();
 }
 
 

@@ -74,6 +74,7 @@ FilePanelPeer::_CreateDialog()
 }
 
 
+/*!	What is no plain file was not to be chosen: reading a pipe would never end. */
 void
 FilePanelPeer::_FilesSelected(const QStringList& paths)
 {
@@ -81,10 +82,12 @@ FilePanelPeer::_FilesSelected(const QStringList& paths)
 	for (const QString& path : paths) {
 		const QByteArray bytes = QFile::encodeName(path);
 		entry_ref ref;
-		if (get_ref_for_path(bytes.constData(), &ref) == B_OK)
+		if (BEntry(bytes.constData(), true).IsFile()
+			&& get_ref_for_path(bytes.constData(), &ref) == B_OK)
 			message.AddRef("refs", &ref);
 	}
-	fTarget.SendMessage(&message);
+	if (message.HasRef("refs"))
+		fTarget.SendMessage(&message);
 
 	// The dialog has hidden itself.
 	if (!fHideWhenDone)

@@ -209,3 +209,16 @@ TEST(DrawingTest, FontChangedWhileDrawing_IsMeasuredAtOnce)
 	pixel_of(&view, BPoint(0, 0));
 	EXPECT_GT(wide, narrow);
 }
+
+
+TEST(DrawingTest, DrawingAtAnotherTime_LeavesNothing)
+{
+	Canvas view([](BView*) {});
+	const std::string before = picture_of(&view);
+	view.SetHighColor(255, 0, 0);
+	view.FillRect(BRect(0, 0, 20, 20));
+	view.StrokeLine(BPoint(0, 0), BPoint(20, 20));
+	view.DrawString("text", BPoint(5, 15));
+	EXPECT_TRUE(before == picture_of(&view));
+	EXPECT_GT(view.StringWidth("text"), 0);
+}

@@ -424,6 +424,27 @@ TEST_F(ListViewTest, Rows_DrawThemselves)
 }
 
 
+TEST_F(ListViewTest, MouseOverARow_ChangesNothing)
+{
+	fList->AddItem(Keep(new BStringItem("first")));
+	fList->AddItem(Keep(new BStringItem("second")));
+	fList->AddItem(Keep(new BStringItem("third")));
+	ASSERT_TRUE(WaitFor([this]() {
+		return accessible_of(fList).childCount == 3;
+	}));
+	const std::string before = picture_of(fList);
+	point_at(fList, BPoint(10, fList->ItemFrame(1).top + 2));
+	EXPECT_TRUE(before == picture_of(fList));
+
+	// Nor are rows told apart by stripes.
+	const float right = fList->ItemFrame(0).right - 2;
+	for (int32 i = 0; i < 3; i++) {
+		EXPECT_EQ(pixel_of(fList, BPoint(right, fList->ItemFrame(0).top)),
+			pixel_of(fList, BPoint(right, fList->ItemFrame(i).top)));
+	}
+}
+
+
 TEST_F(ListViewTest, DrawingARow_LeavesTheListsFontAndColors)
 {
 	BFont before;

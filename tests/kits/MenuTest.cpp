@@ -223,6 +223,20 @@ TEST_F(MenuKeyTest, Arrows_GoToTheNextMenu)
 }
 
 
+TEST_F(MenuKeyTest, Label_IsShownAsItStands)
+{
+	BMenuItem* item = static_cast<BMenuBar*>(fWindow->FindView("bar"))->FindItem(kOpen);
+	for (const char* label : {"&File", "&&", "<b>bold</b> &amp;", "%s %n 100 %", "Title [*]"}) {
+		SCOPED_TRACE(label);
+		item->SetLabel(label);
+		press_menu_key(fWindow);
+		EXPECT_TRUE(WaitForMark(label)) << marked_menu_item();
+		press_window_key(fWindow, B_ESCAPE);
+		press_window_key(fWindow, B_ESCAPE);
+	}
+}
+
+
 TEST_F(MenuKeyTest, Escape_LeavesEverythingAsItWas)
 {
 	press_menu_key(fWindow);

@@ -10,6 +10,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QHoverEvent>
 #include <QImage>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -127,6 +128,21 @@ double_click(BView* view, BPoint where)
 	QWidget* widget = target_of(view, place);
 	send_mouse(widget, QEvent::MouseButtonDblClick, place, true);
 	send_mouse(widget, QEvent::MouseButtonRelease, place, false);
+}
+
+
+void
+point_at(BView* view, BPoint where)
+{
+	QPoint place = point_to_toolkit(where).toPoint();
+	QWidget* widget = target_of(view, place);
+	QHoverEvent enter(QEvent::HoverEnter, place, widget->mapToGlobal(place), QPointF(-1, -1));
+	QApplication::sendEvent(widget, &enter);
+	QMouseEvent move(QEvent::MouseMove, place, widget->mapToGlobal(place), Qt::NoButton,
+		Qt::NoButton, Qt::NoModifier);
+	QApplication::sendEvent(widget, &move);
+	QHoverEvent hover(QEvent::HoverMove, place, widget->mapToGlobal(place), place);
+	QApplication::sendEvent(widget, &hover);
 }
 
 

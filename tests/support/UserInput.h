@@ -35,6 +35,8 @@ void type_text(BView* view, const char* text);
 void set_clipboard(const char* text);
 void click(BView* view, BPoint where);
 void double_click(BView* view, BPoint where);
+// Moves the mouse there without a click.
+void point_at(BView* view, BPoint where);
 void scroll_to_top(BView* view);
 
 /*!	What a screen reader is told of a view, or of one of its rows. */

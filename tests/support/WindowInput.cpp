@@ -8,8 +8,11 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFile>
+#include <QFileDialog>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTextDocument>
 #include <QWidget>
@@ -197,4 +200,40 @@ shown_tool_tip(BView* view)
 	QTextDocument document;
 	document.setHtml(text);
 	return document.toPlainText().toStdString();
+}
+
+
+static QLineEdit*
+file_panel_field()
+{
+	for (QWidget* widget : QApplication::topLevelWidgets()) {
+		QFileDialog* dialog = qobject_cast<QFileDialog*>(widget);
+		if (dialog != NULL && dialog->isVisible())
+			return dialog->findChild<QLineEdit*>();
+	}
+	return NULL;
+}
+
+
+bool
+type_into_file_panel(const char* path)
+{
+	QLineEdit* field = file_panel_field();
+	if (field == NULL)
+		return false;
+	field->selectAll();
+	field->insert(QFile::decodeName(path));
+	send_key(field, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+	return true;
+}
+
+
+bool
+cancel_file_panel()
+{
+	QLineEdit* field = file_panel_field();
+	if (field == NULL)
+		return false;
+	send_key(field, Qt::Key_Escape, Qt::NoModifier, QString());
+	return true;
 }

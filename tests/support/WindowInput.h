@@ -47,5 +47,9 @@ bool is_kept_above(BWindow* window, BWindow* other);
 /*!	What the tool tip of a view says, as the user reads it. */
 std::string shown_tool_tip(BView* view);
 
+/*!	Types a path into the file panel that is open, and presses Return or Escape. False when there is none. */
+bool type_into_file_panel(const char* path);
+bool cancel_file_panel();
+
 
 #endif // WINDOW_INPUT_H

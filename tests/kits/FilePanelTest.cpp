@@ -1,0 +1,122 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <FilePanel.h>
+
+#include <memory>
+#include <string>
+#include <sys/stat.h>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <Entry.h>
+#include <Message.h>
+#include <Messenger.h>
+#include <Path.h>
+
+#include "ScriptedWindow.h"
+#include "TemporaryFolder.h"
+#include "WaitFor.h"
+#include "WindowInput.h"
+
+
+static const uint32 kChosen = 'chsn';
+
+
+/*!	A window that gets what is chosen in a panel, and a folder with files to choose from. */
+class FilePanelTest : public testing::Test {
+protected:
+	FilePanelTest()
+		: fWindow(new ScriptedWindow),
+		  fCloser(fWindow)
+	{
+		fFolder.AddFile("first.txt", "1");
+		fFolder.AddFile("sm\xc3\xb8rrebr\xc3\xb8\xc3\xb8 & <b>%s", "2");
+		ShowAndWait(fWindow);
+		fWindow->onMessage = [this](BMessage* message) {
+			fMarks.push_back(message->GetInt32("mark", -1));
+			entry_ref ref;
+			for (int32 i = 0; message->FindRef("refs", i, &ref) == B_OK; i++)
+				fPaths.push_back(BPath(&ref).Path());
+		};
+
+		BMessage message(kChosen);
+		message.AddInt32("mark", 7);
+		BMessenger target(fWindow);
+		entry_ref folder;
+		get_ref_for_path(fFolder.Path().c_str(), &folder);
+		fPanel.reset(new BFilePanel(B_OPEN_PANEL, &target, &folder, B_FILE_NODE, false, &message,
+			NULL, false, true));
+	}
+
+	void TypeAndWait(const std::string& path)
+	{
+		ASSERT_TRUE(type_into_file_panel(path.c_str()));
+		EXPECT_TRUE(WaitFor([this] {
+			return !fWindow->Received()->empty();
+		}));
+	}
+
+	TemporaryFolder fFolder;
+	ScriptedWindow* fWindow;
+	WindowCloser fCloser;
+	std::unique_ptr<BFilePanel> fPanel;
+	std::vector<std::string> fPaths;
+	std::vector<int32> fMarks;
+};
+
+
+TEST_F(FilePanelTest, ChosenFile_ArrivesWithThePanelsMessage)
+{
+	EXPECT_FALSE(fPanel->IsShowing());
+	fPanel->Show();
+	EXPECT_TRUE(fPanel->IsShowing());
+	TypeAndWait(fFolder.PathOf("first.txt"));
+	EXPECT_EQ(kChosen, fWindow->Received()->back());
+	EXPECT_EQ(std::vector<int32>{7}, fMarks);
+	EXPECT_EQ(std::vector<std::string>{fFolder.PathOf("first.txt")}, fPaths);
+	EXPECT_FALSE(fPanel->IsShowing());
+}
+
+
+TEST_F(FilePanelTest, NameInTheFolder_IsEnough)
+{
+	fPanel->Show();
+	TypeAndWait("sm\xc3\xb8rrebr\xc3\xb8\xc3\xb8 & <b>%s");
+	EXPECT_EQ(std::vector<std::string>{fFolder.PathOf("sm\xc3\xb8rrebr\xc3\xb8\xc3\xb8 & <b>%s")},
+		fPaths);
+}
+
+
+TEST_F(FilePanelTest, Canceled_SendsNothing_AndShowsAgain)
+{
+	fPanel->Show();
+	EXPECT_TRUE(cancel_file_panel());
+	EXPECT_FALSE(fPanel->IsShowing());
+	fPanel->Show();
+	TypeAndWait(fFolder.PathOf("first.txt"));
+	EXPECT_EQ(1u, fWindow->Received()->size());
+}
+
+
+TEST_F(FilePanelTest, Pipe_IsNoFile)
+{
+	ASSERT_EQ(0, mkfifo(fFolder.PathOf("pipe").c_str(), 0600));
+	fPanel->Show();
+	type_into_file_panel(fFolder.PathOf("pipe").c_str());
+	fPanel->Hide();
+	fPanel->Show();
+	TypeAndWait(fFolder.PathOf("first.txt"));
+	EXPECT_EQ(std::vector<std::string>{fFolder.PathOf("first.txt")}, fPaths);
+	EXPECT_EQ(1u, fWindow->Received()->size());
+}
+
+
+TEST_F(FilePanelTest, DeletedWhileOpen_IsGone)
+{
+	fPanel->Show();
+	fPanel.reset();
+	EXPECT_FALSE(cancel_file_panel());
+}

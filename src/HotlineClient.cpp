@@ -32,20 +32,6 @@ wait_for(thread_id thread)
 }
 
 
-/*!	Waits a second at most.
-	\return \c false when the socket cannot be waited for.
-*/
-static bool
-wait_for_bytes(const SocketReference& socket)
-{
-	fd_set readable;
-	FD_ZERO(&readable);
-	FD_SET(socket.Number(), &readable);
-	timeval timeout = {1, 0};
-	return select(socket.Number() + 1, &readable, NULL, NULL, &timeout) >= 0 || errno == EINTR;
-}
-
-
 /*!	\param target Where notifications are posted, not owned; NULL drops them. */
 HotlineClient::HotlineClient(BLooper* target)
 	: fTarget(target),
@@ -260,17 +246,23 @@ HotlineClient::_ReceiveLoop()
 }
 
 
-/*!	Reads no more bytes than the current stage of the parser needs. Those that have arrived already are taken without asking
-	first whether they have: in a flood that halves the calls.
+/*!	Waits a second at most for bytes, and reads no more of them than the current stage of the parser needs.
 	\return \c false when the connection has ended.
 */
 bool
 HotlineClient::_ReceiveSome(const SocketReference& socket)
 {
-	const ssize_t received = recv(socket.Number(), fParser.Room(), fParser.BytesNeeded(),
-		MSG_DONTWAIT);
-	if (received < 0 && (errno == EWOULDBLOCK || errno == EINTR))
-		return wait_for_bytes(socket);
+	fd_set readable;
+	FD_ZERO(&readable);
+	FD_SET(socket.Number(), &readable);
+	timeval timeout = {1, 0};
+	const int ready = select(socket.Number() + 1, &readable, NULL, NULL, &timeout);
+	if (ready < 0)
+		return errno == EINTR;
+	if (ready == 0)
+		return true;
+
+	const ssize_t received = recv(socket.Number(), fParser.Room(), fParser.BytesNeeded(), 0);
 	if (received < 1)
 		return false;
 

@@ -216,9 +216,7 @@ TEST_F(ClientReceiveTest, NeverReadsAhead)
 	client.reset();
 	Interposed::receive = [&](int socket, void* buffer, size_t size, int flags) {
 		const ssize_t result = Interposed::RealReceive(socket, buffer, size, flags);
-		// Whether there is something is found out by reading, too.
-		if (result > 0)
-			sizes.push_back(size);
+		sizes.push_back(size);
 		return result;
 	};
 	client.reset(new HotlineClient(log));
@@ -252,30 +250,7 @@ TEST_F(ClientReceiveTest, InterruptedSelect_IsRepeatedWithAWholeSecond)
 	server->Send(Chat("still here"));
 	ExpectPosted("HLch text=CSTR still here chatRef=ULNG 0");
 	client.reset();
-	EXPECT_GE(calls, 2);
-}
-
-
-TEST_F(ClientReceiveTest, BytesThatHaveArrived_AreReadWithoutAsking)
-{
-	client.reset();
-	std::atomic<int> calls(0);
-	Interposed::select = [&](int count, fd_set* readable, timeval* timeout) {
-		calls++;
-		return Interposed::RealSelect(count, readable, timeout);
-	};
-	client.reset(new HotlineClient(log));
-	LogIn();
-	const int callsBefore = calls;
-	std::string flood;
-	for (int i = 0; i < 100; i++)
-		flood += Chat("water");
-	server->Send(flood);
-	for (int i = 0; i < 100; i++)
-		ExpectPosted("HLch text=CSTR water chatRef=ULNG 0");
-	client.reset();
-	// 200 stages, in one segment.
-	EXPECT_LT(calls - callsBefore, 50);
+	EXPECT_GT(calls, 4);
 }
 
 

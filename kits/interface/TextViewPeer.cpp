@@ -8,6 +8,7 @@
 #include <limits>
 
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -58,6 +59,7 @@ TextViewPeer::TextViewPeer()
 	  fBytesAreTrue(true),
 	  fDocumentIsAhead(false),
 	  fIsEditing(false),
+	  fSizeIsOld(false),
 	  fScrollsToEnd(false)
 {
 	fFormat.setForeground(color_to_toolkit(fStyle.color));
@@ -102,8 +104,12 @@ TextViewPeer::Insert(int32 offset, const char* text, int32 length)
 		return;
 	}
 	fPending.Append(text, length, fStyle);
-	while (fPending.Length() > kMaxPending)
+	while (fPending.Length() > kMaxPending) {
+		// How long the text has become is told with the frame: the toolkit lays out the last page to answer.
+		const QSignalBlocker blocker(fLayout);
 		_MovePending(kFlushBudget);
+		fSizeIsOld = true;
+	}
 	ScheduleFlush();
 }
 
@@ -307,7 +313,7 @@ void
 TextViewPeer::_FlushAll()
 {
 	_ReadDocument();
-	if (!fPending.IsEmpty() || fScrollsToEnd)
+	if (!fPending.IsEmpty() || fSizeIsOld || fScrollsToEnd)
 		_FlushPending(kNoBudget);
 }
 
@@ -319,6 +325,11 @@ void
 TextViewPeer::_FlushPending(bigtime_t budget)
 {
 	_MovePending(budget);
+	if (fSizeIsOld) {
+		fSizeIsOld = false;
+		emit fLayout->documentSizeChanged(fLayout->documentSize());
+		emit fLayout->update();
+	}
 	if (fScrollsToEnd) {
 		fText->ScrollToEnd();
 		fScrollsToEnd = !fPending.IsEmpty();

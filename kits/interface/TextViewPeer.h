@@ -86,6 +86,8 @@ private:
 	// The user has edited the document since it was last read.
 	bool fDocumentIsAhead;
 	bool fIsEditing;
+	// The toolkit has not been told of what was moved before its frame.
+	bool fSizeIsOld;
 	bool fScrollsToEnd;
 };
 

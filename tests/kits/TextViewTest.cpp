@@ -227,6 +227,17 @@ TEST_F(TextViewTest, Flood_DoesNotWaitWithoutLimit)
 }
 
 
+TEST_F(TextViewTest, LineTooLongToWait_IsScrolledTo)
+{
+	std::string line;
+	while (line.size() <= 1024 * 1024)
+		line += "a word and another ";
+	Append(line);
+	EXPECT_TRUE(WaitUntilShown());
+	EXPECT_TRUE(IsEndSeen());
+}
+
+
 TEST_F(TextViewTest, TwentyWordsOfTheLargestSize_AreShown)
 {
 	const std::string word = std::string(65535, 'x') + "\n";

@@ -12,6 +12,7 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <Application.h>
 #include <Button.h>
 #include <GeometryConversionPrivate.h>
 #include <LooperPrivate.h>
@@ -305,6 +306,12 @@ WindowPeer::KeyPressed(const QKeyEvent& event)
 			if (modifiers != Qt::ControlModifier || !isClosable)
 				return false;
 			CloseRequested();
+			return true;
+
+		case Qt::Key_Q:
+			if (modifiers != Qt::ControlModifier)
+				return false;
+			be_app->PostMessage(B_QUIT_REQUESTED);
 			return true;
 
 		case Qt::Key_F10:

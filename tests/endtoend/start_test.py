@@ -40,6 +40,14 @@ class StartTest(ClientCase):
         item.click()
         self.assert_ended_well(client)
 
+    def test_the_shortcut_quits_from_any_window(self):
+        client = self.start_client()
+        chat = client.chat_window()
+        chat.activate()
+        client.wait_for_focus_on(chat)
+        self.desktop.key("ctrl+q")
+        self.assert_ended_well(client)
+
 
 class ProgramFolderTest(ClientCase):
     def copy_program(self, *left_out):

@@ -209,6 +209,31 @@ TEST(WindowUseTest, CommandW_AsksTheWindow_UnlessItHasNoCloseBox)
 }
 
 
+TEST(WindowUseTest, CommandQ_AsksTheApplication)
+{
+	ScriptedWindow* first = new ScriptedWindow;
+	WindowCloser firstCloser(first);
+	ScriptedWindow* second = new ScriptedWindow;
+	WindowCloser secondCloser(second);
+	ShowAndWait(first);
+	ShowAndWait(second);
+	int asked = 0;
+	first->onQuitRequested = [&asked] {
+		asked++;
+		return false;
+	};
+
+	press_window_key(second, 'q');
+	press_window_key(second, 'q', B_COMMAND_KEY | B_SHIFT_KEY);
+	press_window_key(second, 'q', B_COMMAND_KEY);
+	EXPECT_TRUE(WaitFor([&asked] {
+		return asked > 0;
+	}));
+	EXPECT_EQ(1, asked);
+	EXPECT_TRUE(second->Received()->empty());
+}
+
+
 TEST(WindowUseTest, Return_PressesTheDefaultButton_WhereverTheFocusIs)
 {
 	ScriptedWindow* window = new ScriptedWindow;

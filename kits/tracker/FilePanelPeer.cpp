@@ -5,14 +5,56 @@
 #include <FilePanelPeer.h>
 
 #include <QByteArray>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
 #include <QStringList>
 
 #include <AppDefs.h>
 #include <Application.h>
 #include <Entry.h>
 #include <Path.h>
+
+
+namespace {
+
+
+/*!	Says itself when there is no such file, as the toolkit would do in an event loop of its own, below which the panel and the
+	window that it belongs to cannot be deleted.
+*/
+class PanelDialog : public QFileDialog {
+public:
+	explicit PanelDialog(const QString& directory)
+		: QFileDialog(nullptr, QStringLiteral("Open"), directory)
+	{
+	}
+
+	void accept() override
+	{
+		for (const QString& path : selectedFiles()) {
+			if (!QFileInfo::exists(path)) {
+				_SayMissing(path);
+				return;
+			}
+		}
+		QFileDialog::accept();
+	}
+
+private:
+	void _SayMissing(const QString& path)
+	{
+		QMessageBox* box = new QMessageBox(QMessageBox::Warning, windowTitle(),
+			path + QStringLiteral("\nThere is no such file."), QMessageBox::Ok, this);
+		box->setTextFormat(Qt::PlainText);
+		box->setAttribute(Qt::WA_DeleteOnClose);
+		box->open();
+	}
+};
+
+
+} // namespace
 
 
 FilePanelPeer::FilePanelPeer(const BMessenger* target, const entry_ref* directory,
@@ -46,14 +88,14 @@ void
 FilePanelPeer::Hide()
 {
 	if (fDialog != nullptr)
-		fDialog->hide();
+		fDialog->reject();
 }
 
 
 bool
 FilePanelPeer::IsShowing() const
 {
-	return fDialog != nullptr && fDialog->isVisible();
+	return fDialog != nullptr;
 }
 
 
@@ -61,7 +103,7 @@ FilePanelPeer::IsShowing() const
 void
 FilePanelPeer::_CreateDialog()
 {
-	fDialog.reset(new QFileDialog(nullptr, QStringLiteral("Open"), fDirectory));
+	fDialog.reset(new PanelDialog(fDirectory));
 	fDialog->setOption(QFileDialog::DontUseNativeDialog);
 	fDialog->setAcceptMode(QFileDialog::AcceptOpen);
 	fDialog->setFileMode(
@@ -71,6 +113,20 @@ FilePanelPeer::_CreateDialog()
 		[this](const QStringList& paths) {
 			_FilesSelected(paths);
 		});
+	QObject::connect(fDialog.get(), &QFileDialog::finished, fDialog.get(), [this]() {
+		_DropDialog();
+	});
+}
+
+
+/*!	The dialog has hidden itself, but is still at work. */
+void
+FilePanelPeer::_DropDialog()
+{
+	if (fDialog == nullptr)
+		return;
+	fDirectory = fDialog->directory().absolutePath();
+	fDialog.release()->deleteLater();
 }
 
 
@@ -89,7 +145,10 @@ FilePanelPeer::_FilesSelected(const QStringList& paths)
 	if (message.HasRef("refs"))
 		fTarget.SendMessage(&message);
 
-	// The dialog has hidden itself.
+	_DropDialog();
+	// Where a typed path has led the dialog knows nothing of.
+	if (!paths.isEmpty())
+		fDirectory = QFileInfo(paths.first()).absolutePath();
 	if (!fHideWhenDone)
-		fDialog->show();
+		Show();
 }

@@ -19,7 +19,9 @@ class QFileDialog;
 struct entry_ref;
 
 
-/*!	The toolkit's file dialog behind a file panel, made when it is first shown. Main thread only. */
+/*!	The toolkit's file dialog behind a file panel. There is one only while it is shown: its list of completions comes up when
+	a folder has been read, also after the choice, and would take the keyboard from all windows. Main thread only.
+*/
 class FilePanelPeer {
 public:
 	FilePanelPeer(const BMessenger* target, const entry_ref* directory, bool allowMultipleSelection,
@@ -35,11 +37,13 @@ public:
 
 private:
 	void _CreateDialog();
+	void _DropDialog();
 	void _FilesSelected(const QStringList& paths);
 
 	std::unique_ptr<QFileDialog> fDialog;
 	BMessenger fTarget;
 	BMessage fMessage;
+	// Where the next dialog starts.
 	QString fDirectory;
 	bool fAllowMultipleSelection;
 	bool fModal;

@@ -114,6 +114,42 @@ TEST_F(FilePanelTest, Pipe_IsNoFile)
 }
 
 
+TEST_F(FilePanelTest, ShownAgain_StartsWhereTheLastChoiceWas)
+{
+	TemporaryFolder other;
+	other.AddFile("second.txt", "2");
+	other.AddFile("third.txt", "3");
+	fPanel->Show();
+	TypeAndWait(other.PathOf("second.txt"));
+	fPanel->Show();
+	ASSERT_TRUE(type_into_file_panel("third.txt"));
+	EXPECT_TRUE(WaitFor([this] {
+		return fPaths.size() == 2;
+	}));
+	EXPECT_EQ(other.PathOf("third.txt"), fPaths.back());
+}
+
+
+TEST_F(FilePanelTest, MissingFile_LeavesThePanelOpen)
+{
+	fPanel->Show();
+	ASSERT_TRUE(type_into_file_panel(fFolder.PathOf("missing").c_str()));
+	EXPECT_TRUE(fPanel->IsShowing());
+	TypeAndWait(fFolder.PathOf("first.txt"));
+	EXPECT_EQ(std::vector<std::string>{fFolder.PathOf("first.txt")}, fPaths);
+}
+
+
+// The user is told that there is no such file, and the window that the panel belongs to closes.
+TEST_F(FilePanelTest, DeletedAfterAMissingFile_IsGone)
+{
+	fPanel->Show();
+	ASSERT_TRUE(type_into_file_panel(fFolder.PathOf("missing").c_str()));
+	fPanel.reset();
+	EXPECT_FALSE(cancel_file_panel());
+}
+
+
 TEST_F(FilePanelTest, DeletedWhileOpen_IsGone)
 {
 	fPanel->Show();

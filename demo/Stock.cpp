@@ -18,12 +18,16 @@ namespace demo {
 
 
 static const size_t kManyFiles = 5000;
+static const size_t kVeryManyFiles = 20000;
+static const size_t kParts = 10;
+static const uint64_t kPartSize = uint64_t(16) << 20;
 
 static const char* const kReadMe
 	= "Welcome to the shelves of the Lantern Café.\r\r"
 	  "Sizes: files of 0 bytes to a gigabyte. The large ones are made while they are read.\r"
 	  "Names: names in several scripts, old encodings, and some that mean trouble.\r"
-	  "Many: a folder of 5,000 files.\r"
+	  "Many, Very many: folders of 5,000 and of 20,000 files.\r"
+	  "Parts: ten files to be fetched at once.\r"
 	  "Pictures, Archives: files that clients show with pictures of their own.\r"
 	  "Trouble: files that cannot be had, each in its own way.\r"
 	  "Keeper's drawer: for keepers only.\r"
@@ -107,14 +111,23 @@ fill_names(FileNode& folder)
 
 
 static void
-fill_many(FileNode& folder)
+fill_many(FileNode& folder, size_t count)
 {
 	ContentReference shared = pattern(4096);
-	for (size_t i = 1; i <= kManyFiles; i++) {
+	for (size_t i = 1; i <= count; i++) {
 		char name[32];
 		snprintf(name, sizeof(name), "file %04zu.dat", i);
 		folder.Add(FileNode::File(record(name, shared)));
 	}
+}
+
+
+//!	Their contents differ: each is a little longer than the one before.
+static void
+fill_parts(FileNode& folder)
+{
+	for (size_t i = 1; i <= kParts; i++)
+		folder.Add(FileNode::File(record("part " + std::to_string(i), pattern(kPartSize + i))));
 }
 
 
@@ -182,7 +195,9 @@ fill_stock(FileNode& root)
 	add_text(root, "Read me.txt", kReadMe);
 	fill_sizes(*root.Add(FileNode::Folder("Sizes")));
 	fill_names(*root.Add(FileNode::Folder("Names")));
-	fill_many(*root.Add(FileNode::Folder("Many")));
+	fill_many(*root.Add(FileNode::Folder("Many")), kManyFiles);
+	fill_many(*root.Add(FileNode::Folder("Very many")), kVeryManyFiles);
+	fill_parts(*root.Add(FileNode::Folder("Parts")));
 	fill_pictures(*root.Add(FileNode::Folder("Pictures")));
 	fill_archives(*root.Add(FileNode::Folder("Archives")));
 	fill_trouble(*root.Add(FileNode::Folder("Trouble")));

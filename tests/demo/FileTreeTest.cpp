@@ -93,6 +93,8 @@ TEST(FileTreeTest, Stock_HasTheSizesThatMatter)
 		EXPECT_EQ(node->Record().data->Size(), file.size);
 	}
 	EXPECT_EQ(tree.FindFolder({"Many"})->Children().size(), 5000u);
+	EXPECT_EQ(tree.FindFolder({"Very many"})->Children().size(), 20000u);
+	EXPECT_EQ(tree.FindFolder({"Parts"})->Children().size(), 10u);
 }
 
 

@@ -121,6 +121,7 @@ TEST_F(TransferTest, InnerFolderAndLongOne_Listed)
 	Join();
 	EXPECT_EQ(Ask(200, {path({"A drawer"})}).fields.size(), 1u);
 	EXPECT_EQ(Ask(200, {path({"Many"})}).fields.size(), 5000u);
+	EXPECT_EQ(Ask(200, {path({"Very many"})}).fields.size(), 20000u);
 }
 
 

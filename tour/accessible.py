@@ -65,15 +65,16 @@ class Node:
     def parent(self):
         return Node(self.desktop, _asked(self._accessible.get_parent))
 
-    def walk(self):
-        """This node and all below it, parents first."""
+    def walk(self, but_in=()):
+        """This node and all below it, parents first, but for what is in nodes of those roles."""
         yield self
-        for child in self.children():
-            yield from child.walk()
+        if self.role() not in but_in:
+            for child in self.children():
+                yield from child.walk(but_in)
 
-    def find(self, role=None, name=None, having=()):
+    def find(self, role=None, name=None, having=(), but_in=()):
         """The first node below with that role, name and those states, or None."""
-        for node in self.walk():
+        for node in self.walk(but_in):
             if (role is None or node.role() == role) and (name is None or node.name() == name) \
                     and all(node.has(state) for state in having):
                 return node

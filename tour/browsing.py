@@ -4,18 +4,17 @@
 
 import os
 
-from demo import MEBIBYTE, pattern
+from demo import COUNT_ROOT, MEBIBYTE, pattern
 from desktop import wait_until
 from guide import Guide
 
-COUNT_ROOT = 11
 DOWNLOAD = "16 MiB"
 UPLOAD = "Notes from the harbour.txt"
 
 
 class Browsing(Guide):
     def open_folders(self):
-        self.root = self.client.open_files(COUNT_ROOT)
+        self.root = self.client.open_files()
         self.client.place(self.root, 40, 220)
         self.client.row("Files (%d)" % COUNT_ROOT, "Read me.txt")
         pictures = self.client.open_folder(self.root, "Pictures", "Files — Pictures (9)")
@@ -57,7 +56,7 @@ class Browsing(Guide):
         path = os.path.join(self.desktop.environment["HOME"], UPLOAD)
         with open(path, "w", encoding="utf-8") as file:
             file.write("The tide comes in at seven.\n")
-        self.root = self.client.open_files(COUNT_ROOT)
+        self.root = self.client.open_files()
         self.client.place(self.root, 40, 220)
         uploads = self.client.open_folder(self.root, "Uploads", "Files — Uploads")
         self.client.place(uploads, 640, 230)

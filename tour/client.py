@@ -6,6 +6,7 @@ import os
 
 import accessible
 from accessible import Gone
+from demo import COUNT_ROOT
 from desktop import wait_until
 
 
@@ -180,7 +181,7 @@ class Client:
 
         wait_until(is_seen, lambda: "%r to be scrolled into view" % row)
 
-    def open_files(self, count):
+    def open_files(self, count=COUNT_ROOT):
         """Opens the root folder, which has that many entries."""
         self.press("Files")
         return self.wait_for_focus_on(self.window("Files (%d)" % count))
@@ -195,7 +196,7 @@ class Client:
         self.press_in(window, "Upload")
         chooser = self.wait_for_focus_on(self.window("Open"))
         # The list of files is still filling itself while the field is looked for.
-        field = wait_until(lambda: self._find("Open", role="text", having=("editable", "focused")),
+        field = wait_until(lambda: self._find("Open", role="text", having=("editable", "focused"), but_in=("split pane",)),
             "the focus on the name of the file")
         self.desktop.type(path)
         wait_until(lambda: field.text() == path, lambda: "\"%s\", not \"%s\"" % (path, field.text()))

@@ -10,6 +10,9 @@ from desktop import NotHappened, wait_until
 SERVER_NAME = "Lantern Café"
 DEFAULT_PORT = 5500
 
+# What its root folder lists.
+COUNT_ROOT = 13
+
 MEBIBYTE = 1024 * 1024
 
 

@@ -40,6 +40,11 @@ struct MessageBlock::Field {
 	uint16 nameLength;
 	char name[2];
 
+	bool HasName(const char* wanted, size_t length) const
+	{
+		return nameLength == length && memcmp(name, wanted, length) == 0;
+	}
+
 	static size_t SizeFor(size_t nameLength)
 	{
 		return aligned(offsetof(Field, name) + nameLength + 1);
@@ -60,7 +65,8 @@ struct MessageBlock::Value {
 MessageBlock::MessageBlock()
 	: fBytes(fInside),
 	  fSize(0),
-	  fCapacity(kSizeInside)
+	  fCapacity(kSizeInside),
+	  fLastFound(kNone)
 {
 }
 
@@ -91,7 +97,7 @@ MessageBlock::operator=(const MessageBlock& other)
 void
 MessageBlock::SetTo(const uint8* bytes, uint32 size)
 {
-	fSize = 0;
+	MakeEmpty();
 	if (size > fCapacity) {
 		uint8* grown = static_cast<uint8*>(malloc(size));
 		if (grown == NULL)
@@ -104,6 +110,14 @@ MessageBlock::SetTo(const uint8* bytes, uint32 size)
 	if (size > 0)
 		memmove(fBytes, bytes, size);
 	fSize = size;
+}
+
+
+void
+MessageBlock::MakeEmpty()
+{
+	fSize = 0;
+	fLastFound = kNone;
 }
 
 
@@ -130,7 +144,8 @@ MessageBlock::Add(const char* name, type_code type, const void* data, size_t siz
 	uint32 lastOffset = last != NULL ? _OffsetOf(last) : 0;
 	uint8* outgrown = NULL;
 	size_t valueSize = aligned(sizeof(Value) + size);
-	if (!_MakeRoom(Field::SizeFor(nameLength) + valueSize, &outgrown))
+	const bool keepsOld = _Contains(name) || _Contains(data);
+	if (!_MakeRoom(Field::SizeFor(nameLength) + valueSize, keepsOld, &outgrown))
 		return B_NO_MEMORY;
 
 	if (field != NULL)
@@ -272,11 +287,21 @@ MessageBlock::GetInfo(const char* name, type_code* _type, int32* _count) const
 }
 
 
-/*!	Makes room for that many more bytes. What was outgrown, if there was anything, is handed out rather than freed, because
-	what is being added may lie in it.
+bool
+MessageBlock::_Contains(const void* address) const
+{
+	const uintptr_t place = reinterpret_cast<uintptr_t>(address);
+	const uintptr_t begin = reinterpret_cast<uintptr_t>(fBytes);
+	return place >= begin && place < begin + fCapacity;
+}
+
+
+/*!	Makes room for that many more bytes.
+	\param keepsOld Whether what is being added lies in the bytes that are outgrown: then these are handed out rather than
+		freed, if they are not inside of the object.
 */
 bool
-MessageBlock::_MakeRoom(uint64 size, uint8** _outgrown)
+MessageBlock::_MakeRoom(uint64 size, bool keepsOld, uint8** _outgrown)
 {
 	if (size <= fCapacity - fSize)
 		return true;
@@ -286,13 +311,17 @@ MessageBlock::_MakeRoom(uint64 size, uint8** _outgrown)
 		return false;
 
 	needed = std::min<uint64>(std::max<uint64>(needed, uint64(fCapacity) * 2), kMaxBlockSize);
-	uint8* grown = static_cast<uint8*>(malloc(needed));
+	// Large memory grows in place, without being copied.
+	const bool inPlace = fBytes != fInside && !keepsOld;
+	uint8* grown = static_cast<uint8*>(inPlace ? realloc(fBytes, needed) : malloc(needed));
 	if (grown == NULL)
 		return false;
 
-	memcpy(grown, fBytes, fSize);
-	if (fBytes != fInside)
-		*_outgrown = fBytes;
+	if (!inPlace) {
+		memcpy(grown, fBytes, fSize);
+		if (fBytes != fInside)
+			*_outgrown = fBytes;
+	}
 	fBytes = grown;
 	fCapacity = uint32(needed);
 	return true;
@@ -349,17 +378,32 @@ MessageBlock::_OffsetOf(const void* inside) const
 }
 
 
-/*!	\a _last receives the last field of all if there is none of that name. */
+/*!	Looks from the field that was found last to the end, and then from the start: whoever adds or reads many values does
+	so field by field, or takes one of each in turn.
+	\param _last Receives the last field of all if there is none of that name.
+*/
 MessageBlock::Field*
 MessageBlock::_FindField(const char* name, size_t length, Field** _last) const
 {
-	Field* field = _FirstField();
-	while (
-		field != NULL && (field->nameLength != length || memcmp(field->name, name, length) != 0)) {
-		if (_last != NULL)
-			*_last = field;
+	Field* const start = fLastFound != kNone ? _FieldAt(fLastFound) : _FirstField();
+	Field* last = NULL;
+	Field* field = start;
+	while (field != NULL && !field->HasName(name, length)) {
+		last = field;
 		field = _NextField(field);
 	}
+	if (field == NULL) {
+		field = _FirstField();
+		while (field != start && !field->HasName(name, length))
+			field = _NextField(field);
+		if (field == start)
+			field = NULL;
+	}
+
+	if (field != NULL)
+		fLastFound = _OffsetOf(field);
+	else if (_last != NULL)
+		*_last = last;
 	return field;
 }
 

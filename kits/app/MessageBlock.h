@@ -23,7 +23,7 @@ public:
 	MessageBlock& operator=(const MessageBlock& other);
 
 	void SetTo(const uint8* bytes, uint32 size);
-	void MakeEmpty() { fSize = 0; }
+	void MakeEmpty();
 
 	bool IsEmpty() const { return fSize == 0; }
 	const uint8* Bytes() const { return fBytes; }
@@ -45,8 +45,10 @@ private:
 	struct Value;
 
 	static const uint32 kSizeInside = 256;
+	static const uint32 kNone = UINT32_MAX;
 
-	bool _MakeRoom(uint64 size, uint8** _outgrown);
+	bool _Contains(const void* address) const;
+	bool _MakeRoom(uint64 size, bool keepsOld, uint8** _outgrown);
 	void _ForgetBytes();
 
 	Field* _FieldAt(uint32 offset) const;
@@ -62,6 +64,8 @@ private:
 	uint8* fBytes;
 	uint32 fSize;
 	uint32 fCapacity;
+	// The field that was looked for last, or kNone: the next one is mostly the one behind it.
+	mutable uint32 fLastFound;
 	alignas(8) uint8 fInside[kSizeInside];
 };
 

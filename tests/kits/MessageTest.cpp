@@ -138,6 +138,57 @@ TEST(MessageTest, ValuesAddedAfterALook_AreFound)
 }
 
 
+TEST(MessageTest, Fields_AreFoundInEveryOrder)
+{
+	const char* const names[] = {"socket", "nick", "icon", "text"};
+	BMessage message;
+	for (int32 i = 0; i < 4; i++)
+		message.AddInt32(names[i], i);
+
+	for (int32 first = 0; first < 4; first++) {
+		for (int32 second = 0; second < 4; second++) {
+			SCOPED_TRACE(names[first]);
+			SCOPED_TRACE(names[second]);
+			EXPECT_EQ(first, message.GetInt32(names[first], -1));
+			EXPECT_EQ(second, message.GetInt32(names[second], -1));
+			EXPECT_FALSE(message.HasInt32("absent"));
+		}
+	}
+}
+
+
+TEST(MessageTest, FieldAddedAfterALook_IsFoundWithAllOthers)
+{
+	BMessage message;
+	message.AddInt32("first", 1);
+	message.AddInt32("second", 2);
+	message.AddInt32("third", 3);
+	EXPECT_EQ(2, message.GetInt32("second", -1));
+	message.AddInt32("fourth", 4);
+
+	EXPECT_EQ(4, message.CountNames(B_INT32_TYPE));
+	EXPECT_EQ(1, message.GetInt32("first", -1));
+	EXPECT_EQ(3, message.GetInt32("third", -1));
+	EXPECT_EQ(4, message.GetInt32("fourth", -1));
+}
+
+
+TEST(MessageTest, MakeEmptyAfterALook_ForgetsTheFields)
+{
+	BMessage message;
+	message.AddString("other", "in front");
+	message.AddInt32("value", 1);
+	EXPECT_EQ(1, message.GetInt32("value", -1));
+	message.MakeEmpty();
+
+	EXPECT_FALSE(message.HasInt32("value"));
+	EXPECT_FALSE(message.HasString("other"));
+	message.AddInt32("value", 2);
+	EXPECT_EQ(2, message.GetInt32("value", -1));
+	EXPECT_FALSE(message.HasInt32("value", 1));
+}
+
+
 TEST(MessageTest, Copy_IsIndependentAndComplete)
 {
 	BMessage message('orig');

@@ -4,8 +4,6 @@
  */
 #include <Font.h>
 
-#include <algorithm>
-#include <cmath>
 #include <cstring>
 
 #include <FontConversionPrivate.h>
@@ -74,14 +72,11 @@ BFont::StringWidth(const char* string, int32 length) const
 }
 
 
-/*!	Whole pixels, so that baselines are sharp. */
+/*!	In whole pixels. */
 void
 BFont::GetHeight(font_height* _height) const
 {
-	const QFontMetricsF& metrics = metrics_of_font(*this);
-	_height->ascent = float(std::ceil(metrics.ascent()));
-	_height->descent = float(std::ceil(metrics.descent()));
-	_height->leading = float(std::max(0.0, std::ceil(metrics.leading())));
+	*_height = height_of_font(*this);
 }
 
 

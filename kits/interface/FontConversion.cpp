@@ -26,6 +26,7 @@ struct CachedFont {
 	const BFont key;
 	QFont font;
 	QFontMetricsF metrics;
+	font_height height;
 };
 
 // There are few: each size that is used, plain and bold.
@@ -44,10 +45,23 @@ make_font(const BFont& font)
 }
 
 
+/*!	Whole pixels, so that baselines are sharp. */
+font_height
+height_of(const QFontMetricsF& metrics)
+{
+	font_height height;
+	height.ascent = float(std::ceil(metrics.ascent()));
+	height.descent = float(std::ceil(metrics.descent()));
+	height.leading = float(std::max(0.0, std::ceil(metrics.leading())));
+	return height;
+}
+
+
 CachedFont::CachedFont(const BFont& bfont)
 	: key(bfont),
 	  font(make_font(bfont)),
-	  metrics(font)
+	  metrics(font),
+	  height(height_of(metrics))
 {
 }
 
@@ -78,6 +92,13 @@ const QFontMetricsF&
 metrics_of_font(const BFont& font)
 {
 	return find(font).metrics;
+}
+
+
+const font_height&
+height_of_font(const BFont& font)
+{
+	return find(font).height;
 }
 
 

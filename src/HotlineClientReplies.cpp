@@ -127,8 +127,8 @@ HotlineClient::_HandleUserList()
 {
 	ParameterWalker walker = fParser.Params();
 	HotlineParam param;
+	UserEntry user;
 	while (walker.Next(&param)) {
-		UserEntry user;
 		if (param.type != kFieldUserList || !ReadUserEntry(param, &user))
 			continue;
 
@@ -150,8 +150,8 @@ HotlineClient::_HandleFileList(const char* path)
 
 	ParameterWalker walker = fParser.Params();
 	HotlineParam param;
+	FileEntry file;
 	while (walker.Next(&param)) {
-		FileEntry file;
 		if (param.type != kFieldFileList || !ReadFileEntry(param, &file))
 			continue;
 

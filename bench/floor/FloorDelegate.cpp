@@ -15,6 +15,8 @@
 static const int kPictureSize = 16;
 static const int kCircleSize = 11;
 static const int kInset = 4;
+static const int kRightInset = 6;
+static const int kSpacing = 8;
 
 
 static QPixmap
@@ -87,14 +89,17 @@ FloorDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 	const qreal baseline = frame.top()
 		+ (frame.height() - 1 + std::ceil(fMetrics.ascent()) - std::ceil(fMetrics.descent())) / 2;
 	const int textLeft = left + (row.kind == FloorRow::kPlain ? 18 : 22);
+	const QString size = text_for_size(row);
+	const qreal sizeLeft = frame.right() - kRightInset - fMetrics.horizontalAdvance(size);
+	const qreal room = sizeLeft - kSpacing - textLeft;
+	const bool fits = fMetrics.horizontalAdvance(row.name) <= room;
+
 	painter->setFont(fFont);
 	painter->setPen(Qt::black);
-	painter->drawText(QPointF(textLeft, baseline), row.name);
-
-	const QString size = text_for_size(row);
+	painter->drawText(QPointF(textLeft, baseline),
+		fits ? row.name : fMetrics.elidedText(row.name, Qt::ElideRight, room));
 	painter->setPen(QColor(168, 168, 168));
-	painter->drawText(QPointF(frame.right() - 6 - fMetrics.horizontalAdvance(size), baseline),
-		size);
+	painter->drawText(QPointF(sizeLeft, baseline), size);
 }
 
 

@@ -4,12 +4,12 @@
  */
 // The least that shows a folder of many files with the toolkit: a list view with a model and a delegate of its own.
 
-#include <memory>
 #include <string>
-#include <thread>
+#include <vector>
 
 #include <QApplication>
 #include <QListView>
+#include <QSocketNotifier>
 #include <QtEndian>
 #include <QVBoxLayout>
 
@@ -23,31 +23,15 @@
 
 static const char* const kRowCount = "10000";
 
+// Of a transaction, in bytes.
+static const size_t kHeaderSize = 22;
+
 // The rows of the program's window have this place, with their frame and scroll bar.
 static const QPoint kWindowPlace(200, 150);
 static const QSize kListSize(361, 284);
 
 // In pixels.
 static const int kFontSize = 12;
-
-
-/*!	Receives the files and reads them, on a thread of its own. */
-static void
-fetch(int socket, FloorModel* model)
-{
-	static const char kRequest[22] = {0, 0, 0, char(200), 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 2, 0, 0,
-		0, 2};
-	SendFully(socket, kRequest, sizeof(kRequest));
-	char header[22];
-	ReceiveFully(socket, header, sizeof(header));
-	std::vector<char> payload(qFromBigEndian<quint32>(header + 12) - 2);
-	ReceiveFully(socket, payload.data(), payload.size());
-
-	auto rows = std::make_shared<std::vector<FloorRow>>(FloorModel::ReadRows(payload));
-	QMetaObject::invokeMethod(model, [model, rows] {
-		model->SetRows(std::move(*rows));
-	});
-}
 
 
 static int
@@ -69,6 +53,27 @@ prepare(QListView* list)
 	list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 	list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
 	list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+}
+
+
+/*!	Asks for the files. */
+static void
+send_request(int socket)
+{
+	static const char kRequest[kHeaderSize] = {0, 0, 0, char(200), 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0,
+		2, 0, 0, 0, 2};
+	SendFully(socket, kRequest, sizeof(kRequest));
+}
+
+
+static void
+receive_rows(int socket, FloorModel& model)
+{
+	char header[kHeaderSize];
+	ReceiveFully(socket, header, sizeof(header));
+	std::vector<char> payload(qFromBigEndian<quint32>(header + 12) - 2);
+	ReceiveFully(socket, payload.data(), payload.size());
+	model.SetRows(FloorModel::ReadRows(payload));
 }
 
 
@@ -114,12 +119,15 @@ main(int argumentCount, char** arguments)
 	warm_up(model);
 
 	const int socket = open_connection(partner);
-	std::thread fetcher(fetch, socket, &model);
+	send_request(socket);
+	QSocketNotifier notifier(socket, QSocketNotifier::Read);
+	QObject::connect(&notifier, &QSocketNotifier::activated, [socket, &model] {
+		receive_rows(socket, model);
+	});
 	Settle();
 
 	Figures figures;
 	MeasureListing(list, std::stoi(rowCount), partner, figures);
-	fetcher.join();
 	figures.Print();
 	return 0;
 }

@@ -50,11 +50,10 @@ private:
 static void
 process_events_for(int milliseconds)
 {
-	bool isOver = false;
-	QTimer::singleShot(milliseconds, Qt::PreciseTimer, qApp, [&isOver] {
-		isOver = true;
-	});
-	while (!isOver)
+	QTimer timer;
+	timer.setSingleShot(true);
+	timer.start(milliseconds);
+	while (timer.isActive())
 		QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 

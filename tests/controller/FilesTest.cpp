@@ -151,6 +151,21 @@ TEST_F(FilesTest, OpenedFolders_AreAskedFor)
 }
 
 
+// A request would have taken the first number.
+TEST_F(FilesTest, FolderOpenedWhileConnecting_IsNotAskedFor)
+{
+	BMessage connect(kMsgConnectServer);
+	connect.AddString("address", "127.0.0.1");
+	connect.AddInt16("port", static_cast<int16>(fServer.Port()));
+	Post(&connect);
+	fServer.Accept();
+	_Open("a");
+	EXPECT_EQ(1, count_windows<FileListWindow>());
+	fServer.ShakeHands();
+	EXPECT_EQ(1u, fServer.Read(107).id);
+}
+
+
 TEST_F(FilesTest, Listing_GoesToTheFirstWindowOfItsFolder)
 {
 	FileListWindow* root = _Open("");
@@ -278,7 +293,7 @@ TEST_F(FilesTest, UploadOfMoreThan32Bits_AnnouncesTheLowOnes)
 	std::vector<std::string> announced;
 	for (const int64 size : {int64(1), int64(4294967297), int64(2)}) {
 		BMessage upload(kMsgUploadFile);
-		upload.AddString("path", "");
+		upload.AddString("path", "ab");
 		upload.AddString("name", "big");
 		upload.AddString("localpath", "/tmp/big");
 		upload.AddInt64("size", size);
@@ -286,6 +301,7 @@ TEST_F(FilesTest, UploadOfMoreThan32Bits_AnnouncesTheLowOnes)
 		ExpectChat("*** Requesting upload: big ***\n", 100, 100, 100);
 		const WireTransaction sent = fServer.Read(203);
 		EXPECT_EQ("big", sent.Field(201));
+		EXPECT_EQ(wire16(1) + wire16(0) + wire8(2) + "ab", sent.Field(202));
 		announced.push_back(sent.Field(108));
 	}
 	EXPECT_EQ(announced[0], announced[1]);
@@ -383,6 +399,9 @@ TEST_F(FilesTest, Transfers_HaveThreadsOfTheirOwn)
 	EXPECT_EQ(B_NORMAL_PRIORITY, threads[1].priority);
 	EXPECT_EQ("HL:BannerDL", threads[2].name);
 	EXPECT_EQ(B_LOW_PRIORITY, threads[2].priority);
+	ExpectChatBegins("*** Downloading never comes (10 bytes) ***\n*** Uploading gone ***\n", 0, 100,
+		0);
+	AwaitChat("*** Upload failed: gone ***\n", 200, 0, 0);
 }
 
 
@@ -423,6 +442,8 @@ TEST_F(FilesTest, TransferWithoutAPort_TakesTheDefault)
 			return false;
 		}));
 	}
+	ExpectChatBegins("*** Downloading name (10 bytes) ***\n*** Uploading name ***\n", 0, 100, 0);
+	AwaitChat("*** Upload failed: name ***\n", 200, 0, 0);
 }
 
 
@@ -459,7 +480,7 @@ TEST_F(FilesTest, Banner_IsShownInItsSize)
 	EXPECT_EQ(BSize(1, 1), _BannerSize());
 	_PostBanner(picture_file(468, 60));
 	EXPECT_EQ(BSize(468, 60), _BannerSize());
-	EXPECT_EQ(60, fMain.Find<BannerView>("banner")->MaxSize().height);
+	EXPECT_EQ(BSize(B_SIZE_UNLIMITED, 60), fMain.Find<BannerView>("banner")->ExplicitMaxSize());
 	EXPECT_TRUE(WaitFor([this] {
 		return fMain.Window()->FindView("banner")->Frame().Height() >= 59;
 	}));
@@ -484,5 +505,6 @@ TEST_F(FilesTest, VeryWideBanner_IsShownAndCleared)
 	EXPECT_EQ(BSize(20000, 1), _BannerSize());
 	Post(kMsgToolDisconnect);
 	EXPECT_EQ(BSize(0, 0), _BannerSize());
+	EXPECT_EQ(BSize(B_SIZE_UNLIMITED, 0), fMain.Find<BannerView>("banner")->ExplicitMaxSize());
 	EXPECT_EQ("Not connected", Status());
 }

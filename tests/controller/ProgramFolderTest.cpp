@@ -2,6 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <string>
 
@@ -11,11 +13,18 @@
 #include <Button.h>
 #include <Entry.h>
 #include <ListView.h>
+#include <Message.h>
 #include <Roster.h>
 
+#include "AboutWindow.h"
+#include "AppMessages.h"
 #include "ControllerFixture.h"
 #include "DrawnRow.h"
+#include "FileListWindow.h"
+#include "FileObject.h"
 #include "HotlineNotifications.h"
+#include "OptionsWindow.h"
+#include "RawServer.h"
 #include "TemporaryFolder.h"
 #include "UserInput.h"
 #include "WaitFor.h"
@@ -91,6 +100,10 @@ protected:
 		}
 
 		void LogIn() { Post(kHLLoggedIn); }
+
+		using ControllerFixture::AwaitChat;
+		using ControllerFixture::ExpectChatBegins;
+		using ControllerFixture::Post;
 
 		// Whether the row of a user who joins with these shows a color.
 		bool UserShows(uint16 icon, uint16 status, const std::string& color)
@@ -201,4 +214,74 @@ TEST_F(ProgramFolderTest, UserWhoJoins_HasItsPictureOrItsDot)
 	EXPECT_TRUE(window.UserShows(239, 1, redDot));
 	EXPECT_FALSE(window.UserShows(239, 0, redDot));
 	EXPECT_FALSE(window.UserShows(239, 1, picture));
+}
+
+
+TEST_F(ProgramFolderTest, Options_ListThePicturesOfTheFolder)
+{
+	_WritePictures();
+	Window window;
+	window.Post(kMsgToolOptions);
+	WindowProbe options(find_window<OptionsWindow>());
+	EXPECT_EQ(int32(kPictures.size()), options.Find<BListView>("iconlist")->CountItems());
+}
+
+
+TEST_F(ProgramFolderTest, Files_HaveThePicturesOfTheFolder)
+{
+	static const char* const kFolderColor = "\xe8\x90\x98";
+
+	fFolder.AddFolder("assets");
+	fFolder.AddFile("assets/401.png", std::string("P6\n1 1\n255\n") + kFolderColor);
+	Window window;
+	window.Post(kMsgToolFiles);
+	BMessage listing(kHLFileListReceived);
+	listing.AddString("path", "");
+	listing.AddString("name", "folder");
+	listing.AddString("type", "fldr");
+	window.Post(&listing);
+	FileListWindow* files = find_window<FileListWindow>();
+	WindowProbe::Settle(files);
+	BListItem* item = static_cast<BListView*>(files->FindView("filelist"))->ItemAt(0);
+	ASSERT_TRUE(item != NULL);
+	const std::string row = drawn_row([item](BView* view, BRect frame) {
+		item->DrawItem(view, frame, true);
+	});
+	EXPECT_NE(std::string::npos, row.find(pixel_of_color(kFolderColor)));
+}
+
+
+TEST_F(ProgramFolderTest, About_ShowsTheLogoOfTheFolder)
+{
+	fFolder.AddFile("logo.png", picture_file(40, 60));
+	Window window;
+	window.Post(kMsgToolAbout);
+	WindowProbe about(find_window<AboutWindow>());
+	EXPECT_EQ(155 + 59 + 15, about.Find<BView>("aboutView")->MinSize().height);
+}
+
+
+// Names of all kinds, which need not be text.
+TEST_F(ProgramFolderTest, Download_ArrivesUnderItsName)
+{
+	Window window;
+	RawServer transfers;
+	for (const std::string& name : {std::string("read me"), std::string("100% <b>"),
+			 std::string("R\x8esum\x8e"), std::string("...")}) {
+		SCOPED_TRACE(name);
+		BMessage ready(kHLDownloadReady);
+		ready.AddUInt32("ref", 5);
+		ready.AddUInt32("size", 4000000000u);
+		ready.AddString("filename", name.c_str());
+		ready.AddString("address", "127.0.0.1");
+		ready.AddUInt16("port", static_cast<uint16>(transfers.Port() - 1));
+		window.Post(&ready);
+		window.ExpectChatBegins("*** Downloading " + name + " (4000000000 bytes) ***\n", 0, 100, 0);
+		ASSERT_TRUE(transfers.Accept());
+		transfers.Send(FileObject("data of " + name));
+		window.AwaitChat("*** Download complete: " + name + " ***\n", 0, 128, 0);
+
+		std::ifstream file(fFolder.PathOf("Downloads/" + name), std::ios::binary);
+		EXPECT_EQ("data of " + name, std::string(std::istreambuf_iterator<char>(file), {}));
+	}
 }

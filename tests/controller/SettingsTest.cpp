@@ -48,6 +48,8 @@ TEST_F(SettingsTest, Options_ShowTheDefaults)
 {
 	Post(kMsgToolOptions);
 	WindowProbe window(find_window<OptionsWindow>());
+	EXPECT_EQ(320, window.Window()->Frame().Width());
+	EXPECT_EQ(400, window.Window()->Frame().Height());
 	EXPECT_EQ("HaikuUser", window.Text("nick"));
 	EXPECT_EQ("hltracker.com", window.Text("tracker"));
 	EXPECT_EQ("Current icon: 137", window.Label("iconlabel"));
@@ -166,6 +168,7 @@ TEST_F(SettingsTest, Tracker_IsAskedUnderTheSavedAddress)
 	Post(kMsgToolTracker);
 	WindowProbe window(find_window<TrackerWindow>());
 	EXPECT_EQ("Tracker — " + address, window.Window()->Title());
+	EXPECT_EQ(BRect(150, 100, 650, 450), window.Window()->Frame());
 	ASSERT_TRUE(tracker.Accept());
 	tracker.Hangup();
 	EXPECT_TRUE(WaitFor([&window] {

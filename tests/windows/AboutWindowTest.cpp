@@ -20,6 +20,7 @@
 #include "DrawnRow.h"
 #include "TemporaryFolder.h"
 #include "UserInput.h"
+#include "WaitFor.h"
 #include "WindowInput.h"
 #include "WindowProbe.h"
 
@@ -134,6 +135,31 @@ TEST_F(AboutWindowTest, LogoThatIsNoPicture_IsOmitted)
 	fFolder.AddFile("logo.png", "hello");
 	_Open();
 	EXPECT_EQ(BSize(300, 155), fWindow->Find<AboutView>("aboutView")->MinSize());
+}
+
+
+TEST_F(AboutWindowTest, Window_IsModalAndStandsInTheMiddle)
+{
+	_Open();
+	EXPECT_EQ(B_MODAL_APP_WINDOW_FEEL, fWindow->Window()->Feel());
+	const BRect frame = fWindow->Window()->Frame();
+	fFolder.AddFile("logo.png", picture_file(40, 200));
+	_Open();
+	const BRect taller = fWindow->Window()->Frame();
+	EXPECT_LT(frame.Height(), taller.Height());
+	EXPECT_NEAR(frame.left + frame.right, taller.left + taller.right, 2);
+	EXPECT_NEAR(frame.top + frame.bottom, taller.top + taller.bottom, 2);
+}
+
+
+TEST_F(AboutWindowTest, Credits_RollByThemselves)
+{
+	_Open();
+	CreditsView* credits = fWindow->Find<CreditsView>("creditsView");
+	const std::string atFirst = picture_of(credits);
+	EXPECT_TRUE(WaitFor([&] {
+		return picture_of(credits) != atFirst;
+	}));
 }
 
 

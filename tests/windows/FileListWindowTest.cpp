@@ -10,14 +10,19 @@
 
 #include <Button.h>
 #include <Entry.h>
+#include <Font.h>
 #include <ListView.h>
 #include <Message.h>
+#include <StringView.h>
 
 #include "AppMessages.h"
+#include "DrawnRow.h"
 #include "FileItem.h"
 #include "HostileTexts.h"
 #include "MessageRecorder.h"
 #include "TemporaryFolder.h"
+#include "UserInput.h"
+#include "WaitFor.h"
 #include "WindowProbe.h"
 
 
@@ -318,6 +323,57 @@ TEST_F(FileListWindowTest, FolderWithoutPictures_IsNoObstacle)
 	_ExpectCount("Files (2)", "2 items");
 	EXPECT_STREQ("", fWindow->Find<BButton>("download")->Label());
 	EXPECT_STREQ("", fWindow->Find<BButton>("upload")->Label());
+}
+
+
+// Each picture has a color of its own, as the bytes of a pixel: blue first.
+TEST_F(FileListWindowTest, Pictures_AreThoseOfTheFolder)
+{
+	const TemporaryFolder folder;
+	const auto add = [&folder](const char* file, const std::string& color) {
+		folder.AddFile(file, "P6\n1 1\n255\n" + color);
+		return std::string{color[2], color[1], color[0], '\xff'};
+	};
+	const std::string folderPixel = add("401.png", "\xe1\x20\x91");
+	const std::string archivePixel = add("403.png", "\xe2\x30\x92");
+	const std::string imagePixel = add("406.png", "\xe3\x40\x93");
+	const std::string downloadPixel = add("210.png", "\xe4\x50\x94");
+	const std::string uploadPixel = add("211.png", "\xe5\x60\x95");
+	_Open(NULL, folder.Path().c_str());
+	const auto shows = [](const std::string& picture, const std::string& pixel) {
+		return picture.find(pixel) != std::string::npos;
+	};
+	EXPECT_TRUE(shows(picture_of(fWindow->Find<BButton>("download")), downloadPixel));
+	EXPECT_TRUE(shows(picture_of(fWindow->Find<BButton>("upload")), uploadPixel));
+
+	BMessage listing(kMsgFileEntry);
+	_AddEntry(&listing, "inner", "fldr");
+	_AddEntry(&listing, "archive.sit");
+	_AddEntry(&listing, "image.png");
+	fWindow->Post(&listing);
+	int32 row = 0;
+	for (const std::string& pixel : {folderPixel, archivePixel, imagePixel}) {
+		FileItem* item = _Item(row++);
+		EXPECT_TRUE(shows(drawn_row([item](BView* view, BRect frame) {
+			item->DrawItem(view, frame, true);
+		}),
+			pixel))
+			<< item->FileName();
+	}
+}
+
+
+TEST_F(FileListWindowTest, Controls_AreNamedAndReady)
+{
+	_Open(NULL);
+	EXPECT_EQ("Download", accessible_of(fWindow->Find<BButton>("download")).name);
+	EXPECT_EQ("Upload", accessible_of(fWindow->Find<BButton>("upload")).name);
+	EXPECT_TRUE(WaitFor([this] {
+		return fList->IsFocus();
+	}));
+	BFont font;
+	fWindow->Find<BStringView>("countlabel")->GetFont(&font);
+	EXPECT_TRUE(font == *be_bold_font);
 }
 
 

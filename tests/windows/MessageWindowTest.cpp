@@ -84,7 +84,11 @@ TEST_F(MessageWindowTest, AtFirst_IsNamedAfterTheNickAndEmpty)
 	EXPECT_EQ(0x8005, _Conversation()->Socket());
 	EXPECT_EQ("", _Transcript());
 	EXPECT_TRUE(fWindow.IsEnabled("pminput"));
+	EXPECT_TRUE(WaitFor([this] {
+		return fWindow.Find<BTextControl>("pminput")->TextView()->IsFocus();
+	}));
 	EXPECT_FALSE(fWindow.Find<BTextView>("pmchat")->IsEditable());
+	EXPECT_TRUE(fWindow.Find<BTextView>("pmchat")->DoesWordWrap());
 	EXPECT_EQ(0, fTarget->CountMessages());
 }
 
@@ -183,6 +187,24 @@ TEST_F(MessageWindowTest, Incoming_RestoresAMinimizedWindow)
 	EXPECT_TRUE(WaitFor([this] {
 		return fWindow.Window()->IsActive();
 	}));
+}
+
+
+TEST_F(MessageWindowTest, AfterEveryLine_TheEndIsInView)
+{
+	for (int i = 0; i < 100; i++)
+		_Receive("Ann", "hello");
+	const auto showsTheEnd = [this] {
+		const BTextView* view = fWindow.Find<BTextView>("pmchat");
+		return view->Bounds().Contains(view->PointAt(view->TextLength()));
+	};
+	EXPECT_TRUE(WaitFor(showsTheEnd));
+	fWindow.Find<BTextView>("pmchat")->ScrollToOffset(0);
+	EXPECT_TRUE(WaitFor([&showsTheEnd] {
+		return !showsTheEnd();
+	}));
+	_Type("hi");
+	EXPECT_TRUE(WaitFor(showsTheEnd));
 }
 
 

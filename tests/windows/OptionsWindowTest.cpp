@@ -9,8 +9,12 @@
 #include <gtest/gtest.h>
 
 #include <Button.h>
+#include <Font.h>
+#include <InterfaceDefs.h>
 #include <ListView.h>
 #include <Message.h>
+#include <StringView.h>
+#include <TextControl.h>
 
 #include "AppMessages.h"
 #include "DrawnRow.h"
@@ -74,6 +78,34 @@ TEST_F(OptionsWindowTest, AtFirst_ShowsWhatWasSet)
 	EXPECT_EQ("tracker.example", fWindow->Text("tracker"));
 	EXPECT_EQ("Current icon: 137", _Label());
 	EXPECT_TRUE(fWindow->Find<BButton>("save")->IsDefault());
+}
+
+
+TEST_F(OptionsWindowTest, Headers_AreBoldAndFieldsLineUp)
+{
+	_Open(137);
+	for (const char* name : {"header", "iconheader"}) {
+		BFont font;
+		fWindow->Find<BStringView>(name)->GetFont(&font);
+		EXPECT_TRUE(font == *be_bold_font) << name;
+	}
+	EXPECT_EQ("Settings", fWindow->Label("header"));
+	EXPECT_EQ("User Icon", fWindow->Label("iconheader"));
+	for (const char* name : {"nick", "tracker"}) {
+		const BTextControl* field = fWindow->Find<BTextControl>(name);
+		EXPECT_FLOAT_EQ(field->StringWidth("Username:") + 8, field->Divider()) << name;
+	}
+}
+
+
+TEST_F(OptionsWindowTest, Window_StandsInTheMiddleOfTheScreen)
+{
+	_Open(137);
+	const BRect frame = fWindow->Window()->Frame();
+	const WindowProbe other(new OptionsWindow(BRect(0, 0, 500, 600), fTarget.get(), "", 0, "", ""));
+	const BRect otherFrame = other.Window()->Frame();
+	EXPECT_NEAR(frame.left + frame.right, otherFrame.left + otherFrame.right, 2);
+	EXPECT_NEAR(frame.top + frame.bottom, otherFrame.top + otherFrame.bottom, 2);
 }
 
 
@@ -241,6 +273,10 @@ TEST_F(OptionsWindowTest, TwoThousandIcons_AreAllListed)
 	_Open(kCount);
 	EXPECT_EQ(expected, _Icons());
 	EXPECT_EQ(kCount - 1, fList->CurrentSelection());
+	EXPECT_TRUE(WaitFor([this] {
+		return fList->Bounds().Intersects(fList->ItemFrame(kCount - 1));
+	}));
+	EXPECT_FALSE(fList->Bounds().Intersects(fList->ItemFrame(0)));
 }
 
 

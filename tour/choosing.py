@@ -12,36 +12,25 @@ NEW_ICON = "144"
 
 class Choosing(Guide):
     def change_options(self):
-        self.client.press("Options")
-        window = self.client.wait_for_focus_on(self.client.window("Options"))
-        self.fill_field("Username:", NEW_NICK)
+        window = self.client.open_options()
+        self.client.fill_option("Username:", NEW_NICK)
         self.tracker = "localhost"
         if self.demo.port != DEFAULT_PORT:
             self.tracker += ":%d" % self.demo.tracker_port
-        self.fill_field("Tracker:", self.tracker)
+        self.client.fill_option("Tracker:", self.tracker)
         self.client.choose(window, NEW_ICON)
         wait_until(lambda: self.client.node("Options").find(role="label", name="Current icon: " + NEW_ICON),
             "the label to name the chosen icon")
         self.show("options", "Options: another nick, the demo's tracker, another icon.")
-        self.client.press_in(window, "Save")
-        self.desktop.wait_without_window("Options", self.client.program)
+        self.client.save_options()
         self.client.wait_for_users(lambda users: NEW_NICK in users and self.nick not in users, NEW_NICK)
         self.nick = NEW_NICK
         self.client.bring_to_front(self.client.users_window())
         self.show("other-nick", "Saved while connected: everybody sees the new nick and icon at once.")
 
-    def fill_field(self, name, text):
-        field = self.client.node("Options").find(role="text", name=name)
-        self.client.click(field, self.client.window("Options"))
-        wait_until(lambda: field.has("focused"), "\"%s\" to have the focus" % name)
-        self.desktop.key("ctrl+a")
-        self.desktop.type(text)
-        wait_until(lambda: field.text() == text, lambda: "\"%s\", not \"%s\"" % (text, field.text()))
-
     def find_a_server(self):
-        self.client.press("Tracker")
         title = "Tracker — " + self.tracker
-        window = self.client.wait_for_focus_on(self.client.window(title))
+        window = self.client.open_tracker(self.tracker)
         self.client.place(window, 240, 180)
         wait_until(lambda: self.client.node(title).find(role="label", name="8 servers"), "eight servers")
         row = self.client.row(title, SERVER_NAME)

@@ -181,6 +181,37 @@ class Client:
 
         wait_until(is_seen, lambda: "%r to be scrolled into view" % row)
 
+    def open_options(self):
+        self.press("Options")
+        return self.wait_for_focus_on(self.window("Options"))
+
+    def fill_option(self, name, text):
+        """Types into a field of the options window, in place of what stands there."""
+        field = self.node("Options").find(role="text", name=name)
+        self.click(field, self.window("Options"))
+        wait_until(lambda: field.has("focused"), "\"%s\" to have the focus" % name)
+        self.desktop.key("ctrl+a")
+        self.desktop.type(text)
+        wait_until(lambda: field.text() == text, lambda: "\"%s\", not \"%s\"" % (text, field.text()))
+
+    def save_options(self):
+        self.press_in(self.window("Options"), "Save")
+        self.desktop.wait_without_window("Options", self.program)
+
+    def use_tracker(self, address):
+        self.open_options()
+        self.fill_option("Tracker:", address)
+        self.save_options()
+
+    def open_tracker(self, address):
+        """Opens a tracker window, in front of others that there may be."""
+        before = {window.id for window in self.desktop.windows()}
+        self.press("Tracker")
+        title = "Tracker — " + address
+        window = wait_until(lambda: next((window for window in self.desktop.windows()
+            if window.listed_title == title and window.id not in before), None), "another window \"%s\"" % title)
+        return self.wait_for_focus_on(window)
+
     def open_files(self, count=COUNT_ROOT):
         """Opens the root folder, which has that many entries."""
         self.press("Files")

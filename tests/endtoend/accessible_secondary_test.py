@@ -30,10 +30,6 @@ class AccessibleSecondaryTest(ClientCase):
         self.client.wait_for_login(SERVER_NAME)
         self.client.wait_for_users(lambda users: "HaikuUser" in users, "HaikuUser")
 
-    def open_options(self):
-        self.client.press("Options")
-        return self.client.wait_for_focus_on(self.client.window("Options"))
-
     def assert_rows(self, rows, window, expected):
         """The rows are those, each with its name and description, and those that can be seen say where they are."""
         self.assertEqual(rows.role(), "list")
@@ -46,7 +42,7 @@ class AccessibleSecondaryTest(ClientCase):
         self.assertTrue(is_inside(found[0].extents(), rows.extents()), found[0].extents())
 
     def test_the_options_window(self):
-        window = self.open_options()
+        window = self.client.open_options()
         node = self.client.node("Options")
         self.assertEqual(node.role(), "frame")
         fields = [child for child in node.walk() if child.has("editable")]
@@ -66,20 +62,10 @@ class AccessibleSecondaryTest(ClientCase):
         wait_until(lambda: node.find(role="label", name="Current icon: 139"), "the label of the chosen icon")
 
     def test_the_tracker_window(self):
-        window = self.open_options()
-        field = self.client.node("Options").find(role="text", name="Tracker:")
-        self.client.click(field, window)
-        wait_until(lambda: field.has("focused"), "the field to have the focus")
-        self.desktop.key("ctrl+a")
         address = "localhost:%d" % self.demo.tracker_port
-        self.desktop.type(address)
-        wait_until(lambda: field.text() == address, "the address in the field")
-        self.client.press_in(window, "Save")
-        self.desktop.wait_without_window("Options")
-
-        self.client.press("Tracker")
+        self.client.use_tracker(address)
+        window = self.client.open_tracker(address)
         title = "Tracker — " + address
-        window = self.client.wait_for_focus_on(self.client.window(title))
         node = self.client.node(title)
         self.assertEqual((node.role(), node.name()), ("frame", title))
         wait_until(lambda: names(node, "label") == ["8 servers"], lambda: "8 servers:\n" + node.tree())

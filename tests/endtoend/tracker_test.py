@@ -1,0 +1,96 @@
+#!/usr/bin/python3
+# Copyright 2026, The Palimbra developers.
+# Distributed under the terms of the MIT License.
+"""Trackers that say nothing: no window waits for another one, and the program ends."""
+
+import itertools
+import os
+import tempfile
+
+import hotline
+from desktop import wait_until
+from support import BUILD, ClientCase, main, setUpModule  # noqa: F401
+
+FETCH_THREAD = "TrackerFetch"
+
+
+class TrackerTest(ClientCase):
+    def setUp(self):
+        self.server = hotline.Server()
+        self.server.__enter__()
+        self.addCleanup(self.server.__exit__)
+        self.address = "127.0.0.1:%d" % self.server.port
+
+    def fetch_threads(self, client):
+        return client.program.threads().count(FETCH_THREAD)
+
+    def open_silent(self, client):
+        """A tracker window whose question has arrived, and the connection on which nobody answers it."""
+        window = client.open_tracker(self.address)
+        connection = self.server.accept()
+        self.assertEqual(connection.read_exactly(6), b"HTRK\x00\x01")
+        return window, connection
+
+    def assert_others_react(self, client):
+        client.open_connect()
+        self.desktop.key("Escape")
+        self.desktop.wait_without_window("Connect to Server")
+        client.bring_to_front(client.main_window())
+        self.desktop.key("ctrl+1")
+        client.wait_for_focus_on(client.chat_window())
+
+    def close(self, window):
+        window.close()
+        wait_until(lambda: not window.exists(), "the window to disappear")
+
+    def test_three_windows_on_a_silent_tracker_close_in_any_order(self):
+        client = self.start_client()
+        client.use_tracker(self.address)
+        threads = client.program.threads()
+        for order in itertools.permutations(range(3)):
+            with self.subTest(order):
+                opened = [self.open_silent(client) for _ in range(3)]
+                self.assertEqual(self.fetch_threads(client), 3)
+                for index in order:
+                    self.close(opened[index][0])
+                    self.assertEqual(self.fetch_threads(client), 3)
+                    self.assert_others_react(client)
+                for _, connection in opened:
+                    connection.close()
+                self.assert_soon(client.program.threads, threads)
+        self.assertEqual(client.quit(), 0)
+        self.assert_ended_well(client)
+
+    def test_a_window_closes_while_the_name_is_resolved(self):
+        folder = tempfile.mkdtemp(dir=self.desktop.folder)
+        gate = os.path.join(folder, "gate")
+        os.mkfifo(gate)
+        client = self.start_client(environment={
+            "LD_PRELOAD": os.path.join(BUILD, "tests/endtoend/libslow_resolver.so"), "PALIMBRA_RESOLVER": folder})
+        address = "slow.test:%d" % self.server.port
+        client.use_tracker(address)
+        window = client.open_tracker(address)
+        wait_until(lambda: os.path.exists(os.path.join(folder, "asked")), "the name to be asked for")
+        self.close(window)
+        self.assert_others_react(client)
+        self.assertEqual(self.fetch_threads(client), 1)
+        with open(gate, "w"):
+            pass
+        self.assert_soon(lambda: self.fetch_threads(client), 0)
+        self.assertEqual(client.quit(), 0)
+        self.assert_ended_well(client)
+
+    def test_quitting_with_silent_trackers(self):
+        client = self.start_client()
+        client.use_tracker(self.address)
+        opened = [self.open_silent(client) for _ in range(3)]
+        client.bring_to_front(client.main_window())
+        self.desktop.key("ctrl+q")
+        wait_until(lambda: not client.titles(), lambda: "all windows to disappear: %s" % client.titles())
+        for _, connection in opened:
+            connection.close()
+        self.assert_ended_well(client)
+
+
+if __name__ == "__main__":
+    main()

@@ -211,8 +211,10 @@ class Desktop:
     def type(self, text):
         self.ask("xdotool", "type", "--clearmodifiers", "--delay", "8", "--", text)
 
-    def click(self, x, y, button=1, count=1):
-        self.ask("xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(count), "--delay", "40", str(button))
+    def click(self, x, y, button=1, count=1, delay=40):
+        """Clicks that often, with so many milliseconds in between."""
+        self.ask("xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(count), "--delay", str(delay),
+            str(button))
 
     def point(self, x, y):
         """Moves the mouse without a click."""

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include <FocusBorderPrivate.h>
 #include <ListViewPeer.h>
 #include <Window.h>
 
@@ -91,6 +92,15 @@ ListWidget::ListWidget(ListViewPeer* peer)
 	setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
 	setEditTriggers(QAbstractItemView::NoEditTriggers);
 	setUniformItemSizes(true);
+}
+
+
+bool
+ListWidget::event(QEvent* event)
+{
+	const bool result = QListView::event(event);
+	show_focus_by_border(this, event);
+	return result;
 }
 
 

@@ -57,6 +57,7 @@ public:
 	explicit ListWidget(ListViewPeer* peer);
 
 protected:
+	bool event(QEvent* event) override;
 	void keyPressEvent(QKeyEvent* event) override;
 	void mouseDoubleClickEvent(QMouseEvent* event) override;
 

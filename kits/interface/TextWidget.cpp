@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QTextDocument>
 
+#include <FocusBorderPrivate.h>
 #include <TextLayoutPrivate.h>
 
 
@@ -47,6 +48,15 @@ TextWidget::ScrollToEnd()
 	viewport()->setUpdatesEnabled(false);
 	bar->setValue(bar->maximum());
 	viewport()->setUpdatesEnabled(true);
+}
+
+
+bool
+TextWidget::event(QEvent* event)
+{
+	const bool result = QPlainTextEdit::event(event);
+	show_focus_by_border(this, event);
+	return result;
 }
 
 

@@ -25,6 +25,7 @@ public:
 	void ForgetEnd() { fFollowsEnd = false; }
 
 protected:
+	bool event(QEvent* event) override;
 	void resizeEvent(QResizeEvent* event) override;
 	void showEvent(QShowEvent* event) override;
 

@@ -615,3 +615,17 @@ TEST_F(ListViewTest, HugeText_IsDrawnAndDescribed)
 	press_key(fList, KEY_DOWN);
 	EXPECT_EQ(fList->CurrentSelection(), 0);
 }
+
+
+TEST_F(ListViewTest, Focus_IsSeenByTheBorder)
+{
+	fList->MakeFocus(true);
+	ASSERT_TRUE(WaitFor([this]() {
+		return fWindow->IsActive();
+	}));
+	const unsigned focused = pixel_of(fList, BPoint(0, 0));
+	fList->MakeFocus(false);
+	EXPECT_NE(focused, pixel_of(fList, BPoint(0, 0)));
+	fList->MakeFocus(true);
+	EXPECT_EQ(focused, pixel_of(fList, BPoint(0, 0)));
+}

@@ -547,3 +547,17 @@ TEST_F(TextViewTest, DeletedWithTextWaiting_IsNoTrouble)
 	other->Quit();
 	EXPECT_TRUE(WaitUntilShown());
 }
+
+
+TEST_F(TextViewTest, Focus_IsSeenByTheBorder)
+{
+	fText->MakeFocus(true);
+	ASSERT_TRUE(WaitFor([this]() {
+		return fWindow->IsActive();
+	}));
+	const unsigned focused = pixel_of(fText, BPoint(0, 0));
+	fText->MakeFocus(false);
+	EXPECT_NE(focused, pixel_of(fText, BPoint(0, 0)));
+	fText->MakeFocus(true);
+	EXPECT_EQ(focused, pixel_of(fText, BPoint(0, 0)));
+}

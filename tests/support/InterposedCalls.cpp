@@ -20,6 +20,7 @@ static const int kNothing = -1;
 static std::atomic<int> sSocketError(kNothing);
 static std::atomic<int> sConnectError(kNothing);
 static std::atomic<int> sSendSize(kNothing);
+static std::atomic<bool> sBreaksSend(false);
 static std::atomic<status_t> sSpawnError(B_OK);
 static std::atomic<int> sTimeoutDivisor(1);
 static std::atomic<size_t> sReceived(0);
@@ -101,6 +102,8 @@ __wrap_send(int socket, const void* data, size_t size, int flags)
 	int cut;
 	if (take(sSendSize, &cut))
 		size = std::min(size, size_t(cut));
+	if (sBreaksSend.exchange(false))
+		shutdown(socket, SHUT_WR);
 	return __real_send(socket, data, size, flags);
 }
 
@@ -140,7 +143,7 @@ __wrap_getaddrinfo(const char* host, const char* port, const struct addrinfo* hi
 {
 	{
 		std::unique_lock<std::mutex> lock(sLock);
-		sLookups.push_back({host, port});
+		sLookups.push_back({host, port, hints->ai_family, hints->ai_socktype});
 		sReleased.wait(lock, [] {
 			return !sHoldsLookups;
 		});
@@ -196,6 +199,7 @@ InterposedCalls::~InterposedCalls()
 	sConnectError = kNothing;
 	sSendSize = kNothing;
 	sSpawnError = B_OK;
+	sBreaksSend = false;
 }
 
 
@@ -217,6 +221,13 @@ void
 InterposedCalls::CutNextSend(int size)
 {
 	sSendSize = size;
+}
+
+
+void
+InterposedCalls::BreakNextSend()
+{
+	sBreaksSend = true;
 }
 
 

@@ -28,6 +28,8 @@ public:
 	struct Lookup {
 		std::string host;
 		std::string port;
+		int family;
+		int socketType;
 	};
 
 	struct Thread {
@@ -45,6 +47,8 @@ public:
 	void FailNextSocket(int error);
 	void FailNextConnect(int error);
 	void CutNextSend(int size);
+	// The next send finds that nothing can be sent any more, as when the other side has gone.
+	void BreakNextSend();
 	// The same for a thread; what is spawned after that is spawned.
 	void FailNextSpawn(status_t error);
 

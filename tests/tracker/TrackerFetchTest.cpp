@@ -287,6 +287,26 @@ TEST_F(TrackerFetchTest, RequestSentInPart_IsAnError)
 }
 
 
+// Without a signal, which would end the program.
+TEST_F(TrackerFetchTest, TrackerGoneBeforeTheRequest_IsAnError)
+{
+	fCalls.BreakNextSend();
+	FetchRun run(Address(), fRecorder.get());
+	EXPECT_EQ(1, run.Result());
+	EXPECT_EQ("error: Failed to send handshake", Outcome());
+}
+
+
+TEST_F(TrackerFetchTest, Lookup_IsForIPv4AndTheTrackersPort)
+{
+	EXPECT_EQ(0, Fetch(TrackerHeader(4, 0)));
+	ASSERT_EQ(1u, fCalls.Lookups().size());
+	EXPECT_EQ(AF_INET, fCalls.Lookups()[0].family);
+	EXPECT_EQ(SOCK_STREAM, fCalls.Lookups()[0].socketType);
+	EXPECT_EQ(std::to_string(fServer.Port()), fCalls.Lookups()[0].port);
+}
+
+
 TEST_F(TrackerFetchTest, UnknownHost_IsTheResolversError)
 {
 	for (const char* address : {"no.such.host", "", "127.0.0.1:99999", "127.0.0.1:port", ":5498"}) {

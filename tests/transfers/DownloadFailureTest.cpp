@@ -76,6 +76,13 @@ TEST_F(DownloadFailureTest, RequestSentInPart_IsSilent)
 }
 
 
+TEST_F(DownloadFailureTest, ServerGoneBeforeTheRequest_IsSilent)
+{
+	fCalls.BreakNextSend();
+	ExpectSilentFailure(NewDownload(PathOf("file")));
+}
+
+
 TEST_F(DownloadFailureTest, SilenceBeforeTheData_EndsAfterSixtySeconds)
 {
 	const std::string stream = FileObject("data");

@@ -5,6 +5,7 @@
 #include "TransferTest.h"
 
 #include <filesystem>
+#include <sys/socket.h>
 
 #include "AppMessages.h"
 #include "FileObject.h"
@@ -52,6 +53,8 @@ TEST_F(DownloadThreadTest, TransferPort_IsTheNextOne)
 	ASSERT_EQ(1u, lookups.size());
 	EXPECT_EQ("127.0.0.1", lookups[0].host);
 	EXPECT_EQ(std::to_string(fServer->Port()), lookups[0].port);
+	EXPECT_EQ(AF_INET, lookups[0].family);
+	EXPECT_EQ(SOCK_STREAM, lookups[0].socketType);
 }
 
 

@@ -7,13 +7,13 @@
 #include <cstring>
 #include <strings.h>
 
-#include <Bitmap.h>
 #include <Font.h>
 #include <InterfaceDefs.h>
 #include <View.h>
 
+#include "RowPainter.h"
 
-static const float kIconSize = 16.0f;
+
 static const float kIconInset = 4.0f;
 static const float kIconTextSpacing = 6.0f;
 static const float kShapeSize = 10.0f;
@@ -82,27 +82,19 @@ FileItem::IsFolder() const
 void
 FileItem::DrawItem(BView* owner, BRect frame, bool complete)
 {
-	if (IsSelected() || complete) {
-		if (IsSelected())
-			owner->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
-		else
-			owner->SetHighColor(owner->ViewColor());
-		owner->FillRect(frame);
-	}
+	RowPainter painter(owner, frame, IsSelected());
+	painter.DrawBackground(complete);
+
+	const float textLeft = _DrawSymbol(owner, &painter, frame.left + kIconInset);
 
 	owner->SetFont(be_plain_font, B_FONT_ALL);
-	font_height height;
-	owner->GetFontHeight(&height);
-	const float baseline = frame.top + (frame.Height() + height.ascent - height.descent) / 2;
-
-	const float textLeft = _DrawSymbol(owner, frame);
+	const float baseline = painter.Baseline();
 	const BString size(_SizeText());
 	const float sizeLeft = frame.right - kRightInset - owner->StringWidth(size.String());
 	// A name too long for the row would run into the size.
 	BString name(FileName());
 	owner->TruncateString(&name, B_TRUNCATE_END, sizeLeft - kColumnSpacing - textLeft);
-	owner->SetHighColor(
-		ui_color(IsSelected() ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR));
+	owner->SetHighColor(painter.TextColor());
 	owner->DrawString(name.String(), BPoint(textLeft, baseline));
 
 	owner->SetHighColor(tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT));
@@ -125,37 +117,28 @@ FileItem::_Icon() const
 
 
 /*!	Draws the picture, or else a square for a folder and a circle for a file.
+	\param left Of either, in the view.
 	\return Where the text begins.
 */
 float
-FileItem::_DrawSymbol(BView* owner, BRect frame) const
+FileItem::_DrawSymbol(BView* owner, RowPainter* painter, float left) const
 {
-	const float left = frame.left + kIconInset;
 	const BBitmap* icon = _Icon();
 	if (icon != NULL) {
-		const float top = frame.top + (frame.Height() - kIconSize) / 2;
-		owner->SetDrawingMode(B_OP_ALPHA);
-		owner->SetBlendingMode(B_PIXEL_ALPHA, B_ALPHA_OVERLAY);
-		owner->DrawBitmap(icon, BRect(left, top, left + kIconSize - 1, top + kIconSize - 1));
-		owner->SetDrawingMode(B_OP_COPY);
-		return left + kIconSize + kIconTextSpacing;
+		painter->DrawIcon(icon, left);
+		return left + RowPainter::kIconSize + kIconTextSpacing;
 	}
 
-	const float top = frame.top + (frame.Height() - kShapeSize) / 2;
-	const BRect shape(left, top, left + kShapeSize, top + kShapeSize);
-	const rgb_color color = IsFolder() ? make_color(220, 180, 50) : make_color(120, 150, 200);
-	const rgb_color outline = tint_color(color, B_DARKEN_2_TINT);
-	owner->SetHighColor(color);
 	if (IsFolder()) {
-		owner->FillRect(shape);
-		owner->SetHighColor(outline);
-		owner->StrokeRect(shape);
-	} else {
-		owner->FillEllipse(shape);
-		owner->SetHighColor(outline);
-		owner->StrokeEllipse(shape);
-	}
-	return shape.right + kShapeTextSpacing;
+		const rgb_color color = make_color(220, 180, 50);
+		const BRect square = painter->CenteredSquare(left, kShapeSize);
+		owner->SetHighColor(color);
+		owner->FillRect(square);
+		owner->SetHighColor(tint_color(color, B_DARKEN_2_TINT));
+		owner->StrokeRect(square);
+	} else
+		painter->DrawDisc(left, kShapeSize, make_color(120, 150, 200));
+	return left + kShapeSize + kShapeTextSpacing;
 }
 
 

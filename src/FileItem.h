@@ -11,6 +11,7 @@
 
 
 class BBitmap;
+class RowPainter;
 
 
 /*!	A row of a folder on the server: a picture for its kind, the name and on the right the size.
@@ -30,7 +31,7 @@ public:
 
 private:
 	const BBitmap* _Icon() const;
-	float _DrawSymbol(BView* owner, BRect frame) const;
+	float _DrawSymbol(BView* owner, RowPainter* painter, float left) const;
 	BString _SizeText() const;
 
 	// Four characters each, terminated.

@@ -10,8 +10,9 @@
 #include <String.h>
 #include <View.h>
 
+#include "RowPainter.h"
 
-static const float kIconSize = 16.0f;
+
 static const float kIconInset = 6.0f;
 static const float kTextSpacing = 8.0f;
 static const float kRowHeight = 22.0f;
@@ -40,31 +41,18 @@ IconItem::Update(BView* owner, const BFont* font)
 void
 IconItem::DrawItem(BView* owner, BRect frame, bool complete)
 {
-	if (IsSelected() || complete) {
-		if (IsSelected())
-			owner->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
-		else
-			owner->SetHighColor(owner->ViewColor());
-		owner->FillRect(frame);
-	}
+	RowPainter painter(owner, frame, IsSelected());
+	painter.DrawBackground(complete);
 
 	const float left = frame.left + kIconInset;
-	if (fBitmap != nullptr) {
-		const float top = frame.top + (frame.Height() - kIconSize) / 2;
-		owner->SetDrawingMode(B_OP_ALPHA);
-		owner->SetBlendingMode(B_PIXEL_ALPHA, B_ALPHA_OVERLAY);
-		owner->DrawBitmap(fBitmap.get(),
-			BRect(left, top, left + kIconSize - 1, top + kIconSize - 1));
-		owner->SetDrawingMode(B_OP_COPY);
-	}
+	if (fBitmap != nullptr)
+		painter.DrawIcon(fBitmap.get(), left);
 
-	font_height height;
-	owner->GetFontHeight(&height);
-	const float baseline = frame.top + (frame.Height() + height.ascent - height.descent) / 2;
-	owner->SetHighColor(
-		ui_color(IsSelected() ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR));
+	// In the font that the view has until here.
+	const float baseline = painter.Baseline();
+	owner->SetHighColor(painter.TextColor());
 	owner->SetFont(be_plain_font, B_FONT_ALL);
 	BString text;
 	text.SetToFormat("%u", fIconID);
-	owner->DrawString(text.String(), BPoint(left + kIconSize + kTextSpacing, baseline));
+	owner->DrawString(text.String(), BPoint(left + RowPainter::kIconSize + kTextSpacing, baseline));
 }

@@ -11,6 +11,8 @@
 #include <String.h>
 #include <View.h>
 
+#include "RowPainter.h"
+
 
 static const float kInset = 6.0f;
 // Between the name and what stands at the right.
@@ -65,13 +67,8 @@ ServerItem::Update(BView* owner, const BFont* font)
 void
 ServerItem::DrawItem(BView* owner, BRect frame, bool complete)
 {
-	if (IsSelected() || complete) {
-		if (IsSelected())
-			owner->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
-		else
-			owner->SetHighColor(owner->ViewColor());
-		owner->FillRect(frame);
-	}
+	RowPainter painter(owner, frame, IsSelected());
+	painter.DrawBackground(complete);
 
 	font_height height;
 	owner->GetFontHeight(&height);
@@ -79,8 +76,7 @@ ServerItem::DrawItem(BView* owner, BRect frame, bool complete)
 	const float nameY = frame.top + height.ascent + 2;
 	const float descY = nameY + line_height(height) + 1;
 	const float addressY = descY + line_height(height);
-	const rgb_color textColor = ui_color(
-		IsSelected() ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR);
+	const rgb_color textColor = painter.TextColor();
 	const rgb_color dimColor = tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT);
 
 	BString users;

@@ -4,15 +4,14 @@
  */
 #include "UserItem.h"
 
-#include <Bitmap.h>
 #include <Font.h>
 #include <InterfaceDefs.h>
 #include <View.h>
 
+#include "RowPainter.h"
 #include "UserListWindow.h"
 
 
-static const float kIconSize = 16.0f;
 static const float kIconInset = 4.0f;
 static const float kDotSize = 12.0f;
 static const float kTextSpacing = 6.0f;
@@ -76,61 +75,20 @@ UserItem::SetColor(uint16 color)
 void
 UserItem::DrawItem(BView* owner, BRect frame, bool complete)
 {
-	if (IsSelected() || complete) {
-		if (IsSelected())
-			owner->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
-		else
-			owner->SetHighColor(owner->ViewColor());
-		owner->FillRect(frame);
-	}
+	RowPainter painter(owner, frame, IsSelected());
+	painter.DrawBackground(complete);
 
+	const float left = frame.left + kIconInset;
 	const BBitmap* icon = fOwner->IconForID(fIcon);
 	if (icon != NULL)
-		_DrawIcon(owner, frame, icon);
+		painter.DrawIcon(icon, left);
 	else
-		_DrawDot(owner, frame);
+		painter.DrawDisc(left, kDotSize, dot_color(fColor));
 
+	// Unlike the dot's this color follows one bit of the status word.
+	const bool isAdministrator = (fColor & kAdministratorBit) != 0;
 	owner->SetFont(be_plain_font, B_FONT_ALL);
-	font_height height;
-	owner->GetFontHeight(&height);
-	const float baseline = frame.top + (frame.Height() + height.ascent - height.descent) / 2;
-	owner->SetHighColor(_TextColor());
-	owner->DrawString(Text(), BPoint(frame.left + kIconInset + kIconSize + kTextSpacing, baseline));
-}
-
-
-/*!	Whatever size the picture has, it fills the same square. */
-void
-UserItem::_DrawIcon(BView* owner, BRect frame, const BBitmap* icon) const
-{
-	const float left = frame.left + kIconInset;
-	const float top = frame.top + (frame.Height() - kIconSize) / 2;
-	owner->SetDrawingMode(B_OP_ALPHA);
-	owner->SetBlendingMode(B_PIXEL_ALPHA, B_ALPHA_OVERLAY);
-	owner->DrawBitmap(icon, BRect(left, top, left + kIconSize - 1, top + kIconSize - 1));
-	owner->SetDrawingMode(B_OP_COPY);
-}
-
-
-void
-UserItem::_DrawDot(BView* owner, BRect frame) const
-{
-	const float left = frame.left + kIconInset;
-	const float top = frame.top + (frame.Height() - kDotSize) / 2;
-	const BRect dot(left, top, left + kDotSize, top + kDotSize);
-	const rgb_color color = dot_color(fColor);
-	owner->SetHighColor(color);
-	owner->FillEllipse(dot);
-	owner->SetHighColor(tint_color(color, B_DARKEN_2_TINT));
-	owner->StrokeEllipse(dot);
-}
-
-
-/*!	Unlike the dot's this color follows one bit of the status word. */
-rgb_color
-UserItem::_TextColor() const
-{
-	if ((fColor & kAdministratorBit) != 0)
-		return make_color(200, 0, 0);
-	return ui_color(IsSelected() ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR);
+	owner->SetHighColor(isAdministrator ? make_color(200, 0, 0) : painter.TextColor());
+	owner->DrawString(Text(),
+		BPoint(left + RowPainter::kIconSize + kTextSpacing, painter.Baseline()));
 }

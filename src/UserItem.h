@@ -10,7 +10,6 @@
 #include <ListItem.h>
 
 
-class BBitmap;
 class UserListWindow;
 
 
@@ -30,10 +29,6 @@ public:
 	void DrawItem(BView* owner, BRect frame, bool complete = false) override;
 
 private:
-	void _DrawIcon(BView* owner, BRect frame, const BBitmap* icon) const;
-	void _DrawDot(BView* owner, BRect frame) const;
-	rgb_color _TextColor() const;
-
 	uint16 fSocket; // the server's id of the user
 	uint16 fIcon;
 	uint16 fColor; // the status word, as the server sends it

@@ -17,7 +17,7 @@ class BBitmap;
 /*!	The still part of the about window: the logo, the name and a few lines of text. */
 class AboutView : public BView {
 public:
-	AboutView(const char* appFolder);
+	explicit AboutView(const char* appFolder);
 	~AboutView() override;
 
 	void Draw(BRect updateRect) override;

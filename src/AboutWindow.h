@@ -15,7 +15,7 @@ class AboutView;
 /*!	The box that says what the program is and what it stands on. Each opening builds a new one. */
 class AboutWindow : public BWindow {
 public:
-	AboutWindow(const char* appFolder);
+	explicit AboutWindow(const char* appFolder);
 	~AboutWindow() override;
 
 	void MessageReceived(BMessage* message) override;

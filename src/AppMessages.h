@@ -27,29 +27,34 @@ enum AppMessage : uint32 {
 
 	// Connecting.
 	kMsgConnectBtn = 'conn', // bare: the Connect button -> its window
-	kMsgConnectServer = 'HLGO', // connect or tracker window -> controller: "address", "login" and
-	// "password" string, "port" int16 (the bits of an unsigned port)
+	// Connect or tracker window -> controller: "address", "login" and "password" string, "port"
+	// int16 (the bits of an unsigned port).
+	kMsgConnectServer = 'HLGO',
 
 	// Chat.
 	kMsgSendChat = 'snch', // bare: entry line -> its window; then -> controller: "text" string
-	kMsgAppendChat = 'apch', // controller -> chat window: "text" string,
-	// "color" int32 = red << 24 | green << 16 | blue << 8 | alpha
+	// Controller -> chat window: "text" string,
+	// "color" int32 = red << 24 | green << 16 | blue << 8 | alpha.
+	kMsgAppendChat = 'apch',
 	kMsgEnableChat = 'ench', // controller -> chat window: "enabled" bool
 
 	// User list. "socket" is the server's id of a user, "icon" a number of a picture.
-	kMsgAddUser = 'uadd', // controller -> user list window, for a new or a changed user:
-	// "socket", "icon" and "color" (status word) uint16, "nick" string
+
+	// Controller -> user list window, for a new or a changed user: "socket", "icon" and "color"
+	// (status word) uint16, "nick" string.
+	kMsgAddUser = 'uadd',
 	kMsgRemoveUser = 'urdl', // controller -> user list window: "socket" uint16
 	kMsgRemoveAll = 'ural', // controller -> user list window
 	kMsgUserInvoked = 'uinv', // list -> its window, with the list's own fields
 	kMsgOpenPM = 'oppm', // user list window -> controller: "socket" uint16, "nick" string
 
 	// Private messages.
-	kMsgPMSend = 'pmsd', // bare: entry line -> its window; then -> controller:
-	// "socket" uint16, "text" string
+
+	// Bare: entry line -> its window; then -> controller: "socket" uint16, "text" string.
+	kMsgPMSend = 'pmsd',
 	kMsgPMReceived = 'pmrv', // controller -> message window: "nick" and "text" string
-	kMsgPMWinClosed = 'pmcl', // closing message window -> controller: "socket" uint16,
-	// "window" pointer
+	// Closing message window -> controller: "socket" uint16, "window" pointer.
+	kMsgPMWinClosed = 'pmcl',
 
 	// Files. "path" is a folder on the server, with slashes, empty for the root.
 	kMsgFileEntry = 'flen', // controller -> file list window: the fields of kHLFileListReceived
@@ -60,9 +65,9 @@ enum AppMessage : uint32 {
 	kMsgDownloadFile = 'fldl', // file list window -> controller: "path" and "name" string
 	kMsgDownloadBtn = 'fldb', // bare: the Download button -> its window
 	kMsgUploadBtn = 'flub', // bare: the Upload button -> its window
-	kMsgUploadFile
-	= 'flup', // file panel -> file list window: "refs" entry_ref; then -> controller:
-	// "path", "name" and "localpath" string, "size" int64 (bytes)
+	// File panel -> file list window: "refs" entry_ref; then -> controller: "path", "name" and
+	// "localpath" string, "size" int64 (bytes).
+	kMsgUploadFile = 'flup',
 
 	// Transfer threads -> controller.
 	kMsgDownloadDone = 'dlok', // "filename" string, "success" bool
@@ -71,19 +76,21 @@ enum AppMessage : uint32 {
 
 	// Options.
 	kMsgIconSelected = 'icsl', // list -> its window, with the list's own fields
-	kMsgOptionsSave = 'opsa', // bare: the Save button -> its window; then -> controller:
-	// "nick" and "tracker" string, "icon" uint16
+	// Bare: the Save button -> its window; then -> controller: "nick" and "tracker" string,
+	// "icon" uint16.
+	kMsgOptionsSave = 'opsa',
 
 	// Agreement.
 	kMsgAcceptAgreement = 'agac', // the Accept button -> its window; then -> controller
-	kMsgDeclineAgreement = 'agdc', // the Decline button -> its window; then -> controller, also
-	// when the window is closed without an answer
+	// The Decline button -> its window; then -> controller, also when the window is closed
+	// without an answer.
+	kMsgDeclineAgreement = 'agdc',
 
 	// Private to the tracker window.
 	kMsgTrackerRefresh = 'trrf', // bare: the Refresh button -> its window
 	kMsgTrackerInvoke = 'trco', // list -> its window, with the list's own fields
-	kMsgTrackerServer = 'trad', // fetch thread -> window: "name", "desc" and "ip" string,
-	// "port" and "users" int16
+	// Fetch thread -> window: "name", "desc" and "ip" string, "port" and "users" int16.
+	kMsgTrackerServer = 'trad',
 	kMsgTrackerDone = 'trdn', // fetch thread -> window
 	kMsgTrackerError = 'trer', // fetch thread -> window: "error" string
 

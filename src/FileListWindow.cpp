@@ -49,10 +49,10 @@ FileListWindow::FileListWindow(BRect frame, BLooper* target, const char* path,
 	fCountLabel->SetFont(be_bold_font, B_FONT_ALL);
 	_InitLayout();
 
-	const BMessenger messenger(this);
+	BMessenger messenger(this);
 	BMessage chosen(kMsgUploadFile);
-	fFilePanel.reset(new BFilePanel(B_OPEN_PANEL, const_cast<BMessenger*>(&messenger), NULL,
-		B_FILE_NODE, false, &chosen, NULL, false, true));
+	fFilePanel.reset(new BFilePanel(B_OPEN_PANEL, &messenger, NULL, B_FILE_NODE, false, &chosen,
+		NULL, false, true));
 
 	if (!fPath.IsEmpty()) {
 		BString title;

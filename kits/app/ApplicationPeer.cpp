@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QEvent>
 #include <QIcon>
 #include <QPixmap>
 #include <QSocketNotifier>
@@ -71,6 +72,30 @@ set_icon()
 }
 
 
+/*!	Sets the icon as soon as the first window is on the screen, which need not wait for it. Deletes itself then. */
+class IconSetter : public QObject {
+public:
+	explicit IconSetter(QObject* application)
+		: QObject(application)
+	{
+		application->installEventFilter(this);
+	}
+
+	bool eventFilter(QObject* /*object*/, QEvent* event) override
+	{
+		if (event->type() == QEvent::Expose) {
+			parent()->removeEventFilter(this);
+			// Behind the window's own painting.
+			QTimer::singleShot(0, this, [this] {
+				set_icon();
+				deleteLater();
+			});
+		}
+		return false;
+	}
+};
+
+
 /*!	How wait_for_thread() waits. Windows and timers go on meanwhile. */
 void
 wait_on_main_thread(bool (*done)(void*), void* cookie)
@@ -93,7 +118,7 @@ ApplicationPeer::ApplicationPeer()
 	QApplication::setPalette(make_palette());
 	QToolTip::setPalette(QApplication::palette());
 	init_fonts();
-	set_icon();
+	new IconSetter(fApplication.get());
 
 	MainServer* server = MainServer::Default();
 	fNotifier = std::make_unique<QSocketNotifier>(server->WakeDescriptor(), QSocketNotifier::Read);

@@ -21,6 +21,9 @@ static const int kMaxMegabytes = 64;
 static const qint64 kMaxSize = qint64(kMaxMegabytes) * 1024 * 1024;
 static const int kBytesPerPixel = 4;
 
+// How a PNG file begins.
+static const char kSignature[] = "\x89PNG\r\n\x1a\n";
+
 
 /*!	All bytes from where the stream stands; none when they are too many or cannot be read. */
 static QByteArray
@@ -65,7 +68,8 @@ BTranslationUtils::GetBitmap(BPositionIO* stream)
 		return NULL;
 
 	QImageReader::setAllocationLimit(kMaxMegabytes);
-	QImageReader reader(&buffer);
+	// To recognize a picture the toolkit first loads all that it can read; most are of the one kind that it knows by itself.
+	QImageReader reader(&buffer, bytes.startsWith(kSignature) ? "png" : QByteArray());
 	if (!is_bearable(reader.size()))
 		return NULL;
 

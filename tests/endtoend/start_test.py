@@ -68,7 +68,7 @@ class ProgramFolderTest(ClientCase):
     def test_every_window_has_the_icon_that_lies_beside_the_program(self):
         client = self.start_client(self.copy_program())
         client.open_connect()
-        self.assertEqual([window.has_icon() for window in self.desktop.windows()], [True] * 4)
+        wait_until(lambda: [window.has_icon() for window in self.desktop.windows()] == [True] * 4, "four icons")
         self.desktop.key("Escape")
         self.desktop.wait_without_window("Connect to Server")
         client.quit()

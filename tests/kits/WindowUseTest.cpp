@@ -113,7 +113,10 @@ TEST(WindowUseTest, Icon_IsTheOneBesideTheProgram)
 {
 	ScriptedWindow* window = new ScriptedWindow;
 	WindowCloser closer(window);
-	EXPECT_EQ((std::vector<int>{16, 24, 32, 48, 64, 128}), icon_widths(window));
+	window->Show();
+	EXPECT_TRUE(WaitFor([window]() {
+		return icon_widths(window) == std::vector<int>{16, 24, 32, 48, 64, 128};
+	}));
 }
 
 

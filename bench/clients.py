@@ -58,11 +58,11 @@ class Clients:
     def _start(self, stage, client):
         eye = Helper(stage, [self.screen, "first-window"])
         eye.wait_for("ready")
-        begin = time.monotonic()
-        client.start()
+        client.start(launcher=[stage.bring(self.screen), "launch"])
         shown = float(eye.next_line())
-        seconds, silent = ProcessClock(client.program.pid).wait_until_idle()
-        return {"shown": (shown - begin) * 1e3, "idle": (silent - begin) * 1e3, "processor": seconds * 1e3}
+        after, silent = ProcessClock(client.program.pid).wait_until_idle()
+        begin, before = (float(word) for word in client.program.output().split()[:2])
+        return {"shown": (shown - begin) * 1e3, "idle": (silent - begin) * 1e3, "processor": (after - before) * 1e3}
 
     # Connected
 
@@ -288,7 +288,7 @@ def pairs(build):
     clients = Clients(build)
     palimbra, hexchat = Palimbra.NAME, HexChat.NAME
     return [
-        Pair("Start", """From the call that starts the program, with everything in the file cache, until its first window is
+        Pair("Start", """From the exec() of the program, with everything in the file cache, until its first window is
             shown (MapNotify of the window manager's frame), and until its process has taken no processor time for half a
             second. HexChat, as Debian installs it with what it recommends, starts without a server, in the smallest window
             that it allows; Palimbra starts with its main window and two minimized ones.""",

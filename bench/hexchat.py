@@ -57,8 +57,8 @@ class HexChat:
         desktop.hand_over(desktop.folder + "/home")
         self.program = None
 
-    def start(self):
-        self.program = self.desktop.start_client(["hexchat"])
+    def start(self, launcher=()):
+        self.program = self.desktop.start_client([*launcher, "hexchat"])
         return self.program
 
     def window(self):

@@ -19,8 +19,8 @@ class Palimbra:
         desktop.hand_over(self.folder)
         self.program = None
 
-    def start(self):
-        self.program = self.desktop.start_client([os.path.join(self.folder, "palimbra")])
+    def start(self, launcher=()):
+        self.program = self.desktop.start_client([*launcher, os.path.join(self.folder, "palimbra")])
         return self.program
 
     def window(self, beginning):

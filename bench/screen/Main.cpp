@@ -6,12 +6,15 @@
 // bench_screen first-window: prints "ready", then the monotonic time at which a window was shown.
 // bench_screen type WINDOW LEFT TOP WIDTH HEIGHT COUNT: prints "ready" when it knows how the entry in that area of the
 // window looks; types after each line that it reads, COUNT keys, and prints the seconds that each took to show.
+// bench_screen launch PROGRAM ARGUMENTS...: prints the monotonic time and the processor seconds that the process has had, and
+// becomes the program.
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <random>
+#include <unistd.h>
 
 #include "Display.h"
 #include "KeyEcho.h"
@@ -57,6 +60,19 @@ type_keys(char** arguments)
 }
 
 
+static int
+launch(char** command)
+{
+	timespec used;
+	clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
+	printf("%.6f %.6f\n", bench::Now(), double(used.tv_sec) + double(used.tv_nsec) / 1e9);
+	fflush(stdout);
+	execvp(command[0], command);
+	perror(command[0]);
+	return 127;
+}
+
+
 int
 main(int count, char** arguments)
 {
@@ -66,6 +82,10 @@ main(int count, char** arguments)
 	}
 	if (count == 8 && strcmp(arguments[1], "type") == 0)
 		return type_keys(arguments + 2);
-	fprintf(stderr, "usage: bench_screen first-window | type WINDOW LEFT TOP WIDTH HEIGHT COUNT\n");
+	if (count >= 3 && strcmp(arguments[1], "launch") == 0)
+		return launch(arguments + 2);
+	fprintf(stderr,
+		"usage: bench_screen first-window | type WINDOW LEFT TOP WIDTH HEIGHT COUNT"
+		" | launch PROGRAM...\n");
 	return 2;
 }

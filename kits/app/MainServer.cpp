@@ -77,13 +77,18 @@ MainServer::ServeTurn()
 		_ServeSlice(record);
 	}
 
-	std::lock_guard<std::mutex> locker(fMutex);
-	if (!fLine.empty()) {
-		_Signal();
-		return true;
+	bool needsSignal;
+	{
+		std::lock_guard<std::mutex> locker(fMutex);
+		if (fLine.empty()) {
+			_Silence();
+			return false;
+		}
+		needsSignal = _NeedsSignal();
 	}
-	_Silence();
-	return false;
+	if (needsSignal)
+		_Signal();
+	return true;
 }
 
 
@@ -91,8 +96,13 @@ MainServer::ServeTurn()
 void
 MainServer::Wake()
 {
-	std::lock_guard<std::mutex> locker(fMutex);
-	_Signal();
+	bool needsSignal;
+	{
+		std::lock_guard<std::mutex> locker(fMutex);
+		needsSignal = _NeedsSignal();
+	}
+	if (needsSignal)
+		_Signal();
 }
 
 
@@ -151,13 +161,18 @@ MainServer::GetWindows(std::vector<BLooper*>& _windows) const
 void
 MainServer::_AddToLine(const LooperRecordRef& record)
 {
-	std::lock_guard<std::mutex> locker(fMutex);
-	if (record->fIsInLine)
-		return;
+	bool needsSignal;
+	{
+		std::lock_guard<std::mutex> locker(fMutex);
+		if (record->fIsInLine)
+			return;
 
-	record->fIsInLine = true;
-	fLine.push_back(record);
-	_Signal();
+		record->fIsInLine = true;
+		fLine.push_back(record);
+		needsSignal = _NeedsSignal();
+	}
+	if (needsSignal)
+		_Signal();
 }
 
 
@@ -211,8 +226,12 @@ void
 MainServer::_EndHandler(bool mightServe)
 {
 	fMayServe = mightServe;
-	std::lock_guard<std::mutex> locker(fMutex);
-	if (fMayServe && !fLine.empty())
+	bool needsSignal;
+	{
+		std::lock_guard<std::mutex> locker(fMutex);
+		needsSignal = fMayServe && !fLine.empty() && _NeedsSignal();
+	}
+	if (needsSignal)
 		_Signal();
 }
 
@@ -247,26 +266,35 @@ MainServer::_RemoveDying(const LooperRecord* record)
 }
 
 
-/*!	With the lock held. */
-void
-MainServer::_Signal()
+/*!	With the lock held.
+	\return Whether _Signal() is to be called. That comes after the lock: the thread which it wakes takes the lock first of
+		all, and would wait again.
+*/
+bool
+MainServer::_NeedsSignal()
 {
-	if (!fIsSignalled) {
-		fIsSignalled = true;
-		eventfd_write(fWakeDescriptor, 1);
-	}
+	const bool isSignalled = fIsSignalled;
+	fIsSignalled = true;
+	return !isSignalled;
 }
 
 
-/*!	With the lock held. */
+void
+MainServer::_Signal() const
+{
+	eventfd_write(fWakeDescriptor, 1);
+}
+
+
+/*!	With the lock held. A signal may still be on its way; it makes for a turn without anything to serve, which ends here
+	again.
+*/
 void
 MainServer::_Silence()
 {
-	if (fIsSignalled) {
-		eventfd_t value;
-		eventfd_read(fWakeDescriptor, &value);
-		fIsSignalled = false;
-	}
+	eventfd_t value;
+	eventfd_read(fWakeDescriptor, &value);
+	fIsSignalled = false;
 }
 
 

@@ -48,7 +48,8 @@ private:
 	void _AddDying(const LooperRecord* record);
 	void _RemoveDying(const LooperRecord* record);
 
-	void _Signal();
+	bool _NeedsSignal();
+	void _Signal() const;
 	void _Silence();
 
 	static void _WaitFor(bool (*done)(void*), void* cookie);

@@ -11,6 +11,7 @@
 #include <LooperPrivate.h>
 #include <Messenger.h>
 #include <poll.h>
+#include <sys/eventfd.h>
 
 #include "ScriptedLooper.h"
 #include "WaitFor.h"
@@ -104,6 +105,25 @@ TEST_F(MainServerTest, Descriptor_IsReadableWhileSomethingWaits)
 	MainServer::Default()->Wake();
 	EXPECT_TRUE(is_readable());
 	ServeAll();
+}
+
+
+/*	What a poster signals after its message has been served already. */
+TEST_F(MainServerTest, LateSignal_EndsWithATurn)
+{
+	Run();
+	fFirst->PostMessage('test');
+	ServeAll();
+	ASSERT_EQ(0, eventfd_write(MainServer::Default()->WakeDescriptor(), 1));
+	EXPECT_TRUE(is_readable());
+	EXPECT_FALSE(MainServer::Default()->ServeTurn());
+	EXPECT_FALSE(is_readable());
+	EXPECT_EQ(1, fFirst->CountReceived());
+
+	fFirst->PostMessage('test');
+	EXPECT_TRUE(is_readable());
+	ServeAll();
+	EXPECT_EQ(2, fFirst->CountReceived());
 }
 
 

@@ -77,7 +77,8 @@ def _download(programs):
              "and write. Into the same file system, in memory where there is room. CPU of the receiving process.",
         first=("Palimbra", side("bench_transfers", "turns")),
         second=("bare loop", side("bench_transfer_loop")),
-        figures=[Figure("cpu_s", "1 GiB", "s CPU", limit=1.05)])
+        figures=[Figure("cpu_s", "1 GiB", "s CPU", limit=1.05)],
+        rounds=9)
 
 
 def _upload(programs):
@@ -99,7 +100,8 @@ def _upload(programs):
              "read (16 KiB) and send. CPU of the sending process.",
         first=("Palimbra", side("bench_transfers", "turns")),
         second=("bare loop", side("bench_transfer_loop")),
-        figures=[Figure("cpu_s", "1 GiB", "s CPU", limit=1.05)])
+        figures=[Figure("cpu_s", "1 GiB", "s CPU", limit=1.05)],
+        rounds=9)
 
 
 def _ten_downloads(programs):

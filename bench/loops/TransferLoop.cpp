@@ -28,7 +28,7 @@ static const size_t kDescriptionSize = 135;
 static void
 download(int socket, size_t left, const char* path)
 {
-	char buffer[kBufferSize] = {};
+	alignas(64) char buffer[kBufferSize] = {};
 	SendFully(socket, buffer, kRequestSize);
 	ReceiveFully(socket, buffer, kDescriptionSize);
 	const int file = open(path, O_WRONLY | O_CREAT | O_TRUNC, 0666);
@@ -45,7 +45,7 @@ download(int socket, size_t left, const char* path)
 static void
 upload(int socket, size_t left, const char* path)
 {
-	char buffer[kBufferSize] = {};
+	alignas(64) char buffer[kBufferSize] = {};
 	const int file = open(path, O_RDONLY);
 	SendFully(socket, buffer, kRequestSize + kDescriptionSize);
 	while (left > 0) {

@@ -8,9 +8,12 @@
 
 #include <Bitmap.h>
 #include <Button.h>
+#include <Font.h>
 #include <Menu.h>
 #include <MenuBar.h>
 #include <MenuItem.h>
+#include <SeparatorView.h>
+#include <StringView.h>
 #include <TextView.h>
 
 #include "AgreementWindow.h"
@@ -61,6 +64,19 @@ protected:
 
 	BRect _FrameOf(const char* view) { return fMain.Window()->FindView(view)->Frame(); }
 
+	int32 _CountSeparatorsBetween(const char* left, const char* right)
+	{
+		int32 count = 0;
+		for (int32 i = 0; i < fMain.Window()->CountChildren(); i++) {
+			BView* view = fMain.Window()->ChildAt(i);
+			if (dynamic_cast<BSeparatorView*>(view) != NULL
+				&& view->Frame().left > _FrameOf(left).right
+				&& view->Frame().right < _FrameOf(right).left)
+				count++;
+		}
+		return count;
+	}
+
 	// Shows a banner of this many pixels, as the controller does.
 	void _SetBanner(float width, float height)
 	{
@@ -81,6 +97,9 @@ TEST_F(MainWindowTest, AtStart_IsNotConnected)
 	EXPECT_TRUE(fMain.IsEnabled("options"));
 	EXPECT_FALSE(MayChat());
 	ExpectNoChat();
+	BFont font;
+	fMain.Find<BStringView>("status")->GetFont(&font);
+	EXPECT_EQ(*be_plain_font, font);
 }
 
 
@@ -438,6 +457,7 @@ expect_menu(const WindowProbe& window, int32 index, const char* title,
 TEST_F(MainWindowTest, Menus_HaveTheirItems)
 {
 	EXPECT_EQ(2, fMain.Find<BMenuBar>("menubar")->CountItems());
+	EXPECT_EQ(uint32(B_WILL_DRAW | B_FRAME_EVENTS), fMain.Find<BMenuBar>("menubar")->Flags());
 	expect_menu(fMain, 0, "Server",
 		{{"Connect…", kMsgToolConnect, 'K'}, {"Disconnect", kMsgToolDisconnect, 'D'}, {"", 0, 0},
 			{"Options…", kMsgToolOptions, 0}, {"About Palimbra", kMsgToolAbout, 0}, {"", 0, 0},
@@ -511,6 +531,8 @@ TEST_F(MainWindowTest, Toolbar_IsInOrderWithOptionsAtTheRight)
 		right = _FrameOf(name).right;
 	}
 	EXPECT_LT(900 - right, 20);
+	EXPECT_EQ(1, _CountSeparatorsBetween("disconnect", "chat"));
+	EXPECT_EQ(1, _CountSeparatorsBetween("connect", "options"));
 	EXPECT_GT(_FrameOf("status").top, _FrameOf("connect").bottom);
 }
 

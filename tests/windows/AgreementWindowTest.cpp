@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <Button.h>
+#include <Font.h>
 #include <Message.h>
 #include <ScrollView.h>
 #include <StringView.h>
@@ -43,6 +44,9 @@ TEST_F(AgreementWindowTest, ShowsTheText)
 	EXPECT_EQ("Be kind.\nStay long.", fWindow.Transcript("agreementtext"));
 	EXPECT_STREQ("Accept", fWindow.Find<BButton>("accept")->Label());
 	EXPECT_STREQ("Decline", fWindow.Find<BButton>("decline")->Label());
+	BFont font;
+	fWindow.Find<BStringView>("label")->GetFont(&font);
+	EXPECT_EQ(*be_bold_font, font);
 }
 
 

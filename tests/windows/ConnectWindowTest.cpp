@@ -151,6 +151,12 @@ TEST_F(ConnectWindowTest, BlanksAroundTheAddress_AreNotSent)
 }
 
 
+TEST_F(ConnectWindowTest, PortOf1_IsKept)
+{
+	EXPECT_EQ(1, _PortFor("1"));
+}
+
+
 TEST_F(ConnectWindowTest, PortOf65535_IsKept)
 {
 	EXPECT_EQ(65535, _PortFor("65535"));

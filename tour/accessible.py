@@ -7,11 +7,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-from desktop import wait_until  # noqa: E402
-
-
-class Gone(Exception):
-    """The thing that was asked has disappeared meanwhile."""
+from desktop import Gone, wait_until  # noqa: E402
 
 
 def _asked(function, *arguments):
@@ -166,13 +162,7 @@ def window(desktop, program, title):
     root = application(desktop, program)
 
     def find():
-        try:
-            for child in root.children():
-                if child.name() == title:
-                    return child
-        except Gone:
-            pass
-        return None
+        return next((child for child in root.children() if child.name() == title), None)
 
     def others():
         return "an accessible window \"%s\"; there are %s" % (title, root.children())

@@ -1,6 +1,6 @@
 # Copyright 2026, The Palimbra developers.
 # Distributed under the terms of the MIT License.
-"""The chapters of the tour about choices: nick, icon and tracker in the options, a server in the tracker window, About."""
+"""The chapters of the tour about choices: the options, a server in the tracker window, About."""
 
 from demo import DEFAULT_PORT, SERVER_NAME
 from desktop import wait_until

@@ -5,7 +5,6 @@
 import os
 
 import accessible
-from accessible import Gone
 from demo import COUNT_ROOT
 from desktop import wait_until
 
@@ -51,10 +50,7 @@ class Client:
     def node(self, beginning):
         """Waits for the accessible window whose title begins so."""
         def find():
-            try:
-                return next((child for child in self.root().children() if child.name().startswith(beginning)), None)
-            except Gone:
-                return None
+            return next((child for child in self.root().children() if child.name().startswith(beginning)), None)
 
         return wait_until(find, lambda: "an accessible window \"%s...\"; there are %s" % (beginning, self.titles()))
 
@@ -97,17 +93,11 @@ class Client:
         return [row.name() for row in self.users_list().children()]
 
     def wait_for_users(self, condition, what):
-        def holds():
-            try:
-                return condition(self.users())
-            except Gone:
-                return False
-
-        wait_until(holds, lambda: "%s among the users %s" % (what, self.users()))
+        wait_until(lambda: condition(self.users()), lambda: "%s among the users %s" % (what, self.users()))
 
     def button(self, name, beginning="Palimbra"):
         """Waits for the button of that name in the window whose title begins so."""
-        return wait_until(lambda: self._find(beginning, role="push button", name=name),
+        return wait_until(lambda: self.node(beginning).find(role="push button", name=name),
             "a button \"%s\" in \"%s...\"" % (name, beginning))
 
     def list(self, beginning):
@@ -117,12 +107,10 @@ class Client:
     def row(self, beginning, name):
         """Waits for the row of that name in the list of the window whose title begins so."""
         def find():
-            try:
-                return next((row for row in self.list(beginning).children() if row.name() == name), None)
-            except Gone:
-                return None
+            return next((row for row in self.list(beginning).children() if row.name() == name), None)
 
-        return wait_until(find, lambda: "a row \"%s\" in \"%s...\": %s" % (name, beginning, self.list(beginning).tree()))
+        return wait_until(find,
+            lambda: "a row \"%s\" in \"%s...\": %s" % (name, beginning, self.list(beginning).tree()))
 
     def conversation(self, nick):
         """The transcript of the private conversation with that user."""
@@ -227,7 +215,8 @@ class Client:
         self.press_in(window, "Upload")
         chooser = self.wait_for_focus_on(self.window("Open"))
         # The list of files is still filling itself while the field is looked for.
-        field = wait_until(lambda: self._find("Open", role="text", having=("editable", "focused"), but_in=("split pane",)),
+        field = wait_until(
+            lambda: self.node("Open").find(role="text", having=("editable", "focused"), but_in=("split pane",)),
             "the focus on the name of the file")
         self.desktop.type(path)
         wait_until(lambda: field.text() == path, lambda: "\"%s\", not \"%s\"" % (path, field.text()))
@@ -292,12 +281,6 @@ class Client:
         self.bring_to_front(self.main_window())
         self.desktop.key("ctrl+q")
         return self.program.wait()
-
-    def _find(self, beginning, **what):
-        try:
-            return self.node(beginning).find(**what)
-        except Gone:
-            return None
 
     def _window_beginning(self, beginning):
         def find():

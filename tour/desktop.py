@@ -45,21 +45,36 @@ class NotHappened(AssertionError):
     """Something that had to happen did not."""
 
 
+class Gone(Exception):
+    """Something of a window that was asked has disappeared meanwhile."""
+
+
 def wait_until(condition, what, patience=None):
     """Returns the first true value of `condition()`; raises NotHappened when `patience` seconds passed without one.
 
-    `what` completes "waited for ..."; it may be a function, to tell what was there instead.
+    A condition that meets something that is Gone does not hold, yet. `what` completes "waited for ..."; it may be a
+    function, to tell what was there instead.
     """
     deadline = time.monotonic() + (PATIENCE if patience is None else patience)
     pause = 0.005
     while True:
-        value = condition()
+        try:
+            value = condition()
+        except Gone:
+            value = None
         if value:
             return value
         if time.monotonic() > deadline:
-            raise NotHappened("waited for " + (what() if callable(what) else what))
+            raise NotHappened("waited for " + _told(what))
         time.sleep(pause)
         pause = min(pause * 1.5, 0.05)
+
+
+def _told(what):
+    try:
+        return what() if callable(what) else what
+    except Gone as gone:
+        return "something, and met something that is gone: %s" % gone
 
 
 class Program:
@@ -113,7 +128,8 @@ class Program:
             try:
                 with open("/proc/%d/task/%s/comm" % (self.pid, thread)) as comm:
                     names.append(comm.read().strip())
-            except FileNotFoundError:
+            except (FileNotFoundError, ProcessLookupError):
+                # It has ended meanwhile.
                 pass
         return sorted(names)
 

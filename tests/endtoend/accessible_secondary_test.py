@@ -132,7 +132,8 @@ class AccessibleSecondaryTest(ClientCase):
         size = self.client.row("Files (13)", "Read me.txt").description()
         self.assertRegex(size, r"^\d{3} B$")
         self.assert_rows(self.client.list("Files (13)"), root, [("Read me.txt", size), ("Sizes", folder),
-            ("Names", folder), ("Many", folder), ("Very many", folder), ("Parts", folder), ("Pictures", folder), ("Archives", folder), ("Trouble", folder),
+            ("Names", folder), ("Many", folder), ("Very many", folder), ("Parts", folder), ("Pictures", folder),
+            ("Archives", folder), ("Trouble", folder),
             ("A drawer", folder), ("Keeper's drawer", folder), ("Empty", folder), ("Uploads", folder)])
         self.assert_soon(lambda: names(self.client.node("Files (13)"), "label"), ["13 items"])
         title = "Files — Names (10)"

@@ -39,7 +39,7 @@ class AccessibleSecondaryTest(ClientCase):
         tops = [row.extents()[1] for row in found]
         self.assertEqual(tops, sorted(set(tops)))
         self.assertTrue(is_inside(rows.extents(), window.frame()))
-        self.assertTrue(is_inside(found[0].extents(), rows.extents()), found[0].extents())
+        wait_until(lambda: is_inside(found[0].extents(), rows.extents()), "the first row to be inside of the list")
 
     def test_the_options_window(self):
         window = self.client.open_options()
@@ -50,8 +50,9 @@ class AccessibleSecondaryTest(ClientCase):
             [("text", "Username:", "HaikuUser"), ("text", "Tracker:", "hltracker.com")])
         for field in fields:
             self.assertEqual([label.name() for label in field.related("labelled-by")], [field.name()])
-        self.assertEqual(names(node, "label"), ["Settings", "Username:", "Tracker:", "User Icon", "Current icon: 137"])
-        self.assertEqual(names(node, "push button"), ["Cancel", "Save"])
+        self.assert_soon(lambda: names(node, "label"),
+            ["Settings", "Username:", "Tracker:", "User Icon", "Current icon: 137"])
+        self.assert_soon(lambda: names(node, "push button"), ["Cancel", "Save"])
         self.assertIn("is-default", self.client.button("Save", "Options").states())
 
         rows = node.find(role="list").children()
@@ -69,7 +70,7 @@ class AccessibleSecondaryTest(ClientCase):
         node = self.client.node(title)
         self.assertEqual((node.role(), node.name()), ("frame", title))
         wait_until(lambda: names(node, "label") == ["8 servers"], lambda: "8 servers:\n" + node.tree())
-        self.assertEqual(names(node, "push button"), ["Refresh"])
+        self.assert_soon(lambda: names(node, "push button"), ["Refresh"])
         rows = self.client.list(title)
         self.assertEqual(rows.child(6).name(), "n" * 255)
         self.assertRegex(rows.child(6).description(), r"^65535 users, d{9,}…, 127\.0\.0\.1:19$")
@@ -101,7 +102,7 @@ class AccessibleSecondaryTest(ClientCase):
         # The credits are heard as they roll in.
         roll = wait_until(lambda: [label for label in names(node, "label")[1:] if "The client" in label], "the credits")
         wait_until(lambda: names(node, "label")[1:] != roll, "the credits to roll")
-        self.assertEqual(names(node, "push button"), ["OK"])
+        self.assert_soon(lambda: names(node, "push button"), ["OK"])
         self.assertTrue(is_inside(self.client.button("OK", "About").extents(), window.frame()))
         self.assert_soon(lambda: {"is-default", "focused"} - self.client.button("OK", "About").states(), set())
 
@@ -142,7 +143,7 @@ class AccessibleSecondaryTest(ClientCase):
             ("お茶の時間.txt", "41 B"), ("Φάρος.txt", "36 B"), ("100% wool & silk.txt", "42 B"),
             ("a name with   spaces.txt", "46 B"), ("<b>bold</b> %s.txt", "40 B"), ("R\ufffdsum\ufffd.txt", "30 B"),
             ("n" * 251 + ".txt", "24 B"), ("Odd ones", folder)])
-        self.assertEqual(names(self.client.node(title), "push button"), ["Download", "Upload"])
+        self.assert_soon(lambda: names(self.client.node(title), "push button"), ["Download", "Upload"])
 
     def test_the_file_chooser(self):
         self.enter()
@@ -152,7 +153,7 @@ class AccessibleSecondaryTest(ClientCase):
         self.assertEqual(node.role(), "dialog")
         field = node.find(role="text", name="File name:")
         self.assertEqual([label.name() for label in field.related("labelled-by")], ["File name:"])
-        self.assertEqual([name for name in names(node, "push button") if name in ("Open", "Cancel")], ["Open", "Cancel"])
+        self.assertEqual(names(node, "push button")[-2:], ["Open", "Cancel"])
         self.assertIn("Parent Directory", names(node, "push button"))
         self.assertNotIn("", names(node, "push button"))
 

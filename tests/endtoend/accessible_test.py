@@ -34,13 +34,12 @@ class AccessibleTest(ClientCase):
         return connection
 
     def assert_colored(self, text, offset, color):
-        attributes, _, _ = text.attributes_at(offset)
-        self.assertEqual(attributes.get("fg-color"), "%d,%d,%d" % color)
+        self.assert_soon(lambda: text.attributes_at(offset)[0].get("fg-color"), "%d,%d,%d" % color)
 
     def test_the_main_window(self):
         node = self.client.node("Palimbra")
-        self.assertEqual(names(node, "push button"), TOOLBAR)
-        self.assertEqual(names(node, "label"), ["Not connected"])
+        self.assert_soon(lambda: names(node, "push button"), TOOLBAR)
+        self.assert_soon(lambda: names(node, "label"), ["Not connected"])
         for name, items in MENUS.items():
             menu = node.find(role="menu item", name=name)
             self.assertIsNotNone(menu, node.tree())
@@ -48,7 +47,8 @@ class AccessibleTest(ClientCase):
         frame = self.client.main_window().frame()
         for child in node.walk():
             if child.role() in ("push button", "label"):
-                self.assertTrue(is_inside(child.extents(), frame), "%r is at %s" % (child, child.extents()))
+                wait_until(lambda: is_inside(child.extents(), frame),
+                    lambda: "%r to be inside of %s, not at %s" % (child, frame, child.extents()))
 
     def test_the_connect_window(self):
         self.client.open_connect()
@@ -60,8 +60,8 @@ class AccessibleTest(ClientCase):
             labels = field.related("labelled-by")
             self.assertEqual([label.name() for label in labels], [field.name()])
             self.assertEqual(labels[0].role(), "label")
-        self.assertEqual(names(node, "push button"), ["Cancel", "Connect"])
-        self.assertEqual(fields[1].text(), "5500")
+        self.assert_soon(lambda: names(node, "push button"), ["Cancel", "Connect"])
+        self.assert_soon(fields[1].text, "5500")
         self.client.click(fields[3], self.client.window("Connect to Server"))
         wait_until(lambda: fields[3].has("focused"), "the password field to have the focus")
         self.desktop.type("secret")
@@ -111,10 +111,10 @@ class AccessibleTest(ClientCase):
         self.assertEqual([row.role() for row in rows], ["list item"] * 4)
         window = self.client.users_window()
         for row in reversed(rows):
-            self.assertTrue(is_inside(row.extents(), users.extents()), row.extents())
+            wait_until(lambda: is_inside(row.extents(), users.extents()), lambda: "%r at %s" % (row, row.extents()))
             self.client.click(row, window)
             wait_until(lambda: row.has("selected"), "the click on \"%s\" to select it" % row.name())
-        self.assertEqual([row.has("selected") for row in rows], [True, False, False, False])
+        self.assert_soon(lambda: [row.has("selected") for row in rows], [True, False, False, False])
         self.assertEqual([row.extents()[3] for row in rows], [rows[0].extents()[3]] * 4)
 
     def test_rows_come_and_go(self):
@@ -133,33 +133,32 @@ class AccessibleTest(ClientCase):
         connection.send(hotline.transaction(hotline.AGREEMENT, [(hotline.DATA, b"Be kind.\rStay.")]))
         self.client.window("Server Agreement")
         node = self.client.node("Server Agreement")
-        self.assertEqual(names(node, "push button"), ["Decline", "Accept"])
-        self.assertEqual(names(node, "label"), ["Please read and accept the server agreement to continue:"])
+        self.assert_soon(lambda: names(node, "push button"), ["Decline", "Accept"])
+        self.assert_soon(lambda: names(node, "label"), ["Please read and accept the server agreement to continue:"])
         text = node.find(role="text", having=("multi-line",))
         self.assertIn("read-only", text.states())
-        self.assertEqual(text.text(), "Be kind.\nStay.")
+        self.assert_soon(text.text, "Be kind.\nStay.")
 
     def test_buttons_with_a_picture_alone_are_called_by_their_tool_tips(self):
         self.log_in()
         self.client.press("Files")
         self.client.window("Files")
-        buttons = [child for child in self.client.node("Files").walk() if child.role() == "push button"]
-        self.assertEqual([(button.name(), button.description()) for button in buttons],
-            [("Download", "Download"), ("Upload", "Upload")])
+        self.assert_soon(lambda: [(child.name(), child.description()) for child in self.client.node("Files").walk()
+            if child.role() == "push button"], [("Download", "Download"), ("Upload", "Upload")])
 
     def test_windows_are_windows_and_have_exact_names(self):
         for title in ("Palimbra", "Chat", "Users Online"):
-            self.assertEqual(self.client.window(title).title(), title)
+            self.assert_soon(self.client.window(title).title, title)
             node = self.client.node(title)
             self.assertEqual((node.role(), node.name()), ("frame", title))
         self.log_in([hotline.user_entry(1, b"Adam")])
         for title in ("Palimbra — Scripted", "Chat", "Users Online (1)"):
             window = self.client.window(title)
-            self.assertEqual(window.title(), title)
-            self.assertEqual(self.client.node(title).name(), title)
+            self.assert_soon(window.title, title)
+            self.assert_soon(self.client.node(title).name, title)
             window.minimize()
             wait_until(window.is_minimized, "\"%s\" to be minimized" % title)
-            self.assertEqual(self.client.node(title).name(), title)
+            self.assert_soon(self.client.node(title).name, title)
         self.client.main_window().activate()
         self.client.press("Disconnect")
         self.client.open_connect()

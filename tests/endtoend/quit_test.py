@@ -45,7 +45,7 @@ class QuitTest(ClientCase):
         self.quit(client)
         wait_until(lambda: "Palimbra" not in client.titles(), "the main window to disappear")
         # Its destructor waits for the name, and closes the other windows after that. They are served meanwhile.
-        self.assertIn("Chat", client.titles())
+        wait_until(lambda: "Chat" in client.titles(), "the chat window to be there still")
         chat.close()
         wait_until(chat.is_minimized, "the chat window to minimize itself as ever")
         self.assertTrue(client.program.is_running())

@@ -21,9 +21,9 @@ class StartTest(ClientCase):
         wait_until(users.is_minimized, "the user list window to be minimized")
         wait_until(main_window.is_active, "the main window to have the focus")
         self.assertFalse(main_window.is_minimized())
-        self.assertEqual(sorted(client.titles()), ["Chat", "Palimbra", "Users Online"])
-        self.assertEqual(client.status(), "Not connected")
-        self.assertEqual(client.enabled_buttons(), ["Connect", "Tracker", "Options"])
+        self.assert_soon(lambda: sorted(client.titles()), ["Chat", "Palimbra", "Users Online"])
+        self.assert_soon(client.status, "Not connected")
+        self.assert_soon(client.enabled_buttons, ["Connect", "Tracker", "Options"])
         self.assertEqual(client.quit(), 0)
         self.assert_ended_well(client)
 
@@ -60,7 +60,7 @@ class ProgramFolderTest(ClientCase):
     def test_a_copy_of_the_program_folder_runs_anywhere(self):
         folder = self.copy_program()
         client = self.start_client(folder)
-        self.assertEqual(client.status(), "Not connected")
+        self.assert_soon(client.status, "Not connected")
         self.assertTrue(os.path.isdir(os.path.join(folder, "Downloads")))
         client.quit()
         self.assert_ended_well(client)
@@ -86,7 +86,7 @@ class ProgramFolderTest(ClientCase):
         for left_out in ((), (), ("assets",)):
             client = self.start_client(self.copy_program(*left_out))
             client.wait_for_focus_on(client.main_window())
-            self.assertEqual(client.enabled_buttons(), ["Connect", "Tracker", "Options"])
+            self.assert_soon(client.enabled_buttons, ["Connect", "Tracker", "Options"])
             pictures.append(self.picture(client.button("Options")))
             client.quit()
             self.assert_ended_well(client)

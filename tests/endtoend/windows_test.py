@@ -70,7 +70,7 @@ class WindowsTest(ClientCase):
         connection.send(hotline.user_change(2, b"Bobby") + hotline.chat(b"Adam: anybody here?"))
         self.client.window("Users Online (2)")
         self.client.wait_for_chat("Adam: anybody here?\n")
-        self.assertEqual(self.client.users(), ["Adam", "Bobby"])
+        self.assert_soon(self.client.users, ["Adam", "Bobby"])
         connection.send(hotline.transaction(hotline.POLITE_QUIT, [(hotline.DATA, b"Bye")]))
         self.client.window("Palimbra")
         self.client.window("Users Online (0)")
@@ -127,16 +127,16 @@ class DialogTest(ClientCase):
         dialog = self.client.open_connect()
         smallest, largest = dialog.size_limits()
         self.assertEqual(smallest, largest)
-        self.assertEqual(dialog.frame()[2:], smallest)
+        self.assert_soon(lambda: dialog.frame()[2:], smallest)
         dialog.resize(700, 500)
         # Whatever the window manager makes of it has been done when the next request is answered.
         self.desktop.type("x")
         address = self.client.node("Connect to Server").find(name="Address:", having=("editable",))
         wait_until(lambda: address.text() == "x", "typing into the dialog")
         self.assertEqual(dialog.frame()[2:], smallest)
-        self.assertEqual(dialog.offered_boxes(), ["close"])
-        self.assertEqual(self.client.main_window().offered_boxes(), ["close", "minimize"])
-        self.assertEqual(self.client.chat_window().offered_boxes(), ["close", "minimize", "zoom"])
+        self.assert_soon(dialog.offered_boxes, ["close"])
+        self.assert_soon(self.client.main_window().offered_boxes, ["close", "minimize"])
+        self.assert_soon(self.client.chat_window().offered_boxes, ["close", "minimize", "zoom"])
 
     def test_return_connects_from_any_field(self):
         for presses in range(4):
@@ -179,7 +179,7 @@ class DialogTest(ClientCase):
         self.desktop.type("x")
         wait_until(lambda: address.text() == "   x", "typing after the Return")
         self.assertTrue(dialog.exists())
-        self.assertEqual(self.client.status(), "Not connected")
+        self.assert_soon(self.client.status, "Not connected")
 
     def test_escape_and_cancel_and_the_close_box_close_the_dialog(self):
         def cancel():
@@ -193,7 +193,7 @@ class DialogTest(ClientCase):
                 self.client.open_connect()
                 close()
                 self.desktop.wait_without_window("Connect to Server")
-        self.assertEqual(self.client.status(), "Not connected")
+        self.assert_soon(self.client.status, "Not connected")
 
     def test_a_new_dialog_starts_afresh(self):
         self.client.open_connect()
@@ -208,7 +208,7 @@ class DialogTest(ClientCase):
     def test_the_dialog_blocks_the_other_windows(self):
         dialog = self.client.open_connect()
         main_window = self.client.main_window()
-        self.assertTrue(dialog.is_modal())
+        wait_until(dialog.is_modal, "the dialog to be modal")
         self.client.button("Connect").click()
         self.client.button("Tracker").click()
         main_window.activate()
@@ -217,7 +217,7 @@ class DialogTest(ClientCase):
         address = self.client.node("Connect to Server").find(name="Address:", having=("editable",))
         self.desktop.type("x")
         wait_until(lambda: "x" in address.text(), "typing into the dialog")
-        self.assertEqual(self.count_dialogs(), 1)
+        self.assert_soon(self.count_dialogs, 1)
         self.assertTrue(self.client.chat_window().is_minimized())
         self.desktop.key("Escape")
         self.desktop.wait_without_window("Connect to Server")
@@ -233,7 +233,7 @@ class DialogTest(ClientCase):
         window = self.client.window("Server Agreement")
         self.client.wait_for_focus_on(window)
         text = self.client.node("Server Agreement").find(role="text", having=("multi-line",))
-        self.assertEqual(text.text(), "Be kind.\nStay.")
+        self.assert_soon(text.text, "Be kind.\nStay.")
         self.desktop.key("Escape")
         self.desktop.wait_without_window("Server Agreement")
         self.client.wait_for_chat("*** Agreement declined — disconnecting ***\n")

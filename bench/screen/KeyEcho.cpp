@@ -81,7 +81,7 @@ KeyEcho::MeasureNext()
 Pixels
 KeyEcho::_Settled(std::vector<bool>* _steady)
 {
-	const Pixels first = fDisplay.Read(fWindow, fArea);
+	Pixels first = fDisplay.Read(fWindow, fArea);
 	_steady->assign(first.size(), true);
 	const double end = Now() + kSettling;
 	while (Now() < end) {

@@ -303,7 +303,8 @@ def pairs(build):
             that have been idle; processor time from the first byte until nothing is unread and the client is idle. Windows
             of 640 x 400 pixels. HexChat keeps its usual 500 lines and writes no log; Palimbra keeps all.""",
             (palimbra, clients.chat_palimbra), (hexchat, clients.chat_hexchat),
-            [Figure("short", "20,000 lines (quick: 5,000)", "us CPU each", 0.6), Figure("long", "100,000 lines (quick: 20,000)", "us CPU each", 0.6),
+            [Figure("short", "20,000 lines (quick: 5,000)", "us CPU each", 0.6),
+                Figure("long", "100,000 lines (quick: 20,000)", "us CPU each", 0.6),
                 Figure("growth", "a line of the long flood by one of the short", "times", 1.1, absolute=True)]),
         Pair("Memory per kept line", """What the proportional set size has grown by after 100,000 of the same lines, by line;
             HexChat is told to keep every line, too.""",

@@ -113,7 +113,10 @@ MainWindow::_HandleOpenMessages(const BMessage* message)
 	if (socket == 0)
 		return;
 	BWindow* window = _FindOrCreatePM(socket, message->GetString("nick", "???"));
-	window->Activate(true);
+	if (window->Lock()) {
+		window->Activate(true);
+		window->Unlock();
+	}
 }
 
 

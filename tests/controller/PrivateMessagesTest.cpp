@@ -140,6 +140,22 @@ TEST_F(PrivateMessagesTest, PickedUserWithoutNick_HasThreeQuestionMarks)
 }
 
 
+TEST_F(PrivateMessagesTest, PickedUser_ComesToTheFront)
+{
+	_PostWithSocket(kMsgOpenPM, 5, "nick", "Ann");
+	const BWindow* first = find_window<MessageWindow>();
+	_PostWithSocket(kMsgOpenPM, 6, "nick", "Bob");
+	const BWindow* second = find_window<MessageWindow>();
+	EXPECT_TRUE(WaitFor([second] {
+		return second->IsActive();
+	}));
+	_PostWithSocket(kMsgOpenPM, 5, "nick", "Ann");
+	EXPECT_TRUE(WaitFor([first] {
+		return first->IsActive();
+	}));
+}
+
+
 TEST_F(PrivateMessagesTest, PickedUser_RestoresAMinimizedConversation)
 {
 	_PostWithSocket(kMsgOpenPM, 5, "nick", "Ann");

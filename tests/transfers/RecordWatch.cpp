@@ -10,7 +10,17 @@
 
 
 static const size_t kMaxRecords = 64;
-static std::atomic<const void*> sRecords[kMaxRecords];
+
+
+struct WatchedRecord {
+	// NULL in a free one; this structure itself while it is being filled.
+	std::atomic<const void*> memory;
+	std::atomic<uint64> watch;
+};
+
+
+static WatchedRecord sRecords[kMaxRecords];
+static std::atomic<uint64> sLastWatch(0);
 
 
 extern "C"
@@ -28,9 +38,9 @@ forget(const void* memory)
 {
 	if (memory == nullptr)
 		return;
-	for (std::atomic<const void*>& record : sRecords) {
+	for (WatchedRecord& record : sRecords) {
 		const void* expected = memory;
-		if (record.compare_exchange_strong(expected, nullptr))
+		if (record.memory.compare_exchange_strong(expected, nullptr))
 			return;
 	}
 }
@@ -52,23 +62,28 @@ __wrap__ZdlPvm(void* memory, size_t size)
 }
 
 
-void
+uint64
 WatchRecord(const void* watched)
 {
-	for (std::atomic<const void*>& record : sRecords) {
+	for (WatchedRecord& record : sRecords) {
 		const void* expected = nullptr;
-		if (record.compare_exchange_strong(expected, watched))
-			return;
+		if (!record.memory.compare_exchange_strong(expected, &record))
+			continue;
+		const uint64 watch = ++sLastWatch;
+		record.watch = watch;
+		record.memory = watched;
+		return watch;
 	}
 	abort();
 }
 
 
 bool
-IsRecordWatched(const void* watched)
+IsRecordWatched(uint64 watch)
 {
-	for (const std::atomic<const void*>& record : sRecords) {
-		if (record == watched)
+	for (const WatchedRecord& record : sRecords) {
+		const void* memory = record.memory;
+		if (memory != nullptr && memory != &record && record.watch == watch)
 			return true;
 	}
 	return false;

@@ -6,9 +6,13 @@
 #define RECORD_WATCH_H
 
 
-// Whether heap objects have been deleted, seen at the calls of operator delete. Any thread; few objects at a time.
-void WatchRecord(const void* record);
-bool IsRecordWatched(const void* record);
+#include <SupportDefs.h>
+
+
+// Whether heap objects have been deleted, seen at the calls of operator delete. Any thread; few objects at a time. Each watch
+// has a number of its own, as another object may soon be where a deleted one was.
+uint64 WatchRecord(const void* record);
+bool IsRecordWatched(uint64 watch);
 
 
 #endif // RECORD_WATCH_H

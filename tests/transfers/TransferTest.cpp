@@ -21,10 +21,10 @@ static const uint32 kReference = 0x01020304;
 TransferRun::TransferRun(thread_func entry, void* record)
 	: fEntry(entry),
 	  fRecord(record),
+	  fWatch(WatchRecord(record)),
 	  fResult(-1),
 	  fHasEnded(false)
 {
-	WatchRecord(record);
 	EXPECT_EQ(B_OK, resume_thread(spawn_thread(_Entry, "transfer", B_NORMAL_PRIORITY, this)));
 }
 
@@ -47,7 +47,7 @@ TransferRun::Result()
 			return HasEnded();
 		}))
 		return -1;
-	EXPECT_FALSE(IsRecordWatched(fRecord)) << "the record is left behind";
+	EXPECT_FALSE(IsRecordWatched(fWatch)) << "the record is left behind";
 	return fResult;
 }
 

@@ -38,6 +38,7 @@ private:
 
 	thread_func fEntry;
 	void* fRecord;
+	uint64 fWatch;
 	status_t fResult;
 	std::atomic<bool> fHasEnded;
 };

@@ -67,6 +67,7 @@ LooperRecord::Post(const BMessage* message, int32 handlerToken, int32 runnerToke
 	copy->fRunnerToken = runnerToken;
 
 	bool needsTurn;
+	bool isFull;
 	{
 		std::unique_lock<std::mutex> locker(fMutex);
 		if (runnerToken == 0 && _IsFull()) {
@@ -83,9 +84,12 @@ LooperRecord::Post(const BMessage* message, int32 handlerToken, int32 runnerToke
 		if (fWaitsForMessage)
 			fMessageAdded.notify_one();
 		needsTurn = wasEmpty && _NeedsTurn();
+		isFull = runnerToken == 0 && _IsFull();
 	}
 	if (needsTurn)
 		MainServer::Default()->_AddToLine(shared_from_this());
+	if (isFull && is_main_thread())
+		MainServer::Default()->_EndSlice();
 	return B_OK;
 }
 

@@ -33,6 +33,7 @@ wake_server()
 MainServer::MainServer()
 	: fWakeDescriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
 	  fMayServe(true),
+	  fEndsSlice(false),
 	  fWaitHook(NULL),
 	  fIsSignalled(false),
 	  fApplicationToken(0),
@@ -203,12 +204,24 @@ MainServer::_ServeSlice(const LooperRecordRef& record)
 	bool mightServe = _BeginHandler();
 	bigtime_t end = system_time() + kSlice;
 	for (int32 count = record->CountMessages(); count > 0; count--) {
+		fEndsSlice = false;
 		LooperPrivate::_DeliverNext(record);
-		if (record->IsDying() || system_time() >= end)
+		if (record->IsDying() || fEndsSlice || system_time() >= end)
 			break;
 	}
 	record->Leave();
 	_EndHandler(mightServe);
+}
+
+
+/*!	The handler that is being run has posted to a looper whose queue is full. The main thread cannot wait for room in it;
+	instead each turn now brings one message more, while the other looper has a whole slice to work on its own. So what one
+	window passes on to a slower one waits with the first, and from there in the thread that posts to it.
+*/
+void
+MainServer::_EndSlice()
+{
+	fEndsSlice = true;
 }
 
 

@@ -42,6 +42,7 @@ private:
 	void _AddToLine(const LooperRecordRef& record);
 	LooperRecordRef _NextInLine();
 	void _ServeSlice(const LooperRecordRef& record);
+	void _EndSlice();
 	bool _BeginHandler();
 	void _EndHandler(bool mightServe);
 
@@ -59,6 +60,7 @@ private:
 
 	// The main thread's own.
 	bool fMayServe;
+	bool fEndsSlice;
 	void (*fWaitHook)(bool (*done)(void*), void* cookie);
 
 	// For any thread, under the lock.

@@ -131,6 +131,39 @@ TEST(BackPressureTest, MainThread_NeverWaits)
 }
 
 
+TEST(BackPressureTest, WhatOnePassesOnToASlowerOne_IsBounded)
+{
+	ServedLooper* slow = new ServedLooper;
+	ServedLooper* controller = new ServedLooper;
+	int32 passedOn = 0;
+	int32 received = 0;
+	int32 maxWaiting = 0;
+	controller->onMessage = [&](BMessage* message) {
+		slow->PostMessage(message);
+		passedOn++;
+	};
+	slow->onMessage = [&](BMessage*) {
+		maxWaiting = std::max(maxWaiting, passedOn - received);
+		received++;
+		for (bigtime_t end = system_time() + 10; system_time() < end;)
+			;
+	};
+	slow->Run();
+	controller->Run();
+	const int32 count = 3 * kLimit;
+	Poster poster(controller, count);
+	EXPECT_TRUE(ServeUntil(
+		[&] {
+			return received == count;
+		},
+		60));
+	EXPECT_LE(maxWaiting, kLimit + 1);
+	Join(poster.thread);
+	controller->Quit();
+	slow->Quit();
+}
+
+
 TEST(BackPressureTest, OwnThread_NeverWaits)
 {
 	ScriptedLooper* looper = new ScriptedLooper;

@@ -35,6 +35,8 @@ KEYS = 100
 FLOOD_AHEAD = 1.0
 # Of the strip at the bottom of the chat window that the entry is in, in pixels.
 ENTRY_HEIGHT = 22
+# Where the first row of a file list is, below the top of its window.
+FIRST_ROW = 52
 
 
 class Clients:
@@ -133,15 +135,13 @@ class Clients:
         with Stage() as stage, hotline_feeder.HotlineFeeder(chatter.nicks(USERS)) as feeder:
             client = self.palimbra(stage, feeder)
             feeder.serve_transfers()
-            self._select_file(client)
+            self._open_files(client)
             window = client.front("Chat")
             _, _, _, height = window.frame()
             hand = Helper(stage, [self.screen, "type", window.id, 4, height - ENTRY_HEIGHT, 60, ENTRY_HEIGHT,
                 20 if quick else KEYS])
             hand.wait_for("ready")
-            client.front("Files")
-            client.desktop.key("Return")
-            wait_until(lambda: feeder.bytes_sent > 0, "the download to begin")
+            self._begin_download(client, feeder)
             client.front("Chat")
             with Flood(feeder, FLOOD_PER_SECOND) as flood:
                 time.sleep(FLOOD_AHEAD)
@@ -156,12 +156,16 @@ class Clients:
                 "lines": lines / seconds, "download": received / seconds / 1e6}
 
     @staticmethod
-    def _select_file(client):
+    def _begin_download(client, feeder):
+        left, top, _, _ = client.front("Files").frame()
+        client.desktop.click(left + 40, top + FIRST_ROW, count=2)
+        wait_until(lambda: feeder.bytes_sent > 0, "the download to begin")
+
+    @staticmethod
+    def _open_files(client):
         client.front("Palimbra")
         client.desktop.key("ctrl+3")
         wait_until(lambda: client.window("Files").listed_title == "Files (1)", "the file list")
-        client.front("Files")
-        client.desktop.key("Home")
 
     # Nothing to do
 

@@ -31,12 +31,25 @@ TEST_F(ClientConnectFailureTest, NoThread)
 
 TEST_F(ClientConnectFailureTest, ThreadThatCannotBeStarted)
 {
+	thread_id spawned = -1;
+	Interposed::spawn = [&](thread_func, const char* name, int32 priority, void* data) {
+		const auto doNothing = [](void*) -> status_t {
+			return B_OK;
+		};
+		spawned = Interposed::RealSpawn(doNothing, name, priority, data);
+		return spawned;
+	};
 	Interposed::resume = [](thread_id) {
 		return B_NO_MORE_THREADS;
 	};
 	Connect();
 	ExpectFailure("Could not create connect thread");
 	Interposed::Clear();
+
+	// Nobody else would end it.
+	resume_thread(spawned);
+	status_t result;
+	wait_for_thread(spawned, &result);
 }
 
 

@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "Interposed.h"
+#include "WaitFor.h"
 
 
 static size_t
@@ -37,7 +38,8 @@ count_descriptors()
 
 ClientTest::ClientTest()
 	: server(new RawServer),
-	  log(new MessageLog)
+	  log(new MessageLog),
+	  fThreadsBefore(count_threads())
 {
 	log->Run();
 	client.reset(new HotlineClient(log));
@@ -50,6 +52,10 @@ ClientTest::~ClientTest()
 	Interposed::Clear();
 	if (log->Lock())
 		log->Quit();
+	// One that has been waited for leaves the system's list a moment later, and the next test may count.
+	EXPECT_TRUE(WaitFor([&] {
+		return count_threads() <= fThreadsBefore;
+	}));
 }
 
 

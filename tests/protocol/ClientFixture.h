@@ -26,7 +26,9 @@ size_t count_threads();
 size_t count_descriptors();
 
 
-/*!	A client, the log of what it posts and a server on 127.0.0.1. Whatever was interposed is let go after the client. */
+/*!	A client, the log of what it posts and a server on 127.0.0.1. Whatever was interposed is let go after the client, and no
+	thread is left at the end.
+*/
 class ClientTest : public testing::Test {
 public:
 	ClientTest();
@@ -53,6 +55,9 @@ public:
 	std::unique_ptr<RawServer> server;
 	MessageLog* log;
 	std::unique_ptr<HotlineClient> client;
+
+private:
+	const size_t fThreadsBefore;
 };
 
 

@@ -372,6 +372,7 @@ TEST_F(ClientDisconnectTest, DuringTheHandshake_TheAttemptIsNoFailure)
 	EXPECT_TRUE(server->WaitForEnd());
 	status_t result;
 	wait_for_thread(attempt, &result);
+	Interposed::Clear();
 
 	// Nothing was posted before this connection's success.
 	ShakeHands();

@@ -92,7 +92,7 @@ MainWindow::_HandleMessageWindowClosed(const BMessage* message)
 	const void* closed = message->GetPointer("window", NULL);
 	for (int32 i = fMsgWindows.CountItems() - 1; i >= 0; i--) {
 		BWindow* window = static_cast<BWindow*>(fMsgWindows.ItemAt(i));
-		bool found = window == closed;
+		bool found = closed != NULL && window == closed;
 		if (window->Lock()) {
 			const MessageWindow* open = dynamic_cast<MessageWindow*>(window);
 			found = closed == NULL && open != NULL && open->Socket() == socket;

@@ -14,6 +14,7 @@
 #include <QPixmap>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <QTimerEvent>
 #include <QToolTip>
 
 #include <Bitmap.h>
@@ -86,12 +87,16 @@ public:
 		if (event->type() == QEvent::Expose) {
 			parent()->removeEventFilter(this);
 			// Behind the window's own painting.
-			QTimer::singleShot(0, this, [this] {
-				set_icon();
-				deleteLater();
-			});
+			startTimer(0);
 		}
 		return false;
+	}
+
+	void timerEvent(QTimerEvent* event) override
+	{
+		killTimer(event->timerId());
+		set_icon();
+		deleteLater();
 	}
 };
 

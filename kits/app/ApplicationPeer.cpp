@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QBasicTimer>
 #include <QEvent>
 #include <QIcon>
 #include <QPixmap>
@@ -29,6 +30,10 @@
 
 
 namespace {
+
+
+// In milliseconds: how long a burst gathers before it is served.
+const int kPause = 1;
 
 
 // The toolkit gets the program's path, which the window manager names its windows by, and none of its arguments.
@@ -101,6 +106,53 @@ public:
 };
 
 
+/*!	Gives the main server its turns from the toolkit's event loop.
+	In a burst, when another thread posts as fast as the main one serves, each message would wake it anew. So a turn that
+	comes right after one which left nothing waits for a moment, and serves what has gathered by then. Input, painting and
+	timers do not wait.
+*/
+class ServerWatch : public QObject {
+public:
+	explicit ServerWatch(MainServer* server)
+		: fServer(server),
+		  fNotifier(server->WakeDescriptor(), QSocketNotifier::Read),
+		  fServedAll(0)
+	{
+		connect(&fNotifier, &QSocketNotifier::activated, this, &ServerWatch::_Woken);
+	}
+
+	void timerEvent(QTimerEvent* /*event*/) override
+	{
+		fPause.stop();
+		fNotifier.setEnabled(true);
+		_ServeTurn();
+	}
+
+private:
+	void _Woken()
+	{
+		if (system_time() >= fServedAll + kPause * 1000) {
+			_ServeTurn();
+			return;
+		}
+
+		fNotifier.setEnabled(false);
+		fPause.start(kPause, Qt::PreciseTimer, this);
+	}
+
+	void _ServeTurn()
+	{
+		if (!fServer->ServeTurn())
+			fServedAll = system_time();
+	}
+
+	MainServer* const fServer;
+	QSocketNotifier fNotifier;
+	QBasicTimer fPause;
+	bigtime_t fServedAll;
+};
+
+
 /*!	How wait_for_thread() waits. Windows and timers go on meanwhile. */
 void
 wait_on_main_thread(bool (*done)(void*), void* cookie)
@@ -126,10 +178,7 @@ ApplicationPeer::ApplicationPeer()
 	new IconSetter(fApplication.get());
 
 	MainServer* server = MainServer::Default();
-	fNotifier = std::make_unique<QSocketNotifier>(server->WakeDescriptor(), QSocketNotifier::Read);
-	QObject::connect(fNotifier.get(), &QSocketNotifier::activated, [server] {
-		server->ServeTurn();
-	});
+	fServerWatch = std::make_unique<ServerWatch>(server);
 	server->SetWaitHook(wait_on_main_thread);
 }
 

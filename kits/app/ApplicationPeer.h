@@ -12,7 +12,7 @@
 
 
 class QApplication;
-class QSocketNotifier;
+class QObject;
 
 
 /*!	The toolkit's application, set up as the kits need it, and the main thread's event loops. There is one. */
@@ -30,7 +30,7 @@ public:
 
 private:
 	std::unique_ptr<QApplication> fApplication;
-	std::unique_ptr<QSocketNotifier> fNotifier;
+	std::unique_ptr<QObject> fServerWatch;
 };
 
 

@@ -56,6 +56,34 @@ TEST(WindowLooperTest, PostedMessages_ArriveInOrder)
 }
 
 
+TEST(WindowLooperTest, PostRightAfterTheLastWasServed_IsServedToo)
+{
+	const uint32 count = 100;
+	std::atomic<uint32> served(0);
+	std::atomic<bool> givesUp(false);
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	ShowAndWait(window);
+	window->onMessage = [&](BMessage*) {
+		served++;
+	};
+
+	const thread_id poster = RunInThread([&] {
+		for (uint32 code = 1; code <= count; code++) {
+			window->PostMessage(code);
+			while (served < code && !givesUp)
+				snooze(100);
+		}
+	});
+	EXPECT_TRUE(WaitFor([&] {
+		return served == count;
+	}));
+	givesUp = true;
+	status_t result;
+	wait_for_thread(poster, &result);
+}
+
+
 TEST(WindowLooperTest, PostFromTheOwnHandler_ComesAfterTheTurnOfOthers)
 {
 	std::string order;

@@ -364,6 +364,21 @@ TEST_F(ListViewTest, DoubleClickBelowTheRows_InvokesNothing)
 }
 
 
+TEST_F(ListViewTest, FirstArrowAfterGettingTheFocus_SelectsTheFirstRow)
+{
+	AddStrings(3);
+	ASSERT_TRUE(WaitForRows(3));
+	fList->MakeFocus(true);
+	ASSERT_TRUE(WaitFor([this]() {
+		return fList->IsFocus();
+	}));
+	press_key(fList, KEY_DOWN);
+	EXPECT_EQ(fList->CurrentSelection(), 0);
+	press_key(fList, KEY_DOWN);
+	EXPECT_EQ(fList->CurrentSelection(), 1);
+}
+
+
 TEST_F(ListViewTest, Return_InvokesTheSelectedRow)
 {
 	AddStrings(3);

@@ -122,7 +122,7 @@ class Program:
         return kilobytes * 1024
 
     def threads(self):
-        """The names of the threads, sorted."""
+        """The names of the threads, sorted, without those that the toolkit keeps for a while after it needed some."""
         names = []
         for thread in os.listdir("/proc/%d/task" % self.pid):
             try:
@@ -131,7 +131,7 @@ class Program:
             except (FileNotFoundError, ProcessLookupError):
                 # It has ended meanwhile.
                 pass
-        return sorted(names)
+        return sorted(name for name in names if name != "Thread (pooled)")
 
     def descriptors(self):
         return len(os.listdir("/proc/%d/fd" % self.pid))

@@ -100,8 +100,9 @@ class Clients:
 
     @staticmethod
     def _chat(run, quick):
-        short, long = (run(count)["processor"] for count in line_counts(quick))
-        return {"short": short, "long": long, "growth": long / short}
+        short, long = (run(count) for count in line_counts(quick))
+        return {"short": short["processor"], "long": long["processor"], "user": long["user"],
+            "growth": long["processor"] / short["processor"]}
 
     def kept_palimbra(self, quick):
         return self._chat_palimbra(line_counts(quick)[1])
@@ -277,10 +278,12 @@ def cost_of(client, feeder, send):
 
 
 def cost_of_lines(client, feeder, data, count):
-    ProcessClock(client.program.pid).wait_until_idle()
-    memory = proportional_memory(client.program.pid)
+    clock = ProcessClock(client.program.pid)
+    clock.wait_until_idle()
+    memory, user = proportional_memory(client.program.pid), clock.user_seconds()
     seconds = cost_of(client, feeder, lambda: feeder.send(data))
-    return {"processor": seconds / count * 1e6, "bytes": (proportional_memory(client.program.pid) - memory) / count}
+    return {"processor": seconds / count * 1e6, "user": (clock.user_seconds() - user) / count * 1e6,
+        "bytes": (proportional_memory(client.program.pid) - memory) / count}
 
 
 def idle_memory(client):
@@ -309,6 +312,7 @@ def pairs(build):
             (palimbra, clients.chat_palimbra), (hexchat, clients.chat_hexchat),
             [Figure("short", "20,000 lines (quick: 5,000)", "us CPU each", 0.6),
                 Figure("long", "100,000 lines (quick: 20,000)", "us CPU each", 0.6),
+                Figure("user", "the same, outside of the kernel", "us CPU each"),
                 Figure("growth", "a line of the long flood by one of the short", "times", 1.1, absolute=True)]),
         Pair("Memory per kept line", """What the proportional set size has grown by after 100,000 of the same lines, by line;
             HexChat is told to keep every line, too.""",

@@ -152,7 +152,8 @@ MainWindow::_HandleDownloadReady(const BMessage* message)
 	const char* fileName = message->GetString("filename", "");
 	if (reference == 0 || fileName[0] == '\0')
 		return;
-	if (!stays_in_folder(fileName)) {
+	// Without the program's folder there is none that the file may be written to.
+	if (fDownloadsPath.IsEmpty() || !stays_in_folder(fileName)) {
 		_ReportTransfer("Download", message);
 		return;
 	}

@@ -2,9 +2,11 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <set>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -262,19 +264,39 @@ TEST_F(ProgramFolderTest, About_ShowsTheLogoOfTheFolder)
 
 
 // Names of all kinds, which need not be text.
+static std::set<std::string>
+names_in(const std::string& folder)
+{
+	std::set<std::string> names;
+	for (const auto& entry : std::filesystem::directory_iterator(folder))
+		names.insert(entry.path().filename().string());
+	return names;
+}
+
+
+/*!	What tells the controller that a file may be fetched. */
+static BMessage
+granted_download(const RawServer& transfers, const std::string& name)
+{
+	BMessage ready(kHLDownloadReady);
+	ready.AddUInt32("ref", 5);
+	ready.AddUInt32("size", 4000000000u);
+	ready.AddString("filename", name.c_str());
+	ready.AddString("address", "127.0.0.1");
+	ready.AddUInt16("port", static_cast<uint16>(transfers.Port() - 1));
+	return ready;
+}
+
+
 TEST_F(ProgramFolderTest, Download_ArrivesUnderItsName)
 {
+	const std::set<std::string> names = {"read me", "100% <b>", "R\x8esum\x8e", "...", "~", "a\\b",
+		"\x01\x1b[31m\t\r\n\x7f", std::string(255, 'n')};
 	Window window;
 	RawServer transfers;
-	for (const std::string& name : {std::string("read me"), std::string("100% <b>"),
-			 std::string("R\x8esum\x8e"), std::string("...")}) {
+	for (const std::string& name : names) {
 		SCOPED_TRACE(name);
-		BMessage ready(kHLDownloadReady);
-		ready.AddUInt32("ref", 5);
-		ready.AddUInt32("size", 4000000000u);
-		ready.AddString("filename", name.c_str());
-		ready.AddString("address", "127.0.0.1");
-		ready.AddUInt16("port", static_cast<uint16>(transfers.Port() - 1));
+		BMessage ready = granted_download(transfers, name);
 		window.Post(&ready);
 		window.ExpectChatBegins("*** Downloading " + name + " (4000000000 bytes) ***\n", 0, 100, 0);
 		ASSERT_TRUE(transfers.Accept());
@@ -284,4 +306,33 @@ TEST_F(ProgramFolderTest, Download_ArrivesUnderItsName)
 		std::ifstream file(fFolder.PathOf("Downloads/" + name), std::ios::binary);
 		EXPECT_EQ("data of " + name, std::string(std::istreambuf_iterator<char>(file), {}));
 	}
+	EXPECT_EQ(names, names_in(fFolder.PathOf("Downloads")));
+	EXPECT_EQ(std::set<std::string>{"Downloads"}, names_in(fFolder.Path()));
+}
+
+
+TEST_F(ProgramFolderTest, NameTooLongForAFile_LeavesNothing)
+{
+	Window window;
+	RawServer transfers;
+	const std::string name(256, 'n');
+	BMessage ready = granted_download(transfers, name);
+	window.Post(&ready);
+	window.ExpectChatBegins("*** Downloading " + name + " (4000000000 bytes) ***\n", 0, 100, 0);
+	ASSERT_TRUE(transfers.Accept());
+	transfers.Send(FileObject("data"));
+	EXPECT_TRUE(transfers.WaitForEnd());
+	EXPECT_EQ(std::set<std::string>(), names_in(fFolder.PathOf("Downloads")));
+}
+
+
+TEST_F(ProgramFolderTest, UnknownFolder_TakesNoDownloads)
+{
+	sProgram = "";
+	Window window;
+	RawServer transfers;
+	BMessage ready = granted_download(transfers, "name");
+	window.Post(&ready);
+	window.ExpectChatBegins("*** Download failed: name ***\n", 200, 0, 0);
+	EXPECT_FALSE(transfers.HasCaller());
 }

@@ -7,8 +7,10 @@
 #include <algorithm>
 
 #include <QIcon>
+#include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
+#include <QStyleOptionButton>
 
 #include <BitmapPeer.h>
 #include <Button.h>
@@ -18,6 +20,41 @@
 // In logical pixels. Pictures up to the largest size are shown as they are.
 static const int kSmallestIcon = 16;
 static const int kLargestIcon = 24;
+// Of the ring that shows the focus, within the button.
+static const int kRingInset = 3;
+static const int kRingRadius = 2;
+
+
+namespace {
+
+
+/*!	Shows by a ring of its own that it has the keyboard: the toolkit draws the border of the default button in the same color,
+	and Space presses the one, Return the other. Only for who uses the keyboard, as the toolkit does.
+*/
+class PushButton : public QPushButton {
+protected:
+	void paintEvent(QPaintEvent* event) override
+	{
+		QPushButton::paintEvent(event);
+
+		QStyleOptionButton option;
+		initStyleOption(&option);
+		if (!option.state.testFlag(QStyle::State_HasFocus)
+			|| !option.state.testFlag(QStyle::State_KeyboardFocusChange))
+			return;
+
+		// Lines run through the middle of pixels.
+		const QRectF ring = QRectF(rect()).adjusted(kRingInset, kRingInset, -kRingInset,
+			-kRingInset);
+		QPainter painter(this);
+		painter.setRenderHint(QPainter::Antialiasing);
+		painter.setPen(palette().color(QPalette::Highlight));
+		painter.drawRoundedRect(ring.adjusted(0.5, 0.5, -0.5, -0.5), kRingRadius, kRingRadius);
+	}
+};
+
+
+} // namespace
 
 
 /*!	Larger pictures are meant for screens with twice the pixels. */
@@ -34,7 +71,7 @@ icon_size(QSize size)
 
 
 ButtonPeer::ButtonPeer()
-	: ViewPeer(new QPushButton),
+	: ViewPeer(new PushButton),
 	  fButton(static_cast<QPushButton*>(Widget()))
 {
 	QObject::connect(fButton, &QPushButton::clicked, [this] {

@@ -320,6 +320,34 @@ TEST(WindowUseTest, Tab_GoesThroughTheViewsInTheOrderInWhichTheyWereAdded)
 }
 
 
+TEST(WindowUseTest, DefaultButton_ShowsWhetherItHasTheFocus)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	BButton* other = new BButton("other", "Other", NULL);
+	BButton* ok = new BButton("ok", "OK", NULL);
+	BLayoutBuilder::Group<>(window, B_HORIZONTAL).Add(other).Add(ok);
+	ok->MakeDefault(true);
+	other->MakeFocus(true);
+	ShowAndWait(window);
+	window->Activate(true);
+	ASSERT_TRUE(WaitFor([&] {
+		return window->IsActive();
+	}));
+
+	// Not compared by what would print all pixels.
+	const std::string unfocused = picture_of(ok);
+	press_window_key(window, B_TAB);
+	ASSERT_TRUE(ok->IsFocus());
+	const std::string focused = picture_of(ok);
+	EXPECT_TRUE(unfocused != focused);
+	press_window_key(window, B_TAB);
+	EXPECT_TRUE(unfocused == picture_of(ok));
+	press_window_key(window, B_TAB);
+	EXPECT_TRUE(focused == picture_of(ok));
+}
+
+
 TEST(WindowUseTest, ModalWindow_BlocksTheOthersAndStaysAboveTheFirst)
 {
 	ScriptedWindow* main = new ScriptedWindow;

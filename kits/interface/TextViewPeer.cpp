@@ -62,10 +62,9 @@ TextViewPeer::TextViewPeer()
 	  fSizeIsOld(false),
 	  fScrollsToEnd(false)
 {
-	fFormat.setForeground(color_to_toolkit(fStyle.color));
+	_MakeFormat(fStyle);
 	QObject::connect(fDocument, &QTextDocument::contentsChange, fText,
 		[this](int, int removed, int added) {
-			// Formats have not changed the text.
 			if (!fIsEditing && (removed > 0 || added > 0))
 				_UserEdited();
 		});
@@ -192,7 +191,10 @@ TextViewPeer::SetStyleOf(int32 start, int32 end, const TextStyle& style)
 	QTextCursor cursor(fDocument);
 	cursor.setPosition(fMap->PositionAt(start));
 	cursor.setPosition(fMap->PositionAt(end), QTextCursor::KeepAnchor);
+	// The toolkit reports the text as replaced, though only its format is another one.
+	fIsEditing = true;
 	cursor.setCharFormat(_FormatOf(style));
+	fIsEditing = false;
 }
 
 
@@ -282,6 +284,8 @@ TextViewPeer::FontChanged()
 {
 	TextPeer::FontChanged();
 	fDocument->setDefaultFont(fText->font());
+	// It says what differs from the view's font.
+	_MakeFormat(fFormatStyle);
 }
 
 
@@ -407,12 +411,20 @@ TextViewPeer::_Apply(QTextCursor& cursor, const TextMap::Edit& edit, const TextS
 }
 
 
-/*!	What is like the view's own font is not mentioned: a format with a font costs as much memory as the line. */
+/*!	The toolkit's format for a style; good until the next one is asked for. */
 const QTextCharFormat&
 TextViewPeer::_FormatOf(const TextStyle& style)
 {
-	if (style == fFormatStyle)
-		return fFormat;
+	if (!(style == fFormatStyle))
+		_MakeFormat(style);
+	return fFormat;
+}
+
+
+/*!	What is like the view's own font is not mentioned: a format with a font costs as much memory as the line. */
+void
+TextViewPeer::_MakeFormat(const TextStyle& style)
+{
 	fFormatStyle = style;
 	fFormat = QTextCharFormat();
 	fFormat.setForeground(color_to_toolkit(style.color));
@@ -424,7 +436,6 @@ TextViewPeer::_FormatOf(const TextStyle& style)
 		fFormat.setFontWeight(font.weight());
 		fFormat.setFontItalic(font.italic());
 	}
-	return fFormat;
 }
 
 

@@ -69,6 +69,7 @@ private:
 	void _Replace(int32 offset, int32 removed, const char* text, int32 length);
 	void _Apply(QTextCursor& cursor, const TextMap::Edit& edit, const TextStyle& style);
 	const QTextCharFormat& _FormatOf(const TextStyle& style);
+	void _MakeFormat(const TextStyle& style);
 	TextStyle _StyleOf(const QTextCharFormat& format);
 	void _UserEdited();
 	void _ReadDocument();
@@ -79,6 +80,7 @@ private:
 	std::unique_ptr<TextMap> fMap;
 	PendingText fPending;
 	TextStyle fStyle;
+	// The format that was made last, and for which style.
 	TextStyle fFormatStyle;
 	QTextCharFormat fFormat;
 	std::string fBytes;

@@ -363,6 +363,35 @@ TEST_F(TextViewTest, StyledRanges_BeforeAndAfterTheyAreShown)
 }
 
 
+TEST_F(TextViewTest, StyledAfterItWasShown_KeepsItsBytes)
+{
+	const std::string text = "na\xefve\r\n \xff\xfe caf\xc3\n";
+	fText->Insert(0, text.data(), int32(text.size()));
+	// A question about a place in the text needs all of it in the document.
+	fText->PointAt(0);
+	fText->SetFontAndColor(0, int32(text.size()), be_bold_font, B_FONT_ALL, &kGreen);
+	EXPECT_TRUE(ColorAt(2) == kGreen);
+	EXPECT_EQ(fText->TextLength(), int32(text.size()));
+	EXPECT_EQ(fText->Text(), text);
+}
+
+
+TEST_F(TextViewTest, FontOfTheViewChanged_InsertionsKeepTheirOwn)
+{
+	Append("before\n");
+	// A question about a place in the text needs all of it in the document.
+	fText->PointAt(0);
+	BFont large;
+	large.SetSize(40);
+	fText->SetFont(&large);
+	Append("after\n");
+	fText->PointAt(0);
+	BFont font;
+	fText->GetFontAndColor(8, &font);
+	EXPECT_EQ(font.Size(), be_plain_font->Size());
+}
+
+
 TEST_F(TextViewTest, SelectionOfEverything_DoesNotGrow)
 {
 	Append("one\ntwo\n");

@@ -102,10 +102,8 @@ BView::AddChild(BView* child, BView* before)
 	if (container->isVisible() && child->fHideCount == 0)
 		widget->show();
 
-	if (fWindow != NULL) {
+	if (fWindow != NULL)
 		child->_AttachTo(fWindow);
-		child->_CallAllAttached();
-	}
 }
 
 
@@ -405,22 +403,18 @@ BView::InvalidateLayout(bool descendants)
 // #pragma mark - Attaching
 
 
+/*!	Tells the view and those below it that they have become part of a window. */
 void
 BView::_AttachTo(BWindow* window)
 {
 	fWindow = window;
 	window->AddHandler(this);
 	AttachedToWindow();
-	for (size_t i = 0; i < fChildren.size(); i++)
-		fChildren[i]->_AttachTo(window);
-}
-
-
-void
-BView::_CallAllAttached()
-{
-	for (size_t i = 0; i < fChildren.size(); i++)
-		fChildren[i]->_CallAllAttached();
+	for (size_t i = 0; i < fChildren.size(); i++) {
+		// One that was added in AttachedToWindow() knows already.
+		if (fChildren[i]->fWindow == NULL)
+			fChildren[i]->_AttachTo(window);
+	}
 	AllAttached();
 }
 

@@ -141,7 +141,6 @@ private:
 	friend class ViewPeer;
 
 	void _AttachTo(BWindow* window);
-	void _CallAllAttached();
 	void _Detach();
 
 	ViewPeer* fPeer;

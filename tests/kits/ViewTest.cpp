@@ -49,6 +49,22 @@ private:
 };
 
 
+/*!	A view that makes its child when it comes into a window. */
+class LateParent : public BView {
+public:
+	explicit LateParent(std::string& notes)
+		: BView("late", B_WILL_DRAW),
+		  fNotes(notes)
+	{
+	}
+
+	void AttachedToWindow() override { AddChild(new NotingView("child", fNotes)); }
+
+private:
+	std::string& fNotes;
+};
+
+
 /*!	A view that draws what it has to say, in a font of its own. */
 class SayingView : public BView {
 public:
@@ -104,6 +120,16 @@ TEST(ViewTest, Attaching_TellsParentsFirst_AndAllAttachedChildrenFirst)
 	notes.clear();
 	delete outer;
 	EXPECT_EQ("~outer ~inner ", notes);
+}
+
+
+TEST(ViewTest, ChildAddedWhileAttaching_IsToldOnce)
+{
+	std::string notes;
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	window->AddChild(new LateParent(notes));
+	EXPECT_EQ("attached:child all:child ", notes);
 }
 
 

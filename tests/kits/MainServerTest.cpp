@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 #include <LooperPrivate.h>
+#include <LooperRegistry.h>
 #include <Messenger.h>
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -324,7 +325,9 @@ TEST_F(MainServerTest, DestructorInOwnHandler_WaitsWhileOthersAreServed)
 	bool isLocked = true;
 	int32 applicationCount = -1;
 	int32 dying = 0;
+	int32 kept = -1;
 	fFirst->onDestroy = [&] {
+		kept = LooperRegistry::Default()->Find(fFirst)->CountMessages();
 		fApplication->PostMessage('quit');
 		fSecond->PostMessage('free');
 		dying = MainServer::Default()->CountDying();
@@ -339,6 +342,7 @@ TEST_F(MainServerTest, DestructorInOwnHandler_WaitsWhileOthersAreServed)
 	fFirst->PostMessage('drop');
 	ServeAll();
 	EXPECT_EQ(1, dying);
+	EXPECT_EQ(0, kept);
 	EXPECT_FALSE(isLocked);
 	EXPECT_EQ(B_BAD_PORT_ID, lateStatus);
 	EXPECT_EQ(0, applicationCount);

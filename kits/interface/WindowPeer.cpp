@@ -4,6 +4,8 @@
  */
 #include <WindowPeer.h>
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLayout>
@@ -20,6 +22,24 @@
 #include <TextConversionPrivate.h>
 #include <TopLevelWidgetPrivate.h>
 #include <ViewPeer.h>
+
+
+// Windows have no larger sides, and of all that is in them the pixels are kept, four bytes each, seen or not.
+static const int kMaxSide = 32767;
+static const int kMaxPixels = 24 * 1024 * 1024;
+
+
+/*!	Cuts the longer side where a window would have too many pixels. */
+static QSize
+bearable_size(QSize size)
+{
+	size = size.boundedTo(QSize(kMaxSide, kMaxSide));
+	if (size.width() >= size.height())
+		size.setWidth(std::min(size.width(), kMaxPixels / std::max(size.height(), 1)));
+	else
+		size.setHeight(std::min(size.height(), kMaxPixels / std::max(size.width(), 1)));
+	return size;
+}
 
 
 static Qt::WindowFlags
@@ -185,7 +205,10 @@ WindowPeer::CenterOnScreen()
 }
 
 
-/*!	A window whose limits do not follow its layout, or that has none, keeps those that it has. */
+/*!	A window whose limits do not follow its layout, or that has none, keeps those that it has.
+	Differs from Haiku: no layout makes a window larger than what may be kept of it. One that has become too large by what
+	it showed before gives that up.
+*/
 void
 WindowPeer::UpdateLayout()
 {
@@ -197,13 +220,18 @@ WindowPeer::UpdateLayout()
 	if ((fWindow->Flags() & B_AUTO_UPDATE_SIZE_LIMITS) == 0)
 		return;
 
-	QSize minSize = layout->totalMinimumSize();
+	QSize minSize = bearable_size(layout->totalMinimumSize());
 	QSize maxSize = layout->totalMaximumSize().expandedTo(minSize);
 	if ((fWindow->Flags() & B_NOT_RESIZABLE) != 0) {
 		minSize = fWantedSize.expandedTo(minSize).boundedTo(maxSize);
 		maxSize = minSize;
 	}
 	const QSize before = fWidget->size();
+	const QSize after = before.expandedTo(minSize).boundedTo(maxSize);
+	if (after != bearable_size(after)) {
+		fWidget->setMinimumSize(0, 0);
+		fWidget->setMaximumSize(minSize);
+	}
 	fWidget->setMinimumSize(minSize);
 	fWidget->setMaximumSize(maxSize);
 	if (fIsCentered && fWidget->size() != before)

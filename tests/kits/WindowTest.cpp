@@ -2,6 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
+#include <string>
+
 #include <gtest/gtest.h>
 
 #include <Application.h>
@@ -265,6 +267,33 @@ TEST(WindowTest, GrowingMinimum_GrowsTheWindow_AndShrinkingMaximum_ShrinksIt)
 	}));
 	EXPECT_FLOAT_EQ(0, banner->Frame().Height());
 	EXPECT_FLOAT_EQ(40, max_height(window));
+}
+
+
+/*!	Nobody sees more of it than a screen holds, and what is in a window takes memory. */
+TEST(WindowTest, EnormousMinimum_MakesNoEnormousWindow)
+{
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	SizedView* banner = new SizedView(BSize(0, 0), BSize(B_SIZE_UNLIMITED, B_SIZE_UNLIMITED));
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).Add(banner);
+	ShowAndWait(window);
+
+	const BSize sizes[] = {BSize(19999, 59), BSize(29, 19999), BSize(19999, 59), BSize(4095, 4095),
+		BSize(99999, 9), BSize(9, 99999), BSize(99999, 99999), BSize(468, 60)};
+	for (const BSize& size : sizes) {
+		SCOPED_TRACE(std::to_string(size.width) + " x " + std::to_string(size.height));
+		banner->SetSizes(size, BSize(B_SIZE_UNLIMITED, B_SIZE_UNLIMITED));
+		window->Layout(true);
+		const BRect bounds = window->Bounds();
+		const double pixels = double(bounds.Width() + 1) * double(bounds.Height() + 1);
+		EXPECT_LE(pixels, 24 * 1024 * 1024);
+		if (size.width * size.height < 24 * 1024 * 1024 && size.width < 32767
+			&& size.height < 32767) {
+			EXPECT_GE(bounds.Width(), size.width);
+			EXPECT_GE(bounds.Height(), size.height);
+		}
+	}
 }
 
 

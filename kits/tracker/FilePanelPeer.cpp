@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QSettings>
 #include <QStringList>
 
 #include <AppDefs.h>
@@ -29,6 +30,7 @@ public:
 	explicit PanelDialog(const QString& directory)
 		: QFileDialog(nullptr, QStringLiteral("Open"), directory)
 	{
+		setOption(QFileDialog::DontUseNativeDialog);
 	}
 
 	void accept() override
@@ -103,8 +105,10 @@ FilePanelPeer::IsShowing() const
 void
 FilePanelPeer::_CreateDialog()
 {
+	// It would leave the folders that were visited in a file of the user's.
+	QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+
 	fDialog.reset(new PanelDialog(fDirectory));
-	fDialog->setOption(QFileDialog::DontUseNativeDialog);
 	fDialog->setAcceptMode(QFileDialog::AcceptOpen);
 	fDialog->setFileMode(
 		fAllowMultipleSelection ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);

@@ -1,0 +1,45 @@
+#!/usr/bin/python3
+# Copyright 2026, The Palimbra developers.
+# Distributed under the terms of the MIT License.
+"""The file chooser leaves nothing behind."""
+
+import os
+
+import hotline
+from support import ClientCase, main, setUpModule  # noqa: F401
+
+
+class ChooserTest(ClientCase):
+    def setUp(self):
+        self.server = hotline.Server()
+        self.server.__enter__()
+        self.addCleanup(self.server.__exit__)
+        self.client = self.start_client()
+        self.client.connect("127.0.0.1", self.server.port)
+        self.server.accept().welcome()
+        self.client.wait_for_login("Scripted")
+
+    def open_chooser(self):
+        """Opens it from a folder of which the server never says what is in it."""
+        self.client.press("Files")
+        self.files = self.client.wait_for_focus_on(self.client.window("Files"))
+        self.client.press_in(self.files, "Upload")
+        return self.client.wait_for_focus_on(self.client.window("Open"))
+
+    def stored(self):
+        """The files in the user's home folder, without what may be thrown away."""
+        home = self.desktop.environment["HOME"]
+        return sorted(os.path.join(folder, name) for folder, _, names in os.walk(home) for name in names
+            if not os.path.relpath(folder, home).startswith(".cache"))
+
+    def test_it_stores_nothing(self):
+        before = self.stored()
+        self.open_chooser()
+        self.desktop.key("Escape")
+        self.desktop.wait_without_window("Open")
+        self.assertEqual(self.client.quit(), 0)
+        self.assertEqual(self.stored(), before)
+
+
+if __name__ == "__main__":
+    main()

@@ -9,9 +9,12 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QSettings>
+#include <QShortcut>
 #include <QStringList>
+#include <QTreeView>
 
 #include <AppDefs.h>
 #include <Application.h>
@@ -19,11 +22,16 @@
 #include <Path.h>
 
 
+// Columns of the toolkit's list of files.
+static const int kNameColumn = 0;
+static const int kTypeColumn = 2;
+
+
 namespace {
 
 
 /*!	Says itself when there is no such file, as the toolkit would do in an event loop of its own, below which the panel and the
-	window that it belongs to cannot be deleted.
+	window that it belongs to cannot be deleted. Has the keys of any window.
 */
 class PanelDialog : public QFileDialog {
 public:
@@ -31,6 +39,13 @@ public:
 		: QFileDialog(nullptr, QStringLiteral("Open"), directory)
 	{
 		setOption(QFileDialog::DontUseNativeDialog);
+		_FitColumns();
+		// Not as keys that nobody wanted: the field for the name takes them all.
+		connect(new QShortcut(Qt::CTRL | Qt::Key_W, this), &QShortcut::activated, this,
+			&QDialog::reject);
+		connect(new QShortcut(Qt::CTRL | Qt::Key_Q, this), &QShortcut::activated, this, [] {
+			be_app->PostMessage(B_QUIT_REQUESTED);
+		});
 	}
 
 	void accept() override
@@ -45,6 +60,22 @@ public:
 	}
 
 private:
+	/*!	Sizes and dates are read whole, names get the rest. What type a file is its name tells. */
+	void _FitColumns()
+	{
+		QTreeView* files = findChild<QTreeView*>();
+		if (files == nullptr)
+			return;
+
+		files->hideColumn(kTypeColumn);
+		QHeaderView* header = files->header();
+		header->setStretchLastSection(false);
+		// By the rows that are seen, as there may be very many.
+		header->setResizeContentsPrecision(0);
+		header->setSectionResizeMode(QHeaderView::ResizeToContents);
+		header->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
+	}
+
 	void _SayMissing(const QString& path)
 	{
 		QMessageBox* box = new QMessageBox(QMessageBox::Warning, windowTitle(),

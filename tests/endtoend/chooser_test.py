@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # Copyright 2026, The Palimbra developers.
 # Distributed under the terms of the MIT License.
-"""The file chooser leaves nothing behind."""
+"""The file chooser: the keys of any window, and that it leaves nothing behind."""
 
 import os
 
@@ -23,6 +23,9 @@ class ChooserTest(ClientCase):
         """Opens it from a folder of which the server never says what is in it."""
         self.client.press("Files")
         self.files = self.client.wait_for_focus_on(self.client.window("Files"))
+        return self.open_chooser_again()
+
+    def open_chooser_again(self):
         self.client.press_in(self.files, "Upload")
         return self.client.wait_for_focus_on(self.client.window("Open"))
 
@@ -31,6 +34,15 @@ class ChooserTest(ClientCase):
         home = self.desktop.environment["HOME"]
         return sorted(os.path.join(folder, name) for folder, _, names in os.walk(home) for name in names
             if not os.path.relpath(folder, home).startswith(".cache"))
+
+    def test_the_shortcuts_are_those_of_any_window(self):
+        self.open_chooser()
+        self.desktop.key("ctrl+w")
+        self.desktop.wait_without_window("Open")
+        self.assertTrue(self.files.exists())
+        self.open_chooser_again()
+        self.desktop.key("ctrl+q")
+        self.assert_ended_well(self.client)
 
     def test_it_stores_nothing(self):
         before = self.stored()

@@ -156,3 +156,32 @@ TEST_F(FilePanelTest, DeletedWhileOpen_IsGone)
 	fPanel.reset();
 	EXPECT_FALSE(cancel_file_panel());
 }
+
+
+TEST_F(FilePanelTest, Shortcuts_AreThoseOfAnyWindow)
+{
+	int asked = 0;
+	fWindow->onQuitRequested = [&asked] {
+		asked++;
+		return false;
+	};
+	fPanel->Show();
+	ASSERT_TRUE(WaitFor([] {
+		return is_file_panel_active();
+	}));
+	EXPECT_TRUE(press_file_panel_key('q', B_COMMAND_KEY));
+	EXPECT_TRUE(WaitFor([&asked] {
+		return asked > 0;
+	}));
+	EXPECT_TRUE(fPanel->IsShowing());
+	EXPECT_TRUE(press_file_panel_key('w', B_COMMAND_KEY));
+	EXPECT_FALSE(fPanel->IsShowing());
+	EXPECT_EQ(1, asked);
+}
+
+
+TEST_F(FilePanelTest, Columns_LeaveRoomForNamesAndDates)
+{
+	fPanel->Show();
+	EXPECT_EQ("Name|Size|Date Modified|", file_panel_columns());
+}

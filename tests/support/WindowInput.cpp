@@ -10,6 +10,7 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -53,6 +54,16 @@ toolkit_key(char key)
 }
 
 
+static Qt::KeyboardModifiers
+toolkit_modifiers(uint32 modifiers)
+{
+	Qt::KeyboardModifiers keys;
+	keys.setFlag(Qt::ControlModifier, (modifiers & B_COMMAND_KEY) != 0);
+	keys.setFlag(Qt::ShiftModifier, (modifiers & B_SHIFT_KEY) != 0);
+	return keys;
+}
+
+
 static QWidget*
 widget_of(BWindow* window)
 {
@@ -84,9 +95,7 @@ send_key(QWidget* target, int key, Qt::KeyboardModifiers modifiers, const QStrin
 void
 press_window_key(BWindow* window, char key, uint32 modifiers)
 {
-	Qt::KeyboardModifiers keys;
-	keys.setFlag(Qt::ControlModifier, (modifiers & B_COMMAND_KEY) != 0);
-	keys.setFlag(Qt::ShiftModifier, (modifiers & B_SHIFT_KEY) != 0);
+	const Qt::KeyboardModifiers keys = toolkit_modifiers(modifiers);
 	QWidget* target = key_target(window);
 	const bool hasText = keys == Qt::NoModifier && (key < B_LEFT_ARROW || key > B_DOWN_ARROW);
 	const QString text = hasText ? QString(QLatin1Char(key)) : QString();
@@ -203,15 +212,22 @@ shown_tool_tip(BView* view)
 }
 
 
-static QLineEdit*
-file_panel_field()
+static QFileDialog*
+file_panel()
 {
 	for (QWidget* widget : QApplication::topLevelWidgets()) {
 		QFileDialog* dialog = qobject_cast<QFileDialog*>(widget);
 		if (dialog != NULL && dialog->isVisible())
-			return dialog->findChild<QLineEdit*>();
+			return dialog;
 	}
 	return NULL;
+}
+
+
+static QLineEdit*
+file_panel_field()
+{
+	return file_panel() != NULL ? file_panel()->findChild<QLineEdit*>() : NULL;
 }
 
 
@@ -235,5 +251,38 @@ cancel_file_panel()
 	if (field == NULL)
 		return false;
 	send_key(field, Qt::Key_Escape, Qt::NoModifier, QString());
+	return true;
+}
+
+
+bool
+is_file_panel_active()
+{
+	return file_panel() != NULL && file_panel()->isActiveWindow();
+}
+
+
+std::string
+file_panel_columns()
+{
+	std::string names;
+	const QHeaderView* header = file_panel() != NULL ? file_panel()->findChild<QHeaderView*>()
+													 : NULL;
+	for (int i = 0; header != NULL && i < header->count(); i++) {
+		if (!header->isSectionHidden(i))
+			names += header->model()->headerData(i, Qt::Horizontal).toString().toStdString() + "|";
+	}
+	return names;
+}
+
+
+bool
+press_file_panel_key(char key, uint32 modifiers)
+{
+	QLineEdit* field = file_panel_field();
+	if (field == NULL)
+		return false;
+	if (!qt_sendShortcutOverrideEvent(field, 0, toolkit_key(key), toolkit_modifiers(modifiers)))
+		send_key(field, toolkit_key(key), toolkit_modifiers(modifiers), QString());
 	return true;
 }

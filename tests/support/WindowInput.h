@@ -47,9 +47,13 @@ bool is_kept_above(BWindow* window, BWindow* other);
 /*!	What the tool tip of a view says, as the user reads it. */
 std::string shown_tool_tip(BView* view);
 
-/*!	Types a path into the file panel that is open, and presses Return or Escape. False when there is none. */
+/*!	Types a path into the file panel that is open, and presses Return, Escape or another key. False when there is none. */
 bool type_into_file_panel(const char* path);
 bool cancel_file_panel();
+bool is_file_panel_active();
+bool press_file_panel_key(char key, uint32 modifiers);
+/*!	The columns that are seen, each name followed by a "|". */
+std::string file_panel_columns();
 
 
 #endif // WINDOW_INPUT_H

@@ -349,10 +349,12 @@ TextViewPeer::_MovePending(bigtime_t budget)
 	if (fPending.IsEmpty())
 		return;
 
-	// The end of a selection would move with what is inserted there.
+	// The end of a selection would move with what is inserted there, in every copy of its cursor.
 	const QTextCursor before = fText->textCursor();
 	const int start = fMap->CountPositions();
 	const bool selectionTouchesEnd = before.hasSelection() && before.selectionEnd() == start;
+	const int anchor = before.anchor();
+	const int position = before.position();
 
 	fIsEditing = true;
 	const bigtime_t begin = system_time();
@@ -377,9 +379,8 @@ TextViewPeer::_MovePending(bigtime_t budget)
 
 	if (selectionTouchesEnd) {
 		QTextCursor selection = fText->textCursor();
-		selection.setPosition(before.anchor() == start ? start : before.selectionStart());
-		selection.setPosition(before.anchor() == start ? before.selectionStart() : start,
-			QTextCursor::KeepAnchor);
+		selection.setPosition(anchor);
+		selection.setPosition(position, QTextCursor::KeepAnchor);
 		fText->setTextCursor(selection);
 	}
 }

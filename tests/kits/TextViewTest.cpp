@@ -425,6 +425,12 @@ TEST_F(TextViewTest, SelectionFromTheEnd_KeepsItsAnchor)
 	fText->GetSelection(&start, &end);
 	EXPECT_EQ(start, 0);
 	EXPECT_EQ(end, 8);
+
+	// What moves is the side that the user had moved.
+	press_key(fText, KEY_SELECT_RIGHT);
+	fText->GetSelection(&start, &end);
+	EXPECT_EQ(start, 1);
+	EXPECT_EQ(end, 8);
 }
 
 

@@ -65,6 +65,9 @@ press_key(BView* view, user_key key, const char* text)
 		case KEY_SELECT_TO_START:
 			send_key(widget, Qt::Key_Home, both, QString());
 			break;
+		case KEY_SELECT_RIGHT:
+			send_key(widget, Qt::Key_Right, Qt::ShiftModifier, QString());
+			break;
 		case KEY_PASTE:
 			send_key(widget, Qt::Key_V, Qt::ControlModifier, QString());
 			break;

@@ -27,6 +27,7 @@ enum user_key {
 	KEY_SELECT_ALL,
 	// With the shift key held.
 	KEY_SELECT_TO_START,
+	KEY_SELECT_RIGHT,
 	KEY_PASTE
 };
 

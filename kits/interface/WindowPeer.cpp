@@ -78,6 +78,7 @@ WindowPeer::WindowPeer(BWindow* window, BRect frame)
 	  fShallActivate(false),
 	  fIsCentered(false),
 	  fHasWaited(false),
+	  fWasSeen(false),
 	  fWantedSize(rect_to_toolkit(frame).size()),
 	  fDefaultButton(NULL)
 {
@@ -430,6 +431,7 @@ WindowPeer::_ShowWidget()
 	if (fIsMinimized)
 		fWidget->showMinimized();
 	else {
+		_MoveOntoScreen();
 		fWidget->show();
 		// Otherwise it would end up behind windows that were activated just before.
 		fShallActivate = true;
@@ -443,9 +445,35 @@ void
 WindowPeer::_FollowMinimized()
 {
 	fMinimizedChanged = false;
+	if (!fIsMinimized)
+		_MoveOntoScreen();
 	Qt::WindowStates states = fWidget->windowState();
 	states.setFlag(Qt::WindowMinimized, fIsMinimized);
 	fWidget->setWindowState(states);
+}
+
+
+// Differs from Haiku: a window that would come up beyond an edge of the screen is moved to it, once. Screens are small where
+// pixels are large, and what is typed into a chat is typed at the window's bottom.
+void
+WindowPeer::_MoveOntoScreen()
+{
+	if (fWasSeen)
+		return;
+	fWasSeen = true;
+
+	QRect rect = fWidget->geometry();
+	const QScreen* screen = QGuiApplication::screenAt(rect.topLeft());
+	if (screen == NULL)
+		screen = fWidget->screen();
+	const QRect limits = screen->availableGeometry();
+	// The left and the top come last: they are seen also of what is too large.
+	rect.moveBottomRight(
+		QPoint(std::min(rect.right(), limits.right()), std::min(rect.bottom(), limits.bottom())));
+	rect.moveTopLeft(
+		QPoint(std::max(rect.left(), limits.left()), std::max(rect.top(), limits.top())));
+	if (rect != fWidget->geometry())
+		fWidget->setGeometry(rect);
 }
 
 

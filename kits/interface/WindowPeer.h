@@ -68,6 +68,7 @@ protected:
 private:
 	void _ShowWidget();
 	void _FollowMinimized();
+	void _MoveOntoScreen();
 	void _BringToFront();
 	void _SetTransientParent();
 	void _PlaceInCenter();
@@ -87,6 +88,8 @@ private:
 	bool fIsCentered;
 	// The first time minimized: it can wait until the others are on the screen.
 	bool fHasWaited;
+	// On the screen, not minimized, at least once.
+	bool fWasSeen;
 	// The size that was asked for, within the limits of the time.
 	QSize fWantedSize;
 	BButton* fDefaultButton;

@@ -15,6 +15,7 @@
 
 #include "ScriptedWindow.h"
 #include "WaitFor.h"
+#include "WindowInput.h"
 
 
 namespace {
@@ -208,6 +209,49 @@ TEST(WindowTest, CenteredWindow_StaysInTheCenterWhenItsSizeChangesBeforeItShows)
 	EXPECT_FLOAT_EQ(499, after.Width());
 	EXPECT_NEAR((before.left + before.right) / 2, (after.left + after.right) / 2, 1);
 	EXPECT_NEAR((before.top + before.bottom) / 2, (after.top + after.bottom) / 2, 1);
+}
+
+
+TEST(WindowTest, PlaceBeyondTheScreen_IsLeftWhenTheWindowIsSeen)
+{
+	ScriptedWindow* centered = new ScriptedWindow;
+	WindowCloser centeredCloser(centered);
+	centered->CenterOnScreen();
+	// The screen begins at 0, 0.
+	const float right = centered->Frame().left + centered->Frame().right;
+	const float bottom = centered->Frame().top + centered->Frame().bottom;
+
+	ScriptedWindow* window = new ScriptedWindow;
+	WindowCloser closer(window);
+	window->MoveTo(right - 10, -500);
+	const BRect given = window->Frame();
+	window->Show();
+	window->Minimize(true);
+	window->PostMessage('ping');
+	ASSERT_TRUE(WaitFor([&] {
+		return window->Received()->size() == 1;
+	}));
+	EXPECT_EQ(given, window->Frame());
+
+	window->Minimize(false);
+	EXPECT_TRUE(WaitFor([&] {
+		return window->Frame() != given;
+	}));
+	EXPECT_GE(window->Frame().right, right - 1);
+	EXPECT_LE(window->Frame().right, right + 1);
+	EXPECT_EQ(0, window->Frame().top);
+	EXPECT_EQ(given.Width(), window->Frame().Width());
+	EXPECT_EQ(given.Height(), window->Frame().Height());
+
+	// Where the user or the program moves it later is where it stays.
+	window->MoveTo(right - 10, bottom - 10);
+	for (bool isMinimized : {true, false}) {
+		window->Minimize(isMinimized);
+		ASSERT_TRUE(WaitFor([&] {
+			return is_shown_minimized(window) == isMinimized;
+		}));
+	}
+	EXPECT_EQ(BPoint(right - 10, bottom - 10), window->Frame().LeftTop());
 }
 
 

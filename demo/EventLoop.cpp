@@ -4,7 +4,6 @@
  */
 #include "EventLoop.h"
 
-#include <algorithm>
 #include <cstdint>
 
 #include <sys/eventfd.h>

@@ -8,8 +8,6 @@
 
 #include "FileTree.h"
 
-#include <string>
-
 
 namespace demo {
 

@@ -9,7 +9,6 @@
 #include <string>
 #include <utility>
 
-#include "ByteOrder.h"
 #include "FileTree.h"
 #include "Picture.h"
 

@@ -4,7 +4,6 @@
  */
 #include "Transaction.h"
 
-#include <algorithm>
 
 #include "ByteOrder.h"
 #include "ProtocolCodes.h"

@@ -12,6 +12,7 @@
 #include <Looper.h>
 #include <Message.h>
 
+#include "HotlineProtocol.h"
 #include "TransactionBuilder.h"
 
 

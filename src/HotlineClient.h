@@ -14,7 +14,6 @@
 #include <String.h>
 
 #include "HotlineNotifications.h"
-#include "HotlineProtocol.h"
 #include "SocketReference.h"
 #include "TaskList.h"
 #include "TransactionParser.h"

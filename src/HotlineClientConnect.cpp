@@ -17,6 +17,7 @@
 #include <Autolock.h>
 #include <Message.h>
 
+#include "HotlineProtocol.h"
 #include "TransactionBuilder.h"
 
 

@@ -7,6 +7,8 @@
 #include <Autolock.h>
 #include <Message.h>
 
+#include "HotlineProtocol.h"
+
 
 static const uint16 kMaxNick = 63;
 

@@ -8,6 +8,7 @@
 #include <Message.h>
 
 #include "EntryReader.h"
+#include "HotlineProtocol.h"
 
 
 static const uint16 kMaxServerName = 255;

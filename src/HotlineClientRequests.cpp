@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "HotlineProtocol.h"
 #include "PathValue.h"
 #include "TransactionBuilder.h"
 

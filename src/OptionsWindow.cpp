@@ -6,7 +6,6 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <typeinfo>
 
 #include <Bitmap.h>
 #include <Button.h>

@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <cstring>
 #include <netdb.h>
-#include <netinet/in.h>
 #include <new>
 #include <sys/socket.h>
 #include <sys/time.h>

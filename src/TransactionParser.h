@@ -6,8 +6,6 @@
 #define TRANSACTION_PARSER_H
 
 
-#include <cstddef>
-
 #include <SupportDefs.h>
 
 #include "ParameterWalker.h"

@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <netdb.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <sys/time.h>
 #include <unistd.h>

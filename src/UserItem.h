@@ -6,7 +6,6 @@
 #define USER_ITEM_H
 
 
-#include <GraphicsDefs.h>
 #include <ListItem.h>
 
 

@@ -4,7 +4,6 @@
  */
 #include "FloorModel.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include <QtEndian>

@@ -4,7 +4,6 @@
  */
 // Lists of rows.
 
-#include <string>
 
 #include <benchmark/benchmark.h>
 

@@ -10,7 +10,6 @@
 #include <LooperPrivate.h>
 #include <MainServer.h>
 #include <Message.h>
-#include <OS.h>
 
 #include "Fail.h"
 

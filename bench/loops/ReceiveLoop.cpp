@@ -4,8 +4,6 @@
  */
 // The least that receives chat lines in two steps each, without reading ahead: the system calls and nothing else.
 
-#include <cstdlib>
-#include <cstring>
 #include <string>
 #include <sys/select.h>
 #include <sys/socket.h>

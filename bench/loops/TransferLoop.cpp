@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cstring>
 #include <fcntl.h>
-#include <string>
 #include <sys/socket.h>
 #include <unistd.h>
 

@@ -4,8 +4,6 @@
  */
 #include "ControlPartner.h"
 
-#include <arpa/inet.h>
-#include <cstring>
 #include <sys/socket.h>
 #include <unistd.h>
 #include <vector>

@@ -4,7 +4,6 @@
  */
 // Receives chat lines as the program does, up to the notification that is posted to a looper of the main thread, which drops it.
 
-#include <cstdlib>
 #include <poll.h>
 #include <string>
 

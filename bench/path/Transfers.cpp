@@ -7,14 +7,12 @@
 
 #include <atomic>
 #include <cstring>
-#include <string>
 #include <vector>
 
 #include <Looper.h>
 #include <Message.h>
 #include <OS.h>
 
-#include "AppMessages.h"
 #include "Clocks.h"
 #include "Fail.h"
 #include "Figures.h"

@@ -4,7 +4,6 @@
  */
 #include "Partner.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -6,8 +6,6 @@
 #define LOOPER_PRIVATE_H
 
 
-#include <vector>
-
 #include <Looper.h>
 #include <LooperRecord.h>
 #include <MainServer.h>

@@ -6,7 +6,6 @@
 
 #include <poll.h>
 #include <sys/eventfd.h>
-#include <unistd.h>
 
 #include <LooperPrivate.h>
 #include <LooperRegistry.h>

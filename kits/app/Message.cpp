@@ -4,7 +4,6 @@
  */
 #include <Message.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <string>
 

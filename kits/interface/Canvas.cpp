@@ -12,7 +12,6 @@
 #include <ColorConversionPrivate.h>
 #include <FontConversionPrivate.h>
 #include <GeometryConversionPrivate.h>
-#include <InterfaceDefs.h>
 #include <TextConversionPrivate.h>
 
 

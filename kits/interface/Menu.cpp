@@ -7,11 +7,9 @@
 #include <algorithm>
 #include <cstring>
 
-#include <QAction>
 
 #include <MenuItem.h>
 #include <MenuPeer.h>
-#include <Message.h>
 #include <Window.h>
 
 

@@ -5,7 +5,6 @@
 #include <MenuBar.h>
 
 #include <MenuPeer.h>
-#include <Window.h>
 
 
 BMenuBar::BMenuBar(const char* name, menu_layout layout, uint32 flags)

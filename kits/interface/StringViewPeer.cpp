@@ -8,7 +8,6 @@
 #include <QPainter>
 
 #include <ColorConversionPrivate.h>
-#include <FontConversionPrivate.h>
 #include <StringView.h>
 #include <TextConversionPrivate.h>
 

@@ -4,7 +4,6 @@
  */
 #include <TextControl.h>
 
-#include <cstring>
 
 #include <LineEditPeer.h>
 #include <TextControlPeer.h>

@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <Message.h>
 #include <OS.h>
 
 #include "AppMessages.h"

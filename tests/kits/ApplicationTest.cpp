@@ -9,10 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <Application.h>
-#include <Roster.h>
 #include <String.h>
-
-#include "ScriptedWindow.h"
 
 
 namespace {

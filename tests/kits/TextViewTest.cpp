@@ -4,7 +4,6 @@
  */
 #include <TextView.h>
 
-#include <cstring>
 #include <functional>
 #include <string>
 
@@ -12,7 +11,6 @@
 
 #include <Font.h>
 #include <Handler.h>
-#include <InterfaceDefs.h>
 #include <Message.h>
 #include <ScrollView.h>
 

@@ -9,7 +9,6 @@
 #include <Application.h>
 #include <Button.h>
 #include <LayoutBuilder.h>
-#include <Message.h>
 #include <StringView.h>
 #include <View.h>
 

@@ -6,7 +6,6 @@
 #define CLIENT_FIXTURE_H
 
 
-#include <atomic>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>

@@ -8,6 +8,7 @@
 #include <sys/socket.h>
 
 #include "AppMessages.h"
+#include "InterposedCalls.h"
 #include "PatternBytes.h"
 #include "WireBytes.h"
 

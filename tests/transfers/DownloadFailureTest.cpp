@@ -13,6 +13,7 @@
 
 #include "AppMessages.h"
 #include "FileObject.h"
+#include "InterposedCalls.h"
 #include "WaitFor.h"
 #include "WireBytes.h"
 

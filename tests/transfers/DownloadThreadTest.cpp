@@ -9,6 +9,7 @@
 
 #include "AppMessages.h"
 #include "FileObject.h"
+#include "InterposedCalls.h"
 #include "PatternBytes.h"
 #include "WaitFor.h"
 #include "WireBytes.h"

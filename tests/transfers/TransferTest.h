@@ -14,7 +14,6 @@
 
 #include <OS.h>
 
-#include "InterposedCalls.h"
 #include "MessageRecorder.h"
 #include "RawServer.h"
 #include "TransferThreads.h"

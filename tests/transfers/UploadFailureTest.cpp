@@ -9,9 +9,7 @@
 #include <fstream>
 
 #include "AppMessages.h"
-#include "FileObject.h"
-#include "WaitFor.h"
-#include "WireBytes.h"
+#include "InterposedCalls.h"
 
 
 // More than all buffers between the two sides hold, so that the sender is still at work.

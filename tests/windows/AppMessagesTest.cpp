@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "AppMessages.h"
-#include "HotlineClient.h"
+#include "HotlineNotifications.h"
 
 
 static const uint32 kAppMessages[] = {kMsgToolConnect, kMsgToolDisconnect, kMsgToolChat,

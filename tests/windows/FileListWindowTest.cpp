@@ -4,7 +4,6 @@
  */
 #include "FileListWindow.h"
 
-#include <cstring>
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,6 @@
  */
 #include "IconItem.h"
 
-#include <memory>
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,6 @@
  */
 #include "TrackerWindow.h"
 
-#include <algorithm>
 #include <atomic>
 #include <memory>
 #include <vector>

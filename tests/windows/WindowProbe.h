@@ -6,7 +6,6 @@
 #define WINDOW_PROBE_H
 
 
-#include <memory>
 #include <string>
 
 #include <Messenger.h>

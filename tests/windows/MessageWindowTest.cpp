@@ -172,6 +172,8 @@ TEST_F(MessageWindowTest, HostileNickAndText_AreShownAsTheyStand)
 		_Conversation()->SetNick(text.c_str());
 		EXPECT_EQ("Message — " + text, fWindow.Window()->Title());
 	}
+	_Receive("Ann", std::string(65535, 'x'));
+	EXPECT_EQ(expected + "Ann: " + std::string(65535, 'x') + "\n", _Transcript());
 	EXPECT_EQ(0, fTarget->CountMessages());
 }
 

@@ -4,6 +4,7 @@
  */
 #include "ControlPartner.h"
 
+#include <arpa/inet.h>
 #include <sys/socket.h>
 #include <unistd.h>
 #include <vector>

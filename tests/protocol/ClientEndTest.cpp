@@ -7,6 +7,7 @@
 #include <future>
 #include <memory>
 #include <netinet/in.h>
+#include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -27,6 +28,9 @@ protected:
 
 	// Deletes the client on a thread of its own, as the program does. When this returns it waits for one of the client's.
 	std::thread BeginDeletion();
+	// For connections that are opened after this: a call that waits does so until something wakes it.
+	static void WaitWithoutTimeOuts();
+	void ExpectEndsByItself();
 	void ExpectNothingLeft();
 
 private:
@@ -63,6 +67,35 @@ ClientEndTest::BeginDeletion()
 	});
 	fHasBegun.get_future().wait();
 	return deletion;
+}
+
+
+void
+ClientEndTest::WaitWithoutTimeOuts()
+{
+	Interposed::setOption = [](int number, int level, int option, const void* value,
+								socklen_t size) {
+		if (option == SO_RCVTIMEO || option == SO_SNDTIMEO)
+			return 0;
+		return Interposed::RealSetOption(number, level, option, value, size);
+	};
+}
+
+
+void
+ClientEndTest::ExpectEndsByItself()
+{
+	std::atomic<bool> hasEnded(false);
+	std::thread deletion([&] {
+		client.reset();
+		hasEnded = true;
+	});
+	EXPECT_TRUE(WaitFor([&] {
+		return hasEnded.load();
+	})) << "the end of the client waits for the network";
+	if (!hasEnded)
+		server.reset(new RawServer);
+	deletion.join();
 }
 
 
@@ -167,9 +200,10 @@ TEST_F(ClientEndTest, WhileConnecting_DoesNotWaitForTheNetwork)
 		result.set_value(connected);
 		return connected;
 	};
+	WaitWithoutTimeOuts();
 	Connect();
 	isConnecting.get_future().wait();
-	client.reset();
+	ExpectEndsByItself();
 	EXPECT_EQ(result.get_future().get(), -1);
 	EXPECT_EQ(log->CountAll(), 0u);
 	for (const int caller : callers)
@@ -203,10 +237,11 @@ TEST_F(ClientEndTest, JustConnected_NothingIsSent)
 
 TEST_F(ClientEndTest, WhileTheServerIsSilent_WakesTheHandshake)
 {
+	WaitWithoutTimeOuts();
 	Connect();
 	ASSERT_TRUE(server->Accept());
 	server->Read(12);
-	client.reset();
+	ExpectEndsByItself();
 	EXPECT_EQ(server->ReadToEnd(), "");
 	EXPECT_EQ(log->CountAll(), 0u);
 	ExpectNothingLeft();

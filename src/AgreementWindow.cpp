@@ -17,9 +17,6 @@
 #include "AppMessages.h"
 
 
-static const uint32 kButtonFlags = B_WILL_DRAW | B_NAVIGABLE | B_FULL_UPDATE_ON_RESIZE;
-
-
 /*!	\param text The agreement, shown as it stands; \c NULL for none. */
 AgreementWindow::AgreementWindow(BRect frame, BLooper* target, const char* text)
 	: BWindow(frame, "Server Agreement", B_TITLED_WINDOW,
@@ -41,10 +38,8 @@ AgreementWindow::AgreementWindow(BRect frame, BLooper* target, const char* text)
 	BScrollView* scrollView = new BScrollView("agreementscroll", fTextView,
 		B_WILL_DRAW | B_FRAME_EVENTS, false, true, B_FANCY_BORDER);
 
-	BButton* acceptButton = new BButton("accept", "Accept", new BMessage(kMsgAcceptAgreement),
-		kButtonFlags);
-	BButton* declineButton = new BButton("decline", "Decline", new BMessage(kMsgDeclineAgreement),
-		kButtonFlags);
+	BButton* acceptButton = new BButton("accept", "Accept", new BMessage(kMsgAcceptAgreement));
+	BButton* declineButton = new BButton("decline", "Decline", new BMessage(kMsgDeclineAgreement));
 
 	// clang-format off
 	BLayoutBuilder::Group<>(this, B_VERTICAL, B_USE_DEFAULT_SPACING)
@@ -61,6 +56,9 @@ AgreementWindow::AgreementWindow(BRect frame, BLooper* target, const char* text)
 	acceptButton->MakeDefault(true);
 	CenterOnScreen();
 }
+
+
+AgreementWindow::~AgreementWindow() = default;
 
 
 void
@@ -85,9 +83,6 @@ AgreementWindow::QuitRequested()
 	_Answer(kMsgDeclineAgreement);
 	return true;
 }
-
-
-AgreementWindow::~AgreementWindow() = default;
 
 
 /*!	Posts the answer. Only the first one counts: a second button press may wait in the queue before the window's end. */

@@ -19,10 +19,10 @@ class BTextView;
 class AgreementWindow : public BWindow {
 public:
 	AgreementWindow(BRect frame, BLooper* target, const char* text);
+	~AgreementWindow() override;
 
 	void MessageReceived(BMessage* message) override;
 	bool QuitRequested() override;
-	~AgreementWindow() override;
 
 private:
 	void _Answer(uint32 answer);

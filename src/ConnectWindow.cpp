@@ -19,8 +19,6 @@
 #include "HotlineProtocol.h"
 
 
-static const uint32 kFieldFlags = B_WILL_DRAW | B_NAVIGABLE;
-static const uint32 kButtonFlags = B_WILL_DRAW | B_NAVIGABLE | B_FULL_UPDATE_ON_RESIZE;
 static const float kLabelSpacing = 8.0f;
 
 
@@ -36,10 +34,8 @@ ConnectWindow::ConnectWindow(BRect frame, BLooper* target)
 {
 	_InitFields();
 
-	BButton* connectButton = new BButton("connect", "Connect", new BMessage(kMsgConnectBtn),
-		kButtonFlags);
-	BButton* cancelButton = new BButton("cancel", "Cancel", new BMessage(B_QUIT_REQUESTED),
-		kButtonFlags);
+	BButton* connectButton = new BButton("connect", "Connect", new BMessage(kMsgConnectBtn));
+	BButton* cancelButton = new BButton("cancel", "Cancel", new BMessage(B_QUIT_REQUESTED));
 
 	// clang-format off
 	BLayoutBuilder::Group<>(this, B_VERTICAL, B_USE_DEFAULT_SPACING)
@@ -90,10 +86,10 @@ ConnectWindow::_InitFields()
 	BString defaultPort;
 	defaultPort << static_cast<int32>(kDefaultPort);
 
-	fAddressField = new BTextControl("address", "Address:", "", NULL, kFieldFlags);
-	fPortField = new BTextControl("port", "Port:", defaultPort.String(), NULL, kFieldFlags);
-	fLoginField = new BTextControl("login", "Login:", "", NULL, kFieldFlags);
-	fPasswordField = new BTextControl("password", "Password:", "", NULL, kFieldFlags);
+	fAddressField = new BTextControl("address", "Address:", "", NULL);
+	fPortField = new BTextControl("port", "Port:", defaultPort.String(), NULL);
+	fLoginField = new BTextControl("login", "Login:", "", NULL);
+	fPasswordField = new BTextControl("password", "Password:", "", NULL);
 	fPasswordField->TextView()->HideTyping(true);
 
 	// One divider for all, wide enough for the longest label, lines the entry boxes up.

@@ -23,9 +23,6 @@
 #include "FileItem.h"
 
 
-static const uint32 kButtonFlags = B_WILL_DRAW | B_NAVIGABLE | B_FULL_UPDATE_ON_RESIZE;
-
-
 FileListWindow::FileListWindow(BRect frame, BLooper* target, const char* path,
 	const char* assetsPath)
 	: BWindow(frame, "Files", B_DOCUMENT_WINDOW, B_AUTO_UPDATE_SIZE_LIMITS),
@@ -33,8 +30,8 @@ FileListWindow::FileListWindow(BRect frame, BLooper* target, const char* path,
 		  B_WILL_DRAW | B_FRAME_EVENTS | B_NAVIGABLE)),
 	  fFileScroll(new BScrollView("filescroll", fFileList, B_WILL_DRAW | B_FRAME_EVENTS, false,
 		  true, B_FANCY_BORDER)),
-	  fDownloadBtn(new BButton("download", "", new BMessage(kMsgDownloadBtn), kButtonFlags)),
-	  fUploadBtn(new BButton("upload", "", new BMessage(kMsgUploadBtn), kButtonFlags)),
+	  fDownloadBtn(new BButton("download", "", new BMessage(kMsgDownloadBtn))),
+	  fUploadBtn(new BButton("upload", "", new BMessage(kMsgUploadBtn))),
 	  fCountLabel(new BStringView("countlabel", "No files", B_WILL_DRAW)),
 	  fTarget(target),
 	  fPath(path),
@@ -116,10 +113,10 @@ FileListWindow::_InitButtons()
 	fUploadBtn->SetToolTip("Upload");
 
 	const std::unique_ptr<BBitmap> download = _LoadIcon("210.png");
-	if (download != nullptr)
+	if (download != NULL)
 		fDownloadBtn->SetIcon(download.get(), 0);
 	const std::unique_ptr<BBitmap> upload = _LoadIcon("211.png");
-	if (upload != nullptr)
+	if (upload != NULL)
 		fUploadBtn->SetIcon(upload.get(), 0);
 }
 
@@ -148,7 +145,7 @@ std::unique_ptr<BBitmap>
 FileListWindow::_LoadIcon(const char* fileName) const
 {
 	if (fAssetsPath.IsEmpty())
-		return nullptr;
+		return NULL;
 	BString path;
 	path << fAssetsPath << "/" << fileName;
 	return std::unique_ptr<BBitmap>(BTranslationUtils::GetBitmapFile(path.String()));

@@ -31,8 +31,7 @@ new_item(const char* label, uint32 what, char shortcut = 0)
 static BButton*
 new_button(const char* name, const char* label, uint32 what)
 {
-	return new BButton(name, label, new BMessage(what),
-		B_WILL_DRAW | B_NAVIGABLE | B_FULL_UPDATE_ON_RESIZE);
+	return new BButton(name, label, new BMessage(what));
 }
 
 
@@ -128,7 +127,7 @@ MainWindow::_InitButtonIcons()
 		BString path;
 		path.SetToFormat("%s/%s", fAssetsPath.String(), icon.file);
 		const std::unique_ptr<BBitmap> bitmap(BTranslationUtils::GetBitmapFile(path.String()));
-		if (bitmap != nullptr)
+		if (bitmap != NULL)
 			icon.button->SetIcon(bitmap.get(), 0);
 	}
 }

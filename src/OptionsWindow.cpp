@@ -28,8 +28,6 @@
 #include "IconItem.h"
 
 
-static const uint32 kFieldFlags = B_WILL_DRAW | B_NAVIGABLE;
-static const uint32 kButtonFlags = B_WILL_DRAW | B_NAVIGABLE | B_FULL_UPDATE_ON_RESIZE;
 static const float kLabelSpacing = 8.0f;
 // The longest name before ".png" that is taken for a number, in bytes.
 static const size_t kMaxIconStem = 15;
@@ -41,7 +39,7 @@ _CompareIconItems(const void* first, const void* second)
 {
 	const uint16 a = (*static_cast<IconItem* const*>(first))->IconID();
 	const uint16 b = (*static_cast<IconItem* const*>(second))->IconID();
-	return int(a > b) - int(a < b);
+	return static_cast<int>(a > b) - static_cast<int>(a < b);
 }
 
 
@@ -52,13 +50,13 @@ icon_number(const char* fileName)
 	const char* ending = strrchr(fileName, '.');
 	if (ending == NULL || strcmp(ending, ".png") != 0)
 		return 0;
-	const size_t stem = size_t(ending - fileName);
+	const size_t stem = static_cast<size_t>(ending - fileName);
 	if (stem < 1 || stem > kMaxIconStem)
 		return 0;
 
 	// Unlike atoi() this has an answer for every number, however long.
 	const long number = strtol(fileName, NULL, 10);
-	return number > 0 && number < 65536 ? uint16(number) : 0;
+	return number > 0 && number < 65536 ? static_cast<uint16>(number) : 0;
 }
 
 
@@ -119,8 +117,8 @@ OptionsWindow::QuitRequested()
 void
 OptionsWindow::_InitFields(const char* nick, const char* tracker)
 {
-	fNickField = new BTextControl("nick", "Username:", nick, NULL, kFieldFlags);
-	fTrackerField = new BTextControl("tracker", "Tracker:", tracker, NULL, kFieldFlags);
+	fNickField = new BTextControl("nick", "Username:", nick, NULL);
+	fTrackerField = new BTextControl("tracker", "Tracker:", tracker, NULL);
 
 	// One divider for both, wide enough for the longer label, lines the entry boxes up.
 	const float divider = fTrackerField->StringWidth("Username:") + kLabelSpacing;
@@ -136,9 +134,8 @@ OptionsWindow::_InitLayout()
 	header->SetFont(be_bold_font, B_FONT_ALL);
 	BStringView* iconHeader = new BStringView("iconheader", "User Icon", B_WILL_DRAW);
 	iconHeader->SetFont(be_bold_font, B_FONT_ALL);
-	BButton* cancelButton = new BButton("cancel", "Cancel", new BMessage(B_QUIT_REQUESTED),
-		kButtonFlags);
-	BButton* saveButton = new BButton("save", "Save", new BMessage(kMsgOptionsSave), kButtonFlags);
+	BButton* cancelButton = new BButton("cancel", "Cancel", new BMessage(B_QUIT_REQUESTED));
+	BButton* saveButton = new BButton("save", "Save", new BMessage(kMsgOptionsSave));
 
 	// clang-format off
 	BLayoutBuilder::Group<>(this, B_VERTICAL, B_USE_DEFAULT_SPACING)

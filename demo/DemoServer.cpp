@@ -148,7 +148,7 @@ DemoServer::~DemoServer()
 bool
 DemoServer::Start(uint16_t port)
 {
-	if (fRunning != nullptr)
+	if (fRunning != NULL)
 		return false;
 
 	auto running = std::make_unique<Running>(fOptions);
@@ -170,7 +170,7 @@ DemoServer::Start(uint16_t port)
 void
 DemoServer::Stop()
 {
-	if (fRunning == nullptr)
+	if (fRunning == NULL)
 		return;
 
 	fRunning->loop.Stop();
@@ -183,14 +183,14 @@ DemoServer::Stop()
 uint16_t
 DemoServer::Port() const
 {
-	return fRunning != nullptr ? fRunning->port : 0;
+	return fRunning != NULL ? fRunning->port : 0;
 }
 
 
 uint16_t
 DemoServer::TrackerPort() const
 {
-	return fRunning != nullptr ? fRunning->trackerPort : 0;
+	return fRunning != NULL ? fRunning->trackerPort : 0;
 }
 
 

@@ -50,7 +50,7 @@ TransferSession::HandleInput(const uint8_t* bytes, size_t size)
 {
 	if (!fHasOrder)
 		return _HandleRequest(bytes, size);
-	if (fReader == nullptr)
+	if (fReader == NULL)
 		return size;
 
 	FileObjectReader::State state = fReader->Feed(bytes, size);

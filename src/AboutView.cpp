@@ -88,7 +88,7 @@ BSize
 AboutView::MinSize()
 {
 	float height = kTopMargin + kNameHeight + kTextHeight + kBottomMargin;
-	if (fLogo != nullptr)
+	if (fLogo != NULL)
 		height += fLogo->Bounds().Height() + kLogoSpacing;
 	return BSize(kWidth, height);
 }
@@ -105,7 +105,7 @@ AboutView::PreferredSize()
 float
 AboutView::_DrawLogo(float y)
 {
-	if (fLogo == nullptr)
+	if (fLogo == NULL)
 		return y;
 
 	const BRect bounds = fLogo->Bounds();

@@ -25,7 +25,7 @@ BannerView::~BannerView() = default;
 void
 BannerView::Draw(BRect)
 {
-	if (fBitmap == nullptr)
+	if (fBitmap == NULL)
 		return;
 
 	const float space = Bounds().Width() - fBitmap->Bounds().Width();
@@ -39,7 +39,7 @@ BannerView::Draw(BRect)
 BSize
 BannerView::MinSize()
 {
-	if (fBitmap == nullptr)
+	if (fBitmap == NULL)
 		return BSize(0, 0);
 	const BRect bounds = fBitmap->Bounds();
 	return BSize(bounds.Width() + 1, bounds.Height() + 1);

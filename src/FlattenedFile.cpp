@@ -51,7 +51,7 @@ FlattenedFile::BuildHeader(uint8* buffer)
 void
 FlattenedFile::BuildInformationForkHeader(uint8* buffer, size_t nameLength)
 {
-	build_fork_header(buffer, 'INFO', uint32(InformationForkSize(nameLength)));
+	build_fork_header(buffer, 'INFO', static_cast<uint32>(InformationForkSize(nameLength)));
 }
 
 
@@ -67,7 +67,7 @@ FlattenedFile::BuildInformationFork(uint8* buffer, const char* name, size_t name
 	memset(buffer, 0, kInformationForkBaseSize + length);
 	HotlineWriteUInt32(buffer, 'AMAC');
 	memset(buffer + 4, '?', 8);
-	HotlineWriteUInt16(buffer + 70, uint16(length));
+	HotlineWriteUInt16(buffer + 70, static_cast<uint16>(length));
 	memcpy(buffer + 72, name, length);
 	return kInformationForkBaseSize + length;
 }
@@ -95,6 +95,6 @@ FlattenedFile::InformationForkSize(size_t nameLength)
 uint32
 FlattenedFile::TotalSize(size_t nameLength, int64 fileSize)
 {
-	return uint32(uint64(fileSize) + InformationForkSize(nameLength) + kFileObjectHeaderSize
-		+ 2 * kForkHeaderSize);
+	return static_cast<uint32>(static_cast<uint64>(fileSize) + InformationForkSize(nameLength)
+		+ kFileObjectHeaderSize + 2 * kForkHeaderSize);
 }

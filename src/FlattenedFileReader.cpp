@@ -29,7 +29,7 @@ FlattenedFileReader::NextSize() const
 {
 	if (fStage == kData)
 		return fLeft;
-	return std::min(fLeft, uint32(kMaxDescriptionPiece));
+	return std::min(fLeft, static_cast<uint32>(kMaxDescriptionPiece));
 }
 
 
@@ -50,7 +50,7 @@ FlattenedFileReader::Take(const uint8* bytes, size_t size)
 
 		case kInformation:
 		case kData:
-			fLeft -= uint32(size);
+			fLeft -= static_cast<uint32>(size);
 			break;
 	}
 

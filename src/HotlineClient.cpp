@@ -183,8 +183,8 @@ HotlineClient::_Socket() const
 }
 
 
-/*!	Sends a transaction. All pieces go to one connection, with nothing of another thread's between them; after one that
-	failed there is none. A broken connection shows up in the receive loop.
+/*!	Sends a transaction: all its pieces to one connection, with nothing of another thread's between them, up to the first
+	one that fails. A broken connection shows up in the receive loop.
 */
 void
 HotlineClient::_SendTransaction(const TransactionPieces& pieces)

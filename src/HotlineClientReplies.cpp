@@ -13,7 +13,7 @@
 
 static const uint16 kMaxServerName = 255;
 
-// The only error that a reply other than the login's is taken for one by.
+// By this code alone a request counts as refused; only the login fails by any other as well.
 static const uint32 kErrorRefused = 1;
 
 

@@ -45,7 +45,7 @@ IconItem::DrawItem(BView* owner, BRect frame, bool complete)
 	painter.DrawBackground(complete);
 
 	const float left = frame.left + kIconInset;
-	if (fBitmap != nullptr)
+	if (fBitmap != NULL)
 		painter.DrawIcon(fBitmap.get(), left);
 
 	// In the font that the view has until here.

@@ -99,7 +99,7 @@ MainWindow::MessageReceived(BMessage* message)
 bool
 MainWindow::QuitRequested()
 {
-	if (fClient != nullptr)
+	if (fClient != NULL)
 		fClient->Disconnect();
 	be_app->PostMessage(B_QUIT_REQUESTED);
 	return true;

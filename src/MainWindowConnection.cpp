@@ -67,10 +67,10 @@ MainWindow::_HandleLoggedIn()
 	_ChatEnable(true);
 	_RevealChat();
 	_RevealUsers();
-	if (fClient != nullptr)
+	if (fClient != NULL)
 		fClient->RequestUserList();
 	_ChatAppend("*** Logged in ***\n", kSuccessColor);
-	_SetStatusToServer(fClient != nullptr ? fClient->ServerName() : "");
+	_SetStatusToServer(fClient != NULL ? fClient->ServerName() : "");
 }
 
 
@@ -285,7 +285,7 @@ MainWindow::_CloseWindows(BList& windows)
 void
 MainWindow::_ReleaseClient()
 {
-	if (fClient == nullptr)
+	if (fClient == NULL)
 		return;
 
 	fClient->Disconnect();
@@ -305,5 +305,5 @@ MainWindow::_ReleaseClient()
 bool
 MainWindow::_IsConnected() const
 {
-	return fClient != nullptr && fClient->IsConnected();
+	return fClient != NULL && fClient->IsConnected();
 }

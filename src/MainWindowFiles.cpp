@@ -141,7 +141,7 @@ MainWindow::_HandleUploadFile(const BMessage* message)
 	line << "*** Requesting upload: " << name << " ***\n";
 	_ChatAppend(line.String(), kRequestColor);
 	fClient->RequestUpload(message->GetString("path", ""), name,
-		static_cast<uint32>(message->GetInt64("size", int64(0))), localPath);
+		static_cast<uint32>(message->GetInt64("size", static_cast<int64>(0))), localPath);
 }
 
 
@@ -239,9 +239,9 @@ MainWindow::_HandleBannerData(const BMessage* message)
 	if (message->FindData("data", B_RAW_TYPE, &data, &size) != B_OK)
 		return;
 
-	BMemoryIO stream(data, size_t(size));
+	BMemoryIO stream(data, static_cast<size_t>(size));
 	std::unique_ptr<BBitmap> bitmap(BTranslationUtils::GetBitmap(&stream));
-	if (bitmap == nullptr || !bitmap->IsValid())
+	if (bitmap == NULL || !bitmap->IsValid())
 		return;
 
 	const float height = bitmap->Bounds().Height() + 1;

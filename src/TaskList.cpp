@@ -7,9 +7,13 @@
 #include <Autolock.h>
 
 
+// How many requests there is room for without asking for more memory.
+static const int32 kUsualTasks = 20;
+
+
 TaskList::TaskList()
 	: fLock("pending requests"),
-	  fTasks(20)
+	  fTasks(kUsualTasks)
 {
 }
 

@@ -55,11 +55,11 @@ recv_full(int socket, void* buffer, size_t length)
 		if (received == 0)
 			break;
 
-		total += size_t(received);
+		total += static_cast<size_t>(received);
 		if (total < length && system_time() >= deadline)
 			return -1;
 	}
-	return ssize_t(total);
+	return static_cast<ssize_t>(total);
 }
 
 
@@ -122,7 +122,7 @@ TrackerFetch::_Connect(BString* _error)
 	BString host;
 	char port[16];
 	snprintf(port, sizeof(port), "%u",
-		unsigned(TrackerListing::SplitAddress(fAddress.String(), &host)));
+		static_cast<unsigned int>(TrackerListing::SplitAddress(fAddress.String(), &host)));
 
 	struct addrinfo hints = {};
 	hints.ai_family = AF_INET;
@@ -166,11 +166,12 @@ TrackerFetch::_ReadListing(int socket, Listing* _listing)
 {
 	uint8 request[kTrackerRequestSize];
 	TrackerListing::BuildRequest(request);
-	if (send(socket, request, sizeof(request), MSG_NOSIGNAL) != ssize_t(sizeof(request)))
+	if (send(socket, request, sizeof(request), MSG_NOSIGNAL)
+		!= static_cast<ssize_t>(sizeof(request)))
 		return "Failed to send handshake";
 
 	uint8 header[kTrackerHeaderSize];
-	if (recv_full(socket, header, sizeof(header)) != ssize_t(sizeof(header)))
+	if (recv_full(socket, header, sizeof(header)) != static_cast<ssize_t>(sizeof(header)))
 		return "Failed to read tracker response";
 
 	size_t size = 0;
@@ -196,7 +197,7 @@ TrackerFetch::_ReadRecords(int socket, Listing* _listing, size_t size)
 			size - _listing->size);
 		if (received < 1)
 			return;
-		_listing->size += size_t(received);
+		_listing->size += static_cast<size_t>(received);
 	}
 }
 
@@ -217,8 +218,8 @@ TrackerFetch::_PostServers(const Listing& listing)
 		message.AddString("name", record.name);
 		message.AddString("desc", record.description);
 		message.AddString("ip", address);
-		message.AddInt16("port", int16(record.port));
-		message.AddInt16("users", int16(record.users));
+		message.AddInt16("port", static_cast<int16>(record.port));
+		message.AddInt16("users", static_cast<int16>(record.users));
 		fTarget->PostMessage(&message);
 		posted++;
 	}

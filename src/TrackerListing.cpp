@@ -115,6 +115,6 @@ TrackerListing::SplitAddress(const char* address, BString* _host)
 	if (port < 1 || port > 65535)
 		return kTrackerPort;
 
-	_host->Truncate(int32(colon - address));
-	return uint16(port);
+	_host->Truncate(static_cast<int32>(colon - address));
+	return static_cast<uint16>(port);
 }

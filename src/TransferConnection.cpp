@@ -46,7 +46,7 @@ TransferConnection::ConnectTo(const char* address, uint16 controlPort, int recei
 	int sendTimeout)
 {
 	char port[16];
-	snprintf(port, sizeof(port), "%u", unsigned(controlPort) + 1);
+	snprintf(port, sizeof(port), "%u", static_cast<unsigned int>(controlPort) + 1);
 
 	struct addrinfo hints = {};
 	hints.ai_family = AF_INET;
@@ -104,7 +104,7 @@ TransferConnection::SendAll(const void* data, size_t size)
 		if (sent < 1)
 			return false;
 		bytes += sent;
-		size -= size_t(sent);
+		size -= static_cast<size_t>(sent);
 	}
 	return true;
 }
@@ -134,7 +134,7 @@ TransferConnection::ReceiveExactly(void* buffer, size_t size)
 		if (received < 1)
 			return false;
 		bytes += received;
-		size -= size_t(received);
+		size -= static_cast<size_t>(received);
 	}
 	return true;
 }

@@ -49,7 +49,7 @@ open_download(TransferConnection& connection, FlattenedFileReader& reader, const
 
 	uint8 request[kTransferRequestSize];
 	FlattenedFile::BuildTransferRequest(request, info.ref, 0);
-	if (connection.Send(request, sizeof(request)) != ssize_t(sizeof(request)))
+	if (connection.Send(request, sizeof(request)) != static_cast<ssize_t>(sizeof(request)))
 		return false;
 
 	uint8 piece[FlattenedFileReader::kMaxDescriptionPiece];
@@ -71,12 +71,12 @@ receive_file_data(TransferConnection& connection, FlattenedFileReader& reader, B
 {
 	alignas(kTransferBufferAlignment) uint8 buffer[kTransferBufferSize];
 	while (!reader.IsDone()) {
-		const size_t size = std::min(size_t(reader.NextSize()), sizeof(buffer));
+		const size_t size = std::min(static_cast<size_t>(reader.NextSize()), sizeof(buffer));
 		const ssize_t received = connection.Receive(buffer, size);
 		if (received < 1)
 			return;
-		file.Write(buffer, size_t(received));
-		reader.Take(buffer, size_t(received));
+		file.Write(buffer, static_cast<size_t>(received));
+		reader.Take(buffer, static_cast<size_t>(received));
 	}
 }
 
@@ -114,7 +114,7 @@ DownloadThread(void* data)
 static bool
 send_file_description(TransferConnection& connection, const UploadInfo& info, off_t fileSize)
 {
-	const size_t nameLength = size_t(info.filename.Length());
+	const size_t nameLength = static_cast<size_t>(info.filename.Length());
 
 	uint8 request[kTransferRequestSize];
 	FlattenedFile::BuildTransferRequest(request, info.ref,
@@ -127,7 +127,7 @@ send_file_description(TransferConnection& connection, const UploadInfo& info, of
 	const size_t informationSize = FlattenedFile::BuildInformationFork(information,
 		info.filename.String(), nameLength);
 	uint8 dataHeader[kForkHeaderSize];
-	FlattenedFile::BuildDataForkHeader(dataHeader, uint32(fileSize));
+	FlattenedFile::BuildDataForkHeader(dataHeader, static_cast<uint32>(fileSize));
 
 	return connection.SendAll(request, sizeof(request))
 		&& connection.SendAll(header, sizeof(header))
@@ -142,9 +142,10 @@ send_file_data(TransferConnection& connection, BFile& file, off_t remaining)
 {
 	alignas(kTransferBufferAlignment) uint8 buffer[kTransferBufferSize];
 	while (remaining > 0) {
-		const size_t piece = size_t(std::min(remaining, off_t(sizeof(buffer))));
+		const size_t piece = static_cast<size_t>(
+			std::min(remaining, static_cast<off_t>(sizeof(buffer))));
 		const ssize_t count = file.Read(buffer, piece);
-		if (count < 1 || !connection.SendAll(buffer, size_t(count)))
+		if (count < 1 || !connection.SendAll(buffer, static_cast<size_t>(count)))
 			return false;
 		remaining -= count;
 	}
@@ -205,13 +206,13 @@ BannerThread(void* data)
 		const ssize_t received = connection.Receive(bytes.get() + count, info->size - count);
 		if (received < 1)
 			break;
-		count += size_t(received);
+		count += static_cast<size_t>(received);
 	}
 	connection.Close();
 
 	if (count > 0) {
 		BMessage message(kMsgBannerData);
-		message.AddData("data", B_RAW_TYPE, bytes.get(), ssize_t(count));
+		message.AddData("data", B_RAW_TYPE, bytes.get(), static_cast<ssize_t>(count));
 		info->target->PostMessage(&message);
 	}
 	return 0;

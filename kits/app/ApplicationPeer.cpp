@@ -65,7 +65,7 @@ set_icon()
 	BString path;
 	path.SetToFormat("%s.png", sProgramPath);
 	const std::unique_ptr<BBitmap> bitmap(BTranslationUtils::GetBitmapFile(path.String()));
-	if (bitmap == nullptr)
+	if (bitmap == NULL)
 		return;
 
 	const QImage& image = BitmapPeer::Of(bitmap.get())->Image();

@@ -179,7 +179,7 @@ BLooper::Run()
 	if (thread < 0)
 		return thread;
 
-	(void)handedOver.release();
+	static_cast<void>(handedOver.release());
 	record->Start(thread);
 	record->UnlockFully();
 	resume_thread(thread);

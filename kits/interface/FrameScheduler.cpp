@@ -150,7 +150,7 @@ FrameScheduler::Stop()
 void
 FrameScheduler::_Start()
 {
-	if (fTimer == nullptr)
+	if (fTimer == NULL)
 		fTimer = std::make_unique<FrameTimer>(this);
 	if (fIsFlushing || fTimer->IsRunning())
 		return;

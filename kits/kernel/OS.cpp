@@ -203,7 +203,7 @@ spawn_thread(thread_func function, const char* name, int32 /*priority*/, void* d
 		return B_NO_MORE_THREADS;
 	}
 
-	(void)handedOver.release();
+	static_cast<void>(handedOver.release());
 	return thread->id;
 }
 

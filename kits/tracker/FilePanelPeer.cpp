@@ -36,7 +36,7 @@ namespace {
 class PanelDialog : public QFileDialog {
 public:
 	explicit PanelDialog(const QString& directory)
-		: QFileDialog(nullptr, QStringLiteral("Open"), directory)
+		: QFileDialog(NULL, QStringLiteral("Open"), directory)
 	{
 		setOption(QFileDialog::DontUseNativeDialog);
 		_FitColumns();
@@ -64,7 +64,7 @@ private:
 	void _FitColumns()
 	{
 		QTreeView* files = findChild<QTreeView*>();
-		if (files == nullptr)
+		if (files == NULL)
 			return;
 
 		files->hideColumn(kTypeColumn);
@@ -109,7 +109,7 @@ FilePanelPeer::~FilePanelPeer() = default;
 void
 FilePanelPeer::Show()
 {
-	if (fDialog == nullptr)
+	if (fDialog == NULL)
 		_CreateDialog();
 	fDialog->show();
 	fDialog->raise();
@@ -120,7 +120,7 @@ FilePanelPeer::Show()
 void
 FilePanelPeer::Hide()
 {
-	if (fDialog != nullptr)
+	if (fDialog != NULL)
 		fDialog->reject();
 }
 
@@ -128,7 +128,7 @@ FilePanelPeer::Hide()
 bool
 FilePanelPeer::IsShowing() const
 {
-	return fDialog != nullptr;
+	return fDialog != NULL;
 }
 
 
@@ -158,7 +158,7 @@ FilePanelPeer::_CreateDialog()
 void
 FilePanelPeer::_DropDialog()
 {
-	if (fDialog == nullptr)
+	if (fDialog == NULL)
 		return;
 	fDirectory = fDialog->directory().absolutePath();
 	fDialog.release()->deleteLater();

@@ -27,7 +27,7 @@ enum { B_ITALIC_FACE = 0x0001, B_BOLD_FACE = 0x0020, B_REGULAR_FACE = 0x0040 };
 enum { B_TRUNCATE_END = 0, B_TRUNCATE_BEGINNING = 1, B_TRUNCATE_MIDDLE = 2, B_NO_TRUNCATION = 4 };
 
 
-/*!	Distances in pixels from the baseline up and down, and from one line to the next. */
+/*!	In pixels: how far letters reach above the baseline and below it, and what is left free between two lines. */
 // NOLINTNEXTLINE(readability-identifier-naming): Haiku's name
 struct font_height {
 	float ascent;

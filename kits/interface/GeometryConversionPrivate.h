@@ -13,7 +13,7 @@
 #include <Rect.h>
 
 
-// Between the kits' sizes, one less than the pixels that they cover, and the toolkit's. What is unlimited stays it.
+// Between the kits' sizes, one less than the pixels that they cover, and the toolkit's. What is unlimited stays unlimited.
 BRect rect_from_toolkit(const QRect& rect);
 QRect rect_to_toolkit(BRect rect);
 BPoint point_from_toolkit(const QPointF& point);
@@ -24,7 +24,7 @@ QSize size_to_toolkit(BSize size);
 // The first size with what is set of the second one in its place.
 BSize compose_size(BSize size, BSize explicitSize);
 
-// The pixels of a spacing or an inset that may be one of B_USE_....
+// The pixels of a spacing or an inset that may be one of the B_USE_* constants.
 float resolve_spacing(float spacing);
 
 

@@ -74,7 +74,7 @@ BGroupLayout::BGroupLayout(enum orientation orientation, float spacing)
 BGroupLayout::~BGroupLayout() = default;
 
 
-/*!	Between two items, in pixels or as one of B_USE_.... */
+/*!	Between two items, in pixels or as one of the B_USE_* constants. */
 void
 BGroupLayout::SetSpacing(float spacing)
 {
@@ -83,7 +83,7 @@ BGroupLayout::SetSpacing(float spacing)
 }
 
 
-/*!	Around all items, in pixels or as one of B_USE_.... */
+/*!	Around all items, in pixels or as one of the B_USE_* constants. */
 void
 BGroupLayout::SetInsets(float left, float top, float right, float bottom)
 {

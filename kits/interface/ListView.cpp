@@ -216,7 +216,7 @@ BListView::IsItemSelected(int32 index) const
 }
 
 
-/*!	\param index The how manieth selected row is asked for.
+/*!	\param index Which of the selected rows, counted from 0 in the order of the list.
 	\return Its index in the list; -1 when there is none.
 */
 int32

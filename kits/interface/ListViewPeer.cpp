@@ -122,7 +122,7 @@ ListViewPeer::Clear()
 }
 
 
-/*!	What is selected stays it. */
+/*!	What is selected stays selected. */
 void
 ListViewPeer::Sort(int (*compare)(const void*, const void*))
 {

@@ -77,7 +77,7 @@ private:
 		bool raw;
 	};
 
-	// What Parse() cuts off the front of some bytes.
+	// What _Parse() cuts off the front of some bytes.
 	struct Piece {
 		int32 bytes;
 		int32 units;

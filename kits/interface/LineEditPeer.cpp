@@ -62,7 +62,7 @@ LineEditPeer::LineEditPeer(BTextControl* control)
 	fField->setMaxLength(kMaxLength);
 	QObject::connect(fField, &QLineEdit::textChanged, fField, [this](const QString& text) {
 		if (!fIsSetting)
-			fBytes = bytes_from_text(text);
+			_TextEdited(text);
 	});
 }
 
@@ -191,6 +191,23 @@ LineEditPeer::HideTyping(bool hide)
 void
 LineEditPeer::FlagsChanged()
 {
+}
+
+
+/*!	The line breaks of what was pasted become blanks, as on Haiku: they look like blanks in the field. */
+void
+LineEditPeer::_TextEdited(QString text)
+{
+	if (text.contains(QLatin1Char('\n')) || text.contains(QLatin1Char('\r'))) {
+		text.replace(QLatin1Char('\n'), QLatin1Char(' '))
+			.replace(QLatin1Char('\r'), QLatin1Char(' '));
+		const int position = fField->cursorPosition();
+		fIsSetting = true;
+		fField->setText(text);
+		fField->setCursorPosition(position);
+		fIsSetting = false;
+	}
+	fBytes = bytes_from_text(text);
 }
 
 

@@ -7,6 +7,7 @@
 
 
 #include <QByteArray>
+#include <QString>
 
 #include <TextPeer.h>
 
@@ -45,6 +46,7 @@ public:
 	void FlagsChanged() override;
 
 private:
+	void _TextEdited(QString text);
 	int _PositionAt(int32 offset) const;
 	int32 _OffsetAt(int position) const;
 

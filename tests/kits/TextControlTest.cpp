@@ -91,6 +91,18 @@ TEST_F(TextControlTest, LongPaste_IsNotCut)
 }
 
 
+TEST_F(TextControlTest, PastedLines_BecomeOne)
+{
+	fControl->SetText("ab");
+	fControl->TextView()->Select(1, 1);
+	set_clipboard("one\ntwo\r\nthree\tfour\n");
+	press_key(fControl, KEY_PASTE);
+	EXPECT_STREQ(fControl->Text(), "aone two  three\tfour b");
+	type_text(fControl, "|");
+	EXPECT_STREQ(fControl->Text(), "aone two  three\tfour |b");
+}
+
+
 TEST_F(TextControlTest, EditedText_IsWhatIsShown)
 {
 	fControl->SetText("a\xff");

@@ -56,7 +56,7 @@ public:
 	std::unique_ptr<HotlineClient> client;
 
 private:
-	const size_t fThreadsBefore;
+	size_t fThreads;
 };
 
 

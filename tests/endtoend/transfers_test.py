@@ -72,7 +72,10 @@ class TransfersTest(ClientCase):
     def stop_the_server(self):
         """Leaves the other side silent in the middle of whatever it does."""
         self.demo.program.process.send_signal(signal.SIGSTOP)
-        self.addCleanup(self.demo.program.process.send_signal, signal.SIGCONT)
+        self.addCleanup(self.wake_the_server)
+
+    def wake_the_server(self):
+        self.demo.program.process.send_signal(signal.SIGCONT)
 
     def chat_until(self, text):
         """Talks, and is answered, until the chat tells that; returns how much memory has grown by at most, in bytes."""
@@ -119,8 +122,15 @@ class TransfersTest(ClientCase):
     def test_ten_downloads_at_once(self):
         parts = self.open_folder("Parts", "Files — Parts (10)")
         descriptors, threads = self.client.program.descriptors(), self.client.program.threads()
+        # All of them are asked for before the server answers the first one.
+        self.stop_the_server()
         for number in range(1, PARTS + 1):
             self.start_download(parts, "part %d" % number)
+        before = self.client.program.memory()
+        self.wake_the_server()
+        self.client.say("Meanwhile")
+        self.client.wait_for_chat("HaikuUser:  Meanwhile\n")
+        self.assertLess(self.client.program.memory() - before, 16 * MEBIBYTE)
         for number in range(1, PARTS + 1):
             self.client.wait_for_chat("*** Download complete: part %d ***\n" % number)
             self.assert_same(self.downloaded("part %d" % number), 16 * MEBIBYTE + number)

@@ -135,3 +135,13 @@ ListWidget::mouseDoubleClickEvent(QMouseEvent* event)
 	if (event->button() == Qt::LeftButton)
 		fPeer->InvokeSelection();
 }
+
+
+/*!	While no row is the current one, any key would go to the first. */
+QModelIndex
+ListWidget::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+	if (action == MoveEnd && !currentIndex().isValid())
+		return model()->index(model()->rowCount() - 1, 0);
+	return QListView::moveCursor(action, modifiers);
+}

@@ -60,6 +60,7 @@ protected:
 	bool event(QEvent* event) override;
 	void keyPressEvent(QKeyEvent* event) override;
 	void mouseDoubleClickEvent(QMouseEvent* event) override;
+	QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
 	ListViewPeer* fPeer;

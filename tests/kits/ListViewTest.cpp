@@ -247,6 +247,24 @@ TEST_F(ListViewTest, FirstArrowAfterGettingTheFocus_SelectsTheFirstRow)
 }
 
 
+TEST_F(ListViewTest, EndAfterGettingTheFocus_SelectsTheLastRow)
+{
+	press_key(fList, KEY_END);
+	EXPECT_EQ(fList->CurrentSelection(), -1);
+
+	AddStrings(3);
+	ASSERT_TRUE(WaitForRows(3));
+	fList->MakeFocus(true);
+	ASSERT_TRUE(WaitFor([this]() {
+		return fList->IsFocus();
+	}));
+	press_key(fList, KEY_END);
+	EXPECT_EQ(fList->CurrentSelection(), 2);
+	press_key(fList, KEY_HOME);
+	EXPECT_EQ(fList->CurrentSelection(), 0);
+}
+
+
 TEST_F(ListViewTest, Return_InvokesTheSelectedRow)
 {
 	AddStrings(3);

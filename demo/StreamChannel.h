@@ -48,7 +48,6 @@ protected:
 	//! Called when little waits to be sent, for whoever has more to send than should wait.
 	virtual void RefillOutput() {}
 
-	bool IsFinishing() const { return fFinishing; }
 	//! Whether \c RefillOutput() has something to give.
 	virtual bool HasMoreOutput() const { return false; }
 

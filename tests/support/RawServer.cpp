@@ -187,20 +187,6 @@ RawServer::SendOneByOne(const std::string& bytes)
 }
 
 
-size_t
-RawServer::SendWhatFits(const std::string& bytes)
-{
-	size_t sent = 0;
-	while (sent < bytes.size()) {
-		const ssize_t result = send_bytes(fConnection, bytes.data() + sent, bytes.size() - sent);
-		if (result < 1)
-			break;
-		sent += static_cast<size_t>(result);
-	}
-	return sent;
-}
-
-
 void
 RawServer::SayNoMore()
 {

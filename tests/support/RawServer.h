@@ -44,8 +44,6 @@ public:
 	bool Send(const std::string& bytes);
 	// As many segments as there are bytes.
 	bool SendOneByOne(const std::string& bytes);
-	// Sends for as long as the client reads, without waiting; how many bytes went out.
-	size_t SendWhatFits(const std::string& bytes);
 
 	// The client reads the end of what was sent, and may still be read from.
 	void SayNoMore();

@@ -24,6 +24,41 @@ static const int32 kStopAttempts = 20;
 static const bigtime_t kStopInterval = 5000;
 
 
+/*!	A transaction on its way, and how far it has come. */
+struct HotlineClient::Sending {
+	bool Proceed(ssize_t (SocketReference::*send)(const void*, size_t) const);
+
+	HotlineClient* client;
+	const TransactionPieces* pieces;
+	// Set when its turn has come.
+	SocketReference socket;
+	int32 piece;
+	size_t offset;
+};
+
+
+/*!	\param send What each piece is sent with.
+	\return \c false when that took less than a whole piece. \c true when nothing is left to do, because of a failure or not.
+*/
+bool
+HotlineClient::Sending::Proceed(ssize_t (SocketReference::*send)(const void*, size_t) const)
+{
+	for (; piece < pieces->CountPieces(); piece++) {
+		const uint8* data = static_cast<const uint8*>(pieces->DataAt(piece)) + offset;
+		const size_t size = pieces->SizeAt(piece) - offset;
+		const ssize_t sent = (socket.*send)(data, size);
+		if (sent < 0)
+			return true;
+		if (static_cast<size_t>(sent) < size) {
+			offset += static_cast<size_t>(sent);
+			return false;
+		}
+		offset = 0;
+	}
+	return true;
+}
+
+
 static void
 wait_for(thread_id thread)
 {
@@ -185,16 +220,51 @@ HotlineClient::_Socket() const
 
 /*!	Sends a transaction: all its pieces to one connection, with nothing of another thread's between them, up to the first
 	one that fails. A broken connection shows up in the receive loop.
+	A server that does not read keeps the caller waiting, for the socket's time-out at most. That is done by
+	wait_for_thread(), which leaves all windows but the caller's to themselves meanwhile.
 */
 void
 HotlineClient::_SendTransaction(const TransactionPieces& pieces)
 {
-	BAutolock locker(fSendLock);
-	const SocketReference socket = _Socket();
-	for (int32 i = 0; i < pieces.CountPieces(); i++) {
-		if (socket.SendFully(pieces.DataAt(i), pieces.SizeAt(i)) < 0)
-			return;
+	Sending sending = {this, &pieces, SocketReference(), 0, 0};
+	if (fSendLock.LockWithTimeout(0) != B_OK) {
+		_SendInThread(&sending);
+		return;
 	}
+
+	sending.socket = _Socket();
+	if (!sending.Proceed(&SocketReference::SendAtOnce))
+		_SendInThread(&sending);
+	fSendLock.Unlock();
+}
+
+
+/*!	Sends the rest, which takes its time, and waits until that is done. */
+void
+HotlineClient::_SendInThread(Sending* sending)
+{
+	const thread_id thread = spawn_thread(_SendThreadEntry, "HL:Send", B_NORMAL_PRIORITY, sending);
+	if (thread >= 0 && resume_thread(thread) == B_OK)
+		wait_for(thread);
+	else
+		_SendThreadEntry(sending);
+}
+
+
+status_t
+HotlineClient::_SendThreadEntry(void* data)
+{
+	Sending* sending = static_cast<Sending*>(data);
+	if (sending->socket.IsSet()) {
+		// Whoever waits for this thread holds the lock.
+		sending->Proceed(&SocketReference::SendFully);
+		return B_OK;
+	}
+
+	BAutolock locker(sending->client->fSendLock);
+	sending->socket = sending->client->_Socket();
+	sending->Proceed(&SocketReference::SendFully);
+	return B_OK;
 }
 
 

@@ -62,6 +62,8 @@ public:
 	void SendAgreed(const char* nick, uint16 icon);
 
 private:
+	struct Sending;
+
 	// Connecting
 	static status_t _ConnectThreadEntry(void* data);
 	status_t _ConnectThread();
@@ -79,6 +81,8 @@ private:
 	// Moving bytes
 	SocketReference _Socket() const;
 	void _SendTransaction(const TransactionPieces& pieces);
+	static void _SendInThread(Sending* sending);
+	static status_t _SendThreadEntry(void* data);
 	uint32 _BuildHeader(uint8* buf, uint32 type, uint32 totalDataLen, uint16 paramCount);
 
 	// Receiving

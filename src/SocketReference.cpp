@@ -5,6 +5,7 @@
 #include "SocketReference.h"
 
 #include <atomic>
+#include <cerrno>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -73,23 +74,17 @@ SocketReference::ShutDown() const
 ssize_t
 SocketReference::SendFully(const void* data, size_t length) const
 {
-	if (fSocket == NULL)
-		return -1;
+	return _Send(data, length, MSG_NOSIGNAL);
+}
 
-	const char* bytes = static_cast<const char*>(data);
-	size_t sent = 0;
-	while (sent < length) {
-		if (fSocket->shutDown)
-			return -1;
 
-		const ssize_t result = send(fSocket->number, bytes + sent, length - sent, MSG_NOSIGNAL);
-		if (result < 1) {
-			ShutDown();
-			return -1;
-		}
-		sent += static_cast<size_t>(result);
-	}
-	return static_cast<ssize_t>(length);
+/*!	The same without waiting for the other side: no more bytes than there is room for.
+	\return How many that are, or -1.
+*/
+ssize_t
+SocketReference::SendAtOnce(const void* data, size_t length) const
+{
+	return _Send(data, length, MSG_NOSIGNAL | MSG_DONTWAIT);
 }
 
 
@@ -111,4 +106,29 @@ SocketReference::ReceiveFully(void* buffer, size_t length) const
 		received += static_cast<size_t>(result);
 	}
 	return static_cast<ssize_t>(length);
+}
+
+
+ssize_t
+SocketReference::_Send(const void* data, size_t length, int flags) const
+{
+	if (fSocket == NULL)
+		return -1;
+
+	const char* bytes = static_cast<const char*>(data);
+	size_t sent = 0;
+	while (sent < length) {
+		if (fSocket->shutDown)
+			return -1;
+
+		const ssize_t result = send(fSocket->number, bytes + sent, length - sent, flags);
+		if (result < 0 && (flags & MSG_DONTWAIT) != 0 && errno == EAGAIN)
+			break;
+		if (result < 1) {
+			ShutDown();
+			return -1;
+		}
+		sent += static_cast<size_t>(result);
+	}
+	return static_cast<ssize_t>(sent);
 }

@@ -28,10 +28,13 @@ public:
 	void ShutDown() const;
 
 	ssize_t SendFully(const void* data, size_t length) const;
+	ssize_t SendAtOnce(const void* data, size_t length) const;
 	ssize_t ReceiveFully(void* buffer, size_t length) const;
 
 private:
 	class OpenSocket;
+
+	ssize_t _Send(const void* data, size_t length, int flags) const;
 
 	std::shared_ptr<OpenSocket> fSocket;
 };

@@ -4,6 +4,8 @@
  */
 #include <Locker.h>
 
+#include <chrono>
+
 
 BLocker::BLocker()
 	: BLocker(NULL)
@@ -25,13 +27,34 @@ BLocker::~BLocker() = default;
 bool
 BLocker::Lock()
 {
-	thread_id self = find_thread(NULL);
+	return LockWithTimeout(B_INFINITE_TIMEOUT) == B_OK;
+}
+
+
+/*!	The same for a limited time.
+	\param timeout In microseconds; 0 does not wait at all.
+	\return \c B_OK, \c B_WOULD_BLOCK where the caller did not want to wait, or \c B_TIMED_OUT.
+*/
+status_t
+BLocker::LockWithTimeout(bigtime_t timeout)
+{
+	const thread_id self = find_thread(NULL);
 	if (LockingThread() != self) {
-		fMutex.lock();
+		if (timeout == B_INFINITE_TIMEOUT) {
+			fMutex.lock();
+		} else if (timeout <= 0) {
+			if (!fMutex.try_lock())
+				return B_WOULD_BLOCK;
+		} else {
+			const auto deadline = std::chrono::system_clock::now()
+				+ std::chrono::microseconds(timeout);
+			if (!fMutex.try_lock_until(deadline))
+				return B_TIMED_OUT;
+		}
 		fOwner.store(self, std::memory_order_relaxed);
 	}
 	fCount++;
-	return true;
+	return B_OK;
 }
 
 

@@ -26,6 +26,7 @@ public:
 	BLocker& operator=(const BLocker&) = delete;
 
 	bool Lock();
+	status_t LockWithTimeout(bigtime_t timeout);
 	void Unlock();
 
 	thread_id LockingThread() const { return fOwner.load(std::memory_order_relaxed); }
@@ -33,7 +34,7 @@ public:
 	int32 CountLocks() const { return fCount; }
 
 private:
-	std::mutex fMutex;
+	std::timed_mutex fMutex;
 	// Written by the thread that holds fMutex only.
 	std::atomic<thread_id> fOwner;
 	int32 fCount;

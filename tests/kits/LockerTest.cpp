@@ -36,6 +36,35 @@ is_locked_here(void* data)
 }
 
 
+struct Attempt {
+	BLocker* lock;
+	bigtime_t timeout;
+};
+
+
+status_t
+lock_and_unlock(void* data)
+{
+	const Attempt* attempt = static_cast<Attempt*>(data);
+	const status_t status = attempt->lock->LockWithTimeout(attempt->timeout);
+	if (status == B_OK)
+		attempt->lock->Unlock();
+	return status;
+}
+
+
+/*!	What LockWithTimeout() answers on another thread. */
+status_t
+lock_elsewhere(BLocker* lock, bigtime_t timeout)
+{
+	Attempt attempt = {lock, timeout};
+	const thread_id thread = spawn_thread(lock_and_unlock, "other", B_NORMAL_PRIORITY, &attempt);
+	status_t status = B_ERROR;
+	EXPECT_EQ(B_OK, wait_for_thread(thread, &status));
+	return status;
+}
+
+
 } // namespace
 
 
@@ -63,6 +92,23 @@ TEST(LockerTest, IsLocked_SpeaksOfTheCallingThread)
 	ASSERT_EQ(B_OK, wait_for_thread(thread, &elsewhere));
 	EXPECT_EQ(0, elsewhere);
 	EXPECT_TRUE(locker.IsLocked());
+}
+
+
+TEST(LockerTest, LockWithTimeout_GivesUpWhileAnotherHoldsIt)
+{
+	BLocker locker;
+	EXPECT_EQ(B_OK, locker.LockWithTimeout(0));
+	EXPECT_EQ(B_OK, locker.LockWithTimeout(1000));
+	EXPECT_EQ(2, locker.CountLocks());
+	EXPECT_EQ(B_WOULD_BLOCK, lock_elsewhere(&locker, 0));
+	EXPECT_EQ(B_TIMED_OUT, lock_elsewhere(&locker, 1000));
+	locker.Unlock();
+	locker.Unlock();
+
+	EXPECT_EQ(B_OK, lock_elsewhere(&locker, 0));
+	EXPECT_EQ(B_OK, lock_elsewhere(&locker, 1000));
+	EXPECT_EQ(B_OK, lock_elsewhere(&locker, B_INFINITE_TIMEOUT));
 }
 
 

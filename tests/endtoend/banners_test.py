@@ -11,7 +11,7 @@ import hotline
 from desktop import wait_until
 from support import ClientCase, main, setUpModule  # noqa: F401
 
-SERVER_BANNER, DOWNLOAD_BANNER = 122, 212
+DOWNLOAD_BANNER = 212
 REFERENCE, TRANSFER_SIZE, BANNER_TYPE = 107, 108, 152
 
 MEGABYTE = 1024 * 1024
@@ -59,7 +59,7 @@ class BannersTest(ClientCase):
         self.window = self.client.main_window()
 
     def send_banner(self, content):
-        self.connection.send(hotline.transaction(SERVER_BANNER, [(BANNER_TYPE, b"PNGf")]))
+        self.connection.send(hotline.transaction(hotline.BANNER, [(BANNER_TYPE, b"PNGf")]))
         request = self.connection.read_until(DOWNLOAD_BANNER)
         self.connection.reply(request, [(REFERENCE, struct.pack(">I", 5)),
             (TRANSFER_SIZE, struct.pack(">I", len(content)))])

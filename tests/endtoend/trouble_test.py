@@ -150,6 +150,21 @@ class SilenceTest(TroubleCase):
         self.client.wait_for_chat("*** Connection failed: Invalid server response ***\n")
         self.client.wait_for_status("Connection failed")
 
+    def test_a_server_that_does_not_read_keeps_no_other_window_waiting(self):
+        connection = self.log_in()
+        # Each announcement is answered with a request, until there is no room for more of them.
+        announcements = hotline.transaction(hotline.BANNER, [(hotline.DATA, b"JPEG")]) * 1000
+        with hotline.Flood(connection, announcements):
+            self.wait_for_senders(1)
+            self.client.say("hello")
+            # It is the main window that waits now.
+            self.wait_for_senders(2)
+            self.client.say("still alive")
+
+    def wait_for_senders(self, count):
+        wait_until(lambda: self.client.program.threads().count("HL:Send") == count,
+            lambda: "%d threads that send, in %s" % (count, self.client.program.threads()))
+
     def test_connecting_again_leaves_the_silent_server(self):
         self.client.connect("127.0.0.1", self.server.port)
         silent = self.server.accept()

@@ -263,7 +263,7 @@ TEST_F(ProgramFolderTest, About_ShowsTheLogoOfTheFolder)
 }
 
 
-// Names of all kinds, which need not be text.
+/*!	What lies in a folder. */
 static std::set<std::string>
 names_in(const std::string& folder)
 {
@@ -290,6 +290,7 @@ granted_download(const RawServer& transfers, const std::string& name)
 
 TEST_F(ProgramFolderTest, Download_ArrivesUnderItsName)
 {
+	// Of all kinds; they need not be text.
 	const std::set<std::string> names = {"read me", "100% <b>", "R\x8esum\x8e", "...", "~", "a\\b",
 		"\x01\x1b[31m\t\r\n\x7f", std::string(255, 'n')};
 	Window window;

@@ -27,14 +27,17 @@ static std::atomic<size_t> sReceived(0);
 static std::atomic<bigtime_t> sClockStep(0);
 static std::atomic<bigtime_t> sClockOffset(0);
 
-// Under sLock.
-static std::mutex sLock;
-static std::condition_variable sReleased;
-static bool sHoldsLookups = false;
-static std::vector<InterposedCalls::Timeout> sTimeouts;
-static std::vector<InterposedCalls::Lookup> sLookups;
-static std::vector<InterposedCalls::Thread> sThreads;
+// What the lock guards. Never destroyed: a transfer's thread may outlive the tests.
+struct Records {
+	std::mutex lock;
+	std::condition_variable released;
+	bool holdsLookups = false;
+	std::vector<InterposedCalls::Timeout> timeouts;
+	std::vector<InterposedCalls::Lookup> lookups;
+	std::vector<InterposedCalls::Thread> threads;
+};
 
+static Records& sRecords = *new Records;
 
 // The linker's names for a function and for what stands in its place; those of the kits are C++ ones.
 extern "C"
@@ -127,8 +130,8 @@ __wrap_setsockopt(int socket, int level, int option, const void* value, socklen_
 	struct timeval timeout;
 	memcpy(&timeout, value, sizeof(timeout));
 	{
-		const std::lock_guard<std::mutex> lock(sLock);
-		sTimeouts.push_back({option, timeout.tv_sec});
+		const std::lock_guard<std::mutex> lock(sRecords.lock);
+		sRecords.timeouts.push_back({option, timeout.tv_sec});
 	}
 	const long microseconds = (timeout.tv_sec * 1000000 + timeout.tv_usec) / sTimeoutDivisor;
 	timeout.tv_sec = microseconds / 1000000;
@@ -142,10 +145,10 @@ __wrap_getaddrinfo(const char* host, const char* port, const struct addrinfo* hi
 	struct addrinfo** _result)
 {
 	{
-		std::unique_lock<std::mutex> lock(sLock);
-		sLookups.push_back({host, port, hints->ai_family, hints->ai_socktype});
-		sReleased.wait(lock, [] {
-			return !sHoldsLookups;
+		std::unique_lock<std::mutex> lock(sRecords.lock);
+		sRecords.lookups.push_back({host, port, hints->ai_family, hints->ai_socktype});
+		sRecords.released.wait(lock, [] {
+			return !sRecords.holdsLookups;
 		});
 	}
 	struct addrinfo numericOnly = *hints;
@@ -167,8 +170,8 @@ __wrap__Z12spawn_threadPFiPvEPKciS_(thread_func function, const char* name, int3
 	void* data)
 {
 	{
-		const std::lock_guard<std::mutex> lock(sLock);
-		sThreads.push_back({name, priority});
+		const std::lock_guard<std::mutex> lock(sRecords.lock);
+		sRecords.threads.push_back({name, priority});
 	}
 	const status_t error = sSpawnError.exchange(B_OK);
 	if (error != B_OK)
@@ -182,10 +185,10 @@ __wrap__Z12spawn_threadPFiPvEPKciS_(thread_func function, const char* name, int3
 
 InterposedCalls::InterposedCalls()
 {
-	const std::lock_guard<std::mutex> lock(sLock);
-	sTimeouts.clear();
-	sLookups.clear();
-	sThreads.clear();
+	const std::lock_guard<std::mutex> lock(sRecords.lock);
+	sRecords.timeouts.clear();
+	sRecords.lookups.clear();
+	sRecords.threads.clear();
 	sReceived = 0;
 }
 
@@ -255,8 +258,8 @@ InterposedCalls::StepClock(int seconds)
 std::vector<InterposedCalls::Timeout>
 InterposedCalls::Timeouts() const
 {
-	const std::lock_guard<std::mutex> lock(sLock);
-	return sTimeouts;
+	const std::lock_guard<std::mutex> lock(sRecords.lock);
+	return sRecords.timeouts;
 }
 
 
@@ -270,31 +273,31 @@ InterposedCalls::CountReceived() const
 std::vector<InterposedCalls::Thread>
 InterposedCalls::Threads() const
 {
-	const std::lock_guard<std::mutex> lock(sLock);
-	return sThreads;
+	const std::lock_guard<std::mutex> lock(sRecords.lock);
+	return sRecords.threads;
 }
 
 
 std::vector<InterposedCalls::Lookup>
 InterposedCalls::Lookups() const
 {
-	const std::lock_guard<std::mutex> lock(sLock);
-	return sLookups;
+	const std::lock_guard<std::mutex> lock(sRecords.lock);
+	return sRecords.lookups;
 }
 
 
 void
 InterposedCalls::HoldLookups()
 {
-	const std::lock_guard<std::mutex> lock(sLock);
-	sHoldsLookups = true;
+	const std::lock_guard<std::mutex> lock(sRecords.lock);
+	sRecords.holdsLookups = true;
 }
 
 
 void
 InterposedCalls::ReleaseLookups()
 {
-	const std::lock_guard<std::mutex> lock(sLock);
-	sHoldsLookups = false;
-	sReleased.notify_all();
+	const std::lock_guard<std::mutex> lock(sRecords.lock);
+	sRecords.holdsLookups = false;
+	sRecords.released.notify_all();
 }

@@ -24,38 +24,38 @@ protected:
 	static std::string Chat(uint32 id, const std::string& text);
 
 	// How many bytes each attempt that does not want to wait gets rid of before there is no room; no limit below 0.
-	std::atomic<int> room;
-	std::atomic<int> waits;
+	std::atomic<int> fRoom;
+	std::atomic<int> fWaits;
 	// Called with every wait.
-	std::function<void()> onWait;
+	std::function<void()> fOnWait;
 };
 
 
 ClientSlowServerTest::ClientSlowServerTest()
-	: room(-1),
-	  waits(0)
+	: fRoom(-1),
+	  fWaits(0)
 {
 	Interposed::send = [this](int socket, const void* data, size_t size, int flags) -> ssize_t {
-		if ((flags & MSG_DONTWAIT) == 0 || room < 0)
+		if ((flags & MSG_DONTWAIT) == 0 || fRoom < 0)
 			return Interposed::RealSend(socket, data, size, flags);
-		const size_t fitting = std::min(size, static_cast<size_t>(room));
-		room -= static_cast<int>(fitting);
+		const size_t fitting = std::min(size, static_cast<size_t>(fRoom));
+		fRoom -= static_cast<int>(fitting);
 		if (fitting > 0)
 			return Interposed::RealSend(socket, data, fitting, flags);
 		errno = EAGAIN;
 		return -1;
 	};
 	Interposed::wait = [this](thread_id) {
-		waits++;
-		if (onWait)
-			onWait();
+		fWaits++;
+		if (fOnWait)
+			fOnWait();
 	};
 }
 
 
 ClientSlowServerTest::~ClientSlowServerTest()
 {
-	onWait = nullptr;
+	fOnWait = nullptr;
 	client.reset();
 }
 
@@ -72,7 +72,7 @@ TEST_F(ClientSlowServerTest, RoomForEverything_IsNoReasonToWait)
 	LogIn();
 	client->SendChat("hello");
 	ExpectSent(Chat(3, "hello"));
-	EXPECT_EQ(waits, 0);
+	EXPECT_EQ(fWaits, 0);
 }
 
 
@@ -82,12 +82,12 @@ TEST_F(ClientSlowServerTest, NoRoomAtAnyByte_ArrivesWhole)
 	const int size = static_cast<int>(Chat(3, "hello").size());
 	for (int i = 0; i < size; i++) {
 		SCOPED_TRACE(i);
-		room = i;
+		fRoom = i;
 		client->SendChat("hello");
 		ExpectSent(Chat(3 + static_cast<uint32>(i), "hello"));
-		EXPECT_EQ(waits, i + 1);
+		EXPECT_EQ(fWaits, i + 1);
 	}
-	room = -1;
+	fRoom = -1;
 }
 
 
@@ -100,8 +100,8 @@ TEST_F(ClientSlowServerTest, ServerThatBeginsToReadLate_GetsEverythingInOrder)
 	LogIn();
 	for (uint32 i = 0; i < count; i++)
 		expected += Chat(3 + i, std::string(40000, static_cast<char>('a' + i % 26)));
-	onWait = [&] {
-		if (waits == 1) {
+	fOnWait = [&] {
+		if (fWaits == 1) {
 			reader = std::thread([&] {
 				received = server->Read(expected.size());
 			});
@@ -120,25 +120,25 @@ TEST_F(ClientSlowServerTest, ThreadThatFindsAnotherSending_WaitsToo)
 {
 	// The first sends a part of its transaction, and the rest only when the second is waiting for its turn.
 	LogIn();
-	room = 10;
+	fRoom = 10;
 	std::thread second;
-	onWait = [&] {
-		if (waits > 1)
+	fOnWait = [&] {
+		if (fWaits > 1)
 			return;
 		second = std::thread([this] {
 			client->RequestUserList();
 		});
 		EXPECT_TRUE(WaitFor([this] {
-			return waits == 2;
+			return fWaits == 2;
 		}));
 	};
 	client->SendChat("hello");
 	ASSERT_TRUE(second.joinable());
 	second.join();
-	room = -1;
+	fRoom = -1;
 	ExpectSent(Chat(3, "hello"));
 	ExpectSent(wire_transaction(300, 4, ""));
-	EXPECT_EQ(waits, 2);
+	EXPECT_EQ(fWaits, 2);
 }
 
 
@@ -150,12 +150,12 @@ TEST_F(ClientSlowServerTest, NoThreadToBeHad_WaitsByItself)
 	};
 	LogIn();
 	refuses = true;
-	room = 7;
+	fRoom = 7;
 	client->SendChat("hello");
 	refuses = false;
-	room = -1;
+	fRoom = -1;
 	ExpectSent(Chat(3, "hello"));
-	EXPECT_EQ(waits, 0);
+	EXPECT_EQ(fWaits, 0);
 	client.reset();
 }
 
@@ -164,8 +164,8 @@ TEST_F(ClientSlowServerTest, DisconnectWhileSending_EndsTheWait)
 {
 	LogIn();
 	std::thread other;
-	onWait = [&] {
-		if (waits == 1) {
+	fOnWait = [&] {
+		if (fWaits == 1) {
 			other = std::thread([this] {
 				client->Disconnect();
 			});

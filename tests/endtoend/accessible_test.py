@@ -21,9 +21,7 @@ def names(node, role):
 
 class AccessibleTest(ClientCase):
     def setUp(self):
-        self.server = hotline.Server()
-        self.server.__enter__()
-        self.addCleanup(self.server.__exit__)
+        self.server = self.start_server()
         self.client = self.start_client()
 
     def log_in(self, users=()):

@@ -48,7 +48,6 @@ def listen_on_two_ports():
 class BannersTest(ClientCase):
     def setUp(self):
         self.server, self.transfers = listen_on_two_ports()
-        self.server.__enter__()
         self.addCleanup(self.server.__exit__)
         self.addCleanup(self.transfers.close)
         self.client = self.start_client()

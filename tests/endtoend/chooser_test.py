@@ -5,15 +5,12 @@
 
 import os
 
-import hotline
 from support import ClientCase, main, setUpModule  # noqa: F401
 
 
 class ChooserTest(ClientCase):
     def setUp(self):
-        self.server = hotline.Server()
-        self.server.__enter__()
-        self.addCleanup(self.server.__exit__)
+        self.server = self.start_server()
         self.client = self.start_client()
         self.client.connect("127.0.0.1", self.server.port)
         self.server.accept().welcome()

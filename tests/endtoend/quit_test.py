@@ -23,9 +23,7 @@ def is_connecting_to(port):
 
 class QuitTest(ClientCase):
     def setUp(self):
-        self.server = hotline.Server()
-        self.server.__enter__()
-        self.addCleanup(self.server.__exit__)
+        self.server = self.start_server()
 
     def quit(self, client):
         client.bring_to_front(client.main_window())

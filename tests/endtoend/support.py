@@ -8,6 +8,7 @@ One file by hand: PYTHONPATH=tour PALIMBRA_BUILD=build /usr/bin/python3 tests/en
 import os
 import unittest
 
+import hotline
 from client import Client
 from demo import Demo
 from desktop import Desktop, NotHappened, wait_until
@@ -42,6 +43,12 @@ class ClientCase(unittest.TestCase):
         demo = Demo(self.desktop, BUILD, 0, *options)
         self.addCleanup(demo.program.stop)
         return demo
+
+    def start_server(self):
+        """A server that does what the test tells it to."""
+        server = hotline.Server()
+        self.addCleanup(server.__exit__)
+        return server
 
     def assert_soon(self, ask, expected):
         """Waits until `ask()` is what is expected; what the program shows may be a frame behind what it knows."""

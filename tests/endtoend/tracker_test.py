@@ -7,7 +7,6 @@ import itertools
 import os
 import tempfile
 
-import hotline
 from desktop import wait_until
 from support import BUILD, ClientCase, main, setUpModule  # noqa: F401
 
@@ -16,9 +15,7 @@ FETCH_THREAD = "TrackerFetch"
 
 class TrackerTest(ClientCase):
     def setUp(self):
-        self.server = hotline.Server()
-        self.server.__enter__()
-        self.addCleanup(self.server.__exit__)
+        self.server = self.start_server()
         self.address = "127.0.0.1:%d" % self.server.port
 
     def fetch_threads(self, client):

@@ -15,9 +15,7 @@ MARKUP = b"<b>bold</b> &amp; &File %s %n [*] \\n {}"
 
 class TroubleCase(ClientCase):
     def setUp(self):
-        self.server = hotline.Server()
-        self.server.__enter__()
-        self.addCleanup(self.server.__exit__)
+        self.server = self.start_server()
         self.client = self.start_client()
 
     def log_in(self, name=b"Scripted", users=()):

@@ -10,9 +10,7 @@ from support import ClientCase, main, setUpModule  # noqa: F401
 
 class WindowsTest(ClientCase):
     def setUp(self):
-        self.server = hotline.Server()
-        self.server.__enter__()
-        self.addCleanup(self.server.__exit__)
+        self.server = self.start_server()
         self.client = self.start_client()
 
     def log_in(self, users=()):
@@ -96,9 +94,7 @@ class WindowsTest(ClientCase):
 
 class DialogTest(ClientCase):
     def setUp(self):
-        self.server = hotline.Server()
-        self.server.__enter__()
-        self.addCleanup(self.server.__exit__)
+        self.server = self.start_server()
         self.client = self.start_client()
 
     def focused(self, node):

@@ -4,12 +4,12 @@
  */
 // Receives chat lines as the program does, up to the notification that is posted to a looper of the main thread, which drops it.
 
-#include <poll.h>
 #include <string>
 
+#include <Application.h>
+#include <ApplicationPrivate.h>
 #include <Looper.h>
 #include <LooperPrivate.h>
-#include <MainServer.h>
 #include <Message.h>
 
 #include "Clocks.h"
@@ -17,6 +17,10 @@
 #include "Figures.h"
 #include "HotlineClient.h"
 #include "Partner.h"
+
+
+// In microseconds, for a turn of the main thread without anything to serve.
+static const bigtime_t kPatience = 1000000;
 
 
 /*!	Stands where the main window does, served as that is. */
@@ -42,28 +46,24 @@ public:
 			fHasEnded = true;
 	}
 
-	void ServeUntil(const bool& flag) const
+	void AwaitConnection() const
 	{
-		while (!flag && !fHasEnded)
+		while (!fIsConnected)
 			_ServeSome();
 	}
 
-	void ServeUntil(long count) const
+	void AwaitLines(long count) const
 	{
-		while (fCount < count && !fHasEnded)
+		while (fCount < count)
 			_ServeSome();
-		if (fHasEnded)
-			Fail("connection ended");
 	}
-
-	const bool& IsConnected() const { return fIsConnected; }
 
 private:
-	static void _ServeSome()
+	void _ServeSome() const
 	{
-		pollfd wake = {MainServer::Default()->WakeDescriptor(), POLLIN, 0};
-		if (poll(&wake, 1, -1) > 0)
-			MainServer::Default()->ServeTurn();
+		ApplicationPrivate::ProcessEvents(kPatience);
+		if (fHasEnded)
+			Fail("connection ended");
 	}
 
 	long fCount;
@@ -77,14 +77,16 @@ main(int argumentCount, char** arguments)
 {
 	const long count = argumentCount > 1 ? atol(arguments[1]) : 1000000;
 	Partner partner({"chat", std::to_string(count)});
+	BApplication application("application/x-vnd.Palimbra-bench");
+	ApplicationPrivate::Start(&application);
 	Target* target = new Target();
 	HotlineClient client(target);
 	client.Connect("127.0.0.1", partner.Port(), NULL, NULL, "Mate", 128);
-	target->ServeUntil(target->IsConnected());
+	target->AwaitConnection();
 
 	const double begin = ProcessTime();
 	partner.Go();
-	target->ServeUntil(count);
+	target->AwaitLines(count);
 	const double all = ProcessTime() - begin;
 
 	Figures figures;

@@ -236,8 +236,13 @@ TEST_F(ClientReceiveTest, InterruptedSelect_IsRepeatedWithAWholeSecond)
 	client.reset();
 	std::atomic<int> calls(0);
 	Interposed::select = [&](int count, fd_set* readable, timeval* timeout) {
-		EXPECT_EQ(timeout->tv_sec, 1);
 		EXPECT_EQ(timeout->tv_usec, 0);
+		// The look before the wait.
+		if (timeout->tv_sec == 0) {
+			FD_ZERO(readable);
+			return 0;
+		}
+		EXPECT_EQ(timeout->tv_sec, 1);
 		if (++calls % 2 == 1) {
 			timeout->tv_sec = 0;
 			errno = EINTR;
@@ -251,6 +256,30 @@ TEST_F(ClientReceiveTest, InterruptedSelect_IsRepeatedWithAWholeSecond)
 	ExpectPosted("HLch text=CSTR still here chatRef=ULNG 0");
 	client.reset();
 	EXPECT_GT(calls, 4);
+}
+
+
+TEST_F(ClientReceiveTest, NothingToRead_WaitsASecondAfterOneLook)
+{
+	client.reset();
+	std::atomic<int> looks(0);
+	std::atomic<int> waits(0);
+	Interposed::select = [&](int count, fd_set* readable, timeval* timeout) {
+		if (timeout->tv_sec == 0) {
+			// Two looks in a row would not rest.
+			EXPECT_LE(++looks, waits + 1);
+			FD_ZERO(readable);
+			return 0;
+		}
+		waits++;
+		return Interposed::RealSelect(count, readable, timeout);
+	};
+	client.reset(new HotlineClient(log));
+	LogIn();
+	server->Send(Chat("awaited"));
+	ExpectPosted("HLch text=CSTR awaited chatRef=ULNG 0");
+	client.reset();
+	EXPECT_GT(waits, 1);
 }
 
 

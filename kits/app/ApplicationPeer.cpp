@@ -22,6 +22,7 @@
 #include <BitmapPeer.h>
 #include <ClientScopePrivate.h>
 #include <FontConversionPrivate.h>
+#include <FontPreparationPrivate.h>
 #include <FrameScheduler.h>
 #include <MainServer.h>
 #include <Palette.h>
@@ -49,6 +50,7 @@ make_application()
 	if (length > 0)
 		sProgramPath[length] = '\0';
 
+	prepare_fonts();
 	QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
 	QGuiApplication::setDesktopSettingsAware(false);
 	QApplication::setStyle(QStringLiteral("fusion"));

@@ -16,13 +16,14 @@ namespace {
 
 
 /*!	Runs the program of the quit scenarios.
+	\param environment Variables for it, as a shell takes them.
 	\return What it printed, and its status.
 */
 std::string
-run_scenario(const char* name)
+run_scenario(const char* name, const char* environment = "")
 {
 	BString command;
-	command.SetToFormat("timeout 60 '%s' '%s' 2>/dev/null", QUIT_PROGRAM, name);
+	command.SetToFormat("%s timeout 60 '%s' '%s' 2>/dev/null", environment, QUIT_PROGRAM, name);
 	FILE* pipe = popen(command.String(), "r");
 	if (pipe == NULL)
 		return "not started";
@@ -59,6 +60,13 @@ TEST(ApplicationTest, Signature_IsTheOneThatWasGiven)
 {
 	EXPECT_STREQ("application/x-vnd.Palimbra-tests", be_app->Signature());
 	EXPECT_TRUE(be_app_messenger.IsValid());
+}
+
+
+TEST(ApplicationTest, VariableThatTheToolkitTakesOut_StandsLastInTheEnvironment)
+{
+	EXPECT_EQ("last:DESKTOP_STARTUP_ID=it yes:application status 0",
+		run_scenario("environment", "DESKTOP_STARTUP_ID=it"));
 }
 
 

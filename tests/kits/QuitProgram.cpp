@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cstdio>
 #include <string>
+#include <unistd.h>
 
 #include <Application.h>
 #include <Message.h>
@@ -175,6 +176,8 @@ public:
 			_Threads();
 		else if (fScenario == "info")
 			_Info();
+		else if (fScenario == "environment")
+			_Environment();
 		else
 			PostMessage(B_QUIT_REQUESTED);
 	}
@@ -258,6 +261,16 @@ private:
 		const status_t status = GetAppInfo(&info);
 		print(status == B_OK ? "ok" : "error", info.ref.name);
 		print("signature", info.signature);
+		PostMessage(B_QUIT_REQUESTED);
+	}
+
+	// Prints the last variable of the environment.
+	void _Environment()
+	{
+		char** last = environ;
+		while (last[1] != NULL)
+			last++;
+		print("last", *last);
 		PostMessage(B_QUIT_REQUESTED);
 	}
 

@@ -37,7 +37,10 @@ QFont
 make_font(const BFont& font)
 {
 	QFont result;
-	result.setFamilies({QStringLiteral("Noto Sans"), QStringLiteral("Sans Serif")});
+	// With a second family the toolkit would at once look for fonts with the letters that this one lacks, instead of when
+	// the first one is shown. Without the family it goes by the hint.
+	result.setFamilies({QStringLiteral("Noto Sans")});
+	result.setStyleHint(QFont::SansSerif);
 	result.setPixelSize(std::max(1, int(std::lround(font.Size()))));
 	result.setBold((font.Face() & B_BOLD_FACE) != 0);
 	result.setItalic((font.Face() & B_ITALIC_FACE) != 0);

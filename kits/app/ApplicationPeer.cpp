@@ -26,6 +26,7 @@
 #include <FrameScheduler.h>
 #include <MainServer.h>
 #include <Palette.h>
+#include <StartPreparationPrivate.h>
 #include <String.h>
 #include <TranslationUtils.h>
 
@@ -172,6 +173,7 @@ ApplicationPeer::ApplicationPeer()
 {
 	// The toolkit sets the user's locale. Formats in the client keep their decimal point.
 	setlocale(LC_NUMERIC, "C");
+	prepare_start();
 
 	QGuiApplication::setQuitOnLastWindowClosed(false);
 	QApplication::setPalette(make_palette());
@@ -190,6 +192,7 @@ ApplicationPeer::~ApplicationPeer()
 	MainServer::Default()->SetWaitHook(NULL);
 	FrameScheduler::Default()->Stop();
 	exit_fonts();
+	end_start_preparation();
 }
 
 

@@ -68,7 +68,7 @@ BTranslationUtils::GetBitmap(BPositionIO* stream)
 		return NULL;
 
 	QImageReader::setAllocationLimit(kMaxMegabytes);
-	// To recognize a picture the toolkit first loads all that it can read; most are of the one kind that it knows by itself.
+	// Told the format, the toolkit need not look for it in the bytes. Most pictures are of this one.
 	QImageReader reader(&buffer, bytes.startsWith(kSignature) ? "png" : QByteArray());
 	if (!is_bearable(reader.size()))
 		return NULL;

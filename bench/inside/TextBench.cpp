@@ -2,7 +2,7 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-// Texts that grow: the map between bytes and positions, and the transcript of the chat window with all that shows it.
+// Texts that grow: the text store, and the transcript of the chat window with all that shows it.
 
 #include <cstring>
 #include <string>
@@ -14,7 +14,7 @@
 #include <FrameScheduler.h>
 #include <MainServer.h>
 #include <Message.h>
-#include <TextMap.h>
+#include <TextStore.h>
 #include <TextView.h>
 
 #include "AppMessages.h"
@@ -28,51 +28,42 @@ static const char* const kLine = " Bosun:  the tide turns at half past six, all 
 static const int kLinesPerFrame = 100;
 
 
-/*!	Nothing asks for the text of lines that are whole and valid. */
-class NoDocument : public TextMap::Document {
-public:
-	std::u16string BlockText(int32 /*block*/) const override { return std::u16string(); }
-};
-
-
 static void
-append_lines(TextMap& map, int64 count)
+append_lines(TextStore& store, int64 count)
 {
 	const int32 length = int32(strlen(kLine));
 	for (int64 i = 0; i < count; i++)
-		benchmark::DoNotOptimize(map.Replace(map.CountBytes(), 0, kLine, length));
+		benchmark::DoNotOptimize(store.Replace(store.CountBytes(), 0, kLine, length));
 }
 
 
 /*!	Behind that many lines. */
 static void
-TextMap_Append(benchmark::State& state)
+TextStore_Append(benchmark::State& state)
 {
-	const NoDocument document;
-	TextMap map(&document);
-	append_lines(map, state.range(0));
+	TextStore store;
+	append_lines(store, state.range(0));
 	for (auto _ : state)
-		append_lines(map, 1);
+		append_lines(store, 1);
 }
 // Bounded, as every line stays.
-BENCHMARK(TextMap_Append)->Arg(1000)->Arg(100000)->Iterations(100000);
+BENCHMARK(TextStore_Append)->Arg(1000)->Arg(100000)->Iterations(100000);
 
 
 static void
-TextMap_FindPosition(benchmark::State& state)
+TextStore_FindPosition(benchmark::State& state)
 {
-	const NoDocument document;
-	TextMap map(&document);
-	append_lines(map, state.range(0));
+	TextStore store;
+	append_lines(store, state.range(0));
 	const int32 lineLength = int32(strlen(kLine));
 	int32 offset = 0;
 	for (auto _ : state) {
-		benchmark::DoNotOptimize(map.PositionAt(offset));
+		benchmark::DoNotOptimize(store.PositionAt(offset));
 		// Line ends far apart, which need no look at a line's text.
-		offset = (offset + lineLength * 7919) % map.CountBytes();
+		offset = (offset + lineLength * 7919) % store.CountBytes();
 	}
 }
-BENCHMARK(TextMap_FindPosition)->Arg(1000)->Arg(100000);
+BENCHMARK(TextStore_FindPosition)->Arg(1000)->Arg(100000);
 
 
 // #pragma mark - Transcript

@@ -4,24 +4,24 @@
  */
 #include <TextLayoutPrivate.h>
 
-#include <QTextBlock>
-#include <QTextDocument>
-#include <QTextLayout>
+#include <algorithm>
+
+#include <QFontMetricsF>
+#include <QTextOption>
 
 
 // In UTF-16 units.
 static const int kLongWord = 1000;
 
-// In pixels, before the text has its place.
+// In pixels, where lines are not wrapped.
 static const qreal kUnlimited = 1 << 24;
-
-// A state of a block.
-static const int kHasLongWord = 1;
 
 
 static bool
 has_long_word(const QString& text)
 {
+	if (text.size() <= kLongWord)
+		return false;
 	int length = 0;
 	for (const QChar unit : text) {
 		length = unit.isSpace() ? 0 : length + 1;
@@ -32,92 +32,152 @@ has_long_word(const QString& text)
 }
 
 
-TextLayout::TextLayout(QTextDocument* document)
-	: QPlainTextDocumentLayout(document),
-	  fWidth(0),
-	  fBlockCount(document->blockCount())
+TextLayout::TextLayout(const TextStore* text, const StyleRuns* styles)
+	: fText(text),
+	  fStyles(styles),
+	  fRowHeight(QFontMetricsF(fFont).lineSpacing()),
+	  fWidth(kUnlimited),
+	  fWraps(true)
 {
+	fRows.SetCountLines(fText->CountLines());
 }
 
 
 void
-TextLayout::FindLongWords(int from, int to)
+TextLayout::SetFont(const QFont& font)
 {
-	QTextBlock block = document()->findBlock(from);
-	int start = from;
-	while (block.isValid() && start <= to) {
-		const int length = block.length();
-		// The toolkit's state of a block is -1 until it is set.
-		const bool isLong = length > kLongWord && has_long_word(block.text());
-		if (isLong != (block.userState() == kHasLongWord))
-			block.setUserState(isLong ? kHasLongWord : -1);
-		// A block looks for its position from the root of a tree.
-		start = start == from ? block.position() + length : start + length;
-		block = block.next();
-	}
+	fFont = font;
+	fRowHeight = QFontMetricsF(font).lineSpacing();
+	_ForgetAll();
 }
 
 
-QRectF
-TextLayout::blockBoundingRect(const QTextBlock& block) const
-{
-	if (_WrapsAnywhere(block) && block.layout()->lineCount() == 0)
-		_LayOut(block);
-	return QPlainTextDocumentLayout::blockBoundingRect(block);
-}
-
-
-/*!	The toolkit's own version lays out a single changed block at once, in its own way. */
 void
-TextLayout::documentChanged(int from, int charsRemoved, int charsAdded)
+TextLayout::SetWidth(qreal width)
 {
-	const QTextBlock first = document()->findBlock(from);
-	const QTextBlock last = document()->findBlock(qMax(0, from + charsRemoved + charsAdded - 1));
-	const bool sameCount = fBlockCount == document()->blockCount();
-	fBlockCount = document()->blockCount();
-	if (!sameCount || first != last || !_WrapsAnywhere(first)) {
-		QPlainTextDocumentLayout::documentChanged(from, charsRemoved, charsAdded);
+	if (width == fWidth)
 		return;
-	}
-	first.layout()->clearLayout();
-	_LayOut(first);
-	emit documentSizeChanged(documentSize());
-	requestUpdate();
+	fWidth = width;
+	_ForgetAll();
 }
 
 
-bool
-TextLayout::_WrapsAnywhere(const QTextBlock& block) const
-{
-	return block.isValid() && block.userState() == kHasLongWord
-		&& document()->defaultTextOption().wrapMode() != QTextOption::NoWrap;
-}
-
-
-/*!	Does what the toolkit's version does for the other blocks. */
 void
-TextLayout::_LayOut(QTextBlock block) const
+TextLayout::SetWraps(bool wraps)
 {
-	QTextOption option = document()->defaultTextOption();
-	option.setWrapMode(QTextOption::WrapAnywhere);
-	const qreal margin = document()->documentMargin();
-	const qreal width = fWidth > 0 ? qMax<qreal>(fWidth - 2 * margin, 1) : kUnlimited;
+	fWraps = wraps;
+	_ForgetAll();
+}
 
-	QTextLayout* layout = block.layout();
+
+/*!	\param style One that has a format, or the number after them. Lines that have it must not be laid out yet. */
+void
+TextLayout::SetFormatOf(int32 style, const QTextCharFormat& format)
+{
+	if (size_t(style) == fFormats.size())
+		fFormats.push_back(format);
+	else
+		fFormats[size_t(style)] = format;
+}
+
+
+void
+TextLayout::LinesChanged(int32 first)
+{
+	fLines.erase(fLines.lower_bound(first), fLines.end());
+	fRows.SetCountLines(std::min(first, fRows.CountLines()));
+	fRows.SetCountLines(fText->CountLines());
+}
+
+
+void
+TextLayout::StylesChanged(int32 first, int32 last)
+{
+	fLines.erase(fLines.lower_bound(first), fLines.upper_bound(last));
+}
+
+
+QTextLayout*
+TextLayout::Line(int32 line)
+{
+	std::unique_ptr<QTextLayout>& place = fLines[line];
+	if (place != NULL)
+		return place.get();
+
+	const QString text = QString::fromStdU16String(fText->TextOf(line));
+	place.reset(new QTextLayout(text, fFont));
+	place->setCacheEnabled(true);
+	place->setFormats(_FormatsOf(line));
+	_LayOut(place.get(), has_long_word(text));
+	fRows.SetRowsOf(line, place->lineCount());
+	return place.get();
+}
+
+
+void
+TextLayout::ForgetOthers(int32 first, int32 last, int32 firstOfEnd)
+{
+	auto line = fLines.begin();
+	while (line != fLines.end() && line->first < firstOfEnd) {
+		if (line->first >= first && line->first <= last)
+			++line;
+		else
+			line = fLines.erase(line);
+	}
+}
+
+
+void
+TextLayout::_LayOut(QTextLayout* layout, bool wrapsAnywhere) const
+{
+	QTextOption option;
+	if (!fWraps)
+		option.setWrapMode(QTextOption::NoWrap);
+	else if (wrapsAnywhere)
+		option.setWrapMode(QTextOption::WrapAnywhere);
+	else
+		option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
 	layout->setTextOption(option);
-	layout->beginLayout();
+
+	const qreal width = fWraps ? std::max<qreal>(fWidth, 1) : kUnlimited;
 	qreal height = 0;
+	layout->beginLayout();
 	for (;;) {
-		QTextLine line = layout->createLine();
-		if (!line.isValid())
+		QTextLine row = layout->createLine();
+		if (!row.isValid())
 			break;
-		line.setLeadingIncluded(true);
-		line.setLineWidth(width);
-		line.setPosition(QPointF(margin, height));
-		height += line.height();
-		if (line.leading() < 0)
-			height += qCeil(line.leading());
+		row.setLeadingIncluded(true);
+		row.setLineWidth(width);
+		row.setPosition(QPointF(0, height));
+		height += row.height();
 	}
 	layout->endLayout();
-	block.setLineCount(layout->lineCount());
+}
+
+
+QList<QTextLayout::FormatRange>
+TextLayout::_FormatsOf(int32 line) const
+{
+	QList<QTextLayout::FormatRange> ranges;
+	const int32 start = fText->OffsetOf(line);
+	const int32 end = start + fText->CountBytesOf(line);
+	const int32 origin = fText->PositionOf(line);
+	TextStore::Place from = {start, origin};
+	int32 run = start < end ? fStyles->RunAt(start) : 0;
+	for (int32 offset = start; offset < end; run++) {
+		offset = std::min(fStyles->EndOf(run), end);
+		const TextStore::Place to = fText->PlaceAt(line, from, offset);
+		ranges.append(
+			{from.position - origin, to.position - from.position, FormatOf((*fStyles)[run].style)});
+		from = to;
+	}
+	return ranges;
+}
+
+
+void
+TextLayout::_ForgetAll()
+{
+	fLines.clear();
+	fRows.Reset(fText->CountLines());
 }

@@ -35,7 +35,7 @@ public:
 	virtual void SetText(const char* text, int32 length) = 0;
 	virtual void Insert(int32 offset, const char* text, int32 length) = 0;
 	virtual void Delete(int32 start, int32 end) = 0;
-	// Ends with a NUL, and stays until the text is changed.
+	// Followed by a NUL. Stays until the text is changed.
 	virtual const char* Text() = 0;
 	virtual int32 TextLength() = 0;
 

@@ -110,7 +110,7 @@ BTextView::Delete(int32 start, int32 end)
 }
 
 
-/*!	The bytes of the text, which stay until it is changed. Puts them together anew after every change. */
+/*!	The bytes of the text and a NUL, which stay until it is changed. */
 const char*
 BTextView::Text() const
 {
@@ -253,6 +253,7 @@ BTextView::IsSelectable() const
 }
 
 
+// Differs from Haiku: a text of many lines takes no keys even so. Only the field of a text control is typed into.
 void
 BTextView::MakeEditable(bool editable)
 {

@@ -6,26 +6,18 @@
 #define TEXT_VIEW_PEER_H
 
 
-#include <memory>
-#include <string>
+#include <vector>
 
 #include <QTextCharFormat>
 
-#include <PendingTextPrivate.h>
-#include <TextMap.h>
 #include <TextPeer.h>
 
 
-class QTextCursor;
-class QTextDocument;
-class TextLayout;
 class TextWidget;
 
 
-/*!	A text of many lines. What is appended waits, and goes into the document with the next frame: as one edit, which is laid
-	out once. How much goes at once is bounded, so is how much waits.
-*/
-class TextViewPeer : public TextPeer, private TextMap::Document {
+/*!	A text of many lines, which is read and not edited. What is appended shows with the next frame. */
+class TextViewPeer : public TextPeer {
 public:
 	TextViewPeer();
 	~TextViewPeer() override;
@@ -40,7 +32,7 @@ public:
 	void GetSelection(int32* _start, int32* _end) override;
 
 	TextStyle Style() const override { return fStyle; }
-	void SetStyle(const TextStyle& style) override { fStyle = style; }
+	void SetStyle(const TextStyle& style) override;
 	TextStyle StyleAt(int32 offset) override;
 	void SetStyleOf(int32 start, int32 end, const TextStyle& style) override;
 
@@ -61,35 +53,16 @@ protected:
 	void Flush() override;
 
 private:
-	std::u16string BlockText(int32 block) const override;
-
-	void _FlushAll();
-	void _FlushPending(bigtime_t budget);
-	void _MovePending(bigtime_t budget);
 	void _Replace(int32 offset, int32 removed, const char* text, int32 length);
-	void _Apply(QTextCursor& cursor, const TextMap::Edit& edit, const TextStyle& style);
-	const QTextCharFormat& _FormatOf(const TextStyle& style);
-	void _MakeFormat(const TextStyle& style);
-	TextStyle _StyleOf(const QTextCharFormat& format);
-	void _UserEdited();
-	void _ReadDocument();
+	int32 _NumberOf(const TextStyle& style);
+	QTextCharFormat _FormatOf(const TextStyle& style);
 
 	TextWidget* fText;
-	QTextDocument* fDocument;
-	TextLayout* fLayout;
-	std::unique_ptr<TextMap> fMap;
-	PendingText fPending;
+	// All that the text has had, by number.
+	std::vector<TextStyle> fStyles;
+	// That of what is inserted.
 	TextStyle fStyle;
-	// The format that was made last, and for which style.
-	TextStyle fFormatStyle;
-	QTextCharFormat fFormat;
-	std::string fBytes;
-	bool fBytesAreTrue;
-	// The user has edited the document since it was last read.
-	bool fDocumentIsAhead;
-	bool fIsEditing;
-	// The toolkit has not been told of what was moved before its frame.
-	bool fSizeIsOld;
+	int32 fStyleNumber;
 	bool fScrollsToEnd;
 };
 

@@ -142,12 +142,12 @@ is_valid_utf8(const std::string& bytes)
 }
 
 
-/*!	\return How many bytes at the end of \a bytes begin a character that more bytes could complete. */
+/*!	\return How many bytes at the end begin a character that more bytes could complete. */
 size_t
-unfinished_tail(const std::string& bytes)
+unfinished_tail(const char* text, size_t size)
 {
-	for (size_t length = 1; length <= 3 && length <= bytes.size(); length++) {
-		const uint8 byte = uint8(bytes[bytes.size() - length]);
+	for (size_t length = 1; length <= 3 && length <= size; length++) {
+		const uint8 byte = uint8(text[size - length]);
 		if ((byte & 0xc0) != 0x80)
 			return sequence_length(byte) > length ? length : 0;
 	}

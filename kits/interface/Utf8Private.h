@@ -19,7 +19,7 @@ static const char32_t kReplacementCharacter = 0xfffd;
 // be, none is half of a surrogate pair or beyond the last character.
 size_t decode_utf8(const char* text, size_t size, char32_t* _code);
 bool is_valid_utf8(const std::string& bytes);
-size_t unfinished_tail(const std::string& bytes);
+size_t unfinished_tail(const char* text, size_t size);
 std::string to_utf8(const std::u16string& units);
 std::u16string to_utf16(const char* text, size_t size);
 

@@ -10,14 +10,17 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHoverEvent>
 #include <QImage>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QWheelEvent>
 #include <QWidget>
 
 #include <GeometryConversionPrivate.h>
+#include <InterfaceDefs.h>
 #include <ViewPeer.h>
 
 
@@ -91,12 +94,20 @@ set_clipboard(const char* text)
 }
 
 
+std::string
+clipboard()
+{
+	return QApplication::clipboard()->text().toStdString();
+}
+
+
 static void
-send_mouse(QWidget* widget, QEvent::Type type, const QPoint& where, bool isDown)
+send_mouse(QWidget* widget, QEvent::Type type, const QPoint& where, bool isDown,
+	Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {
 	const Qt::MouseButtons buttons = isDown ? Qt::LeftButton : Qt::NoButton;
-	QMouseEvent event(type, where, widget->mapToGlobal(where), Qt::LeftButton, buttons,
-		Qt::NoModifier);
+	const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+	QMouseEvent event(type, where, widget->mapToGlobal(where), button, buttons, modifiers);
 	QApplication::sendEvent(widget, &event);
 }
 
@@ -126,11 +137,18 @@ click(BView* view, BPoint where)
 void
 double_click(BView* view, BPoint where)
 {
+	press_mouse_again(view, where);
+	release_mouse(view, where);
+}
+
+
+void
+press_mouse_again(BView* view, BPoint where)
+{
 	click(view, where);
 	QPoint place = point_to_toolkit(where).toPoint();
 	QWidget* widget = target_of(view, place);
 	send_mouse(widget, QEvent::MouseButtonDblClick, place, true);
-	send_mouse(widget, QEvent::MouseButtonRelease, place, false);
 }
 
 
@@ -150,11 +168,103 @@ point_at(BView* view, BPoint where)
 
 
 void
-scroll_to_top(BView* view)
+press_mouse(BView* view, BPoint where, uint32 modifiers)
+{
+	QPoint place = point_to_toolkit(where).toPoint();
+	QWidget* widget = target_of(view, place);
+	Qt::KeyboardModifiers keys;
+	keys.setFlag(Qt::ShiftModifier, (modifiers & B_SHIFT_KEY) != 0);
+	send_mouse(widget, QEvent::MouseButtonPress, place, true, keys);
+}
+
+
+void
+drag_mouse(BView* view, BPoint where)
+{
+	QPoint place = point_to_toolkit(where).toPoint();
+	QWidget* widget = target_of(view, place);
+	send_mouse(widget, QEvent::MouseMove, place, true);
+}
+
+
+void
+release_mouse(BView* view, BPoint where)
+{
+	QPoint place = point_to_toolkit(where).toPoint();
+	QWidget* widget = target_of(view, place);
+	send_mouse(widget, QEvent::MouseButtonRelease, place, false);
+}
+
+
+/*!	The toolkit waits within the event that begins a drag. */
+void
+cancel_next_drag(BView* view)
+{
+	QApplication::postEvent(ViewPeer::Of(view)->Widget(),
+		new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+}
+
+
+void
+open_context_menu(BView* view, BPoint where)
+{
+	QPoint place = point_to_toolkit(where).toPoint();
+	QWidget* widget = target_of(view, place);
+	QContextMenuEvent event(QContextMenuEvent::Mouse, place, widget->mapToGlobal(place));
+	QApplication::sendEvent(widget, &event);
+}
+
+
+void
+turn_wheel(BView* view, int notches)
+{
+	QPoint place(10, 10);
+	QWidget* widget = target_of(view, place);
+	QWheelEvent event(place, widget->mapToGlobal(place), QPoint(),
+		QPoint(0, notches * QWheelEvent::DefaultDeltasPerStep), Qt::NoButton, Qt::NoModifier,
+		Qt::NoScrollPhase, false);
+	QApplication::sendEvent(widget, &event);
+}
+
+
+static QScrollBar*
+scroll_bar_of(BView* view)
 {
 	QAbstractScrollArea* area = qobject_cast<QAbstractScrollArea*>(ViewPeer::Of(view)->Widget());
-	if (area != NULL)
-		area->verticalScrollBar()->setValue(0);
+	return area != NULL ? area->verticalScrollBar() : NULL;
+}
+
+
+void
+scroll_to_top(BView* view)
+{
+	if (scroll_bar_of(view) != NULL)
+		scroll_bar_of(view)->setValue(0);
+}
+
+
+ScrollState
+scroll_state(BView* view)
+{
+	const QScrollBar* bar = scroll_bar_of(view);
+	return {bar->value(), bar->maximum(), bar->pageStep(), bar->singleStep()};
+}
+
+
+void
+scroll_to(BView* view, int value)
+{
+	scroll_bar_of(view)->setValue(value);
+}
+
+
+void
+click_scroll_bar(BView* view, scroll_button button)
+{
+	static const QAbstractSlider::SliderAction kActions[] = {QAbstractSlider::SliderSingleStepSub,
+		QAbstractSlider::SliderSingleStepAdd, QAbstractSlider::SliderPageStepSub,
+		QAbstractSlider::SliderPageStepAdd};
+	scroll_bar_of(view)->triggerAction(kActions[button]);
 }
 
 
@@ -211,6 +321,23 @@ accessible_attributes(BView* view, int position)
 	int start = 0;
 	int end = 0;
 	return interface->textInterface()->attributes(position, &start, &end).toStdString();
+}
+
+
+bool
+waits_for_frame(BView* view)
+{
+	return ViewPeer::Of(view)->IsFlushScheduled();
+}
+
+
+int
+accessible_position_at(BView* view, BPoint where)
+{
+	QWidget* widget = ViewPeer::Of(view)->FocusWidget();
+	QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
+	return interface->textInterface()->offsetAtPoint(
+		ViewPeer::Of(view)->Widget()->mapToGlobal(point_to_toolkit(where).toPoint()));
 }
 
 

@@ -9,6 +9,7 @@
 #include <string>
 
 #include <Point.h>
+#include <SupportDefs.h>
 
 
 class BView;
@@ -34,11 +35,38 @@ enum user_key {
 void press_key(BView* view, user_key key, const char* text = "");
 void type_text(BView* view, const char* text);
 void set_clipboard(const char* text);
+std::string clipboard();
 void click(BView* view, BPoint where);
 void double_click(BView* view, BPoint where);
 // Moves the mouse there without a click.
 void point_at(BView* view, BPoint where);
+// The left mouse button, with B_SHIFT_KEY or without. It stays down until it is released.
+void press_mouse(BView* view, BPoint where, uint32 modifiers = 0);
+// For a double click, after the first one.
+void press_mouse_again(BView* view, BPoint where);
+void drag_mouse(BView* view, BPoint where);
+void release_mouse(BView* view, BPoint where);
+// What is dragged away while drag_mouse() waits is let go of again, over nothing.
+void cancel_next_drag(BView* view);
+void open_context_menu(BView* view, BPoint where);
+// Towards the user for less than 0.
+void turn_wheel(BView* view, int notches);
 void scroll_to_top(BView* view);
+
+/*!	The vertical scroll bar beside a view, in its own steps. */
+struct ScrollState {
+	int value;
+	int max;
+	int page;
+	int step;
+};
+
+ScrollState scroll_state(BView* view);
+// Where the user has dragged the knob to.
+void scroll_to(BView* view, int value);
+enum scroll_button { SCROLL_STEP_UP, SCROLL_STEP_DOWN, SCROLL_PAGE_UP, SCROLL_PAGE_DOWN };
+// Clicks an arrow of the scroll bar, or beside its knob.
+void click_scroll_bar(BView* view, scroll_button button);
 
 /*!	What a screen reader is told of a view, or of one of its rows. */
 struct Accessible {
@@ -63,6 +91,11 @@ Accessible accessible_of(BView* view);
 Accessible accessible_of_row(BView* list, int row);
 // The attributes at a byte of the text of a view, as in "color:rgb(200,0,0);".
 std::string accessible_attributes(BView* view, int position);
+// Which character of the text of a view is at a point, -1 for a point outside. Nothing but what is seen is laid out for that.
+int accessible_position_at(BView* view, BPoint where);
+
+// Whether the screen does not show yet what a view is to show.
+bool waits_for_frame(BView* view);
 
 // The color of a pixel of a view as it is shown, as 0xrrggbb.
 unsigned pixel_of(BView* view, BPoint where);

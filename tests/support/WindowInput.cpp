@@ -48,6 +48,14 @@ toolkit_key(char key)
 			return Qt::Key_Up;
 		case B_DOWN_ARROW:
 			return Qt::Key_Down;
+		case B_HOME:
+			return Qt::Key_Home;
+		case B_END:
+			return Qt::Key_End;
+		case B_PAGE_UP:
+			return Qt::Key_PageUp;
+		case B_PAGE_DOWN:
+			return Qt::Key_PageDown;
 		default:
 			return toupper(key);
 	}
@@ -61,6 +69,15 @@ toolkit_modifiers(uint32 modifiers)
 	keys.setFlag(Qt::ControlModifier, (modifiers & B_COMMAND_KEY) != 0);
 	keys.setFlag(Qt::ShiftModifier, (modifiers & B_SHIFT_KEY) != 0);
 	return keys;
+}
+
+
+/*!	Whether it moves something instead of being typed. */
+static bool
+is_moving_key(char key)
+{
+	return (key >= B_LEFT_ARROW && key <= B_DOWN_ARROW) || key == B_HOME || key == B_END
+		|| key == B_PAGE_UP || key == B_PAGE_DOWN;
 }
 
 
@@ -97,7 +114,7 @@ press_window_key(BWindow* window, char key, uint32 modifiers)
 {
 	const Qt::KeyboardModifiers keys = toolkit_modifiers(modifiers);
 	QWidget* target = key_target(window);
-	const bool hasText = keys == Qt::NoModifier && (key < B_LEFT_ARROW || key > B_DOWN_ARROW);
+	const bool hasText = keys == Qt::NoModifier && !is_moving_key(key);
 	const QString text = hasText ? QString(QLatin1Char(key)) : QString();
 
 	if (!qt_sendShortcutOverrideEvent(target, 0, toolkit_key(key), keys, text))
@@ -123,6 +140,23 @@ marked_menu_item()
 		->text()
 		.replace(QLatin1String("&&"), QLatin1String("&"))
 		.toStdString();
+}
+
+
+std::string
+shown_menu_items()
+{
+	std::string labels;
+	const QMenu* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+	if (menu == NULL)
+		return labels;
+	for (const QAction* action : menu->actions()) {
+		if (action->isSeparator())
+			continue;
+		const std::string label = QString(action->text()).remove(QLatin1Char('&')).toStdString();
+		labels += action->isEnabled() ? label + "|" : "(" + label + ")|";
+	}
+	return labels;
 }
 
 

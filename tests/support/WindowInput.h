@@ -19,7 +19,7 @@ class BWindow;
 // What a user does to a window, and what the window manager is told. For suites with windows.
 
 /*!	Presses a key in the window, in the menu that is open or where its focus is; with B_COMMAND_KEY and the like.
-	\param key A character, or one of B_ENTER, B_ESCAPE, B_TAB, B_SPACE and the arrows.
+	\param key A character, or one of B_ENTER, B_ESCAPE, B_TAB, B_SPACE, the arrows, B_HOME, B_END, B_PAGE_UP and B_PAGE_DOWN.
 */
 void press_window_key(BWindow* window, char key, uint32 modifiers = 0);
 
@@ -27,6 +27,9 @@ void press_window_key(BWindow* window, char key, uint32 modifiers = 0);
 void press_menu_key(BWindow* window);
 /*!	The label, as the user reads it, of the item that Return would choose in the open menu; empty when none is open. */
 std::string marked_menu_item();
+
+/*!	The labels in the open menu, each followed by a "|", those that cannot be chosen in parentheses. */
+std::string shown_menu_items();
 
 /*!	Uses the close box. */
 void use_close_box(BWindow* window);

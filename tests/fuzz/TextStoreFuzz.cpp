@@ -7,8 +7,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "ModelDocument.h"
-#include "TextMap.h"
+#include "ModelText.h"
+#include "TextStore.h"
 
 
 // Longer texts only make each step slower.
@@ -21,25 +21,20 @@ static const size_t kMaxText = 512;
 extern "C" int
 LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-	ModelDocument document;
-	TextMap map(&document);
+	TextStore store;
 	std::string bytes;
 	size_t at = 0;
 	while (at + 4 <= size) {
 		const size_t where = size_t(data[at]) << 8 | data[at + 1];
 		const size_t offset = bytes.size() * where / 0xffff;
 		const size_t removed = std::min<size_t>(data[at + 2], bytes.size() - offset);
-		const size_t added = std::min<size_t>(data[at + 3], size - at - 4);
-		const char* text = reinterpret_cast<const char*>(data + at + 4);
-		at += 4 + added;
-		if (bytes.size() + added > kMaxText)
+		const size_t length = std::min<size_t>(data[at + 3], size - at - 4);
+		const std::string added(reinterpret_cast<const char*>(data + at + 4), length);
+		at += 4 + length;
+		if (bytes.size() + length > kMaxText)
 			break;
 
-		bytes.replace(offset, removed, text, added);
-		const bool applied = document.Apply(
-			map.Replace(int32(offset), int32(removed), text, int32(added)));
-		const std::string complaint = applied ? text_map_complaint(map, document, bytes)
-											  : "an edit beyond the document";
+		const std::string complaint = text_change_complaint(store, bytes, offset, removed, added);
 		if (!complaint.empty()) {
 			fprintf(stderr, "%s\n", complaint.c_str());
 			abort();

@@ -1,0 +1,193 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "RowCounts.h"
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+
+namespace {
+
+/*!	The rows of lines, and beside them a plain list of how many each line has. */
+class RowCountsTest : public testing::Test {
+protected:
+	void SetCountLines(size_t count)
+	{
+		fRows.resize(count, 1);
+		fCounts.SetCountLines(int32(count));
+		ASSERT_EQ(Complaint(), "");
+	}
+
+	void Reset(size_t count)
+	{
+		fRows.assign(count, 1);
+		fCounts.Reset(int32(count));
+		ASSERT_EQ(Complaint(), "");
+	}
+
+	void SetRowsOf(size_t line, int32 rows)
+	{
+		fRows[line] = rows;
+		fCounts.SetRowsOf(int32(line), rows);
+		ASSERT_EQ(Complaint(), "");
+	}
+
+	std::string Complaint() const
+	{
+		if (fCounts.CountLines() != int32(fRows.size()))
+			return "wrong number of lines";
+		int32 row = 0;
+		for (int32 line = 0; line < int32(fRows.size()); line++) {
+			const int32 rows = fRows[size_t(line)];
+			const std::string where = " line " + std::to_string(line);
+			if (fCounts.RowsOf(line) != rows)
+				return "wrong number of rows of" + where;
+			if (fCounts.FirstRowOf(line) != row)
+				return "wrong first row of" + where;
+			for (const int32 end = row + rows; row < end; row++) {
+				if (fCounts.LineAtRow(row) != line)
+					return "row " + std::to_string(row) + " is not in" + where;
+			}
+		}
+		return fCounts.CountRows() == row && fCounts.FirstRowOf(fCounts.CountLines()) == row
+			? std::string()
+			: "wrong number of rows";
+	}
+
+	std::vector<int32> fRows;
+	RowCounts fCounts;
+};
+
+} // namespace
+
+
+TEST_F(RowCountsTest, NoLines_HaveNoRows)
+{
+	EXPECT_EQ(fCounts.CountLines(), 0);
+	EXPECT_EQ(fCounts.CountRows(), 0);
+	EXPECT_EQ(fCounts.FirstRowOf(0), 0);
+}
+
+
+TEST_F(RowCountsTest, NewLines_HaveOneRowEach)
+{
+	// On both sides of the powers of two, where sums of different size begin.
+	for (size_t count = 0; count <= 70; count++)
+		SetCountLines(count);
+	EXPECT_EQ(fCounts.CountRows(), 70);
+	EXPECT_EQ(fCounts.LineAtRow(64), 64);
+}
+
+
+TEST_F(RowCountsTest, OneLine_HasAllRows)
+{
+	SetCountLines(1);
+	SetRowsOf(0, 1000);
+	EXPECT_EQ(fCounts.CountRows(), 1000);
+	EXPECT_EQ(fCounts.LineAtRow(0), 0);
+	EXPECT_EQ(fCounts.LineAtRow(999), 0);
+}
+
+
+TEST_F(RowCountsTest, LineOfManyRows_IsFoundAtItsFirstAndLast)
+{
+	SetCountLines(10);
+	SetRowsOf(3, 500);
+	SetRowsOf(4, 7);
+	EXPECT_EQ(fCounts.LineAtRow(2), 2);
+	EXPECT_EQ(fCounts.LineAtRow(3), 3);
+	EXPECT_EQ(fCounts.LineAtRow(502), 3);
+	EXPECT_EQ(fCounts.LineAtRow(503), 4);
+	EXPECT_EQ(fCounts.LineAtRow(509), 4);
+	EXPECT_EQ(fCounts.LineAtRow(510), 5);
+	EXPECT_EQ(fCounts.CountRows(), 515);
+}
+
+
+TEST_F(RowCountsTest, LinesAfterLongOnes_AreSummedUp)
+{
+	SetCountLines(5);
+	SetRowsOf(1, 4);
+	SetRowsOf(4, 3);
+	for (size_t count = 6; count <= 40; count++)
+		SetCountLines(count);
+	EXPECT_EQ(fCounts.FirstRowOf(40), 45);
+}
+
+
+TEST_F(RowCountsTest, FewerRowsThanBefore_MoveTheLinesUp)
+{
+	SetCountLines(9);
+	SetRowsOf(2, 10);
+	SetRowsOf(2, 2);
+	SetRowsOf(2, 2);
+	EXPECT_EQ(fCounts.FirstRowOf(3), 4);
+	EXPECT_EQ(fCounts.CountRows(), 10);
+}
+
+
+TEST_F(RowCountsTest, CutOffAndAddedAgain_HasOneRow)
+{
+	SetCountLines(20);
+	for (size_t i = 0; i < 20; i++)
+		SetRowsOf(i, 3);
+	SetCountLines(7);
+	EXPECT_EQ(fCounts.CountRows(), 21);
+	SetCountLines(20);
+	EXPECT_EQ(fCounts.CountRows(), 34);
+	EXPECT_EQ(fCounts.RowsOf(6), 3);
+	EXPECT_EQ(fCounts.RowsOf(7), 1);
+}
+
+
+TEST_F(RowCountsTest, CutOffEntirely_StartsAnew)
+{
+	SetCountLines(3);
+	SetRowsOf(1, 8);
+	SetCountLines(0);
+	EXPECT_EQ(fCounts.CountRows(), 0);
+	SetCountLines(3);
+	EXPECT_EQ(fCounts.CountRows(), 3);
+}
+
+
+TEST_F(RowCountsTest, Reset_ForgetsAllRows)
+{
+	SetCountLines(12);
+	SetRowsOf(0, 2);
+	SetRowsOf(11, 6);
+	Reset(12);
+	EXPECT_EQ(fCounts.CountRows(), 12);
+	SetRowsOf(3, 5);
+	Reset(4);
+	EXPECT_EQ(fCounts.CountRows(), 4);
+}
+
+
+TEST_F(RowCountsTest, RandomChanges_AlwaysFitTheModel)
+{
+	std::mt19937 random(2026);
+	SetCountLines(1);
+	for (int step = 0; step < 4000 && !HasFatalFailure(); step++) {
+		switch (random() % 8) {
+			case 0:
+				SetCountLines(random() % 80);
+				break;
+			case 1:
+				SetCountLines(fRows.size() + random() % 4);
+				break;
+			case 2:
+				if (random() % 8 == 0)
+					Reset(random() % 80);
+				break;
+			default:
+				if (!fRows.empty())
+					SetRowsOf(random() % fRows.size(), int32(1 + random() % 6));
+		}
+	}
+}

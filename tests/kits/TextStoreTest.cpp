@@ -1,0 +1,401 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "TextStore.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "ModelText.h"
+
+
+namespace {
+
+/*!	A text in its store; every change is compared with the plain model. */
+class TextStoreTest : public testing::Test {
+protected:
+	void Append(const std::string& bytes) { Replace(fBytes.size(), 0, bytes); }
+
+	void Replace(size_t offset, size_t removed, const std::string& bytes)
+	{
+		ASSERT_EQ(text_change_complaint(fStore, fBytes, offset, removed, bytes), "");
+	}
+
+	std::string fBytes;
+	TextStore fStore;
+};
+
+// All kinds of ends, some next to each other, a character of each length, and bytes that belong to none.
+const std::string kHardText
+	= "a\r\n\xe2\x80\xa9\xf0\x9f\x98\x80\xff\r\r\n\n\xc3\xa9\xef\xb7\x90\xe2\x80";
+
+} // namespace
+
+
+TEST_F(TextStoreTest, Empty_HasOneLine)
+{
+	EXPECT_EQ(text_store_complaint(fStore, ""), "");
+	EXPECT_EQ(fStore.CountLines(), 1);
+	EXPECT_EQ(fStore.CountBytes(), 0);
+	EXPECT_EQ(fStore.CountPositions(), 0);
+	EXPECT_EQ(fStore.PositionAt(0), 0);
+	EXPECT_EQ(fStore.OffsetAt(0), 0);
+	EXPECT_EQ(fStore.LineAtOffset(0), 0);
+	EXPECT_EQ(fStore.TextOf(0), u"");
+	EXPECT_STREQ(fStore.Bytes(), "");
+}
+
+
+TEST_F(TextStoreTest, PlainText_OffsetsArePositions)
+{
+	Append("first\nsecond\n");
+	EXPECT_EQ(fStore.CountLines(), 3);
+	EXPECT_EQ(fStore.PositionAt(8), 8);
+	EXPECT_EQ(fStore.OffsetAt(8), 8);
+	EXPECT_EQ(fStore.LineAtOffset(8), 1);
+	EXPECT_EQ(fStore.TextOf(1), u"second");
+}
+
+
+TEST_F(TextStoreTest, EndOfALine_BelongsToIt)
+{
+	Append("first\nsecond\n");
+	EXPECT_EQ(fStore.LineAtOffset(5), 0);
+	EXPECT_EQ(fStore.LineAtPosition(5), 0);
+	EXPECT_EQ(fStore.LineAtOffset(6), 1);
+	EXPECT_EQ(fStore.LineAtPosition(6), 1);
+	EXPECT_EQ(fStore.LineAtOffset(13), 2) << "the end of the text";
+}
+
+
+TEST_F(TextStoreTest, ReturnAndFeed_AreOnePosition)
+{
+	Append("a\r\nb");
+	EXPECT_EQ(fStore.CountLines(), 2);
+	EXPECT_EQ(fStore.CountBytesOf(0), 1);
+	EXPECT_EQ(fStore.CountPositionsOf(0), 1);
+	EXPECT_EQ(fStore.PositionAt(1), 1);
+	EXPECT_EQ(fStore.PositionAt(2), 1);
+	EXPECT_EQ(fStore.PositionAt(3), 2);
+	EXPECT_EQ(fStore.OffsetAt(2), 3);
+}
+
+
+TEST_F(TextStoreTest, ReturnAndFeedInTwoParts_BecomeOnePosition)
+{
+	Append("a\r");
+	EXPECT_EQ(fStore.CountPositions(), 2);
+	Append("\nb");
+	EXPECT_EQ(fStore.CountPositions(), 3);
+	EXPECT_EQ(fStore.CountLines(), 2);
+}
+
+
+TEST_F(TextStoreTest, EachEnd_BeginsALine)
+{
+	for (const char* end : {"\n", "\r", "\r\n", "\xe2\x80\xa9"}) {
+		const int32 line = fStore.CountLines() - 1;
+		const int32 positions = fStore.CountPositions();
+		Append(std::string("x") + end);
+		Append("y");
+		EXPECT_EQ(fStore.CountLines(), line + 2);
+		EXPECT_EQ(fStore.CountPositions(), positions + 3);
+		EXPECT_EQ(fStore.TextOf(line + 1), u"y");
+	}
+}
+
+
+TEST_F(TextStoreTest, EndsInARow_AreALineEach)
+{
+	Append("\r\r\r\n\n\n\r");
+	EXPECT_EQ(fStore.CountLines(), 7);
+	EXPECT_EQ(fStore.CountPositions(), 6);
+	for (int32 i = 0; i < fStore.CountLines(); i++)
+		EXPECT_EQ(fStore.CountBytesOf(i), 0) << "line " << i;
+}
+
+
+TEST_F(TextStoreTest, OtherSeparators_StayInTheirLine)
+{
+	// Vertical tab, form feed, next line, line separator, and what a toolkit's document keeps for itself.
+	for (const char* other : {"\x0b", "\x0c", "\x1c", "\xc2\x85", "\xe2\x80\xa8", "\xef\xb7\x90",
+			 "\xef\xb7\x91", "\xef\xbf\xbc"}) {
+		const int32 positions = fStore.CountPositions();
+		Append(std::string("a") + other + "z");
+		EXPECT_EQ(fStore.CountLines(), 1);
+		EXPECT_EQ(fStore.CountPositions(), positions + 3);
+	}
+}
+
+
+TEST_F(TextStoreTest, CharacterBeyondTheBmp_IsTwoPositions)
+{
+	Append("a\xf0\x9f\x98\x80z");
+	EXPECT_EQ(fStore.PositionAt(5), 3);
+	EXPECT_EQ(fStore.OffsetAt(3), 5);
+	EXPECT_EQ(fStore.OffsetAt(2), 1) << "between its halves";
+	EXPECT_EQ(fStore.PositionAt(3), 1) << "within its bytes";
+	EXPECT_EQ(fStore.TextOf(0), u"a\U0001f600z");
+}
+
+
+TEST_F(TextStoreTest, InvalidByte_IsOnePositionAndComesBack)
+{
+	for (const char* bytes : {"\xff", "\xc3", "\xe2\x80", "\xed\xa0\x80", "\xc0\xaf", "\xf8\x88",
+			 "\xf4\x90\x80\x80", "\xf0\x80\x80\x80", "\xe0\x90\x80", "\x80\xbf"}) {
+		SCOPED_TRACE(bytes);
+		const int32 positions = fStore.CountPositions();
+		Append(std::string(bytes) + "|\n");
+		EXPECT_EQ(fStore.CountPositions(), positions + int32(strlen(bytes)) + 2);
+		const std::u16string shown(strlen(bytes), char16_t(0xfffd));
+		EXPECT_EQ(fStore.TextOf(fStore.CountLines() - 2), shown + u"|");
+	}
+}
+
+
+TEST_F(TextStoreTest, CharacterCutByAnEnd_IsInvalid)
+{
+	for (const char* end : {"\n", "\r", "\r\n", "\xe2\x80\xa9"}) {
+		const int32 line = fStore.CountLines() - 1;
+		Append(std::string("\xf0\x9f\x98") + end + "\xe2\x80" + end);
+		EXPECT_EQ(fStore.CountLines(), line + 3);
+		EXPECT_EQ(fStore.TextOf(line), u"\xfffd\xfffd\xfffd");
+		EXPECT_EQ(fStore.TextOf(line + 1), u"\xfffd\xfffd");
+	}
+}
+
+
+TEST_F(TextStoreTest, CharacterInTwoParts_BecomesOne)
+{
+	Append("caf\xc3");
+	EXPECT_EQ(fStore.CountPositions(), 4);
+	Append("\xa9 \xf0\x9f");
+	Append("\x98");
+	EXPECT_EQ(fStore.CountPositions(), 8);
+	Append("\x80!");
+	EXPECT_EQ(fStore.CountPositions(), 8);
+	EXPECT_EQ(fStore.TextOf(0), u"caf\u00e9 \U0001f600!");
+}
+
+
+TEST_F(TextStoreTest, CharacterNeverFinished_StaysInvalid)
+{
+	Append("a\xf0\x9f");
+	Append("z");
+	EXPECT_EQ(fStore.TextOf(0), u"a\xfffd\xfffdz");
+	EXPECT_EQ(fStore.CountPositions(), 4);
+}
+
+
+TEST_F(TextStoreTest, HalvesOfASurrogatePair_AreInvalidBytes)
+{
+	Append("\xed\xa0\xbd");
+	Append("\xed\xb8\x80");
+	EXPECT_EQ(fStore.CountPositions(), 6);
+	EXPECT_EQ(fStore.TextOf(0), std::u16string(6, char16_t(0xfffd)));
+}
+
+
+TEST_F(TextStoreTest, SeparatorInTwoParts_EndsTheLine)
+{
+	Append("a\xe2\x80");
+	Append("\xa9z");
+	EXPECT_EQ(fStore.CountLines(), 2);
+	EXPECT_EQ(fStore.TextOf(1), u"z");
+}
+
+
+TEST_F(TextStoreTest, ChangeWithinReturnAndFeed_TakesThemApart)
+{
+	Append("a\r\nb");
+	Replace(2, 0, "x");
+	EXPECT_EQ(fStore.CountLines(), 3);
+	Replace(2, 1, "");
+	EXPECT_EQ(fStore.CountLines(), 2);
+}
+
+
+TEST_F(TextStoreTest, FeedBroughtBehindAReturn_JoinsIt)
+{
+	Append("a\rx\nb");
+	EXPECT_EQ(fStore.CountLines(), 3);
+	Replace(2, 1, "");
+	EXPECT_EQ(fStore.CountLines(), 2);
+}
+
+
+TEST_F(TextStoreTest, FeedPutBehindAReturn_JoinsIt)
+{
+	Append("\r\rb");
+	Replace(2, 0, "\n");
+	EXPECT_EQ(fStore.CountLines(), 3);
+	Replace(1, 0, "\n");
+	EXPECT_EQ(fStore.CountLines(), 3);
+	EXPECT_EQ(fStore.CountPositions(), 3);
+}
+
+
+TEST_F(TextStoreTest, EndTakenApart_JoinsTheLines)
+{
+	Append("a\xe2\x80\xa9z\nend");
+	Replace(2, 1, "");
+	EXPECT_EQ(fStore.CountLines(), 2);
+	Replace(2, 0, "\x80");
+	EXPECT_EQ(fStore.CountLines(), 3);
+}
+
+
+TEST_F(TextStoreTest, CharacterTakenApart_IsInvalidUntilWhole)
+{
+	Append("a\xf0\x9f\x98\x80z\nend");
+	Replace(3, 1, "");
+	EXPECT_EQ(fStore.TextOf(0), u"a\xfffd\xfffd\xfffdz");
+	Replace(3, 0, "\x98");
+	EXPECT_EQ(fStore.TextOf(0), u"a\U0001f600z");
+	EXPECT_EQ(fStore.PositionOf(1), 5);
+}
+
+
+TEST_F(TextStoreTest, EverythingReplaced_StartsAnew)
+{
+	Append("one\n\xfftwo\n");
+	Replace(0, 9, "other");
+	EXPECT_EQ(fStore.CountLines(), 1);
+	Replace(0, 5, "");
+	EXPECT_EQ(fStore.CountLines(), 1);
+	EXPECT_EQ(fStore.CountPositions(), 0);
+	Append("last\n");
+	EXPECT_EQ(fStore.CountLines(), 2);
+}
+
+
+TEST_F(TextStoreTest, Appending_ChangesTheLastLineOnly)
+{
+	Append("one\ntwo");
+	EXPECT_EQ(fStore.Replace(7, 0, "!\nthree", 7), 1);
+	EXPECT_EQ(fStore.Replace(14, 0, "\n", 1), 2);
+	EXPECT_EQ(fStore.Replace(15, 0, "", 0), 3);
+	// The line before ends with both now.
+	EXPECT_EQ(fStore.Replace(15, 0, "\r", 1), 3);
+	EXPECT_EQ(fStore.Replace(16, 0, "\n", 1), 3);
+	EXPECT_EQ(fStore.Replace(17, 0, "\r", 1), 4);
+	EXPECT_EQ(fStore.Replace(18, 0, "x", 1), 5);
+	EXPECT_EQ(text_store_complaint(fStore, "one\ntwo!\nthree\n\r\n\rx"), "");
+}
+
+
+TEST_F(TextStoreTest, NothingAppended_IsNotLookedAt)
+{
+	Append("a\r");
+	EXPECT_EQ(fStore.Replace(2, 0, "\n", 0), 1);
+	EXPECT_EQ(text_store_complaint(fStore, "a\r"), "");
+}
+
+
+TEST_F(TextStoreTest, Changing_BeginsAtTheLineOfTheChange)
+{
+	Append("one\ntwo\nthree\r\nfour\rfive");
+	EXPECT_EQ(fStore.Replace(5, 1, "W", 1), 1);
+	EXPECT_EQ(fStore.Replace(8, 0, "T", 1), 2);
+	EXPECT_EQ(fStore.Replace(0, 1, "", 0), 0);
+	EXPECT_EQ(fStore.Replace(15, 4, "4", 1), 3);
+	// What stands behind a CR can be its other half.
+	EXPECT_EQ(fStore.Replace(17, 4, "\n", 1), 3);
+	EXPECT_EQ(text_store_complaint(fStore, "ne\ntWo\nTthree\r\n4\r\n"), "");
+}
+
+
+TEST_F(TextStoreTest, NulBytes_AreCharacters)
+{
+	Append(std::string("a\0b\0", 4));
+	EXPECT_EQ(fStore.CountPositions(), 4);
+	EXPECT_EQ(fStore.TextOf(0), std::u16string(u"a\0b\0", 4));
+}
+
+
+TEST_F(TextStoreTest, ManyLines_AreFoundAmongThem)
+{
+	std::string text;
+	for (int i = 0; i < 3000; i++)
+		text += "line " + std::to_string(i) + (i % 3 == 0 ? " \xf0\x9f\x98\x80\r\n" : "\n");
+	for (size_t at = 0; at < text.size(); at += 97) {
+		const std::string part = text.substr(at, 97);
+		fStore.Replace(fStore.CountBytes(), 0, part.data(), int32(part.size()));
+	}
+	EXPECT_EQ(text_store_complaint(fStore, text), "");
+	EXPECT_EQ(fStore.CountLines(), 3001);
+	EXPECT_EQ(fStore.TextOf(2998), u"line 2998");
+}
+
+
+TEST_F(TextStoreTest, EveryCutOfAHardText_GivesTheSameStore)
+{
+	for (size_t first = 0; first <= kHardText.size(); first++) {
+		for (size_t second = first; second <= kHardText.size(); second++) {
+			Replace(0, fBytes.size(), "");
+			Append(kHardText.substr(0, first));
+			Append(kHardText.substr(first, second - first));
+			Append(kHardText.substr(second));
+			ASSERT_EQ(fBytes, kHardText);
+		}
+	}
+}
+
+
+TEST_F(TextStoreTest, EveryPartOfAHardTextReplaced_FitsTheModel)
+{
+	for (const char* added : {"", "\n", "\r", "\x80", "\xe2\x80", "xyz"}) {
+		for (size_t offset = 0; offset <= kHardText.size(); offset++) {
+			for (size_t removed = 0; offset + removed <= kHardText.size(); removed++) {
+				Replace(0, fBytes.size(), kHardText);
+				Replace(offset, removed, added);
+			}
+		}
+	}
+}
+
+
+TEST_F(TextStoreTest, GoneThroughALine_PlacesAreTheSame)
+{
+	Append("first\r\nplain\n" + kHardText + kHardText);
+	for (int32 i = 0; i < fStore.CountLines(); i++) {
+		SCOPED_TRACE(i);
+		const int32 start = fStore.OffsetOf(i);
+		// With the end of the line.
+		const int32 end = i + 1 < fStore.CountLines() ? fStore.OffsetOf(i + 1)
+													  : fStore.CountBytes() + 1;
+		for (const int32 step : {1, 2, 5}) {
+			TextStore::Place place = {start, fStore.PositionOf(i)};
+			for (int32 offset = start; offset < end; offset += step) {
+				place = fStore.PlaceAt(i, place, offset);
+				EXPECT_EQ(place.position, fStore.PositionAt(offset)) << offset;
+				EXPECT_EQ(place.offset, fStore.OffsetAt(place.position)) << offset;
+			}
+		}
+	}
+}
+
+
+TEST_F(TextStoreTest, RandomChanges_AlwaysFitTheModel)
+{
+	static const std::string kParts[] = {"a", "\n", "\r", "\r\n", "\xe2\x80\xa9", "\xef\xb7\x90",
+		"\xed\xa0\xbd", "\xed\xb8\x80", "\xc3\xa9", "\xf0\x9f\x98\x80", "\xff", "\xe2", "\x80",
+		"\xa9", "words "};
+	std::mt19937 random(2026);
+	for (int step = 0; step < 4000 && !HasFatalFailure(); step++) {
+		std::string added;
+		for (uint32 i = random() % 4; i > 0; i--)
+			added += kParts[random() % std::size(kParts)];
+		// The end is where most changes are.
+		const size_t offset = random() % 3 == 0 ? fBytes.size() : random() % (fBytes.size() + 1);
+		const size_t removed = std::min<size_t>(random() % 5, fBytes.size() - offset);
+		Replace(offset, removed, added);
+		if (fBytes.size() > 150)
+			Replace(random() % 100, 50, "");
+	}
+}

@@ -1,0 +1,169 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+// A text that changes while it is seen, selected and read.
+#include <TextView.h>
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <Font.h>
+#include <ScrollView.h>
+
+#include "UserInput.h"
+#include "WaitFor.h"
+#include "WindowWithView.h"
+
+
+namespace {
+
+const rgb_color kRed = {200, 0, 0, 255};
+
+
+/*!	A transcript in a window. */
+class TextViewChangesTest : public testing::Test {
+protected:
+	void SetUp() override
+	{
+		fText = new BTextView("text");
+		fText->MakeEditable(false);
+		fText->SetStylable(true);
+		fWindow = new WindowWithView(300, 150);
+		fWindow->Add(new BScrollView("scroll", fText, B_WILL_DRAW, false, true));
+		fWindow->ShowIt();
+	}
+
+	void TearDown() override
+	{
+		fWindow->Lock();
+		fWindow->Quit();
+	}
+
+	void Append(const std::string& bytes)
+	{
+		fText->Insert(fText->TextLength(), bytes.data(), int32(bytes.size()));
+	}
+
+	void ExpectSelection(int32 start, int32 end)
+	{
+		int32 from;
+		int32 to;
+		fText->GetSelection(&from, &to);
+		EXPECT_EQ(from, start);
+		EXPECT_EQ(to, end);
+	}
+
+	/*!	Waits for what was changed to be on the screen. */
+	void Show()
+	{
+		EXPECT_TRUE(WaitFor([this]() {
+			return !waits_for_frame(fText);
+		}));
+	}
+
+	WindowWithView* fWindow;
+	BTextView* fText;
+};
+
+} // namespace
+
+
+TEST_F(TextViewChangesTest, SmallerStyleInTheFirstSeenLine_LeavesItsLastRows)
+{
+	BFont large;
+	large.SetSize(40);
+	fText->SetFontAndColor(&large, B_FONT_ALL, &kRed);
+	std::string line;
+	for (int i = 0; i < 100; i++)
+		line += "words ";
+	Append(line);
+	fText->ScrollToOffset(fText->TextLength());
+	Show();
+	ASSERT_LT(fText->PointAt(0).y, 0);
+
+	fText->SetFontAndColor(0, fText->TextLength(), be_plain_font, B_FONT_ALL, &kRed);
+	// Before the next frame and after it.
+	static_cast<void>(picture_of(fText));
+	EXPECT_TRUE(fText->Bounds().Contains(fText->PointAt(fText->TextLength())));
+	Show();
+	EXPECT_TRUE(fText->Bounds().Contains(fText->PointAt(fText->TextLength())));
+}
+
+
+TEST_F(TextViewChangesTest, AppendedBetweenTwoSteps_TheCaretKeepsItsColumn)
+{
+	Append("wide line\nx\nwide line\n");
+	fText->Select(6, 6);
+	press_key(fText, KEY_DOWN);
+	ExpectSelection(11, 11);
+	Append("news\n");
+	press_key(fText, KEY_DOWN);
+	ExpectSelection(18, 18);
+}
+
+
+TEST_F(TextViewChangesTest, CharacterCompleted_IsNotSelectedByHalf)
+{
+	// As three replacements, each of which is a position.
+	Append("a\xf0\x9f\x98");
+	fText->Select(0, 2);
+	Append("\x80");
+	ExpectSelection(0, 1);
+	EXPECT_EQ(accessible_of(fText).text, "a\xf0\x9f\x98\x80");
+}
+
+
+TEST_F(TextViewChangesTest, LineOfManyColors_IsShownWithTheFrame)
+{
+	// Nothing ends the line. A server may send such a chat, whose frames are not to take longer with every message.
+	const rgb_color green = {0, 128, 0, 255};
+	std::string all;
+	for (int i = 0; i < 2000; i++) {
+		const std::string piece = "W\xc3\xb6rter ohne Ende, ";
+		fText->SetFontAndColor(be_plain_font, B_FONT_ALL, i % 2 == 0 ? &kRed : &green);
+		Append(piece);
+		all += piece;
+	}
+	fText->ScrollToOffset(fText->TextLength());
+	Show();
+	EXPECT_EQ(fText->Text(), all);
+	// Each piece has a character of two bytes.
+	const int32 last = int32(all.size()) - 3;
+	EXPECT_NE(accessible_attributes(fText, last - 2000).find("color:rgb(0,128,0)"),
+		std::string::npos);
+}
+
+
+TEST_F(TextViewChangesTest, ResizedInManySteps_TheSameRowIsAtTheTop)
+{
+	std::string line;
+	for (int i = 0; i < 400; i++)
+		line += "some words ";
+	fText->SetText(line.c_str());
+	const int32 middle = int32(line.size()) / 2;
+	fText->ScrollToOffset(middle);
+	const float width = fText->Bounds().Width();
+	const float place = fText->PointAt(middle).y;
+	for (const float change : {-15, -33, -61, -44, -20, -7, 12, 25, 0}) {
+		fWindow->ResizeTo(300 + change, 150);
+		ASSERT_TRUE(WaitFor([this, width, change]() {
+			return fText->Bounds().Width() == width + change;
+		}));
+	}
+	EXPECT_EQ(fText->PointAt(middle).y, place);
+}
+
+
+TEST_F(TextViewChangesTest, LargerFontAtTheEnd_TheEndStaysInView)
+{
+	for (int i = 0; i < 100; i++)
+		Append("line\n");
+	fText->ScrollToOffset(fText->TextLength());
+	Show();
+	BFont large;
+	large.SetSize(40);
+	fText->SetFont(&large);
+	EXPECT_TRUE(fText->Bounds().Contains(fText->PointAt(fText->TextLength())));
+}

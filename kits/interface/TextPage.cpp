@@ -61,6 +61,36 @@ TextPage::CountRowsPerPage() const
 }
 
 
+/*!	\return How many rows are seen as a whole: so many further the next page begins. At the end of the text a page of plain ones. */
+int32
+TextPage::CountRowsSeen()
+{
+	Row row = _Top();
+	int32 count = 0;
+	qreal height = _PageHeight() - fLayout->Row(row.line, row.row).height();
+	while (height >= 0) {
+		count++;
+		const Row next = _Moved(row, 1);
+		if (!(row < next))
+			return std::max(count, CountRowsPerPage());
+		row = next;
+		height -= fLayout->Row(row.line, row.row).height();
+	}
+	return std::max<int32>(count, 1);
+}
+
+
+/*!	\return How many of those above the page would be seen as a whole. At the start of the text a page of plain ones. */
+int32
+TextPage::CountRowsAbove()
+{
+	const Row top = _Top();
+	const Row first = _RowsBefore(_Moved(top, -1), _PageHeight());
+	const int32 count = _Number(top) - _Number(first);
+	return first.line == 0 && first.row == 0 ? std::max(count, CountRowsPerPage()) : count;
+}
+
+
 /*!	\param topRow Is cut to what there is. */
 void
 TextPage::ScrollTo(int32 topRow)

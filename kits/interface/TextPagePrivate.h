@@ -42,6 +42,8 @@ public:
 	int32 LastTopRow();
 	bool IsAtEnd();
 	int32 CountRowsPerPage() const;
+	int32 CountRowsSeen();
+	int32 CountRowsAbove();
 	void ScrollTo(int32 topRow);
 	void ScrollBy(int32 rows);
 	void ScrollToEnd();

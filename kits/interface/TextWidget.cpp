@@ -314,10 +314,10 @@ TextWidget::_Step(int action)
 			step = bar->singleStep();
 			break;
 		case QAbstractSlider::SliderPageStepSub:
-			step = -bar->pageStep();
+			step = -fPage.CountRowsAbove();
 			break;
 		case QAbstractSlider::SliderPageStepAdd:
-			step = bar->pageStep();
+			step = fPage.CountRowsSeen();
 			break;
 		default:
 			return;

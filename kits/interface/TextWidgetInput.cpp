@@ -113,9 +113,10 @@ TextWidget::keyPressEvent(QKeyEvent* event)
 	}
 	const KeyStep* step = step_of_key(event);
 	if (step != NULL) {
-		const int32 page = fPage.CountRowsPerPage();
+		const bool isUp = step->step == TextCaret::kPageUp;
+		const int32 page = isUp ? fPage.CountRowsAbove() : fPage.CountRowsSeen();
 		fCaret.Go(step->step, step->extends, page);
-		if (step->step == TextCaret::kPageUp)
+		if (isUp)
 			fPage.ScrollBy(-page);
 		else if (step->step == TextCaret::kPageDown)
 			fPage.ScrollBy(page);

@@ -330,6 +330,39 @@ TEST_F(TextScrollingTest, RowsOfDifferentHeights_AreEachSeenOnce)
 }
 
 
+TEST_F(TextScrollingTest, PagesOfRowsOfDifferentHeights_LeaveNoRowOut)
+{
+	BFont large;
+	large.SetSize(40);
+	for (int i = 0; i < 60; i++) {
+		fText->SetFontAndColor(i % 4 < 2 ? &large : be_plain_font);
+		Append("row of words\n");
+	}
+	fText->ScrollToOffset(0);
+	while (!IsSeen(fText->TextLength())) {
+		int32 next = Top();
+		while (IsSeen(next))
+			next += 13;
+		click_scroll_bar(fText, SCROLL_PAGE_DOWN);
+		ASSERT_TRUE(IsSeen(next)) << next;
+	}
+	while (Top() > 0) {
+		const int32 last = Top() - 13;
+		click_scroll_bar(fText, SCROLL_PAGE_UP);
+		ASSERT_TRUE(IsSeen(last)) << last;
+	}
+	fText->Select(0, 0);
+	for (int32 turns = 0; !IsSeen(fText->TextLength()) && turns < 60; turns++) {
+		int32 next = Top();
+		while (IsSeen(next))
+			next += 13;
+		Press(B_PAGE_DOWN);
+		ASSERT_TRUE(IsSeen(next)) << next;
+	}
+	EXPECT_TRUE(IsSeen(fText->TextLength()));
+}
+
+
 TEST_F(TextScrollingTest, OtherScripts_EachLineCanBeScrolledTo)
 {
 	std::vector<int32> starts;

@@ -8,8 +8,8 @@ import time
 QUIET = 0.5
 """Seconds without a trace of processor time after which a process counts as idle."""
 
-TRACE = 0.0002
-"""Seconds of processor time that do not count: a blinking caret takes them."""
+TRACE = 0.001
+"""Seconds of processor time that do not count: a blinking caret takes up to half of them each time."""
 
 
 class NeverIdle(AssertionError):

@@ -73,12 +73,12 @@ def _download(programs):
 
     return Pair(
         title="Download",
-        what="1 GiB from a sender of its own process into a file: the program's download thread, and a loop of recv (16 KiB) "
-             "and write. Into the same file system, in memory where there is room. CPU of the receiving process.",
+        what="1 GiB from a sender of its own process into a file: the program's download thread, and a thread that does "
+             "recv (16 KiB) and write. Into the same file system, in memory where there is room. CPU of the receiving process.",
         first=("Palimbra", side("bench_transfers", "turns")),
         second=("bare loop", side("bench_transfer_loop")),
         figures=[Figure("cpu_s", "1 GiB", "s CPU", limit=1.05)],
-        rounds=9)
+        rounds=15)
 
 
 def _upload(programs):
@@ -96,12 +96,12 @@ def _upload(programs):
 
     return Pair(
         title="Upload",
-        what="A file of 1 GiB to a receiver of its own process, which drops it: the program's upload thread, and a loop of "
-             "read (16 KiB) and send. CPU of the sending process.",
+        what="A file of 1 GiB to a receiver of its own process, which drops it: the program's upload thread, and a thread that "
+             "does read (16 KiB) and send. CPU of the sending process.",
         first=("Palimbra", side("bench_transfers", "turns")),
         second=("bare loop", side("bench_transfer_loop")),
         figures=[Figure("cpu_s", "1 GiB", "s CPU", limit=1.05)],
-        rounds=9)
+        rounds=15)
 
 
 def _ten_downloads(programs):

@@ -19,7 +19,7 @@ def nicks(count):
 
 @functools.lru_cache
 def lines(count, speakers=40):
-    """That many pairs of nick and text, of some 60 bytes each."""
+    """That many pairs of nick and text, of some 80 bytes each."""
     source = random.Random(5500)
     who = nicks(speakers)
     lengths, weights = zip(*_LENGTHS)

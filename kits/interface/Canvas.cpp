@@ -54,7 +54,7 @@ Canvas::DrawString(const char* string, int32 length, BPoint location)
 
 	fPainter->setFont(font_to_toolkit(font));
 	fPainter->setPen(color_to_toolkit(highColor));
-	fPainter->drawText(point_to_toolkit(location), text_from_bytes(string, length));
+	fPainter->drawText(point_to_toolkit(location), shown_text(text_from_bytes(string, length)));
 }
 
 

@@ -68,7 +68,8 @@ BFont::StringWidth(const char* string) const
 float
 BFont::StringWidth(const char* string, int32 length) const
 {
-	return float(metrics_of_font(*this).horizontalAdvance(text_from_bytes(string, length)));
+	return float(
+		metrics_of_font(*this).horizontalAdvance(shown_text(text_from_bytes(string, length))));
 }
 
 
@@ -93,7 +94,7 @@ BFont::TruncateString(BString* inOut, uint32 mode, float width) const
 	else if (mode == B_TRUNCATE_MIDDLE)
 		elide = Qt::ElideMiddle;
 
-	const QString text = text_from_bytes(inOut->String());
+	const QString text = shown_text(text_from_bytes(inOut->String()));
 	const QByteArray cut = bytes_from_text(metrics_of_font(*this).elidedText(text, elide, width));
 	inOut->SetTo(cut.constData());
 }

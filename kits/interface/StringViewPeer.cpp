@@ -53,7 +53,7 @@ private:
 	QString _ShownText() const
 	{
 		const int kMostShown = 4096;
-		return fElide == Qt::ElideRight ? text().left(kMostShown) : text();
+		return shown_text(fElide == Qt::ElideRight ? text().left(kMostShown) : text());
 	}
 
 	Qt::TextElideMode fElide;

@@ -11,6 +11,10 @@
 #include <Utf8Private.h>
 
 
+// Accents and the like on one letter; Unicode's "stream-safe" text has no more.
+static const int kMostMarks = 30;
+
+
 static QString
 decode(const char* bytes, qsizetype length)
 {
@@ -50,6 +54,25 @@ text_from_bytes(const char* bytes, qsizetype length, text_use use)
 		case TOOL_TIP_TEXT:
 			text = QLatin1String("<span>") + text.toHtmlEscaped() + QLatin1String("</span>");
 			break;
+	}
+	return text;
+}
+
+
+QString
+shown_text(QString text)
+{
+	int marks = 0;
+	for (QChar& unit : text) {
+		if (unit >= u' ' && unit <= u'~') {
+			marks = 0;
+			continue;
+		}
+		marks = unit.isMark() ? marks + 1 : 0;
+		const bool isControl = unit.category() == QChar::Other_Control && unit != u'\t'
+			&& unit != u'\n';
+		if (isControl || marks > kMostMarks)
+			unit = QChar::ReplacementCharacter;
 	}
 	return text;
 }

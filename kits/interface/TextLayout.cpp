@@ -9,6 +9,8 @@
 #include <QFontMetricsF>
 #include <QTextOption>
 
+#include <TextConversionPrivate.h>
+
 
 // In UTF-16 units.
 static const int kLongWord = 1000;
@@ -104,7 +106,7 @@ TextLayout::Line(int32 line)
 	if (place != NULL)
 		return place.get();
 
-	const QString text = QString::fromStdU16String(fText->TextOf(line));
+	const QString text = shown_text(QString::fromStdU16String(fText->TextOf(line)));
 	place.reset(new QTextLayout(text, fFont));
 	place->setCacheEnabled(true);
 	place->setFormats(_FormatsOf(line));

@@ -425,8 +425,10 @@ public:
 		if (message->what == kMsgHold) {
 			isHeld.set_value();
 			mayGoOn.wait();
-			if (deletesClient)
+			if (deletesClient) {
 				client.reset();
+				isDeleted.set_value();
+			}
 			if (quits)
 				Quit();
 		}
@@ -434,6 +436,7 @@ public:
 
 	std::promise<void> isHeld;
 	std::promise<void> release;
+	std::promise<void> isDeleted;
 	std::shared_future<void> mayGoOn;
 	std::unique_ptr<HotlineClient> client;
 	bool deletesClient = false;
@@ -496,9 +499,11 @@ TEST_F(ClientTargetTest, DeletedOnTheThreadOfATargetWithAFullQueue_Ends)
 	target->quits = true;
 	FillTheQueue();
 	target->client = std::move(client);
+	std::future<void> deletion = target->isDeleted.get_future();
 	target->release.set_value();
 	EXPECT_TRUE(server->WaitForEnd());
 	sender.join();
+	deletion.wait();
 }
 
 

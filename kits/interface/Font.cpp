@@ -4,7 +4,9 @@
  */
 #include <Font.h>
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 #include <FontConversionPrivate.h>
 #include <String.h>
@@ -81,6 +83,22 @@ BFont::GetHeight(font_height* _height) const
 }
 
 
+/*!	\param shown As long as the text.
+	\param cut What is left of \a shown, with an ellipsis somewhere.
+	\return The text cut in the same place.
+*/
+static QString
+cut_like(const QString& text, const QString& shown, const QString& cut)
+{
+	const auto split = std::mismatch(cut.begin(), cut.end(), shown.begin(), shown.end());
+	const qsizetype start = split.first - cut.begin();
+	const auto end = std::mismatch(cut.rbegin(), std::make_reverse_iterator(split.first),
+		shown.rbegin(), std::make_reverse_iterator(split.second));
+	const qsizetype rest = end.first - cut.rbegin();
+	return text.left(start) + cut.mid(start, cut.size() - start - rest) + text.right(rest);
+}
+
+
 /*!	Cuts the string so that it is at most \a width pixels wide, and says so with an ellipsis. One that fits stays as it is. */
 void
 BFont::TruncateString(BString* inOut, uint32 mode, float width) const
@@ -94,7 +112,8 @@ BFont::TruncateString(BString* inOut, uint32 mode, float width) const
 	else if (mode == B_TRUNCATE_MIDDLE)
 		elide = Qt::ElideMiddle;
 
-	const QString text = shown_text(text_from_bytes(inOut->String()));
-	const QByteArray cut = bytes_from_text(metrics_of_font(*this).elidedText(text, elide, width));
-	inOut->SetTo(cut.constData());
+	const QString text = text_from_bytes(inOut->String());
+	const QString shown = shown_text(text);
+	const QString cut = metrics_of_font(*this).elidedText(shown, elide, width);
+	inOut->SetTo(bytes_from_text(cut_like(text, shown, cut)).constData());
 }

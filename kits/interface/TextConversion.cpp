@@ -59,20 +59,49 @@ text_from_bytes(const char* bytes, qsizetype length, text_use use)
 }
 
 
+/*!	\return The character that begins at an index. */
+static char32_t
+character_at(const QString& text, qsizetype index)
+{
+	const QChar unit = text[index];
+	const bool isPair = unit.isHighSurrogate() && index + 1 < text.size()
+		&& text[index + 1].isLowSurrogate();
+	return isPair ? QChar::surrogateToUcs4(unit, text[index + 1]) : unit.unicode();
+}
+
+
+/*!	Whether no font ever has a shape for it. */
+static bool
+is_shapeless(char32_t character)
+{
+	const bool isControl = QChar::category(character) == QChar::Other_Control && character != U'\t'
+		&& character != U'\n' && character != U'\r';
+	return isControl || QChar::isNonCharacter(character);
+}
+
+
 QString
 shown_text(QString text)
 {
 	int marks = 0;
-	for (QChar& unit : text) {
-		if (unit >= u' ' && unit <= u'~') {
+	qsizetype units = 1;
+	for (qsizetype index = 0; index < text.size(); index += units) {
+		const char32_t character = character_at(text, index);
+		units = QChar::requiresSurrogates(character) ? 2 : 1;
+		if (character >= U' ' && character <= U'~') {
 			marks = 0;
 			continue;
 		}
-		marks = unit.isMark() ? marks + 1 : 0;
-		const bool isControl = unit.category() == QChar::Other_Control && unit != u'\t'
-			&& unit != u'\n';
-		if (isControl || marks > kMostMarks)
-			unit = QChar::ReplacementCharacter;
+		// A format character, as one that joins, does not end a pile of marks.
+		const bool isMark = QChar::isMark(character);
+		if (isMark)
+			marks++;
+		else if (QChar::category(character) != QChar::Other_Format)
+			marks = 0;
+		if (is_shapeless(character) || (isMark && marks > kMostMarks)) {
+			for (qsizetype unit = index; unit < index + units; unit++)
+				text[unit] = QChar::ReplacementCharacter;
+		}
 	}
 	return text;
 }

@@ -29,8 +29,9 @@ enum text_use {
 QString text_from_bytes(const char* bytes, text_use use = PLAIN_TEXT);
 QString text_from_bytes(const char* bytes, qsizetype length, text_use use = PLAIN_TEXT);
 
-/*!	What is drawn of a text, with as many UTF-16 units: U+FFFD stands for control characters, which the toolkit would look for in
-	every font there is, and for marks that pile up on a letter, which it takes long to place. Tabs and line ends stay.
+/*!	What is drawn of a text, with as many UTF-16 units: U+FFFD stands for control characters and those that Unicode keeps free, as
+	the toolkit would look for them in every font there is, and for marks that pile up on a letter, which it takes long to place.
+	Tabs and line ends stay.
 */
 QString shown_text(QString text);
 

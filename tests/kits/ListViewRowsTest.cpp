@@ -185,9 +185,9 @@ TEST_F(ListViewRowsTest, RowsForScreenReaders_SayWhatIsDrawn)
 
 TEST_F(ListViewRowsTest, NameCutByItsRow_IsNotPartOfTheDescription)
 {
-	fList->AddItem(Keep(new CutItem("a long name \xff that does not fit", "7 users")));
+	fList->AddItem(Keep(new CutItem("a\x01long name \xff that does not fit", "7 users")));
 	ASSERT_TRUE(WaitForRows(1));
-	EXPECT_EQ(accessible_of_row(fList, 0).name, "a long name \xef\xbf\xbd that does not fit");
+	EXPECT_EQ(accessible_of_row(fList, 0).name, "a\x01long name \xef\xbf\xbd that does not fit");
 	EXPECT_EQ(accessible_of_row(fList, 0).description, "7 users");
 }
 

@@ -41,13 +41,15 @@ protected:
 		return fText->PointAt(int32(text.size())).x - fText->PointAt(0).x;
 	}
 
-	static std::string Accents(int count)
+	static std::string Repeated(const std::string& part, int count)
 	{
-		std::string accents;
+		std::string all;
 		for (int i = 0; i < count; i++)
-			accents += "\u0301";
-		return accents;
+			all += part;
+		return all;
 	}
+
+	static std::string Accents(int count) { return Repeated("\u0301", count); }
 };
 
 } // namespace
@@ -64,9 +66,31 @@ TEST_F(ShownTextTest, ControlCharacters_AreReplaced)
 }
 
 
-TEST_F(ShownTextTest, Tab_IsNotReplaced)
+TEST_F(ShownTextTest, Noncharacters_AreReplaced)
+{
+	EXPECT_EQ(WidthOf("a\xef\xb7\x90z"), WidthOf("a\ufffdz"));
+	EXPECT_EQ(WidthOf("a\xef\xbf\xbfz"), WidthOf("a\ufffdz"));
+	EXPECT_EQ(WidthOf("a\xf0\x9f\xbf\xbfz"), WidthOf("a\ufffd\ufffdz"));
+}
+
+
+TEST_F(ShownTextTest, TabsAndLineEnds_AreNotReplaced)
 {
 	EXPECT_GT(WidthOf("a\tz"), WidthOf("a\ufffdz"));
+	for (const char* end : {"\r", "\n"}) {
+		BStringView label("label", (std::string("a") + end + "z").c_str());
+		BStringView replacement("replacement", "a\ufffdz");
+		EXPECT_NE(picture_of(&label), picture_of(&replacement));
+	}
+}
+
+
+TEST_F(ShownTextTest, Copying_CopiesTheTextItself)
+{
+	Append("a\x01" + Accents(32));
+	Press('A', B_COMMAND_KEY);
+	Press('C', B_COMMAND_KEY);
+	EXPECT_EQ(clipboard(), "a\x01" + Accents(32));
 }
 
 
@@ -77,6 +101,37 @@ TEST_F(ShownTextTest, ManyMarksOnALetter_AreReplaced)
 	EXPECT_EQ(WidthOf("e" + Accents(30)), letter);
 	EXPECT_EQ(WidthOf("e" + Accents(32)), letter + 2 * replacement);
 	EXPECT_EQ(WidthOf("e" + Accents(30) + "e" + Accents(30)), 2 * letter);
+	// What joins letters does not make room for more marks; a mark of two UTF-16 units counts like any.
+	EXPECT_EQ(WidthOf("e" + Repeated("\u0301\u200c", 32)), letter + 2 * replacement);
+	EXPECT_EQ(WidthOf("e" + Accents(30) + "\U000e0100"), letter + 2 * replacement);
+}
+
+
+TEST_F(ShownTextTest, CutString_KeepsItsCharacters)
+{
+	const std::string text = Repeated("a\x01", 100);
+	BString end(text.c_str());
+	be_plain_font->TruncateString(&end, B_TRUNCATE_END, 100);
+	EXPECT_EQ(std::string(end.String(), 4),
+		"a\x01"
+		"a\x01");
+	EXPECT_TRUE(end.EndsWith("\u2026")) << end.String();
+	BString middle(text.c_str());
+	be_plain_font->TruncateString(&middle, B_TRUNCATE_MIDDLE, 100);
+	EXPECT_TRUE(middle.StartsWith("a\x01"
+								  "a"))
+		<< middle.String();
+	EXPECT_TRUE(middle.EndsWith("a\x01")) << middle.String();
+	BString beginning(text.c_str());
+	be_plain_font->TruncateString(&beginning, B_TRUNCATE_BEGINNING, 100);
+	EXPECT_TRUE(beginning.StartsWith("\u2026")) << beginning.String();
+	EXPECT_TRUE(beginning.EndsWith("\x01"
+								   "a\x01"))
+		<< beginning.String();
+	for (const BString* cut : {&end, &middle, &beginning}) {
+		EXPECT_LE(be_plain_font->StringWidth(cut->String()), 100);
+		EXPECT_EQ(cut->FindFirst("\ufffd"), B_ERROR);
+	}
 }
 
 

@@ -3,6 +3,7 @@
 """The program's paths, each beside the least that does the same: bare loops of system calls, and the toolkit's floor."""
 
 import contextlib
+import functools
 import json
 import os
 import shutil
@@ -37,12 +38,18 @@ class _Programs:
         return json.loads(done.stdout)
 
 
-@contextlib.contextmanager
-def _scratch(size):
-    """A folder with room for that many bytes: in memory where possible, as a disk's own work differs from run to run."""
+@functools.lru_cache
+def _place_for(size):
+    """Where there is room for that many bytes, in all runs: in memory if possible, as a disk's own work differs every time."""
     memory = "/dev/shm"
     fits = os.path.isdir(memory) and shutil.disk_usage(memory).free > size + GIGABYTE
-    with tempfile.TemporaryDirectory(prefix="palimbra-bench-", dir=memory if fits else None) as folder:
+    return memory if fits else tempfile.gettempdir()
+
+
+@contextlib.contextmanager
+def _scratch(size):
+    """An empty folder with room for that many bytes."""
+    with tempfile.TemporaryDirectory(prefix="palimbra-bench-", dir=_place_for(size)) as folder:
         yield folder
 
 
@@ -63,44 +70,57 @@ def _receiving(programs):
         ])
 
 
+def _transfer_figures():
+    return [Figure("cpu_s", "1 GiB", "s CPU", limit=1.05), Figure("only_s", "beside a loop in the only thread", "s CPU")]
+
+
+def _transfer_sides(transfer):
+    """Both sides of a pair, given what runs one of the programs on a new file and returns its processor seconds."""
+
+    def palimbra(quick):
+        seconds = transfer(quick, "bench_transfers", "turns")
+        return {"cpu_s": seconds, "only_s": seconds}
+
+    def loop(quick):
+        return {"cpu_s": transfer(quick, "bench_transfer_loop", "second"),
+                "only_s": transfer(quick, "bench_transfer_loop", "only")}
+
+    return {"first": ("Palimbra", palimbra), "second": ("bare loop", loop)}
+
+
 def _download(programs):
-    def side(name, *how):
-        def run(quick):
-            size = 128 * MEGABYTE if quick else GIGABYTE
-            with _scratch(size) as folder:
-                return programs.run(name, "download", size, *how, os.path.join(folder, "cargo"))
-        return run
+    def transfer(quick, name, how):
+        size = 128 * MEGABYTE if quick else GIGABYTE
+        with _scratch(size) as folder:
+            return programs.run(name, "download", size, how, os.path.join(folder, "cargo"))["cpu_s"]
 
     return Pair(
         title="Download",
         what="1 GiB from a sender of its own process into a file: the program's download thread, and a thread that does "
-             "recv (16 KiB) and write. Into the same file system, in memory where there is room. CPU of the receiving process.",
-        first=("Palimbra", side("bench_transfers", "turns")),
-        second=("bare loop", side("bench_transfer_loop")),
-        figures=[Figure("cpu_s", "1 GiB", "s CPU", limit=1.05)],
+             "recv (16 KiB) and write, or a process that does so in its only thread. Into the same file system, in memory "
+             "where there is room. CPU of the receiving process.",
+        **_transfer_sides(transfer),
+        figures=_transfer_figures(),
         rounds=15)
 
 
 def _upload(programs):
-    def side(name, *how):
-        def run(quick):
-            size = 128 * MEGABYTE if quick else GIGABYTE
-            with _scratch(size) as folder:
-                path = os.path.join(folder, "cargo")
-                block = bytes(range(256)) * 4096
-                with open(path, "wb") as file:
-                    for _ in range(size // len(block)):
-                        file.write(block)
-                return programs.run(name, "upload", size, *how, path)
-        return run
+    def transfer(quick, name, how):
+        size = 128 * MEGABYTE if quick else GIGABYTE
+        with _scratch(size) as folder:
+            path = os.path.join(folder, "cargo")
+            block = bytes(range(256)) * 4096
+            with open(path, "wb") as file:
+                for _ in range(size // len(block)):
+                    file.write(block)
+            return programs.run(name, "upload", size, how, path)["cpu_s"]
 
     return Pair(
         title="Upload",
         what="A file of 1 GiB to a receiver of its own process, which drops it: the program's upload thread, and a thread that "
-             "does read (16 KiB) and send. CPU of the sending process.",
-        first=("Palimbra", side("bench_transfers", "turns")),
-        second=("bare loop", side("bench_transfer_loop")),
-        figures=[Figure("cpu_s", "1 GiB", "s CPU", limit=1.05)],
+             "does read (16 KiB) and send, or a process that does so in its only thread. CPU of the sending process.",
+        **_transfer_sides(transfer),
+        figures=_transfer_figures(),
         rounds=15)
 
 
@@ -123,8 +143,16 @@ def _ten_downloads(programs):
 
 
 def _listing(programs):
+    sizes = set()
+
     def side(name):
-        return lambda quick: programs.run(name, 2_000 if quick else 10_000)
+        def run(quick):
+            figures = programs.run(name, 2_000 if quick else 10_000)
+            sizes.add((figures["width"], figures["height"]))
+            if len(sizes) > 1:
+                raise AssertionError("the lists are not of the same size: %s" % sorted(sizes))
+            return figures
+        return run
 
     return Pair(
         title="A folder of 10,000 files",

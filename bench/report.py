@@ -12,13 +12,16 @@ from comparison import number
 # What stands below this line on the page is written by hand and stays.
 MARKER = "<!-- What stands below is written by hand; bench/compare keeps it. -->"
 
+ROOT = os.path.dirname(os.path.dirname(os.path.realpath(__file__)))
+
 PACKAGES = ("hexchat", "libqt6widgets6", "libgtk2.0-0", "libbenchmark-dev", "g++", "xvfb", "openbox", "libc6")
 
 INTRODUCTION = """# Benchmarks
 
 Written by `bench/compare`, which installs and builds what it needs, runs both sides of each pair in turn (first, second, first, second, …,
 after a warm-up of each) and takes processor seconds and memory from the operating system's own accounts. Numbers are medians, with the
-smallest and the largest in brackets; the ratio is first by second, pair by pair, and its median is what has to reach the limit.
+smallest and the largest in brackets; the ratio is first by second, pair by pair, and its median is what has to reach the limit. A limit
+that is no ratio is for the median of the runs, or with "always" for the worst of them. Idleness is measured in a single run.
 `bench/compare --quick` does a short version of everything in a few minutes and writes nothing here.
 """
 
@@ -67,6 +70,8 @@ def print_table(comparison):
                 else ""))
     for title in comparison.failed:
         print("%s: DID NOT RUN" % title)
+    if comparison.quick:
+        print("\nThe short version: with fewer lines, users, files and bytes than the titles say.")
     print("\nTook %d s." % comparison.seconds)
 
 
@@ -82,7 +87,8 @@ def write_page(comparison, path):
 
 
 def machine():
-    lines = ["%s, %d processors, %s, Linux %s." % (processor(), os.cpu_count(), memory(), platform.release())]
+    lines = ["%s, %d processors, %s, Linux %s." % (processor(), os.cpu_count(), memory(), platform.release()),
+        "Palimbra at %s, built as %s." % (revision(), build_type())]
     versions = ["%s %s" % (name, version) for name, version in ((name, package_version(name)) for name in PACKAGES)
         if version]
     lines.append("Versions: %s." % ", ".join(versions))
@@ -130,6 +136,21 @@ def processor():
 
 def memory():
     return "%.0f GiB of memory" % (os.sysconf("SC_PHYS_PAGES") * os.sysconf("SC_PAGE_SIZE") / 2**30)
+
+
+def revision():
+    """The commit, and whether there were changes that it does not have."""
+    done = subprocess.run(["git", "-C", ROOT, "describe", "--always", "--dirty", "--exclude=*"], capture_output=True, text=True,
+        check=False)
+    return done.stdout.strip() or "an unknown commit"
+
+
+def build_type():
+    with open(os.path.join(ROOT, "build", "CMakeCache.txt"), encoding="utf-8") as cache:
+        for line in cache:
+            if line.startswith("CMAKE_BUILD_TYPE:"):
+                return line.partition("=")[2].strip()
+    return "an unknown type"
 
 
 def package_version(name):

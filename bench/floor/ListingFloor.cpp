@@ -28,7 +28,7 @@ static const size_t kHeaderSize = 22;
 
 // The rows of the program's window have this place, with their frame and scroll bar.
 static const QPoint kWindowPlace(200, 150);
-static const QSize kListSize(361, 284);
+static const QSize kListSize(361, 286);
 
 // In pixels.
 static const int kFontSize = 12;

@@ -19,19 +19,25 @@ static const size_t kHeaderSize = 22;
 static const size_t kPayloadSize = 40;
 
 
+static bool
+is_readable(int socket, time_t seconds)
+{
+	fd_set readable;
+	FD_ZERO(&readable);
+	FD_SET(socket, &readable);
+	timeval timeout = {seconds, 0};
+	return select(socket + 1, &readable, NULL, NULL, &timeout) > 0;
+}
+
+
+/*!	The bytes are there already, as a rule: a look costs less than a wait. */
 static void
 receive_stage(int socket, char* buffer, size_t size)
 {
 	while (size > 0) {
-		fd_set readable;
-		FD_ZERO(&readable);
-		FD_SET(socket, &readable);
-		// The bytes are there already: a look costs less than a wait.
-		timeval timeout = {0, 0};
-		const int ready = select(socket + 1, &readable, NULL, NULL, &timeout);
-		if (ready == 0)
-			continue;
-		const ssize_t received = ready > 0 ? recv(socket, buffer, size, 0) : -1;
+		const ssize_t received = is_readable(socket, 0) || is_readable(socket, 1)
+			? recv(socket, buffer, size, 0)
+			: -1;
 		if (received < 1)
 			Fail("recv");
 		buffer += received;

@@ -2,9 +2,9 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-// The least that moves a file between a socket and the file system: the two system calls and nothing else, in a second
-// thread, as where threads share their open files the kernel counts who uses one and locks its position.
-// usage: bench_transfer_loop download|upload SIZE PATH
+// The least that moves a file between a socket and the file system: the two system calls and nothing else. In a second
+// thread, as where threads share their open files the kernel counts who uses one and locks its position; or in the only one.
+// usage: bench_transfer_loop download|upload SIZE second|only PATH
 
 #include <algorithm>
 #include <cstring>
@@ -63,16 +63,21 @@ upload(int socket, size_t left, const char* path)
 int
 main(int argumentCount, char** arguments)
 {
-	if (argumentCount < 4)
+	if (argumentCount < 5)
 		Fail("arguments");
 	const bool isDownload = strcmp(arguments[1], "download") == 0;
 	const size_t size = std::stoul(arguments[2]);
+	const bool isSecondThread = strcmp(arguments[3], "second") == 0;
+	const auto transfer = isDownload ? download : upload;
 	Partner partner({isDownload ? "files" : "uploads", arguments[2]});
 
 	const double wall = WallTime();
 	const double cpu = ProcessTime();
 	const int socket = ConnectToLoopback(partner.Port());
-	std::thread(isDownload ? download : upload, socket, size, arguments[3]).join();
+	if (isSecondThread)
+		std::thread(transfer, socket, size, arguments[4]).join();
+	else
+		transfer(socket, size, arguments[4]);
 	close(socket);
 	const double usedCpu = ProcessTime() - cpu;
 	const double usedWall = WallTime() - wall;

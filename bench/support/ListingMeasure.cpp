@@ -124,6 +124,8 @@ MeasureListing(QListView* list, int rowCount, Partner& partner, Figures& figures
 	const int steps = scroll_through(list);
 	figures.Add("step_us", (ProcessTime() - scrollBegin) / steps * 1e6);
 
+	figures.Add("width", list->viewport()->width());
+	figures.Add("height", list->viewport()->height());
 	if (list->viewport()->width() < 100 || steps < rowCount / kRowsPerStep - 20)
 		Fail("listing is too small");
 }

@@ -19,7 +19,8 @@ QListView* FindList(const char* title);
 // Serves the toolkit for a while, so that what is left to do gets done.
 void Settle();
 
-// Lets the partner send, waits until that many rows have arrived and been painted, and then goes through all of them.
+// Lets the partner send, waits until that many rows have arrived and been painted, and then goes through all of them. Says how
+// large the list is, too.
 void MeasureListing(QListView* list, int rowCount, Partner& partner, Figures& figures);
 
 

@@ -340,8 +340,8 @@ def pairs(build):
                 Figure("most", "95 % of the keys", "ms", 50, worst=True), Figure("worst", "slowest key", "ms", 250, worst=True),
                 Figure("lines", "lines sent", "per second"), Figure("download", "sent of the file", "MB per second")]),
         Single("Idle", """Processor time over a minute of the connected program with its chat, user list, file list, tracker and
-            a message window open, the banner shown and the caret blinking in the chat's entry. Five programs at once, each on a
-            desktop of its own.""",
+            a message window open, the banner shown and a caret in the chat's entry, which blinks for the first ten seconds. Five
+            programs at once, each on a desktop of its own.""",
             (palimbra, clients.idle), figures=[Figure("share", "of one core, the middle one of five", "%", 0.1),
                 Figure("least", "of one core, the least", "%"), Figure("worst", "of one core, the most", "%", 0.1)],
             warm_up=False, rounds=1),

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
+#include <CaretBlinkPrivate.h>
 #include <ClientScopePrivate.h>
 #include <InterfaceDefs.h>
 #include <TextControl.h>
@@ -26,6 +27,21 @@ public:
 	explicit LineEdit(BTextControl* control)
 		: fControl(control)
 	{
+	}
+
+	bool event(QEvent* event) override
+	{
+		switch (event->type()) {
+			case QEvent::FocusIn:
+			case QEvent::InputMethod:
+			case QEvent::KeyPress:
+			case QEvent::MouseButtonPress:
+				CaretBlink::Default()->GoOn();
+				break;
+			default:
+				break;
+		}
+		return QLineEdit::event(event);
 	}
 
 protected:

@@ -234,3 +234,24 @@ TEST_F(TextControlTest, FieldOfTheControl_IsAView)
 	EXPECT_EQ(start, 1);
 	EXPECT_EQ(end, 3);
 }
+
+
+TEST_F(TextControlTest, Caret_RestsWhenNobodyTypes)
+{
+	rest_carets_after(1);
+	type_text(fControl, "a");
+	EXPECT_TRUE(WaitFor([] {
+		return !carets_blink();
+	}));
+	rest_carets_after(60000);
+	type_text(fControl, "b");
+	EXPECT_TRUE(carets_blink());
+	rest_carets_after(1);
+	click(fOther->TextView(), BPoint(4, 4));
+	EXPECT_TRUE(WaitFor([] {
+		return !carets_blink();
+	}));
+	rest_carets_after(60000);
+	click(fControl->TextView(), BPoint(4, 4));
+	EXPECT_TRUE(carets_blink());
+}

@@ -19,6 +19,7 @@
 #include <QWheelEvent>
 #include <QWidget>
 
+#include <CaretBlinkPrivate.h>
 #include <GeometryConversionPrivate.h>
 #include <InterfaceDefs.h>
 #include <ViewPeer.h>
@@ -338,6 +339,20 @@ accessible_position_at(BView* view, BPoint where)
 	QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
 	return interface->textInterface()->offsetAtPoint(
 		ViewPeer::Of(view)->Widget()->mapToGlobal(point_to_toolkit(where).toPoint()));
+}
+
+
+bool
+carets_blink()
+{
+	return QApplication::cursorFlashTime() > 0;
+}
+
+
+void
+rest_carets_after(int milliseconds)
+{
+	CaretBlink::Default()->SetRestAfter(milliseconds);
 }
 
 

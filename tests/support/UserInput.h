@@ -94,6 +94,10 @@ std::string accessible_attributes(BView* view, int position);
 // Which character of the text of a view is at a point, -1 for a point outside. Nothing but what is seen is laid out for that.
 int accessible_position_at(BView* view, BPoint where);
 
+// Whether the caret of a field that has the keyboard blinks, and how soon it does not any more when nobody is there.
+bool carets_blink();
+void rest_carets_after(int milliseconds);
+
 // Whether the screen does not show yet what a view is to show.
 bool waits_for_frame(BView* view);
 

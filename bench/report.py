@@ -81,9 +81,11 @@ def write_page(comparison, path):
     if os.path.exists(path):
         with open(path, encoding="utf-8") as page:
             by_hand = page.read().partition(MARKER)[2]
+    # Before the page itself is a change that the commit does not have.
+    measured = "\n".join([INTRODUCTION, machine(), "", figures_table(comparison), pairs_table(comparison),
+        explanations(comparison), MARKER])
     with open(path, "w", encoding="utf-8") as page:
-        page.write("\n".join([INTRODUCTION, machine(), "", figures_table(comparison), pairs_table(comparison),
-            explanations(comparison), MARKER]) + (by_hand or "\n"))
+        page.write(measured + (by_hand or "\n"))
 
 
 def machine():

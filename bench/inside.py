@@ -70,12 +70,8 @@ def _receiving(programs):
         ])
 
 
-def _transfer_figures():
-    return [Figure("cpu_s", "1 GiB", "s CPU", limit=1.05), Figure("only_s", "beside a loop in the only thread", "s CPU")]
-
-
-def _transfer_sides(transfer):
-    """Both sides of a pair, given what runs one of the programs on a new file and returns its processor seconds."""
+def _transfer_pair(title, what, transfer):
+    """`transfer()` runs one of the programs on a new file and returns its processor seconds."""
 
     def palimbra(quick):
         seconds = transfer(quick, "bench_transfers", "turns")
@@ -85,7 +81,16 @@ def _transfer_sides(transfer):
         return {"cpu_s": transfer(quick, "bench_transfer_loop", "second"),
                 "only_s": transfer(quick, "bench_transfer_loop", "only")}
 
-    return {"first": ("Palimbra", palimbra), "second": ("bare loop", loop)}
+    return Pair(
+        title=title,
+        what=what,
+        first=("Palimbra", palimbra),
+        second=("bare loop", loop),
+        figures=[
+            Figure("cpu_s", "1 GiB", "s CPU", limit=1.05),
+            Figure("only_s", "beside a loop in the only thread", "s CPU"),
+        ],
+        rounds=15)
 
 
 def _download(programs):
@@ -94,14 +99,12 @@ def _download(programs):
         with _scratch(size) as folder:
             return programs.run(name, "download", size, how, os.path.join(folder, "cargo"))["cpu_s"]
 
-    return Pair(
+    return _transfer_pair(
         title="Download",
         what="1 GiB from a sender of its own process into a file: the program's download thread, and a thread that does "
              "recv (16 KiB) and write, or a process that does so in its only thread. Into the same file system, in memory "
              "where there is room. CPU of the receiving process.",
-        **_transfer_sides(transfer),
-        figures=_transfer_figures(),
-        rounds=15)
+        transfer=transfer)
 
 
 def _upload(programs):
@@ -115,13 +118,11 @@ def _upload(programs):
                     file.write(block)
             return programs.run(name, "upload", size, how, path)["cpu_s"]
 
-    return Pair(
+    return _transfer_pair(
         title="Upload",
         what="A file of 1 GiB to a receiver of its own process, which drops it: the program's upload thread, and a thread that "
              "does read (16 KiB) and send, or a process that does so in its only thread. CPU of the sending process.",
-        **_transfer_sides(transfer),
-        figures=_transfer_figures(),
-        rounds=15)
+        transfer=transfer)
 
 
 def _ten_downloads(programs):

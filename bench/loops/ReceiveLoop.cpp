@@ -26,7 +26,10 @@ is_readable(int socket, time_t seconds)
 	FD_ZERO(&readable);
 	FD_SET(socket, &readable);
 	timeval timeout = {seconds, 0};
-	return select(socket + 1, &readable, NULL, NULL, &timeout) > 0;
+	const int ready = select(socket + 1, &readable, NULL, NULL, &timeout);
+	if (ready < 0)
+		Fail("select");
+	return ready > 0;
 }
 
 
@@ -35,9 +38,9 @@ static void
 receive_stage(int socket, char* buffer, size_t size)
 {
 	while (size > 0) {
-		const ssize_t received = is_readable(socket, 0) || is_readable(socket, 1)
-			? recv(socket, buffer, size, 0)
-			: -1;
+		if (!is_readable(socket, 0) && !is_readable(socket, 1))
+			continue;
+		const ssize_t received = recv(socket, buffer, size, 0);
 		if (received < 1)
 			Fail("recv");
 		buffer += received;

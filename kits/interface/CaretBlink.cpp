@@ -33,7 +33,7 @@ CaretBlink::CaretBlink(QObject* application)
 void
 CaretBlink::GoOn()
 {
-	if (!IsBlinking())
+	if (fBlinkTime >= 0)
 		QApplication::setCursorFlashTime(fBlinkTime);
 	fBlinkTime = -1;
 	fTimer.start(fRestAfter, this);

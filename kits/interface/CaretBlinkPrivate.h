@@ -19,7 +19,6 @@ public:
 
 	// Somebody is there.
 	void GoOn();
-	bool IsBlinking() const { return fBlinkTime < 0; }
 	// In milliseconds, from the next GoOn() on.
 	void SetRestAfter(int time) { fRestAfter = time; }
 
@@ -31,7 +30,7 @@ private:
 
 	QBasicTimer fTimer;
 	int fRestAfter;
-	// What the toolkit goes back to, below 0 while carets blink.
+	// In milliseconds: what the toolkit goes back to, below 0 while carets blink.
 	int fBlinkTime;
 };
 

@@ -103,7 +103,13 @@ cut_like(const QString& text, const QString& shown, const QString& cut)
 void
 BFont::TruncateString(BString* inOut, uint32 mode, float width) const
 {
-	if (mode == B_NO_TRUNCATION || StringWidth(inOut->String()) <= width)
+	if (mode == B_NO_TRUNCATION)
+		return;
+
+	const QString text = text_from_bytes(inOut->String());
+	const QString shown = shown_text(text);
+	const QFontMetricsF& metrics = metrics_of_font(*this);
+	if (float(metrics.horizontalAdvance(shown)) <= width)
 		return;
 
 	Qt::TextElideMode elide = Qt::ElideRight;
@@ -112,8 +118,6 @@ BFont::TruncateString(BString* inOut, uint32 mode, float width) const
 	else if (mode == B_TRUNCATE_MIDDLE)
 		elide = Qt::ElideMiddle;
 
-	const QString text = text_from_bytes(inOut->String());
-	const QString shown = shown_text(text);
-	const QString cut = metrics_of_font(*this).elidedText(shown, elide, width);
+	const QString cut = metrics.elidedText(shown, elide, width);
 	inOut->SetTo(bytes_from_text(cut_like(text, shown, cut)).constData());
 }

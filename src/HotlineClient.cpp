@@ -12,51 +12,20 @@
 #include <Looper.h>
 #include <Message.h>
 
+#include "ConnectionAttempt.h"
+#include "ConnectionMark.h"
 #include "HotlineProtocol.h"
+#include "SendQueue.h"
 #include "TransactionBuilder.h"
 
 
 static const uint16 kDefaultIcon = 128;
+// In seconds, for each wait on the control connection.
+static const int kSocketTimeout = 10;
 static const char* const kDefaultNick = "HaikuUser";
 
-// How often, and how far apart, a call that opens a socket is told to end.
-static const int32 kStopAttempts = 20;
-static const bigtime_t kStopInterval = 5000;
-
-
-/*!	A transaction on its way, and how far it has come. */
-struct HotlineClient::Sending {
-	bool Proceed(ssize_t (SocketReference::*send)(const void*, size_t) const);
-
-	HotlineClient* client;
-	const TransactionPieces* pieces;
-	// Set when its turn has come.
-	SocketReference socket;
-	int32 piece;
-	size_t offset;
-};
-
-
-/*!	\param send What each piece is sent with.
-	\return \c false when that took less than a whole piece. \c true when nothing is left to do, because of a failure or not.
-*/
-bool
-HotlineClient::Sending::Proceed(ssize_t (SocketReference::*send)(const void*, size_t) const)
-{
-	for (; piece < pieces->CountPieces(); piece++) {
-		const uint8* data = static_cast<const uint8*>(pieces->DataAt(piece)) + offset;
-		const size_t size = pieces->SizeAt(piece) - offset;
-		const ssize_t sent = (socket.*send)(data, size);
-		if (sent < 0)
-			return true;
-		if (static_cast<size_t>(sent) < size) {
-			offset += static_cast<size_t>(sent);
-			return false;
-		}
-		offset = 0;
-	}
-	return true;
-}
+// The number of the next client.
+static std::atomic<uint32> sNextConnection(1);
 
 
 /*!	Waits a second at most. In a burst there are bytes already: a look sees them for a quarter less than a wait, for which the
@@ -94,6 +63,7 @@ wait_for(thread_id thread)
 /*!	\param target Where notifications are posted, not owned; NULL drops them. */
 HotlineClient::HotlineClient(BLooper* target)
 	: fTarget(target),
+	  fConnection(sNextConnection++),
 	  fSendLock("hotline send"),
 	  fStateLock("hotline state"),
 	  fConnectPort(kDefaultPort),
@@ -111,12 +81,11 @@ HotlineClient::HotlineClient(BLooper* target)
 }
 
 
-/*!	Ends the connection, or the attempt at one, and waits for the threads: a name that is just being resolved for as long
-	as that takes, everything else is woken up.
-*/
+/*!	Ends the connection, or the attempt at one, and waits for the threads, all of which are woken up. */
 HotlineClient::~HotlineClient()
 {
 	std::vector<thread_id> connectThreads;
+	std::shared_ptr<ConnectionAttempt> attempt;
 	{
 		BAutolock locker(fStateLock);
 		fClosing = true;
@@ -124,32 +93,16 @@ HotlineClient::~HotlineClient()
 		fConnected = false;
 		fSocket.ShutDown();
 		fSocket = SocketReference();
+		attempt = fAttempt;
 		connectThreads = fReplacedThreads;
 		connectThreads.push_back(fConnectThread);
 	}
 
-	_StopOpening();
+	if (attempt != NULL)
+		attempt->Cancel();
 	for (const thread_id thread : connectThreads)
 		wait_for(thread);
 	wait_for(fRecvThread);
-}
-
-
-/*!	Makes the connect thread leave the call that opens its socket. A thread that is only just on its way into that call does
-	not notice, so it is told more than once.
-*/
-void
-HotlineClient::_StopOpening() const
-{
-	for (int32 i = 0; i < kStopAttempts; i++) {
-		{
-			BAutolock locker(fStateLock);
-			if (!fOpeningSocket.IsSet())
-				return;
-			fOpeningSocket.ShutDown();
-		}
-		snooze(kStopInterval);
-	}
 }
 
 
@@ -164,6 +117,7 @@ HotlineClient::Connect(const char* address, uint16 port, const char* login, cons
 	const char* nick, uint16 icon)
 {
 	bool started = false;
+	std::shared_ptr<ConnectionAttempt> replaced;
 	{
 		BAutolock locker(fStateLock);
 		fConnectAddress = address != NULL ? address : "";
@@ -178,7 +132,9 @@ HotlineClient::Connect(const char* address, uint16 port, const char* login, cons
 		if (thread >= 0) {
 			if (fConnectThread >= 0)
 				fReplacedThreads.push_back(fConnectThread);
-			fOpeningSocket.ShutDown();
+			replaced = fAttempt;
+			fAttempt = std::make_shared<ConnectionAttempt>(fConnectAddress.String(), port,
+				kSocketTimeout);
 			fConnectThread = thread;
 			started = resume_thread(thread) == B_OK;
 			if (!started)
@@ -186,6 +142,8 @@ HotlineClient::Connect(const char* address, uint16 port, const char* login, cons
 		}
 	}
 
+	if (replaced != NULL)
+		replaced->Cancel();
 	if (!started) {
 		BMessage failed(kHLConnectFailed);
 		failed.AddString("error", "Could not create connect thread");
@@ -206,6 +164,7 @@ HotlineClient::Disconnect()
 		fConnected = false;
 		fSocket.ShutDown();
 		fSocket = SocketReference();
+		fSendQueue.reset();
 	}
 	fTasks.MakeEmpty();
 }
@@ -241,53 +200,34 @@ HotlineClient::_Socket() const
 }
 
 
-/*!	Sends a transaction: all its pieces to one connection, with nothing of another thread's between them, up to the first
-	one that fails. A broken connection shows up in the receive loop.
-	A server that does not read keeps the caller waiting, for the socket's time-out at most. That is done by
-	wait_for_thread(), which leaves all windows but the caller's to themselves meanwhile.
+std::shared_ptr<SendQueue>
+HotlineClient::_SendQueue() const
+{
+	BAutolock locker(fStateLock);
+	return fSendQueue;
+}
+
+
+/*!	Gives a request its id, records what a reply will need, and sends it; nothing is sent unless a session stands.
+	Everybody's requests take their turn here, so that the login is the first transaction of its session and has the first id.
+	\param builder Of the buffer that the request's header belongs to.
+	\param pieces The request, that buffer first.
+	\param task The kind of TaskList whose reply is waited for, with its \a path and \a extra; 0 for none.
+	\return The id.
 */
-void
-HotlineClient::_SendTransaction(const TransactionPieces& pieces)
+uint32
+HotlineClient::_SendRequest(uint32 type, TransactionBuilder& builder,
+	const TransactionPieces& pieces, uint32 task, const char* path, const char* extra)
 {
-	Sending sending = {this, &pieces, SocketReference(), 0, 0};
-	if (fSendLock.LockWithTimeout(0) != B_OK) {
-		_SendInThread(&sending);
-		return;
-	}
-
-	sending.socket = _Socket();
-	if (!sending.Proceed(&SocketReference::SendAtOnce))
-		_SendInThread(&sending);
-	fSendLock.Unlock();
-}
-
-
-/*!	Sends the rest, which takes its time, and waits until that is done. */
-void
-HotlineClient::_SendInThread(Sending* sending)
-{
-	const thread_id thread = spawn_thread(_SendThreadEntry, "HL:Send", B_NORMAL_PRIORITY, sending);
-	if (thread >= 0 && resume_thread(thread) == B_OK)
-		wait_for(thread);
-	else
-		_SendThreadEntry(sending);
-}
-
-
-status_t
-HotlineClient::_SendThreadEntry(void* data)
-{
-	Sending* sending = static_cast<Sending*>(data);
-	if (sending->socket.IsSet()) {
-		// Whoever waits for this thread holds the lock.
-		sending->Proceed(&SocketReference::SendFully);
-		return B_OK;
-	}
-
-	BAutolock locker(sending->client->fSendLock);
-	sending->socket = sending->client->_Socket();
-	sending->Proceed(&SocketReference::SendFully);
-	return B_OK;
+	BAutolock locker(fSendLock);
+	const uint32 trans = _BuildHeader(builder.Header(), type, builder.DataLength(),
+		builder.CountParams());
+	if (task != 0)
+		fTasks.AddTask(trans, task, path, extra);
+	const std::shared_ptr<SendQueue> queue = _SendQueue();
+	if (queue != NULL)
+		queue->Send(pieces);
+	return trans;
 }
 
 
@@ -416,10 +356,12 @@ HotlineClient::_Notify(uint32 what)
 }
 
 
-/*!	Posts a copy to the target, which may wait for room in the target's queue. */
+/*!	Posts a copy, marked as this client's, to the target. May wait for room in the target's queue. */
 void
 HotlineClient::_Notify(BMessage* msg)
 {
-	if (fTarget != NULL && !fClosing)
-		fTarget->PostMessage(msg);
+	if (fTarget == NULL || fClosing)
+		return;
+	AddConnection(msg, fConnection);
+	fTarget->PostMessage(msg);
 }

@@ -7,6 +7,7 @@
 
 
 #include <atomic>
+#include <memory>
 #include <vector>
 
 #include <Locker.h>
@@ -21,13 +22,16 @@
 
 class BLooper;
 class BMessage;
+class ConnectionAttempt;
+class SendQueue;
+class TransactionBuilder;
 class TransactionPieces;
 
 
 /*!	The connection to a Hotline server: connects, logs in, reads what the server sends and sends the user's requests.
 	All that happens is posted to the target as a HotlineNotification; the target must outlive the client's threads.
-	Connect(), Disconnect(), the getters and the destructor belong to the owner's thread, requests to any.
-	Deleting it waits for its threads.
+	Connect(), Disconnect(), the getters and the destructor belong to the owner's thread, requests to any: none of them waits
+	for the server. Deleting it waits for its threads, which are woken; a name that is being resolved is left behind.
 */
 class HotlineClient {
 public:
@@ -40,6 +44,9 @@ public:
 	void Connect(const char* address, uint16 port, const char* login, const char* password,
 		const char* nick, uint16 icon);
 	void Disconnect();
+
+	// What tells this client's notifications from those of all others: their field "connection". Never 0.
+	uint32 Connection() const { return fConnection; }
 
 	// From the accepted handshake until the connection ends.
 	bool IsConnected() const { return fConnected; }
@@ -62,27 +69,23 @@ public:
 	void SendAgreed(const char* nick, uint16 icon);
 
 private:
-	struct Sending;
-
 	// Connecting
 	static status_t _ConnectThreadEntry(void* data);
 	status_t _ConnectThread();
 	const char* _OpenConnection(SocketReference* _socket);
 	const char* _Handshake(const SocketReference& socket) const;
-	bool _SetOpeningSocket(const SocketReference& socket);
 	bool _AdoptSocket(const SocketReference& socket);
 	bool _BeginSession(const SocketReference& socket);
 	bool _StartReceiving();
 	void _DropSocket(const SocketReference& socket);
 	bool _MayProceed() const;
-	void _StopOpening() const;
 	void _SendLogin();
 
 	// Moving bytes
 	SocketReference _Socket() const;
-	void _SendTransaction(const TransactionPieces& pieces);
-	static void _SendInThread(Sending* sending);
-	static status_t _SendThreadEntry(void* data);
+	std::shared_ptr<SendQueue> _SendQueue() const;
+	uint32 _SendRequest(uint32 type, TransactionBuilder& builder, const TransactionPieces& pieces,
+		uint32 task = 0, const char* path = NULL, const char* extra = NULL);
 	uint32 _BuildHeader(uint8* buf, uint32 type, uint32 totalDataLen, uint16 paramCount);
 
 	// Receiving
@@ -118,15 +121,19 @@ private:
 	void _Notify(BMessage* msg);
 
 	BLooper* const fTarget;
+	const uint32 fConnection;
 
-	// Held while a transaction is written, so that no two mix.
+	// Held while a transaction gets its id, is recorded and handed over, so that ids go out in their order and no two
+	// transactions mix. Never held while waiting. Taken before fStateLock where both are.
 	BLocker fSendLock;
 
 	// Guards the following and the start of threads. Never held while sending or waiting.
 	mutable BLocker fStateLock;
 	SocketReference fSocket;
-	// The connect thread's, before the connection stands.
-	SocketReference fOpeningSocket;
+	// Only there from the accepted handshake on, and changed for another under fSendLock as well.
+	std::shared_ptr<SendQueue> fSendQueue;
+	// The connect thread's, until the connection stands.
+	std::shared_ptr<ConnectionAttempt> fAttempt;
 	// Connect threads that a later Connect() has replaced.
 	std::vector<thread_id> fReplacedThreads;
 	BString fConnectAddress;

@@ -4,25 +4,21 @@
  */
 #include "HotlineClient.h"
 
-#include <cstdio>
 #include <cstring>
-#include <memory>
-#include <netdb.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/select.h>
 #include <sys/socket.h>
-#include <sys/time.h>
 
 #include <Autolock.h>
 #include <Message.h>
 
+#include "ConnectionAttempt.h"
 #include "HotlineProtocol.h"
+#include "SendQueue.h"
 #include "TransactionBuilder.h"
 
 
-// In seconds, for each wait on the control connection.
-static const time_t kSocketTimeout = 10;
 static const size_t kLoginBufferSize = 1024;
 
 // What failed in an attempt that was given up: nothing that anybody is told.
@@ -90,49 +86,41 @@ HotlineClient::_ConnectThread()
 }
 
 
-/*!	Opens the connection to the first address of the server's and makes it the client's.
+/*!	Opens the connection and makes it the client's.
 	\return What failed, or NULL.
 */
 const char*
 HotlineClient::_OpenConnection(SocketReference* _socket)
 {
-	BString address;
-	char port[8];
+	std::shared_ptr<ConnectionAttempt> attempt;
 	{
 		BAutolock locker(fStateLock);
-		address = fConnectAddress;
-		snprintf(port, sizeof(port), "%u", static_cast<unsigned int>(fConnectPort));
+		if (!_MayProceed())
+			return kGivenUp;
+		attempt = fAttempt;
 	}
 
-	addrinfo hints;
-	memset(&hints, 0, sizeof(hints));
-	hints.ai_family = AF_INET;
-	hints.ai_socktype = SOCK_STREAM;
-	addrinfo* resolved = NULL;
-	if (getaddrinfo(address.String(), port, &hints, &resolved) != 0 || resolved == NULL)
-		return "Could not resolve address";
-	const std::unique_ptr<addrinfo, void (*)(addrinfo*)> addresses(resolved, freeaddrinfo);
+	switch (attempt->Run()) {
+		case ConnectionAttempt::kNotResolved:
+			return "Could not resolve address";
+		case ConnectionAttempt::kNoSocket:
+			return "Could not create socket";
+		case ConnectionAttempt::kNotConnected:
+			return "Could not connect to server";
+		case ConnectionAttempt::kCanceled:
+			return kGivenUp;
+		case ConnectionAttempt::kConnected:
+			break;
+	}
 
-	if (!_MayProceed())
-		return kGivenUp;
-	const int number = socket(resolved->ai_family, resolved->ai_socktype, resolved->ai_protocol);
-	if (number < 0)
-		return "Could not create socket";
-	*_socket = SocketReference(number);
+	*_socket = attempt->Socket();
+	const int number = _socket->Number();
 	// The receive loop could not wait for it.
 	if (number >= FD_SETSIZE)
 		return "Could not create socket";
-
-	const timeval timeout = {kSocketTimeout, 0};
-	setsockopt(number, SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof(timeout));
-	setsockopt(number, SOL_SOCKET, SO_SNDTIMEO, &timeout, sizeof(timeout));
 	// A request's later pieces do not wait until its first one has been acknowledged.
 	const int noDelay = 1;
 	setsockopt(number, IPPROTO_TCP, TCP_NODELAY, &noDelay, sizeof(noDelay));
-	if (!_SetOpeningSocket(*_socket))
-		return kGivenUp;
-	if (connect(number, resolved->ai_addr, resolved->ai_addrlen) != 0)
-		return "Could not connect to server";
 	return _AdoptSocket(*_socket) ? NULL : kGivenUp;
 }
 
@@ -159,18 +147,6 @@ HotlineClient::_Handshake(const SocketReference& socket) const
 }
 
 
-/*!	Shows the socket to whoever wants to stop this thread while it connects. */
-bool
-HotlineClient::_SetOpeningSocket(const SocketReference& socket)
-{
-	BAutolock locker(fStateLock);
-	if (!_MayProceed())
-		return false;
-	fOpeningSocket = socket;
-	return true;
-}
-
-
 /*!	Makes an open socket the control connection. One that still stands ends without a word; its receive thread has ended
 	when this returns.
 */
@@ -186,7 +162,8 @@ HotlineClient::_AdoptSocket(const SocketReference& socket)
 		fConnected = false;
 		fSocket.ShutDown();
 		fSocket = socket;
-		fOpeningSocket = SocketReference();
+		fSendQueue.reset();
+		fAttempt.reset();
 		receiver = fRecvThread;
 	}
 
@@ -204,9 +181,8 @@ HotlineClient::_AdoptSocket(const SocketReference& socket)
 bool
 HotlineClient::_BeginSession(const SocketReference& socket)
 {
-	fTasks.MakeEmpty();
 	{
-		// Nothing goes out before the login.
+		// Until the login is on its way, nobody else gets an id or sends.
 		BAutolock sendLocker(fSendLock);
 		{
 			BAutolock locker(fStateLock);
@@ -218,7 +194,9 @@ HotlineClient::_BeginSession(const SocketReference& socket)
 			fPort = fConnectPort;
 			fServerName = "";
 			fServerVersion = 0;
+			fSendQueue = std::make_shared<SendQueue>(socket);
 		}
+		fTasks.MakeEmpty();
 		_SendLogin();
 	}
 	_Notify(kHLConnected);
@@ -259,10 +237,9 @@ void
 HotlineClient::_DropSocket(const SocketReference& socket)
 {
 	BAutolock locker(fStateLock);
-	if (fOpeningSocket.IsSameAs(socket))
-		fOpeningSocket = SocketReference();
 	if (socket.IsSet() && fSocket.IsSameAs(socket)) {
 		fSocket = SocketReference();
+		fSendQueue.reset();
 		fConnected = false;
 	}
 }
@@ -303,7 +280,6 @@ HotlineClient::_SendLogin()
 	add_login_text(builder, kFieldNick, nick, room, false);
 	builder.BuildParamInt16(kFieldVersion, kClientVersion);
 
-	fLoginTrans = _BuildHeader(buffer, kCmdLogin, builder.DataLength(), builder.CountParams());
-	fTasks.AddTask(fLoginTrans, TaskList::kTaskLogin, NULL, NULL);
-	_SendTransaction(TransactionPieces(buffer, builder.Size()));
+	fLoginTrans = _SendRequest(kCmdLogin, builder, TransactionPieces(buffer, builder.Size()),
+		TaskList::kTaskLogin);
 }

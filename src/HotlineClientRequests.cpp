@@ -48,9 +48,7 @@ public:
 	void AddFileName(const char* fileName);
 	void AddFolder(const PathValue& folder);
 
-	uint8* Header() { return fBuffer; }
-	uint32 DataLength() const { return fBuilder.DataLength(); }
-	uint16 CountParams() const { return fBuilder.CountParams(); }
+	TransactionBuilder& Builder() { return fBuilder; }
 	const TransactionPieces& Pieces() const { return fPieces; }
 
 private:
@@ -120,11 +118,10 @@ HotlineClient::SendChat(const char* text)
 	TransactionBuilder builder(buffer, sizeof(buffer));
 	const uint16 length = text_length(text);
 	builder.BuildParamHeader(kFieldData, length);
-	_BuildHeader(buffer, kCmdSendChat, builder.DataLength(), builder.CountParams());
 
 	TransactionPieces pieces(buffer, builder.Size());
 	pieces.Add(text, length);
-	_SendTransaction(pieces);
+	_SendRequest(kCmdSendChat, builder, pieces);
 }
 
 
@@ -140,11 +137,10 @@ HotlineClient::SendPrivateMsg(uint16 socket, const char* text)
 	const uint16 length = text_length(text);
 	builder.BuildParamInt16(kFieldSocket, socket);
 	builder.BuildParamHeader(kFieldData, length);
-	_BuildHeader(buffer, kCmdSendMsg, builder.DataLength(), builder.CountParams());
 
 	TransactionPieces pieces(buffer, builder.Size());
 	pieces.Add(text, length);
-	_SendTransaction(pieces);
+	_SendRequest(kCmdSendMsg, builder, pieces);
 }
 
 
@@ -153,11 +149,9 @@ void
 HotlineClient::RequestUserList()
 {
 	uint8 buffer[kHeaderSize];
-	const TransactionBuilder builder(buffer, sizeof(buffer));
-	const uint32 trans = _BuildHeader(buffer, kCmdGetUserList, builder.DataLength(),
-		builder.CountParams());
-	fTasks.AddTask(trans, TaskList::kTaskUserList, NULL, NULL);
-	_SendTransaction(TransactionPieces(buffer, builder.Size()));
+	TransactionBuilder builder(buffer, sizeof(buffer));
+	_SendRequest(kCmdGetUserList, builder, TransactionPieces(buffer, builder.Size()),
+		TaskList::kTaskUserList);
 }
 
 
@@ -177,8 +171,7 @@ HotlineClient::ChangeNickAndIcon(const char* nick, uint16 icon)
 		const size_t length = HotlineCutText(nick, strlen(nick), kMaxChangedNick);
 		builder.BuildParam(kFieldNick, nick, static_cast<uint16>(length));
 	}
-	_BuildHeader(buffer, kCmdUserChange, builder.DataLength(), builder.CountParams());
-	_SendTransaction(TransactionPieces(buffer, builder.Size()));
+	_SendRequest(kCmdUserChange, builder, TransactionPieces(buffer, builder.Size()));
 }
 
 
@@ -189,10 +182,8 @@ HotlineClient::GetUserInfo(uint16 socket)
 	uint8 buffer[kHeaderSize + kParamHeaderSize + 2];
 	TransactionBuilder builder(buffer, sizeof(buffer));
 	builder.BuildParamInt16(kFieldSocket, socket);
-	const uint32 trans = _BuildHeader(buffer, kCmdGetUserInfo, builder.DataLength(),
-		builder.CountParams());
-	fTasks.AddTask(trans, TaskList::kTaskUserInfo, NULL, NULL);
-	_SendTransaction(TransactionPieces(buffer, builder.Size()));
+	_SendRequest(kCmdGetUserInfo, builder, TransactionPieces(buffer, builder.Size()),
+		TaskList::kTaskUserInfo);
 }
 
 
@@ -205,10 +196,8 @@ HotlineClient::RequestFileList(const char* path)
 	const PathValue folder(path);
 	FileRequest request;
 	request.AddFolder(folder);
-	const uint32 trans = _BuildHeader(request.Header(), kCmdGetFileList, request.DataLength(),
-		request.CountParams());
-	fTasks.AddTask(trans, TaskList::kTaskFileList, path, NULL);
-	_SendTransaction(request.Pieces());
+	_SendRequest(kCmdGetFileList, request.Builder(), request.Pieces(), TaskList::kTaskFileList,
+		path);
 }
 
 
@@ -231,10 +220,8 @@ HotlineClient::RequestDownload(const char* dirPath, const char* fileName)
 	if (!is_empty(dirPath))
 		path << dirPath << "/";
 	path << fileName;
-	const uint32 trans = _BuildHeader(request.Header(), kCmdGetFile, request.DataLength(),
-		request.CountParams());
-	fTasks.AddTask(trans, TaskList::kTaskDownload, path.String(), NULL);
-	_SendTransaction(request.Pieces());
+	_SendRequest(kCmdGetFile, request.Builder(), request.Pieces(), TaskList::kTaskDownload,
+		path.String());
 }
 
 
@@ -262,10 +249,8 @@ HotlineClient::RequestUpload(const char* dirPath, const char* fileName, uint32 f
 	request.AddFileName(fileName);
 	request.AddFolder(folder);
 	request.AddParam(kFieldTransferSize, sizeBytes, sizeof(sizeBytes));
-	const uint32 trans = _BuildHeader(request.Header(), kCmdPutFile, request.DataLength(),
-		request.CountParams());
-	fTasks.AddTask(trans, TaskList::kTaskUpload, fileName, localPath);
-	_SendTransaction(request.Pieces());
+	_SendRequest(kCmdPutFile, request.Builder(), request.Pieces(), TaskList::kTaskUpload, fileName,
+		localPath);
 }
 
 
@@ -277,11 +262,9 @@ HotlineClient::RequestBanner()
 		return;
 
 	uint8 buffer[kHeaderSize];
-	const TransactionBuilder builder(buffer, sizeof(buffer));
-	const uint32 trans = _BuildHeader(buffer, kCmdDownloadBanner, builder.DataLength(),
-		builder.CountParams());
-	fTasks.AddTask(trans, TaskList::kTaskBanner, NULL, NULL);
-	_SendTransaction(TransactionPieces(buffer, builder.Size()));
+	TransactionBuilder builder(buffer, sizeof(buffer));
+	_SendRequest(kCmdDownloadBanner, builder, TransactionPieces(buffer, builder.Size()),
+		TaskList::kTaskBanner);
 }
 
 
@@ -302,6 +285,5 @@ HotlineClient::SendAgreed(const char* nick, uint16 icon)
 	}
 	builder.BuildParamInt16(kFieldIcon, icon);
 	builder.BuildParamInt16(kFieldBan, 0);
-	_BuildHeader(buffer, kCmdAgreed, builder.DataLength(), builder.CountParams());
-	_SendTransaction(TransactionPieces(buffer, builder.Size()));
+	_SendRequest(kCmdAgreed, builder, TransactionPieces(buffer, builder.Size()));
 }

@@ -8,7 +8,7 @@
 
 /*!	What a HotlineClient posts to its target, with the fields of each message in their order. "socket" is the server's
 	number of a user, "color" the user's status word, "address" and "port" are those of the control connection, sizes are
-	in bytes.
+	in bytes. The last field of each is "connection" uint32, the number of the client that posts it (ConnectionMark.h).
 */
 enum HotlineNotification {
 	// The server has accepted the handshake, the login is on its way.

@@ -6,18 +6,16 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <netdb.h>
 #include <new>
 #include <sys/socket.h>
-#include <sys/time.h>
-#include <unistd.h>
 
 #include <Looper.h>
 #include <Message.h>
 #include <OS.h>
+#include <String.h>
 
 #include "AppMessages.h"
+#include "ConnectionAttempt.h"
 #include "TrackerListing.h"
 
 
@@ -66,15 +64,35 @@ recv_full(int socket, void* buffer, size_t length)
 // #pragma mark -
 
 
+static std::unique_ptr<ConnectionAttempt>
+attempt_to(const char* address)
+{
+	BString host;
+	const uint16 port = TrackerListing::SplitAddress(address, &host);
+	return std::make_unique<ConnectionAttempt>(host.String(), port, kTimeoutSeconds);
+}
+
+
 /*!	\param address A host, optionally followed by a colon and a port number.
 	\param running Borrowed.
 	\param target Borrowed; may go away at any time.
 */
 TrackerFetch::TrackerFetch(const char* address, const std::atomic<bool>& running, BLooper* target)
-	: fAddress(address),
+	: fAttempt(attempt_to(address)),
 	  fRunning(running),
 	  fTarget(target)
 {
+}
+
+
+TrackerFetch::~TrackerFetch() = default;
+
+
+/*!	Has Run() end soon, whatever it waits for. Make \a running false before. */
+void
+TrackerFetch::Stop()
+{
+	fAttempt->Cancel();
 }
 
 
@@ -104,57 +122,21 @@ BString
 TrackerFetch::_Fetch(Listing* _listing)
 {
 	BString error;
-	const int socket = _Connect(&error);
-	if (socket < 0)
-		return error;
-
-	if (fRunning)
-		error = _ReadListing(socket, _listing);
-	close(socket);
-	return error;
-}
-
-
-/*!	\return A connected socket for the caller to close; -1 after an error, or if there is no time for it any more. */
-int
-TrackerFetch::_Connect(BString* _error)
-{
-	BString host;
-	char port[16];
-	snprintf(port, sizeof(port), "%u",
-		static_cast<unsigned int>(TrackerListing::SplitAddress(fAddress.String(), &host)));
-
-	struct addrinfo hints = {};
-	hints.ai_family = AF_INET;
-	hints.ai_socktype = SOCK_STREAM;
-	struct addrinfo* result = NULL;
-	const int resolverError = getaddrinfo(host.String(), port, &hints, &result);
-	if (resolverError != 0) {
-		*_error = gai_strerror(resolverError);
-		return -1;
+	switch (fAttempt->Run()) {
+		case ConnectionAttempt::kNotResolved:
+		case ConnectionAttempt::kNoSocket:
+		case ConnectionAttempt::kNotConnected:
+			error = fAttempt->Error();
+			break;
+		case ConnectionAttempt::kConnected:
+			if (fRunning)
+				error = _ReadListing(fAttempt->Socket().Number(), _listing);
+			break;
+		case ConnectionAttempt::kCanceled:
+			break;
 	}
-
-	const std::unique_ptr<struct addrinfo, decltype(&freeaddrinfo)> address(result, &freeaddrinfo);
-	if (!fRunning)
-		return -1;
-
-	const int socket = ::socket(address->ai_family, address->ai_socktype, address->ai_protocol);
-	if (socket < 0) {
-		*_error = strerror(errno);
-		return -1;
-	}
-
-	struct timeval timeout = {};
-	timeout.tv_sec = kTimeoutSeconds;
-	setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof(timeout));
-	setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &timeout, sizeof(timeout));
-	if (connect(socket, address->ai_addr, address->ai_addrlen) == 0)
-		return socket;
-
-	// Where the time-out ends a connect, some systems say that it is still in progress.
-	*_error = strerror(errno == EINPROGRESS ? ETIMEDOUT : errno);
-	close(socket);
-	return -1;
+	fAttempt->Close();
+	return fRunning ? error : BString();
 }
 
 

@@ -11,11 +11,12 @@
 #include <memory>
 #include <sys/types.h>
 
-#include <String.h>
 #include <SupportDefs.h>
 
 
 class BLooper;
+class BString;
+class ConnectionAttempt;
 
 
 ssize_t recv_full(int socket, void* buffer, size_t length);
@@ -23,15 +24,20 @@ ssize_t recv_full(int socket, void* buffer, size_t length);
 
 /*!	Fetches the listing of one tracker, on the thread of whoever calls Run(), and posts it record by record: each as
 	kMsgTrackerServer, then kMsgTrackerDone; or kMsgTrackerError alone if there is no listing.
-	Once \a running is false, which any thread may make it, no further step is begun and what was read is not posted. A call
-	that waits for the tracker at that time takes up to ten seconds to end. Resolving takes as long as the resolver does,
-	the rest about two minutes at the very most, whatever the tracker does.
+	Once \a running is false, which any thread may make it, no further step is begun and what was read is not posted; Stop(),
+	which belongs to any other thread, ends the call that waits at that time. Without it resolving takes as long as the
+	resolver does, the rest about two minutes at the very most, whatever the tracker does.
 */
 class TrackerFetch {
 public:
 	TrackerFetch(const char* address, const std::atomic<bool>& running, BLooper* target);
+	TrackerFetch(const TrackerFetch&) = delete;
+	~TrackerFetch();
+
+	TrackerFetch& operator=(const TrackerFetch&) = delete;
 
 	status_t Run();
+	void Stop();
 
 private:
 	struct Listing {
@@ -41,12 +47,11 @@ private:
 	};
 
 	BString _Fetch(Listing* _listing);
-	int _Connect(BString* _error);
 	const char* _ReadListing(int socket, Listing* _listing);
 	void _ReadRecords(int socket, Listing* _listing, size_t size);
 	void _PostServers(const Listing& listing);
 
-	BString fAddress;
+	const std::unique_ptr<ConnectionAttempt> fAttempt;
 	const std::atomic<bool>& fRunning;
 	BLooper* fTarget;
 };

@@ -50,6 +50,7 @@ TrackerWindow::~TrackerWindow()
 {
 	fRunning = false;
 	if (fFetchThread >= 0) {
+		fFetch->Stop();
 		status_t result;
 		wait_for_thread(fFetchThread, &result);
 	}
@@ -110,9 +111,12 @@ TrackerWindow::_InitLayout()
 void
 TrackerWindow::_StartFetch()
 {
+	fFetch = std::make_shared<TrackerFetch>(fTrackerAddress.String(), fRunning, this);
 	fFetchThread = spawn_thread(_FetchThreadEntry, "TrackerFetch", B_NORMAL_PRIORITY, this);
-	if (fFetchThread >= 0)
-		resume_thread(fFetchThread);
+	if (fFetchThread < 0 || resume_thread(fFetchThread) != B_OK) {
+		fFetchThread = -1;
+		_ShowError("Could not create tracker thread");
+	}
 }
 
 
@@ -148,9 +152,15 @@ void
 TrackerWindow::_HandleError(const BMessage* message)
 {
 	fFetchThread = -1;
+	_ShowError(message->GetString("error", "Unknown error"));
+}
 
+
+void
+TrackerWindow::_ShowError(const char* error)
+{
 	BString text("Error: ");
-	text << message->GetString("error", "Unknown error");
+	text << error;
 	fStatusLabel->SetText(text.String());
 }
 
@@ -207,6 +217,6 @@ TrackerWindow::_FetchThreadEntry(void* data)
 status_t
 TrackerWindow::_FetchServers()
 {
-	TrackerFetch fetch(fTrackerAddress.String(), fRunning, this);
-	return fetch.Run();
+	const std::shared_ptr<TrackerFetch> fetch = fFetch;
+	return fetch->Run();
 }

@@ -7,6 +7,7 @@
 
 
 #include <atomic>
+#include <memory>
 
 #include <OS.h>
 #include <String.h>
@@ -17,11 +18,12 @@ class BListView;
 class BLooper;
 class BScrollView;
 class BStringView;
+class TrackerFetch;
 
 
 /*!	The servers that one tracker knows.
-	Each listing is fetched by a thread of the window's own, which posts the rows one by one; the window waits for it when it
-	closes, up to the ten seconds of its time-outs. Choosing a row posts kMsgConnectServer to the controller.
+	Each listing is fetched by a thread of the window's own, which posts the rows one by one; when the window closes it stops
+	the thread and waits for it. Choosing a row posts kMsgConnectServer to the controller.
 */
 class TrackerWindow : public BWindow {
 public:
@@ -37,6 +39,7 @@ private:
 	void _HandleServer(const BMessage* message);
 	void _HandleDone();
 	void _HandleError(const BMessage* message);
+	void _ShowError(const char* error);
 	void _HandleRefresh();
 	void _HandleInvoke();
 	void _RemoveAll();
@@ -55,6 +58,8 @@ private:
 	thread_id fFetchThread;
 	// Read by the fetch thread, which ends early once it is false.
 	std::atomic<bool> fRunning;
+	// Set before each fetch thread starts, which takes a share in it.
+	std::shared_ptr<TrackerFetch> fFetch;
 };
 
 

@@ -24,6 +24,8 @@ public:
 	bool BuildParamInt32(uint16 type, uint32 value);
 	bool BuildParamHeader(uint16 type, uint16 len);
 
+	// Where the header belongs.
+	uint8* Header() { return fBuffer; }
 	// The bytes in the buffer, with the header.
 	size_t Size() const { return fSize; }
 	// For the header: 2, and for each parameter 4 and the length of its value.

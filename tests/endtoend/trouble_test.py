@@ -3,6 +3,8 @@
 # Distributed under the terms of the MIT License.
 """Servers that say strange things, say too much, or say nothing."""
 
+import itertools
+
 import hotline
 from desktop import wait_until
 from support import ClientCase, main, setUpModule  # noqa: F401
@@ -148,20 +150,29 @@ class SilenceTest(TroubleCase):
         self.client.wait_for_chat("*** Connection failed: Invalid server response ***\n")
         self.client.wait_for_status("Connection failed")
 
-    def test_a_server_that_does_not_read_keeps_no_other_window_waiting(self):
+    def test_a_server_that_does_not_read_keeps_no_window_waiting(self):
         connection = self.log_in()
-        # Each announcement is answered with a request, until there is no room for more of them.
+        # Each announcement is answered with a request of 22 bytes, until there is no room for more of them on the way.
+        announcements = hotline.transaction(hotline.BANNER, [(hotline.DATA, b"JPEG")]) * 4000
+        for number in itertools.count():
+            connection.send(announcements + hotline.chat(b"block %d" % number))
+            self.client.wait_for_chat("block %d\n" % number)
+            if "HL:Send" in self.client.program.threads():
+                break
+        self.client.say("hello")
+        self.client.press("Disconnect")
+        self.client.wait_for_status("Not connected")
+        self.assert_soon(lambda: "HL:Send" in self.client.program.threads(), False)
+
+    def test_a_server_that_never_reads_is_lost(self):
+        connection = self.log_in()
         announcements = hotline.transaction(hotline.BANNER, [(hotline.DATA, b"JPEG")]) * 1000
         with hotline.Flood(connection, announcements):
-            self.wait_for_senders(1)
-            self.client.say("hello")
-            # It is the main window that waits now.
-            self.wait_for_senders(2)
-            self.client.say("still alive")
-
-    def wait_for_senders(self, count):
-        wait_until(lambda: self.client.program.threads().count("HL:Send") == count,
-            lambda: "%d threads that send, in %s" % (count, self.client.program.threads()))
+            self.client.wait_for_chat("*** Connection lost ***\n")
+        self.client.wait_for_status("Disconnected")
+        self.client.bring_to_front(self.client.main_window())
+        self.desktop.key("ctrl+k")
+        self.client.wait_for_focus_on(self.client.window("Connect to Server"))
 
     def test_connecting_again_leaves_the_silent_server(self):
         self.client.connect("127.0.0.1", self.server.port)

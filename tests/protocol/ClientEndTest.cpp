@@ -55,7 +55,7 @@ ClientEndTest::ClientEndTest()
 
 ClientEndTest::~ClientEndTest()
 {
-	client.reset();
+	EndClient();
 }
 
 
@@ -153,6 +153,27 @@ TEST_F(ClientEndTest, WhileResolving_NothingIsDoneWithTheAddress)
 	EXPECT_EQ(sockets, 0);
 	EXPECT_EQ(log->CountAll(), 0u);
 	ExpectNothingLeft();
+}
+
+
+TEST_F(ClientEndTest, WhileResolving_LeavesTheResolverBehind)
+{
+	std::promise<void> isResolving;
+	std::promise<void> mayGoOn;
+	std::shared_future<void> released = mayGoOn.get_future().share();
+	Interposed::resolve = [&, released](const char* name, const char* port, const addrinfo* hints,
+							  addrinfo** result) {
+		isResolving.set_value();
+		released.wait();
+		return Interposed::RealResolve(name, port, hints, result);
+	};
+	Connect();
+	isResolving.get_future().wait();
+	ExpectEndsByItself();
+	EXPECT_EQ(log->CountAll(), 0u);
+	mayGoOn.set_value();
+	ExpectNothingLeft();
+	EXPECT_FALSE(server->HasCaller());
 }
 
 

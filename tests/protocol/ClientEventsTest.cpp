@@ -22,6 +22,18 @@ static const char* const kOddTexts[] = {"<b>bold</b>", "&amp;", "&File", "%s%n",
 	"\xFF\xFE\x80", "\x01\x07\x1B[31m\x7F", "\xE2\x80\x9Cquoted\xE2\x80\x9D"};
 
 
+TEST_F(ClientEventsTest, WhateverIsPosted_TellsItsClient)
+{
+	Send(106, wire_param(101, "a line"));
+	EXPECT_EQ("HLch text=CSTR a line chatRef=ULNG 0", log->Next());
+	Send(111, wire_param(101, "go"));
+	ExpectPosted("HLpq");
+	EXPECT_EQ(std::set<uint32>({client->Connection()}), log->Connections());
+	EXPECT_NE(0u, client->Connection());
+	EXPECT_NE(client->Connection(), HotlineClient(log).Connection());
+}
+
+
 // #pragma mark - Chat
 
 

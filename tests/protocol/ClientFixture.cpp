@@ -4,36 +4,8 @@
  */
 #include "ClientFixture.h"
 
-#include <filesystem>
-
 #include "Interposed.h"
 #include "WaitFor.h"
-
-
-static size_t
-count_entries(const char* folder)
-{
-	size_t count = 0;
-	for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-		static_cast<void>(entry);
-		count++;
-	}
-	return count;
-}
-
-
-size_t
-count_threads()
-{
-	return count_entries("/proc/self/task");
-}
-
-
-size_t
-count_descriptors()
-{
-	return count_entries("/proc/self/fd");
-}
 
 
 ClientTest::ClientTest()
@@ -48,13 +20,23 @@ ClientTest::ClientTest()
 
 ClientTest::~ClientTest()
 {
-	client.reset();
+	EndClient();
 	Interposed::Clear();
 	if (log->Lock())
 		log->Quit();
 	// One that has been waited for leaves the system's list a moment later, and the next test may count.
 	EXPECT_TRUE(WaitFor([&] {
 		return count_threads() < fThreads;
+	}));
+}
+
+
+void
+ClientTest::EndClient()
+{
+	client.reset();
+	EXPECT_TRUE(WaitFor([&] {
+		return count_threads() <= fThreads;
 	}));
 }
 

@@ -12,6 +12,7 @@
 
 #include "HotlineClient.h"
 #include "MessageLog.h"
+#include "ProcessCounts.h"
 #include "RawServer.h"
 #include "WireBytes.h"
 
@@ -20,13 +21,8 @@ const char kHandshake[] = "TRTPHOTL\0\1\0\2";
 const char kHandshakeReply[] = "TRTP\0\0\0\0";
 
 
-// Of this process, the calling thread included.
-size_t count_threads();
-size_t count_descriptors();
-
-
-/*!	A client, the log of what it posts and a server on 127.0.0.1. Whatever was interposed is let go after the client, and no
-	thread is left at the end.
+/*!	A client, the log of what it posts and a server on 127.0.0.1. Whatever was interposed is let go after the client and its
+	threads. A fixture or a test whose own things are called there ends the client before those go.
 */
 class ClientTest : public testing::Test {
 public:
@@ -34,6 +30,9 @@ public:
 	~ClientTest() override;
 
 protected:
+	// Deletes the client and waits for threads that it leaves behind, which may call what is interposed.
+	void EndClient();
+
 	void Connect(const char* login = "", const char* password = "", const char* nick = "Ann",
 		uint16 icon = 137);
 	// Connects and accepts up to the login, which it returns.

@@ -16,6 +16,7 @@
 
 
 static const int kNothing = -1;
+static const bigtime_t kLongSnooze = 100000;
 
 static std::atomic<int> sSocketError(kNothing);
 static std::atomic<int> sConnectError(kNothing);
@@ -32,6 +33,8 @@ struct Records {
 	std::mutex lock;
 	std::condition_variable released;
 	bool holdsLookups = false;
+	std::string heldHost;
+	bool holdsSnoozes = false;
 	std::vector<InterposedCalls::Timeout> timeouts;
 	std::vector<InterposedCalls::Lookup> lookups;
 	std::vector<InterposedCalls::Thread> threads;
@@ -52,6 +55,7 @@ extern "C"
 	bigtime_t __real__Z11system_timev();
 	thread_id __real__Z12spawn_threadPFiPvEPKciS_(thread_func function, const char* name,
 		int32 priority, void* data);
+	status_t __real__Z6snoozel(bigtime_t microseconds);
 
 	int __wrap_socket(int family, int type, int protocol);
 	int __wrap_connect(int socket, const struct sockaddr* address, socklen_t length);
@@ -63,6 +67,7 @@ extern "C"
 	bigtime_t __wrap__Z11system_timev();
 	thread_id __wrap__Z12spawn_threadPFiPvEPKciS_(thread_func function, const char* name,
 		int32 priority, void* data);
+	status_t __wrap__Z6snoozel(bigtime_t microseconds);
 }
 
 
@@ -147,8 +152,9 @@ __wrap_getaddrinfo(const char* host, const char* port, const struct addrinfo* hi
 	{
 		std::unique_lock<std::mutex> lock(sRecords.lock);
 		sRecords.lookups.push_back({host, port, hints->ai_family, hints->ai_socktype});
-		sRecords.released.wait(lock, [] {
-			return !sRecords.holdsLookups;
+		sRecords.released.wait(lock, [host] {
+			return !sRecords.holdsLookups
+				|| (!sRecords.heldHost.empty() && sRecords.heldHost != host);
 		});
 	}
 	struct addrinfo numericOnly = *hints;
@@ -180,6 +186,22 @@ __wrap__Z12spawn_threadPFiPvEPKciS_(thread_func function, const char* name, int3
 }
 
 
+status_t
+__wrap__Z6snoozel(bigtime_t microseconds)
+{
+	if (microseconds >= kLongSnooze) {
+		std::unique_lock<std::mutex> lock(sRecords.lock);
+		if (sRecords.holdsSnoozes) {
+			sRecords.released.wait(lock, [] {
+				return !sRecords.holdsSnoozes;
+			});
+			return B_OK;
+		}
+	}
+	return __real__Z6snoozel(microseconds);
+}
+
+
 // #pragma mark -
 
 
@@ -196,6 +218,7 @@ InterposedCalls::InterposedCalls()
 InterposedCalls::~InterposedCalls()
 {
 	ReleaseLookups();
+	ReleaseSnoozes();
 	sTimeoutDivisor = 1;
 	sClockStep = 0;
 	sSocketError = kNothing;
@@ -287,10 +310,11 @@ InterposedCalls::Lookups() const
 
 
 void
-InterposedCalls::HoldLookups()
+InterposedCalls::HoldLookups(const std::string& host)
 {
 	const std::lock_guard<std::mutex> lock(sRecords.lock);
 	sRecords.holdsLookups = true;
+	sRecords.heldHost = host;
 }
 
 
@@ -299,5 +323,22 @@ InterposedCalls::ReleaseLookups()
 {
 	const std::lock_guard<std::mutex> lock(sRecords.lock);
 	sRecords.holdsLookups = false;
+	sRecords.released.notify_all();
+}
+
+
+void
+InterposedCalls::HoldSnoozes()
+{
+	const std::lock_guard<std::mutex> lock(sRecords.lock);
+	sRecords.holdsSnoozes = true;
+}
+
+
+void
+InterposedCalls::ReleaseSnoozes()
+{
+	const std::lock_guard<std::mutex> lock(sRecords.lock);
+	sRecords.holdsSnoozes = false;
 	sRecords.released.notify_all();
 }

@@ -65,9 +65,13 @@ public:
 	std::vector<Thread> Threads() const;
 
 	std::vector<Lookup> Lookups() const;
-	// Lookups wait until they are released.
-	void HoldLookups();
+	// Lookups of this host, or all of them, wait until they are released.
+	void HoldLookups(const std::string& host = "");
 	void ReleaseLookups();
+
+	// Whoever is about to snooze for a tenth of a second or more waits until it is released, and then does not snooze.
+	void HoldSnoozes();
+	void ReleaseSnoozes();
 };
 
 

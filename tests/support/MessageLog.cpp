@@ -9,6 +9,8 @@
 #include <Message.h>
 #include <TypeConstants.h>
 
+#include "ConnectionMark.h"
+
 
 static std::string
 code_text(uint32 code)
@@ -52,6 +54,7 @@ MessageLog::MessageReceived(BMessage* message)
 	std::lock_guard<std::mutex> lock(fMutex);
 	fWaiting.push_back(text);
 	fCountAll++;
+	fConnections.insert(ConnectionOf(message));
 	fAdded.notify_all();
 }
 
@@ -86,6 +89,14 @@ MessageLog::CountAll() const
 }
 
 
+std::set<uint32>
+MessageLog::Connections() const
+{
+	std::lock_guard<std::mutex> lock(fMutex);
+	return fConnections;
+}
+
+
 std::string
 MessageLog::Describe(const BMessage* message)
 {
@@ -94,6 +105,8 @@ MessageLog::Describe(const BMessage* message)
 	type_code type = 0;
 	int32 count = 0;
 	for (int32 i = 0; message->GetInfo(B_ANY_TYPE, i, &name, &type, &count) == B_OK; i++) {
+		if (name == std::string("connection"))
+			continue;
 		text += " " + std::string(name) + "=" + code_text(type);
 		for (int32 j = 0; j < count; j++)
 			text += " " + value_text(message, name, type, j);

@@ -18,6 +18,7 @@
 #include "AppMessages.h"
 #include "InterposedCalls.h"
 #include "MessageRecorder.h"
+#include "ProcessCounts.h"
 #include "RawServer.h"
 #include "TrackerRecords.h"
 #include "WaitFor.h"
@@ -55,6 +56,12 @@ public:
 		})
 			? fResult
 			: -1;
+	}
+
+	void Stop()
+	{
+		running = false;
+		fFetch.Stop();
 	}
 
 	std::atomic<bool> running{true};
@@ -414,11 +421,40 @@ TEST_F(TrackerFetchTest, StoppedBeforeItStarts_ConnectsToNobody)
 	EXPECT_TRUE(WaitFor([this] {
 		return fCalls.Lookups().size() == 1;
 	}));
-	run.running = false;
-	fCalls.ReleaseLookups();
+	run.Stop();
 	EXPECT_EQ(0, run.Result());
-	EXPECT_FALSE(fServer.HasCaller());
 	EXPECT_EQ("done", Outcome());
+	// The resolver answers when nobody is there any more.
+	fCalls.ReleaseLookups();
+	EXPECT_TRUE(WaitFor([] {
+		return count_threads_named("HL:Resolve") == 0;
+	}));
+	EXPECT_FALSE(fServer.HasCaller());
+}
+
+
+TEST_F(TrackerFetchTest, StoppedWhileTheTrackerIsSilent_EndsAtOnce)
+{
+	for (const std::string& answer : {std::string(), TrackerHeader(65535, 0)}) {
+		SCOPED_TRACE(answer.size());
+		fRecorder.reset(new MessageRecorder);
+		FetchRun run(Address(), fRecorder.get());
+		ASSERT_TRUE(fServer.Accept());
+		EXPECT_EQ(kRequest, fServer.Read(kRequest.size()));
+		const size_t before = fCalls.CountReceived();
+		fServer.Send(answer);
+		EXPECT_TRUE(WaitFor([&] {
+			return fCalls.CountReceived() == before + answer.size();
+		}));
+		run.Stop();
+		EXPECT_TRUE(WaitFor(
+			[&run] {
+				return run.HasEnded();
+			},
+			5));
+		EXPECT_EQ(0, run.Result());
+		EXPECT_EQ("done", Outcome());
+	}
 }
 
 

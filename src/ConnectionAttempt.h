@@ -1,0 +1,57 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef CONNECTION_ATTEMPT_H
+#define CONNECTION_ATTEMPT_H
+
+
+#include <Locker.h>
+#include <String.h>
+
+#include "NameLookup.h"
+#include "SocketReference.h"
+
+
+/*!	Resolves a host for IPv4 and connects to the first of its addresses.
+	Run() belongs to one thread and is called once; it blocks. Cancel() belongs to any other thread: it makes Run() return
+	soon, whatever that waits for, and shuts down a socket that has been opened already and not been closed.
+*/
+class ConnectionAttempt {
+public:
+	enum Outcome { kConnected, kNotResolved, kNoSocket, kNotConnected, kCanceled };
+
+	ConnectionAttempt(const char* host, uint16 port, int timeout);
+	ConnectionAttempt(const ConnectionAttempt&) = delete;
+	~ConnectionAttempt();
+
+	ConnectionAttempt& operator=(const ConnectionAttempt&) = delete;
+
+	Outcome Run();
+	void Close();
+	void Cancel();
+
+	// After Run(), for its thread: the open socket, and what the system says of a failure.
+	const SocketReference& Socket() const { return fSocket; }
+	const char* Error() const { return fError.String(); }
+
+private:
+	bool _IsCanceled() const;
+	Outcome _Connect(const addrinfo& address);
+	bool _BeginConnecting(int number);
+	bool _EndConnecting();
+
+	NameLookup fLookup;
+	const int fTimeout;
+	BString fError;
+
+	// Guards the following.
+	mutable BLocker fLock;
+	// Changed by the thread of Run() alone.
+	SocketReference fSocket;
+	bool fIsConnecting;
+	bool fIsCanceled;
+};
+
+
+#endif // CONNECTION_ATTEMPT_H

@@ -15,14 +15,18 @@
 #include <TextView.h>
 
 #include "AppMessages.h"
+#include "ConnectionMark.h"
 
 
-/*!	\param text The agreement, shown as it stands; \c NULL for none. */
-AgreementWindow::AgreementWindow(BRect frame, BLooper* target, const char* text)
+/*!	\param text The agreement, shown as it stands; \c NULL for none.
+	\param connection The number of the connection that the answer is meant for.
+*/
+AgreementWindow::AgreementWindow(BRect frame, BLooper* target, const char* text, uint32 connection)
 	: BWindow(frame, "Server Agreement", B_TITLED_WINDOW,
 		B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS | B_CLOSE_ON_ESCAPE),
 	  fTextView(new BTextView("agreementtext", B_WILL_DRAW | B_PULSE_NEEDED)),
 	  fTarget(target),
+	  fConnection(connection),
 	  fResponded(false)
 {
 	BStringView* label = new BStringView("label",
@@ -93,5 +97,6 @@ AgreementWindow::_Answer(uint32 answer)
 		return;
 	fResponded = true;
 	BMessage message(answer);
+	AddConnection(&message, fConnection);
 	fTarget->PostMessage(&message);
 }

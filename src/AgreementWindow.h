@@ -18,7 +18,7 @@ class BTextView;
 */
 class AgreementWindow : public BWindow {
 public:
-	AgreementWindow(BRect frame, BLooper* target, const char* text);
+	AgreementWindow(BRect frame, BLooper* target, const char* text, uint32 connection = 0);
 	~AgreementWindow() override;
 
 	void MessageReceived(BMessage* message) override;
@@ -29,6 +29,7 @@ private:
 
 	BTextView* fTextView;
 	BLooper* fTarget;
+	const uint32 fConnection;
 	bool fResponded;
 };
 

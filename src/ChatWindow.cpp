@@ -15,6 +15,7 @@
 #include <TextView.h>
 
 #include "AppMessages.h"
+#include "ConnectionMark.h"
 
 
 /*!	\param packed Red, green, blue and alpha, from the highest byte to the lowest. */
@@ -32,7 +33,8 @@ ChatWindow::ChatWindow(BRect frame, BLooper* target)
 		  true, B_FANCY_BORDER)),
 	  fChatInput(new BTextControl("chatinput", NULL, "", new BMessage(kMsgSendChat),
 		  B_WILL_DRAW | B_NAVIGABLE)),
-	  fTarget(target)
+	  fTarget(target),
+	  fConnection(0)
 {
 	fChatView->MakeEditable(false);
 	fChatView->MakeSelectable(true);
@@ -88,6 +90,7 @@ ChatWindow::_HandleSend()
 
 	BMessage request(kMsgSendChat);
 	request.AddString("text", fChatInput->Text());
+	AddConnection(&request, fConnection);
 	fTarget->PostMessage(&request);
 	fChatInput->SetText("");
 }
@@ -106,6 +109,7 @@ void
 ChatWindow::_HandleEnable(const BMessage* message)
 {
 	const bool enabled = message->GetBool("enabled");
+	fConnection = ConnectionOf(message);
 	fChatInput->SetEnabled(enabled);
 	if (enabled)
 		fChatInput->MakeFocus(true);

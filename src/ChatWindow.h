@@ -37,6 +37,8 @@ private:
 	BScrollView* fChatScroll;
 	BTextControl* fChatInput;
 	BLooper* fTarget;
+	// The number of the connection that what is typed is meant for.
+	uint32 fConnection;
 };
 
 

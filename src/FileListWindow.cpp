@@ -20,11 +20,16 @@
 #include <TranslationUtils.h>
 
 #include "AppMessages.h"
+#include "ConnectionMark.h"
 #include "FileItem.h"
 
 
+/*!	\param path The folder on the server, empty or \c NULL for the root.
+	\param assetsPath Where the pictures are, empty or \c NULL for nowhere.
+	\param connection The number of the connection that what is asked for here is meant for.
+*/
 FileListWindow::FileListWindow(BRect frame, BLooper* target, const char* path,
-	const char* assetsPath)
+	const char* assetsPath, uint32 connection)
 	: BWindow(frame, "Files", B_DOCUMENT_WINDOW, B_AUTO_UPDATE_SIZE_LIMITS),
 	  fFileList(new BListView("filelist", B_SINGLE_SELECTION_LIST,
 		  B_WILL_DRAW | B_FRAME_EVENTS | B_NAVIGABLE)),
@@ -36,6 +41,7 @@ FileListWindow::FileListWindow(BRect frame, BLooper* target, const char* path,
 	  fTarget(target),
 	  fPath(path),
 	  fAssetsPath(assetsPath),
+	  fConnection(connection),
 	  fFolderIcon(_LoadIcon("401.png")),
 	  fStuffItIcon(_LoadIcon("403.png")),
 	  fImageIcon(_LoadIcon("406.png"))
@@ -185,7 +191,7 @@ FileListWindow::_HandleInvoked()
 	path << item->FileName();
 	BMessage request(kMsgOpenFolder);
 	request.AddString("path", path);
-	fTarget->PostMessage(&request);
+	_PostRequest(&request);
 }
 
 
@@ -216,7 +222,7 @@ FileListWindow::_HandleUploadChosen(const BMessage* message)
 	request.AddString("name", ref.name);
 	request.AddString("localpath", path.Path());
 	request.AddInt64("size", size);
-	fTarget->PostMessage(&request);
+	_PostRequest(&request);
 }
 
 
@@ -234,7 +240,15 @@ FileListWindow::_RequestDownload(const FileItem* item)
 	BMessage request(kMsgDownloadFile);
 	request.AddString("path", fPath);
 	request.AddString("name", item->FileName());
-	fTarget->PostMessage(&request);
+	_PostRequest(&request);
+}
+
+
+void
+FileListWindow::_PostRequest(BMessage* request)
+{
+	AddConnection(request, fConnection);
+	fTarget->PostMessage(request);
 }
 
 

@@ -27,7 +27,8 @@ class FileItem;
 */
 class FileListWindow : public BWindow {
 public:
-	FileListWindow(BRect frame, BLooper* target, const char* path, const char* assetsPath);
+	FileListWindow(BRect frame, BLooper* target, const char* path, const char* assetsPath,
+		uint32 connection = 0);
 	~FileListWindow() override;
 
 	// The folder on the server, empty for the root.
@@ -46,6 +47,7 @@ private:
 	void _HandleUploadChosen(const BMessage* message);
 	FileItem* _SelectedItem() const;
 	void _RequestDownload(const FileItem* item);
+	void _PostRequest(BMessage* request);
 	void _RemoveAll();
 	void _UpdateCount();
 
@@ -57,6 +59,7 @@ private:
 	BLooper* fTarget;
 	BString fPath;
 	BString fAssetsPath;
+	const uint32 fConnection;
 	std::unique_ptr<BBitmap> fFolderIcon;
 	std::unique_ptr<BBitmap> fStuffItIcon;
 	std::unique_ptr<BBitmap> fImageIcon;

@@ -16,6 +16,7 @@
 #include "AppMessages.h"
 #include "BannerView.h"
 #include "ChatWindow.h"
+#include "ConnectionMark.h"
 #include "HotlineClient.h"
 #include "UserListWindow.h"
 
@@ -87,9 +88,12 @@ MainWindow::~MainWindow()
 }
 
 
+/*!	What belongs to an earlier connection arrives too late to mean anything. */
 void
 MainWindow::MessageReceived(BMessage* message)
 {
+	if (IsOfOtherConnection(message, _CurrentConnection()))
+		return;
 	if (!_DispatchNotification(message) && !_DispatchCommand(message) && !_DispatchRequest(message)
 		&& !_DispatchTransfer(message))
 		BWindow::MessageReceived(message);
@@ -295,6 +299,7 @@ MainWindow::_ChatEnable(bool enabled)
 {
 	BMessage message(kMsgEnableChat);
 	message.AddBool("enabled", enabled);
+	AddConnection(&message, _CurrentConnection());
 	fChatWindow->PostMessage(&message);
 }
 

@@ -98,6 +98,7 @@ private:
 	void _ReleaseClient();
 	void _CloseWindows(BList& windows);
 	bool _IsConnected() const;
+	uint32 _CurrentConnection() const;
 
 	void _ChatAppend(const char* text, rgb_color color);
 	void _ChatEnable(bool enabled);

@@ -10,6 +10,7 @@
 #include "AgreementWindow.h"
 #include "AppMessages.h"
 #include "ChatColors.h"
+#include "ConnectionMark.h"
 #include "ConnectWindow.h"
 #include "HotlineClient.h"
 #include "HotlineProtocol.h"
@@ -148,6 +149,7 @@ MainWindow::_HandleUserChanged(const BMessage* message)
 	change.AddUInt16("icon", message->GetUInt16("icon", 0));
 	change.AddUInt16("color", message->GetUInt16("color", 0));
 	change.AddString("nick", message->GetString("nick", "???"));
+	AddConnection(&change, _CurrentConnection());
 	fUserListWindow->PostMessage(&change);
 }
 
@@ -165,7 +167,7 @@ void
 MainWindow::_HandleAgreement(const BMessage* message)
 {
 	BWindow* window = new AgreementWindow(BRect(150, 150, 600, 500), this,
-		message->GetString("text"));
+		message->GetString("text"), _CurrentConnection());
 	window->Show();
 }
 
@@ -306,4 +308,12 @@ bool
 MainWindow::_IsConnected() const
 {
 	return fClient != NULL && fClient->IsConnected();
+}
+
+
+/*!	\return The number of the current connection, or attempt at one; 0 when there is none. */
+uint32
+MainWindow::_CurrentConnection() const
+{
+	return fClient != NULL ? fClient->Connection() : 0;
 }

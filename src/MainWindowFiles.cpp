@@ -14,6 +14,7 @@
 #include "AppMessages.h"
 #include "BannerView.h"
 #include "ChatColors.h"
+#include "ConnectionMark.h"
 #include "FileListWindow.h"
 #include "HotlineClient.h"
 #include "HotlineProtocol.h"
@@ -60,7 +61,7 @@ void
 MainWindow::_OpenFileList(const char* path)
 {
 	FileListWindow* window = new FileListWindow(BRect(200, 150, 560, 500), this, path,
-		fAssetsPath.String());
+		fAssetsPath.String(), _CurrentConnection());
 	fFileWindows.AddItem(window);
 	window->Show();
 	if (_IsConnected())
@@ -226,14 +227,19 @@ MainWindow::_HandleBannerReady(const BMessage* message)
 	info->ref = reference;
 	info->size = size;
 	info->target = this;
+	info->connection = _CurrentConnection();
 	start_transfer(BannerThread, "HL:BannerDL", B_LOW_PRIORITY, std::move(info));
 }
 
 
-/*!	Shows the picture, whatever format it has; bytes that are none change nothing. */
+/*!	Shows the picture, whatever format it has; bytes that are none change nothing. The banner of a connection that has been
+	lost is not shown again.
+*/
 void
 MainWindow::_HandleBannerData(const BMessage* message)
 {
+	if (ConnectionOf(message) != 0 && !_IsConnected())
+		return;
 	const void* data;
 	ssize_t size;
 	if (message->FindData("data", B_RAW_TYPE, &data, &size) != B_OK)

@@ -29,7 +29,7 @@ MainWindow::_FindOrCreatePM(uint16 socket, const char* nick)
 			continue;
 
 		MessageWindow* window = dynamic_cast<MessageWindow*>(open);
-		const bool found = window != NULL && window->Socket() == socket;
+		const bool found = window != NULL && window->Socket() == socket && !window->IsClosing();
 		if (found) {
 			window->SetNick(nick);
 			if (window->IsMinimized())
@@ -41,7 +41,8 @@ MainWindow::_FindOrCreatePM(uint16 socket, const char* nick)
 			return window;
 	}
 
-	MessageWindow* window = new MessageWindow(BRect(200, 200, 550, 420), this, socket, nick);
+	MessageWindow* window = new MessageWindow(BRect(200, 200, 550, 420), this, socket, nick,
+		_CurrentConnection());
 	// A closed one that is still listed may have been at this very address.
 	fMsgWindows.RemoveItem(window);
 	fMsgWindows.AddItem(window);

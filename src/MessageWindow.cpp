@@ -16,13 +16,19 @@
 #include <TextView.h>
 
 #include "AppMessages.h"
+#include "ConnectionMark.h"
+#include "HotlineNotifications.h"
 
 
 static constexpr rgb_color kIncomingColor = {180, 0, 0, 255};
 static constexpr rgb_color kOutgoingColor = {0, 0, 180, 255};
 
 
-MessageWindow::MessageWindow(BRect frame, BLooper* target, uint16 socket, const char* nick)
+/*!	\param socket The other user's id.
+	\param connection The number of the connection on which that user is.
+*/
+MessageWindow::MessageWindow(BRect frame, BLooper* target, uint16 socket, const char* nick,
+	uint32 connection)
 	: BWindow(frame, "Message", B_DOCUMENT_WINDOW, B_AUTO_UPDATE_SIZE_LIMITS),
 	  fChatView(new BTextView("pmchat", B_WILL_DRAW | B_PULSE_NEEDED)),
 	  fChatScroll(new BScrollView("pmscroll", fChatView, B_WILL_DRAW | B_FRAME_EVENTS, false, true,
@@ -30,7 +36,9 @@ MessageWindow::MessageWindow(BRect frame, BLooper* target, uint16 socket, const 
 	  fInput(new BTextControl("pminput", NULL, "", new BMessage(kMsgPMSend),
 		  B_WILL_DRAW | B_NAVIGABLE)),
 	  fTarget(target),
-	  fSocket(socket)
+	  fSocket(socket),
+	  fConnection(connection),
+	  fIsClosing(false)
 {
 	fChatView->MakeEditable(false);
 	fChatView->SetStylable(true);
@@ -77,12 +85,29 @@ MessageWindow::AppendOutgoing(const char* text)
 }
 
 
+/*!	Closes in two steps: whoever locks the window after the first one sees that it is closing, and what was posted before that
+	arrives before the second one.
+*/
+void
+MessageWindow::DispatchMessage(BMessage* message, BHandler* handler)
+{
+	if (message->what == B_QUIT_REQUESTED && !fIsClosing) {
+		fIsClosing = true;
+		PostMessage(B_QUIT_REQUESTED);
+	} else
+		BWindow::DispatchMessage(message, handler);
+}
+
+
 void
 MessageWindow::MessageReceived(BMessage* message)
 {
 	switch (message->what) {
 		case kMsgPMReceived:
-			_HandleReceived(message);
+			if (fIsClosing)
+				_ReturnReceived(message);
+			else
+				_HandleReceived(message);
 			break;
 		case kMsgPMSend:
 			_HandleSend();
@@ -116,6 +141,19 @@ MessageWindow::_HandleReceived(const BMessage* message)
 }
 
 
+/*!	Has the controller take the message as if it had just arrived: another window will show it. */
+void
+MessageWindow::_ReturnReceived(const BMessage* message)
+{
+	BMessage returned(kHLMsgReceived);
+	returned.AddString("text", message->GetString("text", ""));
+	returned.AddString("nick", message->GetString("nick", fNick.String()));
+	returned.AddUInt16("socket", fSocket);
+	AddConnection(&returned, fConnection);
+	fTarget->PostMessage(&returned);
+}
+
+
 /*!	Shows the line before it is sent, and whether or not it can be. */
 void
 MessageWindow::_HandleSend()
@@ -128,6 +166,7 @@ MessageWindow::_HandleSend()
 	BMessage request(kMsgPMSend);
 	request.AddUInt16("socket", fSocket);
 	request.AddString("text", text);
+	AddConnection(&request, fConnection);
 	fTarget->PostMessage(&request);
 	fInput->SetText("");
 }

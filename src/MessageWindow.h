@@ -18,25 +18,30 @@ class BTextView;
 
 /*!	A private conversation with one other user, known by the server's id.
 	What arrives comes as kMsgPMReceived, what is typed leaves as kMsgPMSend after it was shown here. Tells the controller
-	when it closes; the transcript is gone then.
+	when it closes; the transcript is gone then. What arrives while it is closing goes back to the controller.
 */
 class MessageWindow : public BWindow {
 public:
-	MessageWindow(BRect frame, BLooper* target, uint16 socket, const char* nick);
+	MessageWindow(BRect frame, BLooper* target, uint16 socket, const char* nick,
+		uint32 connection = 0);
 	~MessageWindow() override;
 
 	uint16 Socket() const { return fSocket; }
 	const char* Nick() const { return fNick.String(); }
 	void SetNick(const char* nick);
+	// Whether it has been asked to close, which it will do.
+	bool IsClosing() const { return fIsClosing; }
 
 	void AppendIncoming(const char* nick, const char* text);
 	void AppendOutgoing(const char* text);
 
+	void DispatchMessage(BMessage* message, BHandler* handler) override;
 	void MessageReceived(BMessage* message) override;
 	bool QuitRequested() override;
 
 private:
 	void _HandleReceived(const BMessage* message);
+	void _ReturnReceived(const BMessage* message);
 	void _HandleSend();
 	void _AppendStyled(const char* name, rgb_color nameColor, const char* text);
 
@@ -46,6 +51,8 @@ private:
 	BLooper* fTarget;
 	uint16 fSocket;
 	BString fNick;
+	const uint32 fConnection;
+	bool fIsClosing;
 };
 
 

@@ -13,6 +13,7 @@
 #include <Message.h>
 
 #include "AppMessages.h"
+#include "ConnectionMark.h"
 #include "FlattenedFile.h"
 #include "FlattenedFileReader.h"
 #include "TransferConnection.h"
@@ -213,6 +214,7 @@ BannerThread(void* data)
 	if (count > 0) {
 		BMessage message(kMsgBannerData);
 		message.AddData("data", B_RAW_TYPE, bytes.get(), static_cast<ssize_t>(count));
+		AddConnection(&message, info->connection);
 		info->target->PostMessage(&message);
 	}
 	return 0;

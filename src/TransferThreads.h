@@ -46,6 +46,8 @@ struct BannerDLInfo {
 	// The bytes that the server announced, all of which are kept in memory.
 	uint32 size;
 	BLooper* target;
+	// The number of the connection that the banner belongs to.
+	uint32 connection = 0;
 };
 
 

@@ -21,6 +21,7 @@
 #include <TranslationUtils.h>
 
 #include "AppMessages.h"
+#include "ConnectionMark.h"
 #include "UserItem.h"
 
 
@@ -42,6 +43,7 @@ UserListWindow::UserListWindow(BRect frame, BLooper* target)
 		  true, B_FANCY_BORDER)),
 	  fCountLabel(new BStringView("countlabel", "0 users online", B_WILL_DRAW)),
 	  fTarget(target),
+	  fConnection(0),
 	  fIconCache(),
 	  fIconCacheCount(0)
 {
@@ -146,6 +148,7 @@ UserListWindow::_HandleAdd(const BMessage* message)
 	const uint16 icon = message->GetUInt16("icon", 0);
 	const uint16 color = message->GetUInt16("color", 0);
 	const char* nick = message->GetString("nick", "???");
+	fConnection = ConnectionOf(message);
 
 	int32 index;
 	UserItem* user = _FindUser(socket, &index);
@@ -181,6 +184,7 @@ UserListWindow::_HandleInvoked()
 	BMessage request(kMsgOpenPM);
 	request.AddUInt16("socket", user->Socket());
 	request.AddString("nick", user->Text());
+	AddConnection(&request, fConnection);
 	fTarget->PostMessage(&request);
 }
 

@@ -54,6 +54,8 @@ private:
 	BScrollView* fUserScroll;
 	BStringView* fCountLabel;
 	BLooper* fTarget;
+	// The number of the connection whose users are listed.
+	uint32 fConnection;
 	IconEntry fIconCache[kMaxCachedIcons];
 	int32 fIconCacheCount;
 	// The last picture that found the cache full; it lives until the next one does.

@@ -200,6 +200,34 @@ TEST_F(PrivateMessagesTest, MessageAheadOfTheClosing_OpensAnewAndStays)
 }
 
 
+// The window has been asked to close and does not know yet: what it gets then is not lost with it.
+TEST_F(PrivateMessagesTest, MessageBehindTheClosing_OpensAnew)
+{
+	_Receive(5, "Ann", "hello");
+	MessageWindow* closing = find_window<MessageWindow>();
+	const BMessenger closed(closing);
+	BMessage again(kHLMsgReceived);
+	again.AddString("text", "again");
+	again.AddString("nick", "Ann");
+	again.AddUInt16("socket", 5);
+	closing->PostMessage(B_QUIT_REQUESTED);
+	ASSERT_TRUE(fMain.Window()->Lock());
+	fMain.Window()->MessageReceived(&again);
+	fMain.Window()->Unlock();
+
+	EXPECT_TRUE(WaitFor([&closed] {
+		return !closed.IsValid();
+	}));
+	Settle();
+	ASSERT_EQ(1, _CountOpen());
+	WindowProbe::Settle(find_window<MessageWindow>());
+	EXPECT_EQ("Ann: again\n", _Transcript());
+	_Receive(5, "Ann", "still here");
+	ASSERT_EQ(1, _CountOpen());
+	EXPECT_EQ("Ann: again\nAnn: still here\n", _Transcript());
+}
+
+
 TEST_F(PrivateMessagesTest, ClosingOfAStranger_ChangesNothing)
 {
 	_Receive(5, "Ann", "hello");

@@ -1,0 +1,463 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <string>
+#include <thread>
+
+#include <gtest/gtest.h>
+
+#include <Message.h>
+#include <OS.h>
+#include <StringView.h>
+
+#include "AgreementWindow.h"
+#include "AppMessages.h"
+#include "BannerView.h"
+#include "ConnectedFixture.h"
+#include "DrawnRow.h"
+#include "HotlineNotifications.h"
+#include "InterposedCalls.h"
+#include "MessageWindow.h"
+#include "ProcessCounts.h"
+#include "RawServer.h"
+#include "TrackerWindow.h"
+#include "WaitFor.h"
+#include "WireBytes.h"
+
+
+// The bytes with which a client begins, what the server says to them, and those with which a transfer begins.
+static const size_t kHandshakeSize = 12;
+static const std::string kHandshakeReply = "TRTP" + wire_zeros(4);
+static const size_t kTransferRequestSize = 16;
+// What is done about replies.
+static const uint32 kReply = 0x10000;
+
+
+/*!	Waits without serving the application: what is posted meanwhile stays in the queues. */
+template<class Condition>
+static bool
+await_unserved(const Condition& condition)
+{
+	const bigtime_t deadline = system_time() + 10000000;
+	while (!condition()) {
+		if (system_time() > deadline)
+			return false;
+		std::this_thread::yield();
+	}
+	return true;
+}
+
+
+/*!	One connection after the other: what the former one still says is not taken for the present one's. The former server's
+	steps do not serve the application, so that what it says waits in the controller's queue.
+*/
+class SwitchingTest : public ConnectedFixture {
+protected:
+	// Nothing that the clients or their transfers have begun is left to the next case.
+	~SwitchingTest() override
+	{
+		if (fMain.IsAlive())
+			Post(kMsgToolDisconnect);
+		fCalls.ReleaseLookups();
+		fCalls.ReleaseSnoozes();
+		AwaitThreads();
+	}
+
+	static void AwaitThreads()
+	{
+		EXPECT_TRUE(WaitFor([] {
+			return count_threads_named("HL:") == 0;
+		}));
+	}
+
+	static BMessage ConnectMessage(const char* address, uint16_t port)
+	{
+		BMessage message(kMsgConnectServer);
+		message.AddString("address", address);
+		message.AddInt16("port", static_cast<int16>(port));
+		return message;
+	}
+
+	void PostUnserved(BMessage message) { fMain.Window()->PostMessage(&message); }
+
+	void AwaitConnecting(const char* address, uint16_t port)
+	{
+		AwaitChat("*** Connecting to " + std::string(address) + ":" + std::to_string(port)
+				+ " ***\n",
+			100, 100, 100);
+	}
+
+	void LetFormerShakeHands()
+	{
+		ASSERT_TRUE(fFormer.Accept());
+		fFormer.Read(kHandshakeSize);
+		fFormer.Send(kHandshakeReply);
+		EXPECT_EQ(wire32(107) + wire32(1), fFormer.ReadTransaction().substr(0, 8));
+	}
+
+	void LogInToFormer()
+	{
+		BMessage connect = ConnectMessage("127.0.0.1", fFormer.Port());
+		Post(&connect);
+		AwaitConnecting("127.0.0.1", fFormer.Port());
+		LetFormerShakeHands();
+		fFormer.Send(
+			wire_transaction(kReply, 1, wire_param(160, wire16(190)) + wire_param(162, "Harbor")));
+		fFormer.ReadTransaction();
+		AwaitChat("*** Connected — logging in ***\n", 0, 128, 0);
+		AwaitChat("*** Server: Harbor (v190) ***\n", 0, 100, 0);
+		AwaitChat("*** Logged in ***\n", 0, 128, 0);
+		fFormer.ReadTransaction();
+	}
+
+	static std::string User(uint32_t socket, const std::string& nick)
+	{
+		return wire_param(300,
+			wire16(socket) + wire16(128) + wire16(0) + wire16(static_cast<unsigned>(nick.size()))
+				+ nick);
+	}
+
+	// Has the former server say everything that could show, and returns when all of it has been posted.
+	void LetFormerSpeak()
+	{
+		fFormer.Send(wire_transaction(kReply, 3, User(1, "listed") + User(2, "listed too"))
+			+ wire_transaction(301, 0, wire_param(103, wire16(5)) + wire_param(102, "joined"))
+			+ wire_transaction(106, 0, wire_param(101, "chat"))
+			+ wire_transaction(355, 0, wire_param(101, "broadcast"))
+			+ wire_transaction(104, 0, wire_param(101, "told") + wire_param(103, wire16(5)))
+			+ wire_transaction(104, 0, wire_param(101, "from the server"))
+			+ wire_transaction(109, 0, wire_param(101, "Be kind."))
+			+ wire_transaction(kReply, 2, wire_param(100, "a failure"), 1)
+			+ wire_transaction(111, 0, wire_param(101, "leave"))
+			// This one is answered at once, after all that stood before.
+			+ wire_transaction(109, 0, wire_param(154, wire8(1))));
+		EXPECT_EQ(wire32(121), fFormer.ReadTransaction().substr(0, 4));
+	}
+
+	void ExpectNothingOfFormer()
+	{
+		Settle();
+		ExpectNoChat();
+		EXPECT_EQ(0, CountUsers());
+		EXPECT_EQ("Palimbra", Title());
+		EXPECT_EQ(0, count_windows<AgreementWindow>());
+		EXPECT_EQ(0, count_windows<MessageWindow>());
+	}
+
+	void ExpectConnectedToHarbor()
+	{
+		Settle();
+		ExpectNoChat();
+		EXPECT_EQ("Connected to Harbor", Status());
+		EXPECT_EQ("Palimbra — Harbor", Title());
+		EXPECT_EQ("-dcuf", Buttons());
+		EXPECT_TRUE(MayChat());
+	}
+
+	// Opens the agreement of the former server.
+	void ShowAgreement()
+	{
+		fFormer.Send(wire_transaction(109, 0, wire_param(101, "Be kind.")));
+		EXPECT_TRUE(WaitFor([] {
+			return count_windows<AgreementWindow>() == 1;
+		}));
+	}
+
+	// Has a banner asked for on the current connection, up to where its bytes are waited for.
+	void BeginBanner(size_t size)
+	{
+		BMessage ready(kHLBannerReady);
+		ready.AddUInt32("ref", 7);
+		ready.AddUInt32("size", static_cast<uint32>(size));
+		ready.AddString("address", "127.0.0.1");
+		ready.AddUInt16("port", static_cast<uint16>(fTransfers.Port() - 1));
+		Post(&ready);
+		ASSERT_TRUE(fTransfers.Accept());
+		EXPECT_EQ(kTransferRequestSize, fTransfers.Read(kTransferRequestSize).size());
+	}
+
+	// Returns when the thread that fetched it has posted it and ended.
+	void FinishBanner(const std::string& bytes)
+	{
+		fTransfers.Send(bytes);
+		fTransfers.Hangup();
+		EXPECT_TRUE(WaitFor([] {
+			return count_threads_named("HL:BannerDL") == 0;
+		}));
+		Settle();
+	}
+
+	BSize BannerSize() { return fMain.Find<BannerView>("banner")->MinSize(); }
+
+	InterposedCalls fCalls;
+	RawServer fFormer;
+	RawServer fTransfers;
+};
+
+
+TEST_F(SwitchingTest, DisconnectAheadOfWhatTheServerSaid_LeavesNothingOfIt)
+{
+	LogInToFormer();
+	PostUnserved(BMessage(kMsgToolDisconnect));
+	LetFormerSpeak();
+	AwaitChat("\n*** Disconnected ***\n", 180, 0, 0);
+	ExpectNothingOfFormer();
+	EXPECT_EQ("Not connected", Status());
+	EXPECT_EQ("c----", Buttons());
+	EXPECT_FALSE(MayChat());
+}
+
+
+TEST_F(SwitchingTest, AnotherServerDialedAheadOfWhatTheFormerSaid_ShowsNothingOfIt)
+{
+	LogInToFormer();
+	PostUnserved(ConnectMessage("127.0.0.1", fServer.Port()));
+	LetFormerSpeak();
+	AwaitConnecting("127.0.0.1", fServer.Port());
+	ExpectNothingOfFormer();
+	EXPECT_EQ("Connecting to 127.0.0.1:" + std::to_string(fServer.Port()) + "…", Status());
+
+	fServer.AcceptAndLogIn("Island");
+	AwaitChat("*** Connected — logging in ***\n", 0, 128, 0);
+	AwaitChat("*** Server: Island (v190) ***\n", 0, 100, 0);
+	AwaitChat("*** Logged in ***\n", 0, 128, 0);
+	EXPECT_EQ("Palimbra — Island", Title());
+}
+
+
+// The login of the former one comes through when the other one has been dialed.
+TEST_F(SwitchingTest, AnotherServerDialedAheadOfTheLogin_KeepsTheFormerNameOut)
+{
+	BMessage connect = ConnectMessage("127.0.0.1", fFormer.Port());
+	Post(&connect);
+	AwaitConnecting("127.0.0.1", fFormer.Port());
+	LetFormerShakeHands();
+	AwaitChat("*** Connected — logging in ***\n", 0, 128, 0);
+	PostUnserved(ConnectMessage("127.0.0.1", fServer.Port()));
+	fFormer.Send(
+		wire_transaction(kReply, 1, wire_param(160, wire16(190)) + wire_param(162, "Harbor")));
+	fFormer.ReadTransaction();
+	LetFormerSpeak();
+	AwaitConnecting("127.0.0.1", fServer.Port());
+	ExpectNothingOfFormer();
+	EXPECT_EQ("c----", Buttons());
+}
+
+
+TEST_F(SwitchingTest, Kick_IsNoLostConnection)
+{
+	LogInToFormer();
+	fFormer.Send(wire_transaction(111, 0, wire_param(101, "Good night")));
+	fFormer.Hangup();
+	EXPECT_TRUE(await_unserved([] {
+		return count_threads_named("HL:Receive") == 0;
+	}));
+	AwaitChat("\n*** Server requested disconnect ***\n", 200, 0, 0);
+	ExpectNothingOfFormer();
+	EXPECT_EQ("Not connected", Status());
+}
+
+
+TEST_F(SwitchingTest, DisconnectedWhileResolving_StaysSo)
+{
+	fCalls.HoldSnoozes();
+	fCalls.HoldLookups();
+	BMessage connect = ConnectMessage("127.0.0.1", fFormer.Port());
+	Post(&connect);
+	AwaitConnecting("127.0.0.1", fFormer.Port());
+	Post(kMsgToolDisconnect);
+	AwaitChat("\n*** Disconnected ***\n", 180, 0, 0);
+
+	// The client that was let go of carries on until it is deleted.
+	fCalls.ReleaseLookups();
+	LetFormerShakeHands();
+	fFormer.Send(
+		wire_transaction(kReply, 1, wire_param(160, wire16(190)) + wire_param(162, "Harbor")));
+	fFormer.ReadTransaction();
+	ExpectNothingOfFormer();
+	EXPECT_EQ("Not connected", Status());
+	EXPECT_EQ("c----", Buttons());
+	EXPECT_FALSE(MayChat());
+}
+
+
+TEST_F(SwitchingTest, FormerAttemptThatFails_LeavesThePresentConnection)
+{
+	fCalls.HoldSnoozes();
+	fCalls.HoldLookups("127.0.0.2");
+	BMessage connect = ConnectMessage("127.0.0.2", fFormer.Port());
+	Post(&connect);
+	AwaitConnecting("127.0.0.2", fFormer.Port());
+	LogIn();
+	fCalls.ReleaseLookups();
+	EXPECT_TRUE(await_unserved([] {
+		return count_threads_named("HL:Connect") == 0;
+	}));
+	ExpectConnectedToHarbor();
+}
+
+
+TEST_F(SwitchingTest, DisconnectedWithinALongList_LeavesNobody)
+{
+	const int kUsers = 40000;
+	LogInToFormer();
+	std::string users;
+	for (int i = 1; i <= kUsers; i++)
+		users += User(static_cast<uint32_t>(i), "user");
+	PostUnserved(BMessage(kMsgToolDisconnect));
+	fFormer.Send(wire_transaction(kReply, 3, users));
+	AwaitChat("\n*** Disconnected ***\n", 180, 0, 0);
+	AwaitThreads();
+	ExpectNothingOfFormer();
+}
+
+
+TEST_F(SwitchingTest, FormerAgreementAccepted_IsNotSentToThePresentServer)
+{
+	LogInToFormer();
+	ShowAgreement();
+	LogIn();
+	WindowProbe agreement(find_window<AgreementWindow>());
+	agreement.Invoke("accept");
+	agreement.WaitForEnd();
+	ExpectConnectedToHarbor();
+	Post(kMsgSendChat, "text", "next");
+	EXPECT_EQ("next", fServer.Read().Field(101));
+}
+
+
+TEST_F(SwitchingTest, FormerAgreementDeclined_LeavesThePresentConnection)
+{
+	LogInToFormer();
+	ShowAgreement();
+	LogIn();
+	WindowProbe agreement(find_window<AgreementWindow>());
+	agreement.Invoke("decline");
+	agreement.WaitForEnd();
+	ExpectConnectedToHarbor();
+	Post(kMsgSendChat, "text", "next");
+	EXPECT_EQ("next", fServer.Read().Field(101));
+}
+
+
+TEST_F(SwitchingTest, PresentAgreementDeclined_Disconnects)
+{
+	LogInToFormer();
+	ShowAgreement();
+	WindowProbe agreement(find_window<AgreementWindow>());
+	agreement.Invoke("decline");
+	agreement.WaitForEnd();
+	AwaitChat("*** Agreement declined — disconnecting ***\n", 200, 0, 0);
+	EXPECT_TRUE(fFormer.WaitForEnd());
+}
+
+
+TEST_F(SwitchingTest, BannerOfThisConnection_IsShown)
+{
+	const std::string picture = picture_file(20, 10);
+	LogInToFormer();
+	BeginBanner(picture.size());
+	FinishBanner(picture);
+	EXPECT_EQ(BSize(20, 10), BannerSize());
+}
+
+
+TEST_F(SwitchingTest, BannerOfTheFormerConnection_IsNotShown)
+{
+	const std::string picture = picture_file(20, 10);
+	LogInToFormer();
+	BeginBanner(picture.size());
+	LogIn();
+	FinishBanner(picture);
+	EXPECT_EQ(BSize(0, 0), BannerSize());
+}
+
+
+TEST_F(SwitchingTest, BannerOfALostConnection_IsNotShown)
+{
+	const std::string picture = picture_file(20, 10);
+	LogInToFormer();
+	BeginBanner(picture.size());
+	fFormer.Hangup();
+	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
+	FinishBanner(picture);
+	EXPECT_EQ(BSize(0, 0), BannerSize());
+}
+
+
+// A user's number, a folder and a line of chat mean something else there, or nothing.
+TEST_F(SwitchingTest, WhatWasMeantForAnotherServer_IsNotSentToThisOne)
+{
+	LogIn();
+	for (const uint32 what : {uint32(kMsgSendChat), uint32(kMsgPMSend), uint32(kMsgOpenPM),
+			 uint32(kMsgOpenFolder), uint32(kMsgDownloadFile), uint32(kMsgUploadFile)}) {
+		BMessage late(what);
+		late.AddString("text", "late");
+		late.AddString("nick", "late");
+		late.AddString("path", "late");
+		late.AddString("name", "late");
+		late.AddString("localpath", "/dev/null");
+		late.AddUInt16("socket", 5);
+		late.AddUInt32("connection", 0xffffffff);
+		Post(&late);
+	}
+	ExpectConnectedToHarbor();
+	EXPECT_EQ(0, count_windows<MessageWindow>());
+	Post(kMsgSendChat, "text", "next");
+	EXPECT_EQ("next", fServer.Read().Field(101));
+}
+
+
+TEST_F(SwitchingTest, TypedForThisServer_IsSentToIt)
+{
+	LogIn();
+	fChat.SetText("chatinput", "hello");
+	fChat.Invoke("chatinput");
+	EXPECT_EQ("hello", fServer.Read(105).Field(101));
+}
+
+
+TEST_F(SwitchingTest, TrackerWithoutAThread_SaysSo)
+{
+	fCalls.FailNextSpawn(B_NO_MORE_THREADS);
+	Post(kMsgToolTracker);
+	WindowProbe tracker(find_window<TrackerWindow>());
+	EXPECT_EQ("Error: Could not create tracker thread", tracker.Label("status"));
+
+	// Asking again is possible.
+	fCalls.HoldLookups();
+	tracker.Invoke("refresh");
+	EXPECT_EQ("Loading…", tracker.Label("status"));
+	EXPECT_TRUE(WaitFor([this] {
+		return fCalls.Lookups().size() == 1;
+	}));
+}
+
+
+// The resolver answers when both are long gone, if it ever does.
+TEST_F(SwitchingTest, TrackerClosedWhileResolving_DoesNotWait)
+{
+	fCalls.HoldLookups();
+	Post(kMsgToolTracker);
+	WindowProbe tracker(find_window<TrackerWindow>());
+	EXPECT_TRUE(WaitFor([this] {
+		return fCalls.Lookups().size() == 1;
+	}));
+	tracker.Window()->PostMessage(B_QUIT_REQUESTED);
+	tracker.WaitForEnd();
+}
+
+
+TEST_F(SwitchingTest, ProgramQuitWhileResolving_DoesNotWait)
+{
+	fCalls.HoldLookups();
+	BMessage connect = ConnectMessage("slow.example", 5500);
+	Post(&connect);
+	EXPECT_TRUE(WaitFor([this] {
+		return fCalls.Lookups().size() == 1;
+	}));
+	ASSERT_TRUE(fMain.Window()->Lock());
+	fMain.Window()->Quit();
+	EXPECT_FALSE(fMain.IsAlive());
+}

@@ -204,6 +204,9 @@ FileListWindow::_HandleDownload()
 }
 
 
+/*!	A link goes under its own name, but has the size of what it leads to: that is what the upload
+	will send.
+*/
 void
 FileListWindow::_HandleUploadChosen(const BMessage* message)
 {
@@ -211,7 +214,7 @@ FileListWindow::_HandleUploadChosen(const BMessage* message)
 	if (message->FindRef("refs", &ref) != B_OK)
 		return;
 
-	const BEntry entry(&ref);
+	const BEntry entry(&ref, true);
 	off_t size = 0;
 	if (entry.GetSize(&size) != B_OK)
 		size = 0;

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <Entry.h>
 #include <ListView.h>
 #include <Message.h>
 
@@ -20,6 +21,7 @@
 #include "HotlineNotifications.h"
 #include "InterposedCalls.h"
 #include "RawServer.h"
+#include "TemporaryFolder.h"
 #include "WaitFor.h"
 #include "WireBytes.h"
 
@@ -306,6 +308,29 @@ TEST_F(FilesTest, UploadOfMoreThan32Bits_AnnouncesTheLowOnes)
 	}
 	EXPECT_EQ(announced[0], announced[1]);
 	EXPECT_NE(announced[0], announced[2]);
+}
+
+
+// What is announced: the file's bytes, its description and the name that was chosen.
+TEST_F(FilesTest, UploadThroughALink_AnnouncesItsFile)
+{
+	static const uint32 kDescriptionSize = 74 + 56;
+
+	const TemporaryFolder folder;
+	folder.AddFile("a file with a long name", std::string(5000, 'x'));
+	folder.AddLink("link", "a file with a long name");
+	entry_ref ref;
+	ASSERT_EQ(B_OK, get_ref_for_path(folder.PathOf("link").c_str(), &ref));
+	LogIn();
+	FileListWindow* window = _Open("ab");
+	fServer.Read(200);
+	BMessage chosen(kMsgUploadFile);
+	chosen.AddRef("refs", &ref);
+	window->PostMessage(&chosen);
+	AwaitChat("*** Requesting upload: link ***\n", 100, 100, 100);
+	const WireTransaction sent = fServer.Read(203);
+	EXPECT_EQ("link", sent.Field(201));
+	EXPECT_EQ(wire32(5000 + kDescriptionSize + 4), sent.Field(108));
 }
 
 

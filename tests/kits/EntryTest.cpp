@@ -109,9 +109,35 @@ TEST(EntryTest, Link_IsFollowedOnlyWhenAskedTo)
 	folder.AddLink("link", "file");
 	folder.AddLink("second", "link");
 	EXPECT_TRUE(BEntry(folder.PathOf("second").c_str()).IsSymLink());
-	BEntry followed(folder.PathOf("second").c_str(), true);
-	EXPECT_STREQ("file", followed.Name());
-	EXPECT_TRUE(followed.IsFile());
+	entry_ref ref;
+	ASSERT_EQ(B_OK, get_ref_for_path(folder.PathOf("second").c_str(), &ref));
+	EXPECT_STREQ("second", ref.name);
+	EXPECT_TRUE(BEntry(&ref).IsSymLink());
+	for (const BEntry& followed :
+		{BEntry(folder.PathOf("second").c_str(), true), BEntry(&ref, true)}) {
+		EXPECT_STREQ("file", followed.Name());
+		EXPECT_TRUE(followed.IsFile());
+		off_t size = 0;
+		EXPECT_EQ(B_OK, followed.GetSize(&size));
+		EXPECT_EQ(5, size);
+	}
+}
+
+
+TEST(EntryTest, LinkThatLeadsNowhere_HasNoSizeWhenFollowed)
+{
+	TemporaryFolder folder;
+	folder.AddLink("name", "none");
+	folder.AddLink("folder", "none/name");
+	for (const char* name : {"name", "folder"}) {
+		SCOPED_TRACE(name);
+		BEntry followed(folder.PathOf(name).c_str(), true);
+		EXPECT_FALSE(followed.Exists());
+		off_t size = 7;
+		EXPECT_NE(B_OK, followed.GetSize(&size));
+		EXPECT_EQ(7, size);
+		EXPECT_TRUE(BEntry(folder.PathOf(name).c_str()).IsSymLink());
+	}
 }
 
 

@@ -79,6 +79,16 @@ TEST_F(UploadThreadTest, Data_OfSizesAroundTheBufferArrives)
 }
 
 
+TEST_F(UploadThreadTest, LinkToAFile_SendsTheFileUnderTheLinksName)
+{
+	const std::string data = PatternBytes(0, 5000);
+	const std::string link = NewFile("file", data) + " link";
+	std::filesystem::create_symlink("file", link);
+	EXPECT_TRUE(Expected("file link", data) == Upload(NewUpload(link, "file link")));
+	ExpectOutcome(kMsgUploadDone, "file link", true);
+}
+
+
 TEST_F(UploadThreadTest, EmptyFile_SendsAnEmptyDataFork)
 {
 	const std::string bytes = Upload(NewUpload(NewFile("file", ""), "empty"));

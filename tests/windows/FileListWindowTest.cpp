@@ -65,6 +65,16 @@ protected:
 
 	FileItem* _Item(int32 index) { return static_cast<FileItem*>(fList->ItemAt(index)); }
 
+	// As the file panel does; what is sent then is the recorder's.
+	void _Choose(const std::string& path)
+	{
+		entry_ref ref;
+		ASSERT_EQ(B_OK, get_ref_for_path(path.c_str(), &ref));
+		BMessage chosen(kMsgUploadFile);
+		chosen.AddRef("refs", &ref);
+		fWindow->Post(&chosen);
+	}
+
 	void _Invoke(int32 index)
 	{
 		fList->Select(index);
@@ -232,12 +242,8 @@ TEST_F(FileListWindowTest, ChosenFile_IsOfferedForUploadWithItsSize)
 {
 	const TemporaryFolder folder;
 	folder.AddFile("local file", "123456");
-	entry_ref ref;
-	ASSERT_EQ(B_OK, get_ref_for_path(folder.PathOf("local file").c_str(), &ref));
 	_Open("a/b");
-	BMessage chosen(kMsgUploadFile);
-	chosen.AddRef("refs", &ref);
-	fWindow->Post(&chosen);
+	_Choose(folder.PathOf("local file"));
 
 	const BMessage request = fTarget->OnlyMessage();
 	EXPECT_EQ(uint32(kMsgUploadFile), request.what);
@@ -268,15 +274,54 @@ TEST_F(FileListWindowTest, SeveralChosenFiles_AreTheirFirst)
 TEST_F(FileListWindowTest, ChosenFileThatHasVanished_IsOfferedWithoutASize)
 {
 	const TemporaryFolder folder;
-	entry_ref ref;
-	ASSERT_EQ(B_OK, get_ref_for_path(folder.PathOf("gone").c_str(), &ref));
 	_Open(NULL);
-	BMessage chosen(kMsgUploadFile);
-	chosen.AddRef("refs", &ref);
-	fWindow->Post(&chosen);
+	_Choose(folder.PathOf("gone"));
 	const BMessage request = fTarget->OnlyMessage();
 	EXPECT_EQ(folder.PathOf("gone"), request.GetString("localpath"));
 	EXPECT_EQ(0, request.GetInt64("size", int64(-1)));
+}
+
+
+// It is the file's bytes that are sent, under the name that was chosen.
+TEST_F(FileListWindowTest, ChosenLink_IsOfferedUnderItsNameWithTheSizeOfItsFile)
+{
+	const TemporaryFolder folder;
+	folder.AddFile("the file", std::string(5000, 'x'));
+	folder.AddFolder("inner");
+	folder.AddLink("near", "the file");
+	folder.AddLink("inner/far", "../near");
+	folder.AddLink("absolute", folder.PathOf("inner/far"));
+	_Open("a/b");
+	for (const std::string path : {"near", "inner/far", "absolute"}) {
+		SCOPED_TRACE(path);
+		_Choose(folder.PathOf(path));
+		const BMessage request = fTarget->Messages().back();
+		EXPECT_EQ(path.substr(path.find('/') + 1), request.GetString("name"));
+		EXPECT_EQ(folder.PathOf(path), request.GetString("localpath"));
+		EXPECT_EQ(5000, request.GetInt64("size", int64(-1)));
+	}
+	EXPECT_EQ(3, fTarget->CountMessages());
+}
+
+
+TEST_F(FileListWindowTest, ChosenLinkThatLeadsToNoFile_IsOfferedWithoutASize)
+{
+	const TemporaryFolder folder;
+	folder.AddLink("gone", "nothing");
+	folder.AddLink("far", "no folder/nothing");
+	folder.AddLink("itself", "itself");
+	folder.AddLink("there", "back");
+	folder.AddLink("back", "there");
+	_Open(NULL);
+	for (const std::string name : {"gone", "far", "itself", "there"}) {
+		SCOPED_TRACE(name);
+		_Choose(folder.PathOf(name));
+		const BMessage request = fTarget->Messages().back();
+		EXPECT_EQ(name, request.GetString("name"));
+		EXPECT_EQ(folder.PathOf(name), request.GetString("localpath"));
+		EXPECT_EQ(0, request.GetInt64("size", int64(-1)));
+	}
+	EXPECT_EQ(4, fTarget->CountMessages());
 }
 
 

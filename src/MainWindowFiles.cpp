@@ -34,7 +34,8 @@ stays_in_folder(const char* name)
 }
 
 
-/*!	Starts a thread and gives it its record.
+/*!	Starts a thread and gives it its record. Resuming it cannot fail: nobody else knows a thread
+	that was only just spawned.
 	\return \c false if there is no thread; the record is gone then.
 */
 template<typename Info>
@@ -171,6 +172,8 @@ MainWindow::_HandleDownloadReady(const BMessage* message)
 	line.SetToFormat("*** Downloading %s (%" B_PRIu32 " bytes) ***\n", fileName, info->size);
 	if (start_transfer(DownloadThread, "HL:Download", B_NORMAL_PRIORITY, std::move(info)))
 		_ChatAppend(line.String(), kServerColor);
+	else
+		_ReportTransfer("Download", message);
 }
 
 
@@ -193,6 +196,8 @@ MainWindow::_HandleUploadReady(const BMessage* message)
 	line << "*** Uploading " << info->filename << " ***\n";
 	if (start_transfer(UploadThread, "HL:Upload", B_NORMAL_PRIORITY, std::move(info)))
 		_ChatAppend(line.String(), kServerColor);
+	else
+		_ReportTransfer("Upload", message);
 }
 
 

@@ -431,15 +431,33 @@ TEST_F(FilesTest, Transfers_HaveThreadsOfTheirOwn)
 
 
 // Their records are gone; a leak checker would find them.
-TEST_F(FilesTest, TransferWithoutAThread_IsDroppedWithoutALine)
+TEST_F(FilesTest, FileWithoutAThread_IsToldAsFailed)
 {
 	InterposedCalls calls;
-	for (BMessage& ready : _AllReady()) {
-		calls.FailNextSpawn(B_NO_MORE_THREADS);
-		Post(&ready);
-		ExpectNoChat();
-	}
-	EXPECT_EQ(3u, calls.Threads().size());
+	std::vector<BMessage> ready = _AllReady();
+	calls.FailNextSpawn(B_NO_MORE_THREADS);
+	Post(&ready[0]);
+	ExpectChat("*** Download failed: never comes ***\n", 200, 0, 0);
+	calls.FailNextSpawn(B_NO_MORE_THREADS);
+	Post(&ready[1]);
+	ExpectChat("*** Upload failed: gone ***\n", 200, 0, 0);
+	EXPECT_EQ(2u, calls.Threads().size());
+	EXPECT_FALSE(fTransfers.HasCaller());
+	// There are threads again.
+	Post(&ready[0]);
+	ExpectChat("*** Downloading never comes (10 bytes) ***\n", 0, 100, 0);
+	_ExpectTransfer(5);
+}
+
+
+TEST_F(FilesTest, BannerWithoutAThread_IsDroppedWithoutALine)
+{
+	InterposedCalls calls;
+	BMessage ready = _Ready(kHLBannerReady, 7);
+	calls.FailNextSpawn(B_NO_MORE_THREADS);
+	Post(&ready);
+	ExpectNoChat();
+	EXPECT_EQ(1u, calls.Threads().size());
 	EXPECT_FALSE(fTransfers.HasCaller());
 }
 

@@ -3,51 +3,16 @@
 # Distributed under the terms of the MIT License.
 """Banners that are larger than any screen."""
 
-import socket
-import struct
-import zlib
-
 import hotline
 from desktop import wait_until
 from support import ClientCase, main, setUpModule  # noqa: F401
 
-DOWNLOAD_BANNER = 212
-REFERENCE, TRANSFER_SIZE, BANNER_TYPE = 107, 108, 152
-
 MEGABYTE = 1024 * 1024
-
-
-def picture(width, height):
-    """A white PNG: however many pixels, it has few bytes."""
-    def chunk(kind, content):
-        return struct.pack(">I", len(content)) + kind + content + struct.pack(">I", zlib.crc32(kind + content))
-
-    compressor = zlib.compressobj()
-    row = b"\0" + b"\xff" * -(-width // 8)
-    rows = b"".join(compressor.compress(row) for _ in range(height)) + compressor.flush()
-    header = struct.pack(">IIBBBBB", width, height, 1, 0, 0, 0, 0)
-    return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", rows) + chunk(b"IEND", b"")
-
-
-def listen_on_two_ports():
-    """A server, and a listener on the port that follows its own, where transfers are asked for."""
-    while True:
-        server = hotline.Server()
-        transfers = socket.socket()
-        try:
-            transfers.bind(("127.0.0.1", server.port + 1))
-        except OSError:
-            transfers.close()
-            server.listener.close()
-            continue
-        transfers.listen()
-        transfers.settimeout(hotline.PATIENCE)
-        return server, transfers
 
 
 class BannersTest(ClientCase):
     def setUp(self):
-        self.server, self.transfers = listen_on_two_ports()
+        self.server, self.transfers = hotline.listen_on_two_ports()
         self.addCleanup(self.server.__exit__)
         self.addCleanup(self.transfers.close)
         self.client = self.start_client()
@@ -58,16 +23,9 @@ class BannersTest(ClientCase):
         self.window = self.client.main_window()
 
     def send_banner(self, content):
-        self.connection.send(hotline.transaction(hotline.BANNER, [(BANNER_TYPE, b"PNGf")]))
-        request = self.connection.read_until(DOWNLOAD_BANNER)
-        self.connection.reply(request, [(REFERENCE, struct.pack(">I", 5)),
-            (TRANSFER_SIZE, struct.pack(">I", len(content)))])
-        stream, _ = self.transfers.accept()
-        with stream:
-            transfer = hotline.Connection(stream)
-            self.assertEqual(transfer.read_exactly(4), b"HTXF")
-            transfer.read_exactly(12)
-            transfer.send(content)
+        transfer = self.connection.begin_banner(self.transfers, len(content))
+        transfer.send(content)
+        transfer.close()
 
     def smallest(self):
         return self.window.size_limits()[0]
@@ -78,7 +36,7 @@ class BannersTest(ClientCase):
         for width, height in ((20000, 8), (1, 20000), (70000, 2), (1, 70000), (468, 60)):
             with self.subTest(width=width, height=height):
                 limits = self.smallest()
-                self.send_banner(picture(width, height))
+                self.send_banner(hotline.picture(width, height))
                 wait_until(lambda: self.smallest() != limits, "the window to take the banner in")
                 self.connection.send(hotline.chat(b"beside %d" % width))
                 self.client.wait_for_chat("beside %d\n" % width)
@@ -95,7 +53,7 @@ class BannersTest(ClientCase):
 
     def test_a_wide_banner_widens_the_window(self):
         width, height = self.smallest()
-        self.send_banner(picture(20000, 8))
+        self.send_banner(hotline.picture(20000, 8))
         self.assert_soon(lambda: self.smallest()[1], height + 8)
         self.assertGreaterEqual(self.smallest()[0], 20000)
         self.assert_soon(lambda: self.window.frame()[2:], self.smallest())

@@ -5,14 +5,16 @@
 import socket
 import struct
 import threading
+import zlib
 
 from desktop import PATIENCE
 
 REPLY = 0x00010000
-CHAT_SEND, LOGIN, AGREED, USER_LIST = 105, 107, 121, 300
+CHAT_SEND, LOGIN, AGREED, DOWNLOAD_BANNER, USER_LIST = 105, 107, 121, 212, 300
 CHAT, AGREEMENT, POLITE_QUIT, BANNER, USER_CHANGE, USER_LEAVE, BROADCAST = 106, 109, 111, 122, 301, 302, 355
 
-ERROR, DATA, NICK, SOCKET, ICON, COLOR, VERSION, SERVER_NAME, USER = 100, 101, 102, 103, 104, 112, 160, 162, 300
+ERROR, DATA, NICK, SOCKET, ICON, REFERENCE, TRANSFER_SIZE, COLOR = 100, 101, 102, 103, 104, 107, 108, 112
+BANNER_TYPE, VERSION, SERVER_NAME, USER = 152, 160, 162, 300
 
 
 def short(value):
@@ -35,6 +37,18 @@ def user_change(number, nick, icon=128, color=0):
 
 def user_entry(number, nick, icon=128, color=0):
     return struct.pack(">HHHH", number, icon, color, len(nick)) + nick
+
+
+def picture(width, height):
+    """A white PNG: however many pixels, it has few bytes."""
+    def chunk(kind, content):
+        return struct.pack(">I", len(content)) + kind + content + struct.pack(">I", zlib.crc32(kind + content))
+
+    compressor = zlib.compressobj()
+    row = b"\0" + b"\xff" * -(-width // 8)
+    rows = b"".join(compressor.compress(row) for _ in range(height)) + compressor.flush()
+    header = struct.pack(">IIBBBBB", width, height, 1, 0, 0, 0, 0)
+    return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", rows) + chunk(b"IEND", b"")
 
 
 class Request:
@@ -103,6 +117,18 @@ class Connection:
         for _ in range(2):
             self.reply(self.read_until(USER_LIST), [(USER, user) for user in users])
 
+    def begin_banner(self, transfers, size):
+        """Offers a picture of that many bytes and returns the connection on which they are waited for."""
+        self.send(transaction(BANNER, [(BANNER_TYPE, b"PNGf")]))
+        self.reply(self.read_until(DOWNLOAD_BANNER), [(REFERENCE, struct.pack(">I", 5)),
+            (TRANSFER_SIZE, struct.pack(">I", size))])
+        stream, _ = transfers.accept()
+        transfer = Connection(stream)
+        request = transfer.read_exactly(16)
+        if request[:4] != b"HTXF":
+            raise AssertionError("not a request for a transfer: %r" % request)
+        return transfer
+
     def close(self):
         self.stream.close()
 
@@ -137,6 +163,22 @@ class Server:
             stream.setblocking(False)
             stream.connect_ex(("127.0.0.1", self.port))
             self._open.append(stream)
+
+
+def listen_on_two_ports():
+    """A server, and a listener on the port that follows its own, where transfers are asked for."""
+    while True:
+        server = Server()
+        transfers = socket.socket()
+        try:
+            transfers.bind(("127.0.0.1", server.port + 1))
+        except OSError:
+            transfers.close()
+            server.listener.close()
+            continue
+        transfers.listen()
+        transfers.settimeout(PATIENCE)
+        return server, transfers
 
 
 class Flood:

@@ -3,13 +3,11 @@
 # Distributed under the terms of the MIT License.
 """Quitting ends the program with status 0 whatever its threads are doing at that moment."""
 
-import os
 import socket
-import tempfile
 
 import hotline
 from desktop import wait_until
-from support import BUILD, ClientCase, main, setUpModule  # noqa: F401
+from support import ClientCase, SlowNames, main, setUpModule  # noqa: F401
 
 TCP_SYN_SENT = "02"
 
@@ -30,13 +28,10 @@ class QuitTest(ClientCase):
         self.desktop.key("ctrl+q")
 
     def test_while_resolving(self):
-        folder = tempfile.mkdtemp(dir=self.desktop.folder)
-        gate = os.path.join(folder, "gate")
-        os.mkfifo(gate)
-        client = self.start_client(environment={
-            "LD_PRELOAD": os.path.join(BUILD, "tests/endtoend/libslow_resolver.so"), "PALIMBRA_RESOLVER": folder})
+        names = SlowNames(self.desktop.folder)
+        client = self.start_client(environment=names.environment)
         client.connect("slow.test", self.server.port)
-        wait_until(lambda: os.path.exists(os.path.join(folder, "asked")), "the name to be asked for")
+        names.wait_until_asked()
         client.wait_for_status("Connecting to slow.test:%d…" % self.server.port)
 
         self.quit(client)

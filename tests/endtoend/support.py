@@ -6,6 +6,7 @@ One file by hand: PYTHONPATH=tour PALIMBRA_BUILD=build /usr/bin/python3 tests/en
 """
 
 import os
+import tempfile
 import unittest
 
 import hotline
@@ -22,6 +23,24 @@ _desktop = None
 def setUpModule():
     global _desktop
     _desktop = unittest.enterModuleContext(Desktop())
+
+
+class SlowNames:
+    """For clients that are started with its `environment`: "slow.test" is 127.0.0.1, as soon as the gate is opened."""
+
+    def __init__(self, folder):
+        self._folder = tempfile.mkdtemp(dir=folder)
+        os.mkfifo(os.path.join(self._folder, "gate"))
+        self.environment = {"LD_PRELOAD": os.path.join(BUILD, "tests/endtoend/libslow_resolver.so"),
+            "PALIMBRA_RESOLVER": self._folder}
+
+    def wait_until_asked(self):
+        wait_until(lambda: os.path.exists(os.path.join(self._folder, "asked")), "the name to be asked for")
+
+    def open_gate(self):
+        """Answers whoever has asked."""
+        with open(os.path.join(self._folder, "gate"), "w"):
+            pass
 
 
 class ClientCase(unittest.TestCase):

@@ -4,11 +4,9 @@
 """Trackers that say nothing: no window waits for another one, and the program ends."""
 
 import itertools
-import os
-import tempfile
 
 from desktop import wait_until
-from support import BUILD, ClientCase, main, setUpModule  # noqa: F401
+from support import ClientCase, SlowNames, main, setUpModule  # noqa: F401
 
 FETCH_THREAD = "TrackerFetch"
 
@@ -57,15 +55,12 @@ class TrackerTest(ClientCase):
         self.assert_ended_well(client)
 
     def test_a_window_closes_while_the_name_is_resolved(self):
-        folder = tempfile.mkdtemp(dir=self.desktop.folder)
-        gate = os.path.join(folder, "gate")
-        os.mkfifo(gate)
-        client = self.start_client(environment={
-            "LD_PRELOAD": os.path.join(BUILD, "tests/endtoend/libslow_resolver.so"), "PALIMBRA_RESOLVER": folder})
+        names = SlowNames(self.desktop.folder)
+        client = self.start_client(environment=names.environment)
         address = "slow.test:%d" % self.server.port
         client.use_tracker(address)
         window = client.open_tracker(address)
-        wait_until(lambda: os.path.exists(os.path.join(folder, "asked")), "the name to be asked for")
+        names.wait_until_asked()
         self.close(window)
         self.assert_soon(lambda: self.fetch_threads(client), 0)
         # Only the resolver is left, which nobody waits for.

@@ -51,6 +51,13 @@ def picture(width, height):
     return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", rows) + chunk(b"IEND", b"")
 
 
+def tracker_listing(servers):
+    """What a tracker answers: pairs of a name and a port of 127.0.0.1."""
+    records = b"".join(bytes([127, 0, 0, 1]) + struct.pack(">HHHB", port, 1, 0, len(name)) + name + b"\0"
+        for name, port in servers)
+    return b"HTRK" + struct.pack(">HHHHH", 1, 1, len(records) + 4, len(servers), len(servers)) + records
+
+
 class Request:
     """A transaction that the client sent."""
 
@@ -155,6 +162,11 @@ class Server:
         stream, _ = self.listener.accept()
         self._open.append(stream)
         return Connection(stream)
+
+    def take_in_little(self):
+        """Leaves those who connect from now on with little room for what is not read."""
+        self.listener.setsockopt(socket.IPPROTO_TCP, socket.TCP_MAXSEG, 536)
+        self.listener.setsockopt(socket.SOL_SOCKET, socket.SO_RCVBUF, 4096)
 
     def fill_up(self):
         """Makes every further attempt to connect wait: the few places for those not yet accepted are taken."""

@@ -7,7 +7,7 @@ import socket
 
 import hotline
 from desktop import wait_until
-from support import ClientCase, SlowNames, main, setUpModule  # noqa: F401
+from support import ClientCase, main, setUpModule  # noqa: F401
 
 TCP_SYN_SENT = "02"
 
@@ -26,20 +26,6 @@ class QuitTest(ClientCase):
     def quit(self, client):
         client.bring_to_front(client.main_window())
         self.desktop.key("ctrl+q")
-
-    def test_while_resolving(self):
-        names = SlowNames(self.desktop.folder)
-        client = self.start_client(environment=names.environment)
-        client.connect("slow.test", self.server.port)
-        names.wait_until_asked()
-        client.wait_for_status("Connecting to slow.test:%d…" % self.server.port)
-
-        self.quit(client)
-        # The name is never resolved.
-        self.assert_ended_well(client)
-        self.server.listener.setblocking(False)
-        with self.assertRaises(BlockingIOError, msg="no connection is made any more"):
-            self.server.listener.accept()
 
     def test_while_connecting(self):
         with hotline.Server(backlog=0) as full:

@@ -76,9 +76,9 @@ class ClientCase(unittest.TestCase):
         except NotHappened:
             self.assertEqual(ask(), expected)
 
-    def assert_ended_well(self, client):
+    def assert_ended_well(self, client, patience=None):
         """Waits for the program's end: status 0, nothing to complain about, no process of it left."""
-        self.assertEqual(client.program.wait(), 0, client.program.output())
+        self.assertEqual(client.program.wait(patience), 0, client.program.output())
         self.assertEqual(client.program.output(), "")
         self.assertEqual(processes_of_session(client.program.pid), [])
 

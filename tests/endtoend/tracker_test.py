@@ -69,16 +69,6 @@ class TrackerTest(ClientCase):
         self.assertEqual(client.quit(), 0)
         self.assert_ended_well(client)
 
-    def test_quitting_with_silent_trackers(self):
-        client = self.start_client()
-        client.use_tracker(self.address)
-        opened = [self.open_silent(client) for _ in range(3)]
-        client.bring_to_front(client.main_window())
-        self.desktop.key("ctrl+q")
-        self.assert_ended_well(client)
-        for _, connection in opened:
-            connection.close()
-
 
 if __name__ == "__main__":
     main()

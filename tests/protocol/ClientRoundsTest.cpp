@@ -238,9 +238,9 @@ ClientRoundsTest::Round(uint32 seed)
 	fRandom.seed(seed);
 	fServer->Begin(seed);
 	RoundLog* log = fLogs[seed % 2];
-	EXPECT_TRUE(log->Begin());
 	{
 		HotlineClient client(log);
+		EXPECT_TRUE(log->Begin(client.Connection()));
 		// Talkers who are listened to long enough say more than a client keeps for a server that
 		// does not read.
 		const bool areTalkers = _Number(8) == 0;

@@ -14,14 +14,17 @@
 
 static const std::chrono::seconds kDeadline(10);
 
-// What the test itself posts to the target: a client lives from one to the other.
+// What the test itself posts to the target: a client lives from one to the other. The begin has its
+// number like what the client posts.
 static const uint32 kMsgBegin = 'Rbeg';
 static const uint32 kMsgEnd = 'Rend';
+static const char* const kConnection = "connection";
 
 
 RoundLog::RoundLog()
 	: BLooper("round log"),
-	  fIsOpen(false)
+	  fIsOpen(false),
+	  fConnection(0)
 {
 }
 
@@ -33,6 +36,7 @@ RoundLog::MessageReceived(BMessage* message)
 	switch (message->what) {
 		case kMsgBegin:
 			fCounts = Counts();
+			fConnection = message->GetUInt32(kConnection, 0);
 			fIsOpen = true;
 			break;
 		case kMsgEnd:
@@ -47,16 +51,19 @@ RoundLog::MessageReceived(BMessage* message)
 
 
 bool
-RoundLog::Begin()
+RoundLog::Begin(uint32 connection)
 {
-	return _Mark(kMsgBegin);
+	BMessage mark(kMsgBegin);
+	mark.AddUInt32(kConnection, connection);
+	return _Mark(&mark);
 }
 
 
 bool
 RoundLog::End()
 {
-	return _Mark(kMsgEnd);
+	BMessage mark(kMsgEnd);
+	return _Mark(&mark);
 }
 
 
@@ -95,12 +102,12 @@ RoundLog::Complaint() const
 
 
 bool
-RoundLog::_Mark(uint32 what)
+RoundLog::_Mark(BMessage* mark)
 {
-	PostMessage(what);
+	PostMessage(mark);
 	std::unique_lock<std::mutex> lock(fLock);
 	return fReceived.wait_for(lock, kDeadline, [&] {
-		return fIsOpen == (what == kMsgBegin);
+		return fIsOpen == (mark->what == kMsgBegin);
 	});
 }
 
@@ -129,6 +136,8 @@ RoundLog::_Count(const BMessage* message)
 		return;
 	if (!fIsOpen)
 		fComplaint = "from a client that was deleted: " + MessageLog::Describe(message);
+	else if (message->GetUInt32(kConnection, 0) != fConnection)
+		fComplaint = "not of the present client: " + MessageLog::Describe(message);
 	else if (fCounts.loggedIn > fCounts.connected || fCounts.disconnected > fCounts.connected)
 		fComplaint = "without a connection: " + MessageLog::Describe(message);
 }

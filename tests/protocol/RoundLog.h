@@ -15,7 +15,7 @@
 
 
 /*!	The target of one client after another. Every notification belongs between the begin and the end
-	of one of them. Create it with new and Run() it; end it with Lock() and Quit().
+	of its client. Create it with new and Run() it; end it with Lock() and Quit().
 */
 class RoundLog : public BLooper {
 public:
@@ -32,8 +32,9 @@ public:
 
 	void MessageReceived(BMessage* message) override;
 
-	// Both wait until everything has been received that was posted before.
-	bool Begin();
+	// Both wait until everything has been received that was posted before. From the begin on
+	// everything carries that client's number.
+	bool Begin(uint32 connection);
 	bool End();
 
 	// Attempts to connect whose end has been told, one way or the other, since the begin.
@@ -44,12 +45,13 @@ public:
 	std::string Complaint() const;
 
 private:
-	bool _Mark(uint32 what);
+	bool _Mark(BMessage* mark);
 	void _Count(const BMessage* message);
 
 	mutable std::mutex fLock;
 	std::condition_variable fReceived;
 	bool fIsOpen;
+	uint32 fConnection;
 	Counts fCounts;
 	std::string fComplaint;
 };

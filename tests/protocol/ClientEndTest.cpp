@@ -34,7 +34,6 @@ protected:
 	void ExpectNothingLeft();
 
 private:
-	size_t fThreads;
 	size_t fDescriptors;
 	std::promise<void> fHasBegun;
 	std::atomic<bool> fIsFirst;
@@ -42,8 +41,7 @@ private:
 
 
 ClientEndTest::ClientEndTest()
-	: fThreads(count_threads()),
-	  fDescriptors(count_descriptors()),
+	: fDescriptors(count_descriptors()),
 	  fIsFirst(true)
 {
 	Interposed::wait = [this](thread_id) {
@@ -105,9 +103,7 @@ ClientEndTest::ExpectNothingLeft()
 	client.reset();
 	const size_t posted = log->CountAll();
 	server->Hangup();
-	EXPECT_TRUE(WaitFor([&] {
-		return count_threads() <= fThreads;
-	}));
+	EndClient();
 	EXPECT_EQ(count_descriptors(), fDescriptors);
 	EXPECT_EQ(log->CountAll(), posted);
 }

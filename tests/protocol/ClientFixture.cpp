@@ -21,7 +21,6 @@ ClientTest::ClientTest()
 ClientTest::~ClientTest()
 {
 	EndClient();
-	Interposed::Clear();
 	if (log->Lock())
 		log->Quit();
 	// One that has been waited for leaves the system's list a moment later, and the next test may count.
@@ -38,6 +37,7 @@ ClientTest::EndClient()
 	EXPECT_TRUE(WaitFor([&] {
 		return count_threads() <= fThreads;
 	}));
+	Interposed::Clear();
 }
 
 

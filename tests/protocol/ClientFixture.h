@@ -22,7 +22,7 @@ const char kHandshakeReply[] = "TRTP\0\0\0\0";
 
 
 /*!	A client, the log of what it posts and a server on 127.0.0.1. Whatever was interposed is let go after the client and its
-	threads. A fixture or a test whose own things are called there ends the client before those go.
+	threads. A test whose own things are called there ends the client before those go.
 */
 class ClientTest : public testing::Test {
 public:
@@ -30,7 +30,7 @@ public:
 	~ClientTest() override;
 
 protected:
-	// Deletes the client and waits for threads that it leaves behind, which may call what is interposed.
+	// Deletes the client, waits for the threads that it leaves behind, and lets every call through again.
 	void EndClient();
 
 	void Connect(const char* login = "", const char* password = "", const char* nick = "Ann",

@@ -26,6 +26,19 @@ decode(const char* bytes, qsizetype length)
 }
 
 
+/*!	The text as it stands, with all its blanks, and in lines that only line feeds end. */
+static QString
+as_markup(QString text)
+{
+	text.replace(QLatin1Char('\t'), QLatin1Char(' '));
+	text.replace(QChar::CarriageReturn, QChar::ReplacementCharacter);
+	text.replace(QChar::LineSeparator, QChar::ReplacementCharacter);
+	text.replace(QChar::ParagraphSeparator, QChar::ReplacementCharacter);
+	text = text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+	return QLatin1String("<div style=\"white-space:pre\">") + text + QLatin1String("</div>");
+}
+
+
 QString
 text_from_bytes(const char* bytes, text_use use)
 {
@@ -52,7 +65,7 @@ text_from_bytes(const char* bytes, qsizetype length, text_use use)
 			text.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
 			break;
 		case TOOL_TIP_TEXT:
-			text = QLatin1String("<span>") + text.toHtmlEscaped() + QLatin1String("</span>");
+			text = as_markup(shown_text(text));
 			break;
 	}
 	return text;

@@ -18,13 +18,13 @@ enum text_use {
 	MNEMONIC_TEXT,
 	// "[*]" would mark a changed document.
 	TITLE_TEXT,
-	// '<' would start markup.
+	// '<' would start markup, and blanks and ends of lines would be one blank.
 	TOOL_TIP_TEXT
 };
 
 
 /*!	The characters of bytes that should be UTF-8, one U+FFFD for every byte that is not, prepared so that they are shown
-	as they stand. NULL is the empty text.
+	as they stand; in tool tips by shown_text(). NULL is the empty text.
 */
 QString text_from_bytes(const char* bytes, text_use use = PLAIN_TEXT);
 QString text_from_bytes(const char* bytes, qsizetype length, text_use use = PLAIN_TEXT);

@@ -436,6 +436,42 @@ TEST(ButtonUseTest, IconWithoutALabel_IsCalledByItsToolTip)
 }
 
 
+TEST(ButtonUseTest, ToolTip_IsShownAsItStands)
+{
+	BButton button("button", "", NULL);
+	for (const char* text :
+		{"<b>bold</b>", "&amp; & <", "[*]", "two  blanks", " ahead", "one\ntwo", "\nbelow", "%s"}) {
+		button.SetToolTip(text);
+		EXPECT_EQ(text, shown_tool_tip(&button));
+	}
+	button.SetToolTip("a\ttab");
+	EXPECT_EQ("a tab", shown_tool_tip(&button));
+}
+
+
+// As where texts are drawn; and only line feeds end a line.
+TEST(ButtonUseTest, WhatHasNoShapeInAToolTip_IsReplaced)
+{
+	std::string accents = "a";
+	for (int i = 0; i < 30; i++)
+		accents += "\u0301";
+	const struct {
+		std::string text;
+		std::string shown;
+	} cases[] = {
+		{"a\x01\x1b\x7f", "a\ufffd\ufffd\ufffd"},
+		{"bytes \xff", "bytes \ufffd"},
+		{"a\rb\u2028c\u2029d", "a\ufffdb\ufffdc\ufffdd"},
+		{accents + "\u0301", accents + "\ufffd"},
+	};
+	BButton button("button", "", NULL);
+	for (const auto& expected : cases) {
+		button.SetToolTip(expected.text.c_str());
+		EXPECT_EQ(expected.shown, shown_tool_tip(&button));
+	}
+}
+
+
 TEST(StringViewUseTest, Text_IsItsNameAsItStands)
 {
 	ScriptedWindow* window = new ScriptedWindow;

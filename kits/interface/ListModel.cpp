@@ -4,6 +4,7 @@
  */
 #include <ListModelPrivate.h>
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -73,6 +74,17 @@ ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 }
 
 
+bool
+ListDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* /*view*/,
+	const QStyleOptionViewItem& option, const QModelIndex& /*index*/)
+{
+	if (event->type() != QEvent::ToolTip)
+		return false;
+	fPeer->ShowToolTip(event, option.rect);
+	return true;
+}
+
+
 QSize
 ListDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const
 {
@@ -134,6 +146,23 @@ ListWidget::mouseDoubleClickEvent(QMouseEvent* event)
 	QListView::mouseDoubleClickEvent(event);
 	if (event->button() == Qt::LeftButton)
 		fPeer->InvokeSelection();
+}
+
+
+void
+ListWidget::resizeEvent(QResizeEvent* event)
+{
+	QListView::resizeEvent(event);
+	fPeer->Resize();
+}
+
+
+/*!	Another row is under the mouse. */
+void
+ListWidget::scrollContentsBy(int dx, int dy)
+{
+	QListView::scrollContentsBy(dx, dy);
+	fPeer->Scrolled();
 }
 
 

@@ -37,13 +37,15 @@ private:
 };
 
 
-/*!	Has the rows draw themselves. */
+/*!	Has the rows draw themselves, and the list say what shows while the mouse rests over one. */
 class ListDelegate : public QAbstractItemDelegate {
 public:
 	explicit ListDelegate(ListViewPeer* peer);
 
 	void paint(QPainter* painter, const QStyleOptionViewItem& option,
 		const QModelIndex& index) const override;
+	bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+		const QModelIndex& index) override;
 	QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:
@@ -60,6 +62,8 @@ protected:
 	bool event(QEvent* event) override;
 	void keyPressEvent(QKeyEvent* event) override;
 	void mouseDoubleClickEvent(QMouseEvent* event) override;
+	void resizeEvent(QResizeEvent* event) override;
+	void scrollContentsBy(int dx, int dy) override;
 	QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:

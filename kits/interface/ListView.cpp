@@ -99,6 +99,14 @@ BListView::ItemAt(int32 index) const
 }
 
 
+/*!	-1 where there is no row. */
+int32
+BListView::IndexOf(BPoint point) const
+{
+	return fListPeer->IndexAt(point_to_toolkit(point).toPoint());
+}
+
+
 /*!	-1 when the item is not in the list. */
 int32
 BListView::IndexOf(BListItem* item) const

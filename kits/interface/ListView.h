@@ -36,6 +36,7 @@ public:
 	virtual void MakeEmpty();
 
 	BListItem* ItemAt(int32 index) const;
+	int32 IndexOf(BPoint point) const;
 	int32 IndexOf(BListItem* item) const;
 	bool HasItem(BListItem* item) const;
 	int32 CountItems() const;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QHelpEvent>
 #include <QItemSelectionModel>
 
 #include <ClientScopePrivate.h>
@@ -15,6 +16,7 @@
 #include <InterfaceDefs.h>
 #include <ListModelPrivate.h>
 #include <TextConversionPrivate.h>
+#include <ToolTipPrivate.h>
 #include <WindowPeer.h>
 
 
@@ -160,6 +162,15 @@ ListViewPeer::FrameOf(int32 index)
 }
 
 
+/*!	\return The row at a place in the view, -1 if there is none. */
+int32
+ListViewPeer::IndexAt(const QPoint& place)
+{
+	_TellRows();
+	return fRows->indexAt(place - fRows->viewport()->pos()).row();
+}
+
+
 void
 ListViewPeer::ScrollTo(int32 index)
 {
@@ -271,6 +282,13 @@ ListViewPeer::FlagsChanged()
 }
 
 
+/*!	It is asked for when the mouse rests, and belongs to a row: it says nothing about the list. */
+void
+ListViewPeer::ToolTipChanged(const char* /*text*/)
+{
+}
+
+
 /*!	\param frame Of the row, in the coordinates of the painter. */
 void
 ListViewPeer::DrawRow(QPainter* painter, const QRect& frame, int32 index)
@@ -327,6 +345,22 @@ ListViewPeer::DescriptionOf(int32 index)
 		description += text;
 	}
 	return description;
+}
+
+
+/*!	The mouse rests.
+	\param frame Of the row under it, where it rests over one.
+*/
+void
+ListViewPeer::ShowToolTip(QHelpEvent* event, const QRect& frame)
+{
+	ClientScope scope(View()->Window());
+	if (!scope.MayEnter())
+		return;
+	BToolTip* tip = NULL;
+	const QPoint place = event->pos() + fRows->viewport()->pos();
+	if (View()->GetToolTipAt(point_from_toolkit(place), &tip))
+		tip->Show(event->globalPos(), fRows->viewport(), frame);
 }
 
 

@@ -18,6 +18,7 @@
 
 class ListModel;
 class ListWidget;
+class QHelpEvent;
 class QPainter;
 
 
@@ -41,6 +42,7 @@ public:
 	void Invalidate(int32 index);
 
 	QRect FrameOf(int32 index);
+	int32 IndexAt(const QPoint& place);
 	void ScrollTo(int32 index);
 
 	list_view_type Type() const { return fType; }
@@ -55,12 +57,15 @@ public:
 	void FontChanged() override;
 	void ColorsChanged() override;
 	void FlagsChanged() override;
+	void ToolTipChanged(const char* text) override;
 
 	// For the widget and the model.
 	void DrawRow(QPainter* painter, const QRect& frame, int32 index);
 	int HeightOf(int32 index) const;
 	QString NameOf(int32 index);
 	QString DescriptionOf(int32 index);
+	void ShowToolTip(QHelpEvent* event, const QRect& frame);
+	void Scrolled() { HideToolTip(); }
 	void InvokeSelection();
 
 protected:

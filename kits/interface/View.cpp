@@ -13,6 +13,7 @@
 #include <GeometryConversionPrivate.h>
 #include <Layout.h>
 #include <LayoutPeer.h>
+#include <ToolTipPrivate.h>
 #include <ViewPeer.h>
 #include <Window.h>
 #include <WindowPeer.h>
@@ -35,7 +36,8 @@ BView::BView(ViewPeer* peer, const char* name, uint32 flags)
 	  fParent(NULL),
 	  fFlags(flags),
 	  fHideCount(0),
-	  fLayout(NULL)
+	  fLayout(NULL),
+	  fToolTip(NULL)
 {
 	fPeer->fView = this;
 	fPeer->FlagsChanged();
@@ -49,6 +51,7 @@ BView::~BView()
 	while (!fChildren.empty())
 		delete fChildren.back();
 	delete fLayout;
+	delete fToolTip;
 	delete fPeer;
 }
 
@@ -285,11 +288,37 @@ BView::SetFlags(uint32 flags)
 }
 
 
-/*!	\param text What shows while the mouse rests over the view; NULL for nothing. */
+/*!	One that is on the screen leaves it.
+	\param text What shows while the mouse rests over the view; NULL or empty for nothing.
+*/
 void
 BView::SetToolTip(const char* text)
 {
+	const bool isEmpty = text == NULL || text[0] == '\0';
+	if (isEmpty && fToolTip == NULL)
+		return;
+
+	if (isEmpty) {
+		delete fToolTip;
+		fToolTip = NULL;
+	} else if (fToolTip != NULL)
+		fToolTip->SetText(text);
+	else
+		fToolTip = new BToolTip(text);
 	fPeer->ToolTipChanged(text);
+}
+
+
+/*!	What is to show while the mouse rests at a point.
+	Differs from Haiku: asked in lists alone. Elsewhere it is the view's own tool tip that shows.
+	\param _tip Stays the view's.
+	\return \c false for nothing.
+*/
+bool
+BView::GetToolTipAt(BPoint /*point*/, BToolTip** _tip)
+{
+	*_tip = fToolTip;
+	return fToolTip != NULL;
 }
 
 

@@ -19,6 +19,7 @@ class BBitmap;
 class BLayout;
 class BMessage;
 class BString;
+class BToolTip;
 class BWindow;
 class ViewPeer;
 
@@ -78,6 +79,7 @@ public:
 	virtual void SetFlags(uint32 flags);
 	uint32 Flags() const { return fFlags; }
 	void SetToolTip(const char* text);
+	virtual bool GetToolTipAt(BPoint point, BToolTip** _tip);
 
 	virtual void SetDrawingMode(drawing_mode mode);
 	drawing_mode DrawingMode() const;
@@ -150,6 +152,7 @@ private:
 	uint32 fFlags;
 	int32 fHideCount;
 	BLayout* fLayout;
+	BToolTip* fToolTip;
 	BSize fExplicitMinSize;
 	BSize fExplicitMaxSize;
 	BSize fExplicitPreferredSize;

@@ -14,6 +14,7 @@
 #include <GeometryConversionPrivate.h>
 #include <KeyConversionPrivate.h>
 #include <TextConversionPrivate.h>
+#include <ToolTipPrivate.h>
 #include <ViewWidgetPrivate.h>
 #include <Window.h>
 #include <WindowPeer.h>
@@ -207,6 +208,14 @@ ViewPeer::Resize()
 void
 ViewPeer::Flush()
 {
+}
+
+
+void
+ViewPeer::HideToolTip()
+{
+	if (fView != NULL && fView->fToolTip != NULL)
+		fView->fToolTip->Hide();
 }
 
 

@@ -79,6 +79,8 @@ public:
 protected:
 	// For those that collect changes.
 	void Flush() override;
+	// What is under the mouse has changed.
+	void HideToolTip();
 
 private:
 	friend class BView;

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QHoverEvent>
 #include <QImage>
 #include <QKeyEvent>
@@ -165,6 +166,16 @@ point_at(BView* view, BPoint where)
 	QApplication::sendEvent(widget, &move);
 	QHoverEvent hover(QEvent::HoverMove, place, widget->mapToGlobal(place), place);
 	QApplication::sendEvent(widget, &hover);
+}
+
+
+void
+rest_mouse(BView* view, BPoint where)
+{
+	QPoint place = point_to_toolkit(where).toPoint();
+	QWidget* widget = target_of(view, place);
+	QHelpEvent event(QEvent::ToolTip, place, widget->mapToGlobal(place));
+	QApplication::sendEvent(widget, &event);
 }
 
 

@@ -40,6 +40,8 @@ void click(BView* view, BPoint where);
 void double_click(BView* view, BPoint where);
 // Moves the mouse there without a click.
 void point_at(BView* view, BPoint where);
+// Leaves the mouse there for as long as it takes a tool tip to come up.
+void rest_mouse(BView* view, BPoint where);
 // The left mouse button, with B_SHIFT_KEY or without. It stays down until it is released.
 void press_mouse(BView* view, BPoint where, uint32 modifiers = 0);
 // For a double click, after the first one.

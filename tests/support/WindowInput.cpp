@@ -15,7 +15,9 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScreen>
 #include <QTextDocument>
+#include <QToolTip>
 #include <QWidget>
 #include <QWindow>
 
@@ -234,15 +236,42 @@ is_kept_above(BWindow* window, BWindow* other)
 }
 
 
-std::string
-shown_tool_tip(BView* view)
+static std::string
+text_as_read(const QString& text)
 {
-	const QString text = ViewPeer::Of(view)->Widget()->toolTip();
 	if (!Qt::mightBeRichText(text))
 		return text.toStdString();
 	QTextDocument document;
 	document.setHtml(text);
 	return document.toPlainText().toStdString();
+}
+
+
+std::string
+shown_tool_tip(BView* view)
+{
+	return text_as_read(ViewPeer::Of(view)->Widget()->toolTip());
+}
+
+
+std::string
+tool_tip_on_screen()
+{
+	return QToolTip::isVisible() ? text_as_read(QToolTip::text()) : std::string();
+}
+
+
+bool
+is_tool_tip_whole()
+{
+	for (const QWidget* widget : QApplication::topLevelWidgets()) {
+		if (widget->windowType() == Qt::ToolTip && widget->isVisible()) {
+			return widget->screen()->geometry().contains(widget->geometry())
+				&& widget->width() >= widget->sizeHint().width()
+				&& widget->height() >= widget->sizeHint().height();
+		}
+	}
+	return false;
 }
 
 

@@ -49,6 +49,10 @@ bool is_kept_above(BWindow* window, BWindow* other);
 
 /*!	What the tool tip of a view says, as the user reads it. */
 std::string shown_tool_tip(BView* view);
+/*!	What the tool tip on the screen says, as the user reads it; empty when there is none. */
+std::string tool_tip_on_screen();
+/*!	Whether no part of it is cut off by an edge of the screen, or by its own. */
+bool is_tool_tip_whole();
 
 /*!	Types a path into the file panel that is open, and presses Return, Escape or another key. False when there is none. */
 bool type_into_file_panel(const char* path);

@@ -85,20 +85,28 @@ FileItem::DrawItem(BView* owner, BRect frame, bool complete)
 	RowPainter painter(owner, frame, IsSelected());
 	painter.DrawBackground(complete);
 
-	const float textLeft = _DrawSymbol(owner, &painter, frame.left + kIconInset);
+	_DrawSymbol(owner, &painter, frame.left + kIconInset);
 
 	owner->SetFont(be_plain_font, B_FONT_ALL);
 	const float baseline = painter.Baseline();
-	const BString size(_SizeText());
-	const float sizeLeft = frame.right - kRightInset - owner->StringWidth(size.String());
 	// A name too long for the row would run into the size.
 	BString name(FileName());
-	owner->TruncateString(&name, B_TRUNCATE_END, sizeLeft - kColumnSpacing - textLeft);
+	owner->TruncateString(&name, B_TRUNCATE_END, _NameWidth(frame.Width()));
 	owner->SetHighColor(painter.TextColor());
-	owner->DrawString(name.String(), BPoint(textLeft, baseline));
+	owner->DrawString(name.String(), BPoint(frame.left + _TextLeft(), baseline));
 
+	const BString size(_SizeText());
+	const float sizeLeft = frame.right - kRightInset - owner->StringWidth(size.String());
 	owner->SetHighColor(tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT));
 	owner->DrawString(size.String(), BPoint(sizeLeft, baseline));
+}
+
+
+BString
+FileItem::ToolTipText(float rowWidth) const
+{
+	const bool fits = be_plain_font->StringWidth(FileName()) <= _NameWidth(rowWidth);
+	return fits ? BString() : BString(FileName());
 }
 
 
@@ -118,15 +126,14 @@ FileItem::_Icon() const
 
 /*!	Draws the picture, or else a square for a folder and a circle for a file.
 	\param left Of either, in the view.
-	\return Where the text begins.
 */
-float
+void
 FileItem::_DrawSymbol(BView* owner, RowPainter* painter, float left) const
 {
 	const BBitmap* icon = _Icon();
 	if (icon != NULL) {
 		painter->DrawIcon(icon, left);
-		return left + RowPainter::kIconSize + kIconTextSpacing;
+		return;
 	}
 
 	if (IsFolder()) {
@@ -138,7 +145,25 @@ FileItem::_DrawSymbol(BView* owner, RowPainter* painter, float left) const
 		owner->StrokeRect(square);
 	} else
 		painter->DrawDisc(left, kShapeSize, make_color(120, 150, 200));
-	return left + kShapeSize + kShapeTextSpacing;
+}
+
+
+/*!	Where the name begins in the row. */
+float
+FileItem::_TextLeft() const
+{
+	if (_Icon() != NULL)
+		return kIconInset + RowPainter::kIconSize + kIconTextSpacing;
+	return kIconInset + kShapeSize + kShapeTextSpacing;
+}
+
+
+/*!	How much of a row's width is for the name. */
+float
+FileItem::_NameWidth(float rowWidth) const
+{
+	const float sizeWidth = be_plain_font->StringWidth(_SizeText().String());
+	return rowWidth - kRightInset - sizeWidth - kColumnSpacing - _TextLeft();
 }
 
 

@@ -9,6 +9,8 @@
 #include <ListItem.h>
 #include <String.h>
 
+#include "ToolTipRow.h"
+
 
 class BBitmap;
 class RowPainter;
@@ -17,7 +19,7 @@ class RowPainter;
 /*!	A row of a folder on the server: a picture for its kind, the name and on the right the size.
 	Lives in the thread of its window, which owns it; the pictures are borrowed, and any may be NULL.
 */
-class FileItem : public BStringItem {
+class FileItem : public BStringItem, public ToolTipRow {
 public:
 	FileItem(const char* name, const char* type, const char* creator, int32 size,
 		BBitmap* folderIcon, BBitmap* stuffItIcon, BBitmap* imageIcon);
@@ -28,10 +30,13 @@ public:
 	bool IsFolder() const;
 
 	void DrawItem(BView* owner, BRect frame, bool complete = false) override;
+	BString ToolTipText(float rowWidth) const override;
 
 private:
 	const BBitmap* _Icon() const;
-	float _DrawSymbol(BView* owner, RowPainter* painter, float left) const;
+	void _DrawSymbol(BView* owner, RowPainter* painter, float left) const;
+	float _TextLeft() const;
+	float _NameWidth(float rowWidth) const;
 	BString _SizeText() const;
 
 	// Four characters each, terminated.

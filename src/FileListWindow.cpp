@@ -10,7 +10,6 @@
 #include <FilePanel.h>
 #include <Font.h>
 #include <LayoutBuilder.h>
-#include <ListView.h>
 #include <Looper.h>
 #include <Message.h>
 #include <Messenger.h>
@@ -22,6 +21,7 @@
 #include "AppMessages.h"
 #include "ConnectionMark.h"
 #include "FileItem.h"
+#include "ToolTipListView.h"
 
 
 /*!	\param path The folder on the server, empty or \c NULL for the root.
@@ -31,8 +31,7 @@
 FileListWindow::FileListWindow(BRect frame, BLooper* target, const char* path,
 	const char* assetsPath, uint32 connection)
 	: BWindow(frame, "Files", B_DOCUMENT_WINDOW, B_AUTO_UPDATE_SIZE_LIMITS),
-	  fFileList(new BListView("filelist", B_SINGLE_SELECTION_LIST,
-		  B_WILL_DRAW | B_FRAME_EVENTS | B_NAVIGABLE)),
+	  fFileList(new ToolTipListView("filelist")),
 	  fFileScroll(new BScrollView("filescroll", fFileList, B_WILL_DRAW | B_FRAME_EVENTS, false,
 		  true, B_FANCY_BORDER)),
 	  fDownloadBtn(new BButton("download", "", new BMessage(kMsgDownloadBtn))),

@@ -31,6 +31,14 @@ copy_text(char (&buffer)[size], const char* text)
 }
 
 
+/*!	How much of a row's width is for the description. */
+static float
+description_width(float rowWidth)
+{
+	return rowWidth - 2 * kInset;
+}
+
+
 static float
 line_height(const font_height& height)
 {
@@ -79,27 +87,58 @@ ServerItem::DrawItem(BView* owner, BRect frame, bool complete)
 	const rgb_color textColor = painter.TextColor();
 	const rgb_color dimColor = tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT);
 
-	BString users;
-	users.SetToFormat("%u user%s", fUsers, fUsers == 1 ? "" : "s");
-	const float usersLeft = frame.right - kInset - be_plain_font->StringWidth(users.String());
-
 	// A name too long for the row would run into the number of users.
 	owner->SetFont(be_bold_font, B_FONT_ALL);
 	owner->SetHighColor(textColor);
 	BString text(Text());
-	owner->TruncateString(&text, B_TRUNCATE_END, usersLeft - kColumnSpacing - left);
+	owner->TruncateString(&text, B_TRUNCATE_END, _NameWidth(frame.Width()));
 	owner->DrawString(text.String(), BPoint(left, nameY));
 
 	owner->SetFont(be_plain_font, B_FONT_ALL);
 	owner->SetHighColor(dimColor);
+	const BString users(_UsersText());
+	const float usersLeft = frame.right - kInset - owner->StringWidth(users.String());
 	owner->DrawString(users.String(), BPoint(usersLeft, nameY));
 
 	owner->SetHighColor(tint_color(textColor, kDescriptionTint));
 	text = fDesc;
-	owner->TruncateString(&text, B_TRUNCATE_END, frame.Width() - 2 * kInset);
+	owner->TruncateString(&text, B_TRUNCATE_END, description_width(frame.Width()));
 	owner->DrawString(text.String(), BPoint(left, descY));
 
 	owner->SetHighColor(dimColor);
 	text.SetToFormat("%s:%u", fAddress, fPort);
 	owner->DrawString(text.String(), BPoint(left, addressY));
+}
+
+
+BString
+ServerItem::ToolTipText(float rowWidth) const
+{
+	BString text;
+	if (be_bold_font->StringWidth(Text()) > _NameWidth(rowWidth))
+		text << Text();
+	if (be_plain_font->StringWidth(fDesc) > description_width(rowWidth)) {
+		if (!text.IsEmpty())
+			text << '\n';
+		text << fDesc;
+	}
+	return text;
+}
+
+
+/*!	How much of a row's width is for the name. */
+float
+ServerItem::_NameWidth(float rowWidth) const
+{
+	const float usersWidth = be_plain_font->StringWidth(_UsersText().String());
+	return rowWidth - 2 * kInset - usersWidth - kColumnSpacing;
+}
+
+
+BString
+ServerItem::_UsersText() const
+{
+	BString text;
+	text.SetToFormat("%u user%s", fUsers, fUsers == 1 ? "" : "s");
+	return text;
 }

@@ -8,11 +8,13 @@
 
 #include <ListItem.h>
 
+#include "ToolTipRow.h"
+
 
 /*!	A row of the tracker window: a server's name and how many users it has, what it says about itself, and where it is.
 	Lives in the thread of its window, which owns it.
 */
-class ServerItem : public BStringItem {
+class ServerItem : public BStringItem, public ToolTipRow {
 public:
 	ServerItem(const char* name, const char* desc, const char* address, uint16 port, uint16 users);
 	~ServerItem() override;
@@ -22,8 +24,12 @@ public:
 
 	void DrawItem(BView* owner, BRect frame, bool complete = false) override;
 	void Update(BView* owner, const BFont* font) override;
+	BString ToolTipText(float rowWidth) const override;
 
 private:
+	float _NameWidth(float rowWidth) const;
+	BString _UsersText() const;
+
 	char fAddress[64];
 	char fDesc[256];
 	uint16 fPort;

@@ -9,7 +9,6 @@
 #include <Button.h>
 #include <Font.h>
 #include <LayoutBuilder.h>
-#include <ListView.h>
 #include <Looper.h>
 #include <Message.h>
 #include <ScrollView.h>
@@ -18,13 +17,13 @@
 #include "AppMessages.h"
 #include "HotlineProtocol.h"
 #include "ServerItem.h"
+#include "ToolTipListView.h"
 #include "TrackerFetch.h"
 
 
 TrackerWindow::TrackerWindow(BRect frame, BLooper* target, const char* trackerAddress)
 	: BWindow(frame, "Tracker", B_DOCUMENT_WINDOW, B_AUTO_UPDATE_SIZE_LIMITS),
-	  fServerList(new BListView("serverlist", B_SINGLE_SELECTION_LIST,
-		  B_WILL_DRAW | B_FRAME_EVENTS | B_NAVIGABLE)),
+	  fServerList(new ToolTipListView("serverlist")),
 	  fServerScroll(new BScrollView("serverscroll", fServerList, B_WILL_DRAW | B_FRAME_EVENTS,
 		  false, true, B_FANCY_BORDER)),
 	  fStatusLabel(new BStringView("status", "Loading…", B_WILL_DRAW)),

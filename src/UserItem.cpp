@@ -6,6 +6,7 @@
 
 #include <Font.h>
 #include <InterfaceDefs.h>
+#include <String.h>
 #include <View.h>
 
 #include "RowPainter.h"
@@ -15,6 +16,8 @@
 static const float kIconInset = 4.0f;
 static const float kDotSize = 12.0f;
 static const float kTextSpacing = 6.0f;
+static const float kTextLeft = kIconInset + RowPainter::kIconSize + kTextSpacing;
+static const float kRightInset = 6.0f;
 
 // The bit of the status word that colors the nick.
 static const uint16 kAdministratorBit = 1 << 1;
@@ -34,6 +37,14 @@ dot_color(uint16 status)
 		default:
 			return make_color(50, 100, 180);
 	}
+}
+
+
+/*!	How much of a row's width is for the nick. */
+static float
+nick_width(float rowWidth)
+{
+	return rowWidth - kTextLeft - kRightInset;
 }
 
 
@@ -89,6 +100,15 @@ UserItem::DrawItem(BView* owner, BRect frame, bool complete)
 	const bool isAdministrator = (fColor & kAdministratorBit) != 0;
 	owner->SetFont(be_plain_font, B_FONT_ALL);
 	owner->SetHighColor(isAdministrator ? make_color(200, 0, 0) : painter.TextColor());
-	owner->DrawString(Text(),
-		BPoint(left + RowPainter::kIconSize + kTextSpacing, painter.Baseline()));
+	BString nick(Text());
+	owner->TruncateString(&nick, B_TRUNCATE_END, nick_width(frame.Width()));
+	owner->DrawString(nick.String(), BPoint(frame.left + kTextLeft, painter.Baseline()));
+}
+
+
+BString
+UserItem::ToolTipText(float rowWidth) const
+{
+	const bool fits = be_plain_font->StringWidth(Text()) <= nick_width(rowWidth);
+	return fits ? BString() : BString(Text());
 }

@@ -8,6 +8,8 @@
 
 #include <ListItem.h>
 
+#include "ToolTipRow.h"
+
 
 class UserListWindow;
 
@@ -15,7 +17,7 @@ class UserListWindow;
 /*!	A row of the user list: the user's icon, or a dot where there is no picture for it, and the nick.
 	Lives in the thread of its window, which owns it.
 */
-class UserItem : public BStringItem {
+class UserItem : public BStringItem, public ToolTipRow {
 public:
 	UserItem(uint16 socket, uint16 icon, uint16 color, const char* nick, UserListWindow* owner);
 	~UserItem() override;
@@ -26,6 +28,7 @@ public:
 	void SetColor(uint16 color);
 
 	void DrawItem(BView* owner, BRect frame, bool complete = false) override;
+	BString ToolTipText(float rowWidth) const override;
 
 private:
 	uint16 fSocket; // the server's id of the user

@@ -4,6 +4,7 @@
  */
 #include "UserListWindow.h"
 
+#include <cstring>
 #include <typeinfo>
 
 #include <Application.h>
@@ -11,7 +12,6 @@
 #include <Entry.h>
 #include <Font.h>
 #include <LayoutBuilder.h>
-#include <ListView.h>
 #include <Looper.h>
 #include <Message.h>
 #include <Path.h>
@@ -22,6 +22,7 @@
 
 #include "AppMessages.h"
 #include "ConnectionMark.h"
+#include "ToolTipListView.h"
 #include "UserItem.h"
 
 
@@ -37,8 +38,7 @@ is_user(const BListItem* item)
 
 UserListWindow::UserListWindow(BRect frame, BLooper* target)
 	: BWindow(frame, "Users Online", B_DOCUMENT_WINDOW, B_AUTO_UPDATE_SIZE_LIMITS),
-	  fUserList(new BListView("userlist", B_SINGLE_SELECTION_LIST,
-		  B_WILL_DRAW | B_FRAME_EVENTS | B_NAVIGABLE)),
+	  fUserList(new ToolTipListView("userlist")),
 	  fUserScroll(new BScrollView("userscroll", fUserList, B_WILL_DRAW | B_FRAME_EVENTS, false,
 		  true, B_FANCY_BORDER)),
 	  fCountLabel(new BStringView("countlabel", "0 users online", B_WILL_DRAW)),
@@ -153,6 +153,8 @@ UserListWindow::_HandleAdd(const BMessage* message)
 	int32 index;
 	UserItem* user = _FindUser(socket, &index);
 	if (user != NULL) {
+		if (strcmp(user->Text(), nick) != 0)
+			fUserList->SetToolTip("");
 		user->SetNick(nick);
 		user->SetIcon(icon);
 		user->SetColor(color);

@@ -44,10 +44,12 @@ private:
 
 
 std::string
-drawn_row(const RowDrawing& draw)
+drawn_row(const RowDrawing& draw, float width)
 {
-	return drawn_view(BSize(299, 59), [&draw](BView* view) {
-		draw(view, view->Bounds().InsetByCopy(5, 5));
+	return drawn_view(BSize(299, 59), [&draw, width](BView* view) {
+		BRect frame = view->Bounds().InsetByCopy(5, 5);
+		frame.right = frame.left + width;
+		draw(view, frame);
 	});
 }
 

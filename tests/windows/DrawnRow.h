@@ -20,8 +20,10 @@ class BView;
 using RowDrawing = std::function<void(BView*, BRect)>;
 using ViewDrawing = std::function<void(BView*)>;
 
-/*!	The pixels of a row on the screen, for comparing it with another. */
-std::string drawn_row(const RowDrawing& draw);
+/*!	The pixels of a row on the screen, for comparing it with another.
+	\param width Of the rectangle, at most as wide as it is by itself.
+*/
+std::string drawn_row(const RowDrawing& draw, float width = 289);
 /*!	The same for a view whose Bounds() have this size. */
 std::string drawn_view(BSize size, const ViewDrawing& draw);
 

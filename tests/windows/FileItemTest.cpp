@@ -4,6 +4,7 @@
  */
 #include "FileItem.h"
 
+#include <cmath>
 #include <cstdint>
 #include <memory>
 
@@ -253,4 +254,59 @@ TEST(FileItemTest, HostileName_IsDrawnAsItStands)
 		SCOPED_TRACE(name);
 		EXPECT_TRUE(drawn_file(name.c_str(), 5) == drawn_circle(name.c_str(), "5 B"));
 	}
+}
+
+
+TEST(FileItemTest, NameThatJustFits_HasNoToolTip)
+{
+	const std::unique_ptr<BBitmap> icon = new_icon();
+	const char* name = "a <b>name</b> & more";
+	const struct {
+		const char* type;
+		BBitmap* icon;
+		float left;
+		const char* right;
+	} cases[] = {
+		{"TEXT", NULL, kShapeTextLeft, "5 B"},
+		{"fldr", NULL, kShapeTextLeft, "folder"},
+		{"fldr", icon.get(), kIconTextLeft, "folder"},
+	};
+	for (const auto& row : cases) {
+		SCOPED_TRACE(row.right);
+		const FileItem item(name, row.type, "", 5, row.icon, NULL, NULL);
+		const float width = row.left + std::ceil(be_plain_font->StringWidth(name)) + 8
+			+ std::ceil(be_plain_font->StringWidth(row.right)) + 6;
+		EXPECT_EQ("", item.ToolTipText(width));
+		EXPECT_EQ(name, item.ToolTipText(width - 2));
+	}
+}
+
+
+// At every width either all of it is drawn, or it is the tool tip.
+TEST(FileItemTest, NameIsDrawnWhole_ExactlyWithoutAToolTip)
+{
+	const char* name = "name";
+	FileItem item(name, "TEXT", "", 5, NULL, NULL, NULL);
+	int32 countWhole = 0;
+	for (float width = 60; width < 90; width++) {
+		SCOPED_TRACE(width);
+		const std::string drawn = drawn_row(
+			[&item](BView* view, BRect frame) {
+				item.DrawItem(view, frame);
+			},
+			width);
+		const std::string whole = drawn_row(
+			[name](BView* view, BRect frame) {
+				draw_circle(view, frame);
+				draw_texts(view, BRect(frame.left, frame.top, frame.left + 200, frame.bottom),
+					kShapeTextLeft, name, "");
+				draw_texts(view, frame, 0, "", "5 B");
+			},
+			width);
+		const bool isWhole = drawn == whole;
+		countWhole += isWhole ? 1 : 0;
+		EXPECT_EQ(isWhole ? "" : name, item.ToolTipText(width));
+	}
+	EXPECT_GT(countWhole, 0);
+	EXPECT_LT(countWhole, 30);
 }

@@ -4,6 +4,8 @@
  */
 #include "ServerItem.h"
 
+#include <cmath>
+
 #include <gtest/gtest.h>
 
 #include <Font.h>
@@ -139,4 +141,38 @@ TEST(ServerItemTest, Row_IsThreeLinesHigh)
 	font_height height;
 	be_plain_font->GetHeight(&height);
 	EXPECT_FLOAT_EQ(3 * (height.ascent + height.descent + height.leading) + 8, item.Height());
+}
+
+
+static std::string
+tool_tip_of(const char* name, const char* description, float width)
+{
+	return ServerItem(name, description, "10.20.30.40", 5500, 2).ToolTipText(width).String();
+}
+
+
+TEST(ServerItemTest, NameThatJustFits_HasNoToolTip)
+{
+	const char* name = "a <b>harbor</b> & more";
+	const float width = 6 + std::ceil(be_bold_font->StringWidth(name)) + 8
+		+ std::ceil(be_plain_font->StringWidth("2 users")) + 6;
+	EXPECT_EQ("", tool_tip_of(name, "ships", width));
+	EXPECT_EQ(name, tool_tip_of(name, "ships", width - 2));
+}
+
+
+TEST(ServerItemTest, DescriptionThatJustFits_HasNoToolTip)
+{
+	const char* description = "a <b>description</b> & more of what there is";
+	const float width = 6 + std::ceil(be_plain_font->StringWidth(description)) + 6;
+	EXPECT_EQ("", tool_tip_of("Harbor", description, width));
+	EXPECT_EQ(description, tool_tip_of("Harbor", description, width - 1));
+}
+
+
+TEST(ServerItemTest, NameAndDescriptionThatDoNotFit_AreTwoLines)
+{
+	const std::string name(100, 'n');
+	const std::string description(255, 'd');
+	EXPECT_EQ(name + "\n" + description, tool_tip_of(name.c_str(), description.c_str(), 289));
 }

@@ -2,6 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
+#include <cmath>
+
 #include <gtest/gtest.h>
 
 #include <Application.h>
@@ -28,17 +30,31 @@ static const uint16 kIcon = 128;
 static const uint16 kOtherIcon = 137;
 static const uint16 kNoIcon = 61001;
 static const float kTextLeft = 4 + 16 + 6;
+static const float kTextRight = 6;
 
 
 static void
-draw_nick(BView* view, BRect frame, const char* nick)
+draw_nick(BView* view, BRect frame, const char* nick,
+	color_which nickColor = B_LIST_ITEM_TEXT_COLOR)
 {
 	view->SetFont(be_plain_font);
 	font_height height;
 	view->GetFontHeight(&height);
 	const float y = frame.top + (frame.Height() + height.ascent - height.descent) / 2;
-	view->SetHighColor(ui_color(B_LIST_ITEM_TEXT_COLOR));
+	view->SetHighColor(ui_color(nickColor));
 	view->DrawString(nick, BPoint(frame.left + kTextLeft, y));
+}
+
+
+static void
+draw_dot(BView* view, BRect frame, rgb_color color)
+{
+	const BRect dot(frame.left + 4, frame.top + (frame.Height() - 12) / 2, frame.left + 16,
+		frame.top + (frame.Height() + 12) / 2);
+	view->SetHighColor(color);
+	view->FillEllipse(dot);
+	view->SetHighColor(tint_color(color, B_DARKEN_2_TINT));
+	view->StrokeEllipse(dot);
 }
 
 
@@ -46,12 +62,7 @@ static std::string
 drawn_with_dot(rgb_color color, const char* nick)
 {
 	return drawn_row([=](BView* view, BRect frame) {
-		const BRect dot(frame.left + 4, frame.top + (frame.Height() - 12) / 2, frame.left + 16,
-			frame.top + (frame.Height() + 12) / 2);
-		view->SetHighColor(color);
-		view->FillEllipse(dot);
-		view->SetHighColor(tint_color(color, B_DARKEN_2_TINT));
-		view->StrokeEllipse(dot);
+		draw_dot(view, frame, color);
 		draw_nick(view, frame, nick);
 	});
 }
@@ -161,4 +172,59 @@ TEST_F(UserRowTest, TheSameSocketTwice_ShowsTheLaterNickIconAndColor)
 	_Add(kNoIcon, 1, "at last");
 	ASSERT_EQ(1, list->CountItems());
 	EXPECT_TRUE(_Drawn(list->ItemAt(0)) == drawn_with_dot(make_color(200, 0, 0), "at last"));
+}
+
+
+TEST_F(UserRowTest, NickThatJustFits_IsDrawnWholeAndHasNoToolTip)
+{
+	const char* nick = "Ann <&> of the harbor";
+	UserItem item(1, kNoIcon, 0, nick, fUsers);
+	const float width = kTextLeft + std::ceil(be_plain_font->StringWidth(nick)) + kTextRight;
+	EXPECT_EQ("", item.ToolTipText(width));
+	const RowDrawing draw = [&item](BView* view, BRect frame) {
+		item.DrawItem(view, frame);
+	};
+	EXPECT_TRUE(drawn_row(draw, width) == drawn_with_dot(make_color(50, 100, 180), nick));
+}
+
+
+TEST_F(UserRowTest, NickWithAPixelTooFew_EndsInAnEllipsisAndIsTheToolTip)
+{
+	const char* nick = "Ann <&> of the harbor";
+	const float textWidth = std::ceil(be_plain_font->StringWidth(nick)) - 1;
+	const float width = kTextLeft + textWidth + kTextRight;
+	BString cut(nick);
+	be_plain_font->TruncateString(&cut, B_TRUNCATE_END, textWidth);
+	ASSERT_TRUE(cut.EndsWith("…"));
+	for (const bool isSelected : {false, true}) {
+		UserItem item(1, kNoIcon, 0, nick, fUsers);
+		if (isSelected)
+			item.Select();
+		EXPECT_EQ(nick, item.ToolTipText(width));
+		const std::string drawn = drawn_row(
+			[&item](BView* view, BRect frame) {
+				item.DrawItem(view, frame);
+			},
+			width);
+		EXPECT_TRUE(drawn == drawn_row([&](BView* view, BRect frame) {
+			frame.right = frame.left + width;
+			view->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
+			if (isSelected)
+				view->FillRect(frame);
+			draw_dot(view, frame, make_color(50, 100, 180));
+			draw_nick(view, frame, cut.String(),
+				isSelected ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR);
+		}));
+	}
+}
+
+
+// A picture leaves the nick as much room as a dot.
+TEST_F(UserRowTest, LongNickBesideAPicture_EndsInAnEllipsis)
+{
+	const std::string nick(63, 'w');
+	BString cut(nick.c_str());
+	be_plain_font->TruncateString(&cut, B_TRUNCATE_END, 289 - kTextLeft - kTextRight);
+	EXPECT_TRUE(
+		_Drawn(kIcon, 0, nick.c_str()) == drawn_with_icon(fUsers->IconForID(kIcon), cut.String()));
 }

@@ -371,20 +371,22 @@ class AtOnceTest(SwitchingCase):
     # A server that does not read
 
     def say_much(self):
-        """Sends 300 lines of 2000 letters, a little more than half a megabyte, which stop on their way."""
+        """Sends 18 lines of 50,000 letters: more than there is room for on the way, less than the client keeps."""
         self.first.take_in_little()
         connection = self.log_in_to_first()
         window = self.client.bring_to_front(self.client.chat_window())
         entry = self.client.entry()
         self.client.click(entry, window)
         self.desktop.type("0123456789" * 10)
-        self.desktop.key("ctrl+a", "ctrl+c", "End", *["ctrl+v"] * 19)
-        wait_until(lambda: entry.count_characters() == 2000, "a long line")
+        self.desktop.key("ctrl+a", "ctrl+c", "End", *["ctrl+v"] * 9)
+        self.desktop.key("ctrl+a", "ctrl+c", "End", *["ctrl+v"] * 49)
+        wait_until(lambda: entry.count_characters() == 50000, "a long line")
         self.desktop.key("ctrl+a", "ctrl+c")
-        # Faster than any hand. Where the window is not, it takes two lines for one.
-        self.desktop.ask("xdotool", "key", "--clearmodifiers", "--delay", "4", *["ctrl+v", "Return"] * 300)
-        self.desktop.type("x")
-        wait_until(lambda: entry.text() == "x", "the lines to be sent")
+        for _ in range(18):
+            self.desktop.key("ctrl+v")
+            wait_until(lambda: entry.count_characters() == 50000, "the line to be there")
+            self.desktop.key("Return")
+            wait_until(lambda: entry.count_characters() == 0, "the line to be sent")
         wait_until(lambda: "HL:Send" in self.client.program.threads(), "a line to wait for the server")
         return connection
 

@@ -109,10 +109,12 @@ void
 ChatWindow::_HandleEnable(const BMessage* message)
 {
 	const bool enabled = message->GetBool("enabled");
-	fConnection = ConnectionOf(message);
 	fChatInput->SetEnabled(enabled);
-	if (enabled)
-		fChatInput->MakeFocus(true);
+	if (!enabled)
+		return;
+	// What is sent after the chat was disabled still is meant for that connection.
+	fConnection = ConnectionOf(message);
+	fChatInput->MakeFocus(true);
 }
 
 

@@ -14,7 +14,7 @@
 
 
 // How often, and how far apart, a call that opens a socket is told to end.
-static const int32 kStopAttempts = 20;
+static const int32 kStopAttempts = 50;
 static const bigtime_t kStopInterval = 5000;
 
 
@@ -60,16 +60,19 @@ ConnectionAttempt::Close()
 
 
 /*!	A call that is only just on its way into the system does not notice that its socket is shut down, so this is done more than
-	once: it may take a tenth of a second.
+	once: it may take a quarter of a second.
 */
 void
 ConnectionAttempt::Cancel()
 {
+	{
+		BAutolock locker(fLock);
+		fIsCanceled = true;
+	}
 	fLookup.Cancel();
 	for (int32 i = 0; i < kStopAttempts; i++) {
 		{
 			BAutolock locker(fLock);
-			fIsCanceled = true;
 			fSocket.ShutDown();
 			if (!fIsConnecting)
 				return;
@@ -105,7 +108,7 @@ ConnectionAttempt::_Connect(const addrinfo& address)
 	const int result = connect(number, address.ai_addr, address.ai_addrlen);
 	// Where the time-out ends a connect, some systems say that it is still in progress.
 	const int error = errno == EINPROGRESS ? ETIMEDOUT : errno;
-	if (!_EndConnecting())
+	if (!_EndConnecting(result == 0))
 		return kCanceled;
 	if (result != 0) {
 		fError = strerror(error);
@@ -126,10 +129,13 @@ ConnectionAttempt::_BeginConnecting(int number)
 }
 
 
+/*!	A socket that came to nothing is closed. */
 bool
-ConnectionAttempt::_EndConnecting()
+ConnectionAttempt::_EndConnecting(bool isConnected)
 {
 	BAutolock locker(fLock);
 	fIsConnecting = false;
+	if (!isConnected)
+		fSocket = SocketReference();
 	return !fIsCanceled;
 }

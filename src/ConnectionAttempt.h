@@ -39,7 +39,7 @@ private:
 	bool _IsCanceled() const;
 	Outcome _Connect(const addrinfo& address);
 	bool _BeginConnecting(int number);
-	bool _EndConnecting();
+	bool _EndConnecting(bool isConnected);
 
 	NameLookup fLookup;
 	const int fTimeout;

@@ -105,6 +105,7 @@ FileListWindow::QuitRequested()
 {
 	BMessage notice(kMsgFileWinClosed);
 	notice.AddPointer("window", this);
+	AddConnection(&notice, fConnection);
 	fTarget->PostMessage(&notice);
 	return true;
 }

@@ -120,16 +120,15 @@ HotlineClient::Connect(const char* address, uint16 port, const char* login, cons
 	std::shared_ptr<ConnectionAttempt> replaced;
 	{
 		BAutolock locker(fStateLock);
-		fConnectAddress = address != NULL ? address : "";
-		fConnectPort = port;
-		fConnLogin = login != NULL ? login : "";
-		fConnPassword = password != NULL ? password : "";
-		fConnNick = nick != NULL ? nick : kDefaultNick;
-		fConnIcon = icon;
-
 		const thread_id thread = spawn_thread(_ConnectThreadEntry, "HL:Connect", B_NORMAL_PRIORITY,
 			this);
 		if (thread >= 0) {
+			fConnectAddress = address != NULL ? address : "";
+			fConnectPort = port;
+			fConnLogin = login != NULL ? login : "";
+			fConnPassword = password != NULL ? password : "";
+			fConnNick = nick != NULL ? nick : kDefaultNick;
+			fConnIcon = icon;
 			if (fConnectThread >= 0)
 				fReplacedThreads.push_back(fConnectThread);
 			replaced = fAttempt;

@@ -69,6 +69,14 @@ public:
 	void SendAgreed(const char* nick, uint16 icon);
 
 private:
+	// As whom an attempt logs in.
+	struct Login {
+		BString name;
+		BString password;
+		BString nick;
+		uint16 icon;
+	};
+
 	// Connecting
 	static status_t _ConnectThreadEntry(void* data);
 	status_t _ConnectThread();
@@ -79,7 +87,7 @@ private:
 	bool _StartReceiving();
 	void _DropSocket(const SocketReference& socket);
 	bool _MayProceed() const;
-	void _SendLogin();
+	void _SendLogin(const Login& login);
 
 	// Moving bytes
 	SocketReference _Socket() const;

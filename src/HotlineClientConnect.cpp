@@ -116,8 +116,10 @@ HotlineClient::_OpenConnection(SocketReference* _socket)
 	*_socket = attempt->Socket();
 	const int number = _socket->Number();
 	// The receive loop could not wait for it.
-	if (number >= FD_SETSIZE)
+	if (number >= FD_SETSIZE) {
+		attempt->Close();
 		return "Could not create socket";
+	}
 	// A request's later pieces do not wait until its first one has been acknowledged.
 	const int noDelay = 1;
 	setsockopt(number, IPPROTO_TCP, TCP_NODELAY, &noDelay, sizeof(noDelay));
@@ -184,6 +186,8 @@ HotlineClient::_BeginSession(const SocketReference& socket)
 	{
 		// Until the login is on its way, nobody else gets an id or sends.
 		BAutolock sendLocker(fSendLock);
+		// A later Connect() may have others.
+		Login login;
 		{
 			BAutolock locker(fStateLock);
 			if (!_MayProceed() || !fSocket.IsSameAs(socket))
@@ -194,10 +198,11 @@ HotlineClient::_BeginSession(const SocketReference& socket)
 			fPort = fConnectPort;
 			fServerName = "";
 			fServerVersion = 0;
+			login = {fConnLogin, fConnPassword, fConnNick, fConnIcon};
 			fSendQueue = std::make_shared<SendQueue>(socket);
 		}
 		fTasks.MakeEmpty();
-		_SendLogin();
+		_SendLogin(login);
 	}
 	_Notify(kHLConnected);
 
@@ -238,6 +243,9 @@ HotlineClient::_DropSocket(const SocketReference& socket)
 {
 	BAutolock locker(fStateLock);
 	if (socket.IsSet() && fSocket.IsSameAs(socket)) {
+		// What its queue still sends would keep it open.
+		if (fSendQueue != NULL)
+			socket.ShutDown();
 		fSocket = SocketReference();
 		fSendQueue.reset();
 		fConnected = false;
@@ -255,29 +263,17 @@ HotlineClient::_MayProceed() const
 
 /*!	Sends the login. What is too long for its buffer is cut: first the nickname, then the password. */
 void
-HotlineClient::_SendLogin()
+HotlineClient::_SendLogin(const Login& login)
 {
-	BString login;
-	BString password;
-	BString nick;
-	uint16 icon;
-	{
-		BAutolock locker(fStateLock);
-		login = fConnLogin;
-		password = fConnPassword;
-		nick = fConnNick;
-		icon = fConnIcon;
-	}
-
 	uint8 buffer[kLoginBufferSize];
 	TransactionBuilder builder(buffer, sizeof(buffer));
-	builder.BuildParamInt16(kFieldIcon, icon);
+	builder.BuildParamInt16(kFieldIcon, login.icon);
 	// Room for the three texts together: without the two numbers and the headers of their own.
 	size_t room = kLoginBufferSize - kHeaderSize - 2 * (kParamHeaderSize + 2)
 		- 3 * kParamHeaderSize;
-	room -= add_login_text(builder, kFieldLogin, login, room, true);
-	room -= add_login_text(builder, kFieldPassword, password, room, true);
-	add_login_text(builder, kFieldNick, nick, room, false);
+	room -= add_login_text(builder, kFieldLogin, login.name, room, true);
+	room -= add_login_text(builder, kFieldPassword, login.password, room, true);
+	add_login_text(builder, kFieldNick, login.nick, room, false);
 	builder.BuildParamInt16(kFieldVersion, kClientVersion);
 
 	fLoginTrans = _SendRequest(kCmdLogin, builder, TransactionPieces(buffer, builder.Size()),

@@ -70,7 +70,7 @@ private:
 	void _HandleAcceptAgreement();
 	void _HandleDeclineAgreement();
 
-	MessageWindow* _FindOrCreatePM(uint16 socket, const char* nick);
+	MessageWindow* _FindOrCreatePM(uint16 socket, const char* nick, BMessage* received = NULL);
 	void _HandleMessageReceived(const BMessage* message);
 	void _HandleSendMessage(const BMessage* message);
 	void _HandleMessageWindowClosed(const BMessage* message);

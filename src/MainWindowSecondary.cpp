@@ -19,9 +19,10 @@
 
 /*!	Brings the conversation with a user to the front, a new one if there is none. Where a closed one was there may be a
 	window of another kind by now.
+	\param received What it gets, unless it is NULL: posted while it cannot close.
 */
 MessageWindow*
-MainWindow::_FindOrCreatePM(uint16 socket, const char* nick)
+MainWindow::_FindOrCreatePM(uint16 socket, const char* nick, BMessage* received)
 {
 	for (int32 i = 0; i < fMsgWindows.CountItems(); i++) {
 		BWindow* open = static_cast<BWindow*>(fMsgWindows.ItemAt(i));
@@ -35,6 +36,8 @@ MainWindow::_FindOrCreatePM(uint16 socket, const char* nick)
 			if (window->IsMinimized())
 				window->Minimize(false);
 			window->Activate(true);
+			if (received != NULL)
+				window->PostMessage(received);
 		}
 		open->Unlock();
 		if (found)
@@ -46,6 +49,8 @@ MainWindow::_FindOrCreatePM(uint16 socket, const char* nick)
 	// A closed one that is still listed may have been at this very address.
 	fMsgWindows.RemoveItem(window);
 	fMsgWindows.AddItem(window);
+	if (received != NULL)
+		window->PostMessage(received);
 	window->Show();
 	return window;
 }
@@ -65,11 +70,10 @@ MainWindow::_HandleMessageReceived(const BMessage* message)
 	}
 
 	const char* nick = message->GetString("nick", "???");
-	MessageWindow* window = _FindOrCreatePM(socket, nick);
 	BMessage received(kMsgPMReceived);
 	received.AddString("nick", nick);
 	received.AddString("text", text);
-	window->PostMessage(&received);
+	_FindOrCreatePM(socket, nick, &received);
 }
 
 

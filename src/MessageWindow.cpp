@@ -23,6 +23,9 @@
 static constexpr rgb_color kIncomingColor = {180, 0, 0, 255};
 static constexpr rgb_color kOutgoingColor = {0, 0, 180, 255};
 
+// Of the window's own request to quit, which follows that of whoever closes it.
+static const char* const kSecondStep = "second step";
+
 
 /*!	\param socket The other user's id.
 	\param connection The number of the connection on which that user is.
@@ -91,10 +94,17 @@ MessageWindow::AppendOutgoing(const char* text)
 void
 MessageWindow::DispatchMessage(BMessage* message, BHandler* handler)
 {
-	if (message->what == B_QUIT_REQUESTED && !fIsClosing) {
-		fIsClosing = true;
-		PostMessage(B_QUIT_REQUESTED);
-	} else
+	if (message->what != B_QUIT_REQUESTED || message->GetBool(kSecondStep)) {
+		BWindow::DispatchMessage(message, handler);
+		return;
+	}
+
+	if (fIsClosing)
+		return;
+	fIsClosing = true;
+	BMessage secondStep(B_QUIT_REQUESTED);
+	secondStep.AddBool(kSecondStep, true);
+	if (PostMessage(&secondStep) != B_OK)
 		BWindow::DispatchMessage(message, handler);
 }
 
@@ -125,6 +135,7 @@ MessageWindow::QuitRequested()
 	notice.AddUInt16("socket", fSocket);
 	// A late notice is not to be taken for that of a later window for the same user.
 	notice.AddPointer("window", this);
+	AddConnection(&notice, fConnection);
 	fTarget->PostMessage(&notice);
 	return true;
 }

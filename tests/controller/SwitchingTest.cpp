@@ -386,6 +386,26 @@ TEST_F(SwitchingTest, BannerOfALostConnection_IsNotShown)
 }
 
 
+// Transfers are the user's, and not the connection's.
+TEST_F(SwitchingTest, UploadOfTheFormerConnection_GoesOnAndReports)
+{
+	LogInToFormer();
+	fCalls.HoldLookups("127.0.0.2");
+	BMessage ready(kHLUploadReady);
+	ready.AddUInt32("ref", 7);
+	ready.AddString("filename", "name");
+	ready.AddString("localpath", "/dev/null");
+	ready.AddString("address", "127.0.0.2");
+	ready.AddUInt16("port", static_cast<uint16>(fTransfers.Port() - 1));
+	Post(&ready);
+	AwaitChat("*** Uploading name ***\n", 0, 100, 0);
+	LogIn();
+	fCalls.ReleaseLookups();
+	AwaitChat("*** Upload failed: name ***\n", 200, 0, 0);
+	ExpectConnectedToHarbor();
+}
+
+
 // A user's number, a folder and a line of chat mean something else there, or nothing.
 TEST_F(SwitchingTest, WhatWasMeantForAnotherServer_IsNotSentToThisOne)
 {

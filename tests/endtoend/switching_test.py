@@ -12,7 +12,7 @@ from desktop import wait_until
 from support import ClientCase, SlowNames, main, setUpModule  # noqa: F401
 
 # Seconds, in place of the usual patience: what happens at once does not wait for a socket's time-out, which takes ten.
-AT_ONCE = 3
+AT_ONCE = 6
 
 NOT_CONNECTED = ["Connect", "Tracker", "Options"]
 CONNECTED = ["Disconnect", "Chat", "Users", "Files", "Tracker", "Options"]

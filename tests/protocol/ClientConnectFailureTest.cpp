@@ -11,6 +11,7 @@
 
 #include "ClientFixture.h"
 #include "Interposed.h"
+#include "WaitFor.h"
 
 
 typedef ClientTest ClientConnectFailureTest;
@@ -118,8 +119,9 @@ TEST_F(ClientConnectFailureTest, SocketThatSelectCannotWatch)
 	};
 	Connect();
 	ExpectFailure("Could not create socket");
-	client.reset();
-	EXPECT_EQ(count_descriptors(), descriptors);
+	EXPECT_TRUE(WaitFor([descriptors] {
+		return count_descriptors() == descriptors;
+	}));
 	setrlimit(RLIMIT_NOFILE, &before);
 }
 
@@ -128,8 +130,10 @@ TEST_F(ClientConnectFailureTest, NobodyListens)
 {
 	const uint16 port = server->Port();
 	server.reset();
+	const size_t descriptors = count_descriptors();
 	client->Connect("127.0.0.1", port, "", "", "Ann", 137);
 	ExpectFailure("Could not connect to server");
+	EXPECT_EQ(count_descriptors(), descriptors);
 }
 
 

@@ -86,6 +86,8 @@ TEST_F(ConnectionMarkTest, MessageToAClosingConversation_GoesBackWithIt)
 	window.Window()->Show();
 	BMessage received(kMsgPMReceived);
 	received.AddString("text", "hello");
+	// As when the close box is clicked twice.
+	window.Window()->PostMessage(B_QUIT_REQUESTED);
 	window.Window()->PostMessage(B_QUIT_REQUESTED);
 	window.Window()->PostMessage(&received);
 	window.WaitForEnd();
@@ -98,6 +100,7 @@ TEST_F(ConnectionMarkTest, MessageToAClosingConversation_GoesBackWithIt)
 	EXPECT_EQ(5, posted[0].GetUInt16("socket", 0));
 	EXPECT_EQ(kConnection, ConnectionOf(&posted[0]));
 	EXPECT_EQ(uint32(kMsgPMWinClosed), posted[1].what);
+	EXPECT_EQ(kConnection, ConnectionOf(&posted[1]));
 }
 
 
@@ -127,6 +130,32 @@ TEST_F(ConnectionMarkTest, ChatLine_HasThatForWhichTheChatWasEnabled)
 	window.SetText("chatinput", "hi");
 	window.Invoke("chatinput");
 	_ExpectPosted(kMsgSendChat);
+}
+
+
+// The chat was disabled when the line had been typed, but not sent yet.
+TEST_F(ConnectionMarkTest, ChatLineSentLate_HasThatForWhichItWasTyped)
+{
+	WindowProbe window(new ChatWindow(kFrame, fTarget.get()));
+	window.Window()->Show();
+	BMessage enable(kMsgEnableChat);
+	enable.AddBool("enabled", true);
+	AddConnection(&enable, kConnection);
+	window.Post(&enable);
+	window.SetText("chatinput", "hi");
+	window.Post(kMsgEnableChat);
+	window.Post(kMsgSendChat);
+	_ExpectPosted(kMsgSendChat);
+}
+
+
+TEST_F(ConnectionMarkTest, ClosingFileList_HasIt)
+{
+	WindowProbe window(new FileListWindow(kFrame, fTarget.get(), "", "", kConnection));
+	window.Window()->Show();
+	window.Window()->PostMessage(B_QUIT_REQUESTED);
+	window.WaitForEnd();
+	_ExpectPosted(kMsgFileWinClosed);
 }
 
 

@@ -94,7 +94,7 @@ void
 MainWindow::_HandleMessageWindowClosed(const BMessage* message)
 {
 	const uint16 socket = message->GetUInt16("socket", 0);
-	const void* closed = message->GetPointer("window", NULL);
+	const void* closed = message->GetPointer("window");
 	for (int32 i = fMsgWindows.CountItems() - 1; i >= 0; i--) {
 		BWindow* window = static_cast<BWindow*>(fMsgWindows.ItemAt(i));
 		bool found = closed != NULL && window == closed;

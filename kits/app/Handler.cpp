@@ -13,8 +13,7 @@
 
 BHandler::BHandler(const char* name)
 	: fName(name != NULL ? strdup(name) : NULL),
-	  fLooper(NULL),
-	  fNextHandler(NULL)
+	  fLooper(NULL)
 {
 	LooperRegistry::Default()->AddHandler(this);
 }
@@ -23,59 +22,17 @@ BHandler::BHandler(const char* name)
 /*!	Leaves its looper, which must be locked. */
 BHandler::~BHandler()
 {
-	BLooper* looper = Looper();
-	if (looper != NULL)
-		looper->RemoveHandler(this);
+	if (fLooper != NULL)
+		fLooper->RemoveHandler(this);
 	LooperRegistry::Default()->RemoveHandler(this);
 	free(fName);
 }
 
 
-/*!	Passes the message on to the next handler. What the last one does not know is dropped. */
+/*!	Passes the message on to the looper. What that does not know is dropped. */
 void
 BHandler::MessageReceived(BMessage* message)
 {
-	if (fNextHandler != NULL)
-		fNextHandler->MessageReceived(message);
-}
-
-
-void
-BHandler::SetName(const char* name)
-{
-	char* copy = name != NULL ? strdup(name) : NULL;
-	free(fName);
-	fName = copy;
-}
-
-
-/*!	\a handler must belong to the same looper. */
-void
-BHandler::SetNextHandler(BHandler* handler)
-{
-	fNextHandler = handler;
-}
-
-
-/*!	Locks the looper. False without one, and when it is gone or was changed meanwhile. */
-bool
-BHandler::LockLooper()
-{
-	BLooper* looper = Looper();
-	if (looper == NULL || !looper->Lock())
-		return false;
-	if (looper == Looper())
-		return true;
-
-	looper->Unlock();
-	return false;
-}
-
-
-void
-BHandler::UnlockLooper()
-{
-	BLooper* looper = Looper();
-	if (looper != NULL)
-		looper->Unlock();
+	if (fLooper != NULL && fLooper != this)
+		fLooper->MessageReceived(message);
 }

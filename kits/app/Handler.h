@@ -6,8 +6,6 @@
 #define HANDLER_H
 
 
-#include <atomic>
-
 #include <AppDefs.h>
 #include <Message.h>
 #include <SupportDefs.h>
@@ -17,7 +15,7 @@ class BLooper;
 
 
 /*!	Receives the messages that are addressed to it, once it was added to a looper, on that looper's thread.
-	What it does not know it passes on to its next handler. While it belongs to a looper it is touched only by who has
+	What it does not know it passes on to the looper. While it belongs to a looper it is touched only by who has
 	that looper locked.
 */
 class BHandler {
@@ -30,23 +28,14 @@ public:
 
 	virtual void MessageReceived(BMessage* message);
 
-	BLooper* Looper() const { return fLooper.load(std::memory_order_relaxed); }
-	void SetName(const char* name);
+	BLooper* Looper() const { return fLooper; }
 	const char* Name() const { return fName; }
-
-	virtual void SetNextHandler(BHandler* handler);
-	BHandler* NextHandler() const { return fNextHandler; }
-
-	bool LockLooper();
-	void UnlockLooper();
 
 private:
 	friend class BLooper;
 
 	char* fName;
-	// Written by who has the looper locked, read by LockLooper() on any thread.
-	std::atomic<BLooper*> fLooper;
-	BHandler* fNextHandler;
+	BLooper* fLooper;
 };
 
 

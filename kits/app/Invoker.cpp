@@ -15,13 +15,6 @@ BInvoker::BInvoker()
 
 
 /*!	\param message Owned by the invoker; NULL for none. */
-BInvoker::BInvoker(BMessage* message, BMessenger messenger)
-	: fMessage(message),
-	  fMessenger(messenger)
-{
-}
-
-
 BInvoker::BInvoker(BMessage* message, const BHandler* handler, const BLooper* looper)
 	: fMessage(message)
 {
@@ -56,15 +49,7 @@ BInvoker::Command() const
 }
 
 
-status_t
-BInvoker::SetTarget(BMessenger messenger)
-{
-	fMessenger = messenger;
-	return B_OK;
-}
-
-
-/*!	\param handler NULL for the looper's preferred handler.
+/*!	\param handler NULL for the looper itself.
 	\return An error when the handler belongs to no looper, or to another one; there is no target then.
 */
 status_t

@@ -18,7 +18,6 @@ class BMessage;
 class BInvoker {
 public:
 	BInvoker();
-	BInvoker(BMessage* message, BMessenger messenger);
 	BInvoker(BMessage* message, const BHandler* handler, const BLooper* looper = NULL);
 	BInvoker(const BInvoker&) = delete;
 	virtual ~BInvoker();
@@ -29,7 +28,6 @@ public:
 	BMessage* Message() const { return fMessage; }
 	uint32 Command() const;
 
-	virtual status_t SetTarget(BMessenger messenger);
 	virtual status_t SetTarget(const BHandler* handler, const BLooper* looper = NULL);
 	BHandler* Target(BLooper** _looper = NULL) const;
 	BMessenger Messenger() const { return fMessenger; }

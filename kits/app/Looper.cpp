@@ -14,7 +14,6 @@
 /*!	The looper is locked until it runs. \a portCapacity is not needed here. */
 BLooper::BLooper(const char* name, int32 priority, int32 /*portCapacity*/)
 	: BHandler(name),
-	  fPreferred(NULL),
 	  fPriority(priority)
 {
 	LooperRegistry::Default()->AddLooper(this);
@@ -32,7 +31,6 @@ BLooper::~BLooper()
 
 	for (BHandler* handler : fHandlers) {
 		handler->fLooper = NULL;
-		handler->fNextHandler = NULL;
 		registry->SetLooper(handler, NULL);
 	}
 	registry->RemoveHandler(this);
@@ -65,37 +63,6 @@ BLooper::PostMessage(BMessage* message)
 }
 
 
-status_t
-BLooper::PostMessage(uint32 command, BHandler* handler, BHandler* replyTo)
-{
-	BMessage message(command);
-	return PostMessage(&message, handler, replyTo);
-}
-
-
-/*!	Queues a copy for one of the looper's handlers, with NULL for its preferred one at the time of delivery.
-	Differs from Haiku: there are no replies, so \a replyTo is not used.
-	\return \c B_BAD_PORT_ID when the looper is dying or gone, \c B_MISMATCHED_VALUES when the handler is not its own.
-*/
-status_t
-BLooper::PostMessage(BMessage* message, BHandler* handler, BHandler* /*replyTo*/)
-{
-	if (message == NULL)
-		return B_BAD_VALUE;
-
-	LooperRegistry* registry = LooperRegistry::Default();
-	LooperRecordRef record = registry->Find(this);
-	if (record == NULL)
-		return B_BAD_PORT_ID;
-
-	int32 handlerToken = 0;
-	if (handler != NULL && registry->Find(handler, &handlerToken) != record)
-		return B_MISMATCHED_VALUES;
-
-	return record->Post(message, handlerToken);
-}
-
-
 /*!	Hands a message to its handler. Asks QuitRequested() when the looper itself is asked to quit, and quits. */
 void
 BLooper::DispatchMessage(BMessage* message, BHandler* handler)
@@ -117,7 +84,7 @@ BLooper::MessageReceived(BMessage* message)
 }
 
 
-/*!	The handler must not belong to a looper yet. Its next handler becomes the looper. */
+/*!	The handler must not belong to a looper yet. */
 void
 BLooper::AddHandler(BHandler* handler)
 {
@@ -128,7 +95,6 @@ BLooper::AddHandler(BHandler* handler)
 	fHandlers.push_back(handler);
 	handler->fLooper = this;
 	registry->SetLooper(handler, registry->Find(this));
-	handler->SetNextHandler(this);
 }
 
 
@@ -140,26 +106,9 @@ BLooper::RemoveHandler(BHandler* handler)
 		return false;
 
 	fHandlers.erase(std::remove(fHandlers.begin(), fHandlers.end(), handler), fHandlers.end());
-	if (fPreferred == handler)
-		fPreferred = NULL;
-	for (BHandler* other : fHandlers) {
-		if (other->fNextHandler == handler)
-			other->fNextHandler = NULL;
-	}
-
 	handler->fLooper = NULL;
-	handler->fNextHandler = NULL;
 	LooperRegistry::Default()->SetLooper(handler, NULL);
 	return true;
-}
-
-
-/*!	NULL, or one of the looper's handlers. */
-void
-BLooper::SetPreferredHandler(BHandler* handler)
-{
-	if (handler == NULL || handler->Looper() == this)
-		fPreferred = handler;
 }
 
 

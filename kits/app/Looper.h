@@ -30,17 +30,12 @@ public:
 
 	status_t PostMessage(uint32 command);
 	status_t PostMessage(BMessage* message);
-	status_t PostMessage(uint32 command, BHandler* handler, BHandler* replyTo = NULL);
-	status_t PostMessage(BMessage* message, BHandler* handler, BHandler* replyTo = NULL);
 
 	virtual void DispatchMessage(BMessage* message, BHandler* handler);
 	void MessageReceived(BMessage* message) override;
 
 	void AddHandler(BHandler* handler);
 	bool RemoveHandler(BHandler* handler);
-	int32 CountHandlers() const { return int32(fHandlers.size()); }
-	BHandler* PreferredHandler() const { return fPreferred; }
-	void SetPreferredHandler(BHandler* handler);
 
 	virtual thread_id Run();
 	virtual void Quit();
@@ -56,7 +51,6 @@ private:
 	friend class LooperPrivate;
 
 	std::vector<BHandler*> fHandlers;
-	BHandler* fPreferred;
 	int32 fPriority;
 };
 

@@ -86,9 +86,7 @@ LooperPrivate::_DeliverNext(const LooperRecordRef& record)
 		return;
 
 	BHandler* handler = looper;
-	if (token == 0 && looper->PreferredHandler() != NULL)
-		handler = looper->PreferredHandler();
-	else if (token != 0 && token != record->Token())
+	if (token != 0 && token != record->Token())
 		handler = LooperRegistry::Default()->HandlerByToken(token);
 
 	if (handler != NULL && handler->Looper() == looper)

@@ -12,7 +12,7 @@
 
 
 BMessage::BMessage()
-	: BMessage(uint32(0))
+	: BMessage(0u)
 {
 }
 
@@ -42,10 +42,8 @@ BMessage::~BMessage() = default;
 BMessage&
 BMessage::operator=(const BMessage& other)
 {
-	if (this != &other) {
-		what = other.what;
-		fFields = other.fFields;
-	}
+	what = other.what;
+	fFields = other.fFields;
 	return *this;
 }
 
@@ -72,22 +70,6 @@ int32
 BMessage::CountNames(type_code type) const
 {
 	return fFields.CountNames(type);
-}
-
-
-/*!	Takes a field with all its values away. Everything that was found in the message is invalid then. */
-status_t
-BMessage::RemoveName(const char* name)
-{
-	return fFields.Remove(name);
-}
-
-
-status_t
-BMessage::MakeEmpty()
-{
-	fFields.MakeEmpty();
-	return B_OK;
 }
 
 
@@ -135,18 +117,6 @@ BMessage::AddRef(const char* name, const entry_ref* ref)
 }
 
 
-status_t
-BMessage::AddMessage(const char* name, const BMessage* message)
-{
-	if (message == NULL)
-		return B_BAD_VALUE;
-
-	std::string flat(reinterpret_cast<const char*>(&message->what), sizeof(message->what));
-	flat.append(reinterpret_cast<const char*>(message->fFields.Bytes()), message->fFields.Size());
-	return fFields.Add(name, B_MESSAGE_TYPE, flat.data(), flat.size());
-}
-
-
 /*!	Adds one value of any type. \a isFixedSize and \a count are hints, which are not needed here. */
 status_t
 BMessage::AddData(const char* name, type_code type, const void* data, ssize_t numBytes,
@@ -155,14 +125,7 @@ BMessage::AddData(const char* name, type_code type, const void* data, ssize_t nu
 	if (data == NULL || numBytes <= 0 || type == B_ANY_TYPE)
 		return B_BAD_VALUE;
 
-	return fFields.Add(name, type, data, size_t(numBytes));
-}
-
-
-status_t
-BMessage::FindString(const char* name, const char** _string) const
-{
-	return FindString(name, 0, _string);
+	return fFields.Add(name, type, data, static_cast<size_t>(numBytes));
 }
 
 
@@ -171,67 +134,33 @@ status_t
 BMessage::FindString(const char* name, int32 index, const char** _string) const
 {
 	const void* data = NULL;
-	ssize_t size = 0;
-	status_t status = FindData(name, B_STRING_TYPE, index, &data, &size);
+	size_t size = 0;
+	status_t status = fFields.Find(name, B_STRING_TYPE, index, &data, &size);
 	// Who adds data as a string may leave the zero byte out.
 	if (status == B_OK && static_cast<const char*>(data)[size - 1] != 0)
 		status = B_BAD_DATA;
-	if (_string != NULL)
-		*_string = status == B_OK ? static_cast<const char*>(data) : NULL;
+	*_string = status == B_OK ? static_cast<const char*>(data) : NULL;
 	return status;
 }
 
 
-status_t
-BMessage::FindString(const char* name, BString* _string) const
-{
-	return FindString(name, 0, _string);
-}
-
-
-status_t
-BMessage::FindString(const char* name, int32 index, BString* _string) const
-{
-	const char* string = NULL;
-	status_t status = FindString(name, index, &string);
-	if (status == B_OK && _string != NULL)
-		_string->SetTo(string);
-	return status;
-}
-
-
+/*!	\a _pointer receives NULL if there is none. */
 status_t
 BMessage::FindPointer(const char* name, void** _pointer) const
 {
-	return FindPointer(name, 0, _pointer);
-}
-
-
-status_t
-BMessage::FindPointer(const char* name, int32 index, void** _pointer) const
-{
-	if (_pointer != NULL)
-		*_pointer = NULL;
-	return _FindFixed(name, B_POINTER_TYPE, index, _pointer, sizeof(void*));
+	const void* data = NULL;
+	status_t status = FindData(name, B_POINTER_TYPE, &data, NULL);
+	*_pointer = status == B_OK ? *static_cast<void* const*>(data) : NULL;
+	return status;
 }
 
 
 status_t
 BMessage::FindRef(const char* name, entry_ref* _ref) const
 {
-	return FindRef(name, 0, _ref);
-}
-
-
-status_t
-BMessage::FindRef(const char* name, int32 index, entry_ref* _ref) const
-{
-	if (_ref == NULL)
-		return B_BAD_VALUE;
-
 	const void* data = NULL;
 	size_t size = 0;
-	status_t status = fFields.Find(name, B_REF_TYPE, index, &data, &size);
+	status_t status = fFields.Find(name, B_REF_TYPE, 0, &data, &size);
 	if (status != B_OK)
 		return status;
 
@@ -256,54 +185,16 @@ BMessage::FindRef(const char* name, int32 index, entry_ref* _ref) const
 }
 
 
-status_t
-BMessage::FindMessage(const char* name, BMessage* _message) const
-{
-	return FindMessage(name, 0, _message);
-}
-
-
-status_t
-BMessage::FindMessage(const char* name, int32 index, BMessage* _message) const
-{
-	if (_message == NULL)
-		return B_BAD_VALUE;
-
-	const void* data = NULL;
-	size_t size = 0;
-	status_t status = fFields.Find(name, B_MESSAGE_TYPE, index, &data, &size);
-	if (status != B_OK)
-		return status;
-	if (size < sizeof(what))
-		return B_BAD_DATA;
-
-	// The fields were copied as they stood, behind the code.
-	const uint8* bytes = static_cast<const uint8*>(data);
-	memcpy(&_message->what, bytes, sizeof(what));
-	_message->fFields.SetTo(bytes + sizeof(what), uint32(size - sizeof(what)));
-	return B_OK;
-}
-
-
+/*!	\a _data receives bytes that belong to the message, NULL if there are none; \c B_ANY_TYPE finds every type. */
 status_t
 BMessage::FindData(const char* name, type_code type, const void** _data, ssize_t* _numBytes) const
 {
-	return FindData(name, type, 0, _data, _numBytes);
-}
-
-
-/*!	\a _data receives bytes that belong to the message, NULL if there are none; \c B_ANY_TYPE finds every type. */
-status_t
-BMessage::FindData(const char* name, type_code type, int32 index, const void** _data,
-	ssize_t* _numBytes) const
-{
 	const void* data = NULL;
 	size_t size = 0;
-	status_t status = fFields.Find(name, type, index, &data, &size);
-	if (_data != NULL)
-		*_data = data;
+	status_t status = fFields.Find(name, type, 0, &data, &size);
+	*_data = data;
 	if (_numBytes != NULL)
-		*_numBytes = ssize_t(size);
+		*_numBytes = static_cast<ssize_t>(size);
 	return status;
 }
 
@@ -326,73 +217,32 @@ BMessage::GetString(const char* name, int32 index, const char* defaultValue) con
 const void*
 BMessage::GetPointer(const char* name, const void* defaultValue) const
 {
-	return GetPointer(name, 0, defaultValue);
-}
-
-
-const void*
-BMessage::GetPointer(const char* name, int32 index, const void* defaultValue) const
-{
-	void* pointer = NULL;
-	return FindPointer(name, index, &pointer) == B_OK ? pointer : defaultValue;
-}
-
-
-bool
-BMessage::HasString(const char* name, int32 index) const
-{
-	return HasData(name, B_STRING_TYPE, index);
-}
-
-
-bool
-BMessage::HasPointer(const char* name, int32 index) const
-{
-	return HasData(name, B_POINTER_TYPE, index);
-}
-
-
-bool
-BMessage::HasRef(const char* name, int32 index) const
-{
-	return HasData(name, B_REF_TYPE, index);
-}
-
-
-bool
-BMessage::HasMessage(const char* name, int32 index) const
-{
-	return HasData(name, B_MESSAGE_TYPE, index);
+	return _GetFixed(name, B_POINTER_TYPE, 0, defaultValue);
 }
 
 
 bool
 BMessage::HasData(const char* name, type_code type, int32 index) const
 {
-	return FindData(name, type, index, NULL, NULL) == B_OK;
+	const void* data = NULL;
+	size_t size = 0;
+	return fFields.Find(name, type, index, &data, &size) == B_OK;
 }
 
 
 // #pragma mark - values of a fixed size
 
 
-/*!	What is there under that name and type with another size is \c B_BAD_DATA. */
-status_t
-BMessage::_FindFixed(const char* name, type_code type, int32 index, void* _data, size_t size) const
+/*!	What is there under that name and type with another size is not looked at. */
+template<typename Type>
+Type
+BMessage::_GetFixed(const char* name, type_code type, int32 index, Type defaultValue) const
 {
-	if (_data == NULL)
-		return B_BAD_VALUE;
-
 	const void* data = NULL;
-	size_t actualSize = 0;
-	status_t status = fFields.Find(name, type, index, &data, &actualSize);
-	if (status != B_OK)
-		return status;
-	if (actualSize != size)
-		return B_BAD_DATA;
-
-	memcpy(_data, data, size);
-	return B_OK;
+	size_t size = 0;
+	if (fFields.Find(name, type, index, &data, &size) == B_OK && size == sizeof(Type))
+		memcpy(&defaultValue, data, size);
+	return defaultValue;
 }
 
 
@@ -403,40 +253,22 @@ BMessage::_FindFixed(const char* name, type_code type, int32 index, void* _data,
 	{ \
 		return fFields.Add(name, typeCode, &value, sizeof(value)); \
 	} \
-	status_t BMessage::Find##Name(const char* name, Type* _value) const \
-	{ \
-		return _FindFixed(name, typeCode, 0, _value, sizeof(Type)); \
-	} \
-	status_t BMessage::Find##Name(const char* name, int32 index, Type* _value) const \
-	{ \
-		return _FindFixed(name, typeCode, index, _value, sizeof(Type)); \
-	} \
 	Type BMessage::Get##Name(const char* name, Type defaultValue) const \
 	{ \
-		return Get##Name(name, 0, defaultValue); \
+		return _GetFixed(name, typeCode, 0, defaultValue); \
 	} \
 	Type BMessage::Get##Name(const char* name, int32 index, Type defaultValue) const \
 	{ \
-		Type value; \
-		return Find##Name(name, index, &value) == B_OK ? value : defaultValue; \
-	} \
-	bool BMessage::Has##Name(const char* name, int32 index) const \
-	{ \
-		return HasData(name, typeCode, index); \
+		return _GetFixed(name, typeCode, index, defaultValue); \
 	}
 // NOLINTEND(bugprone-macro-parentheses)
 // clang-format on
 
 DEFINE_ACCESS(Bool, bool, B_BOOL_TYPE)
-DEFINE_ACCESS(Int8, int8, B_INT8_TYPE)
-DEFINE_ACCESS(UInt8, uint8, B_UINT8_TYPE)
 DEFINE_ACCESS(Int16, int16, B_INT16_TYPE)
 DEFINE_ACCESS(UInt16, uint16, B_UINT16_TYPE)
 DEFINE_ACCESS(Int32, int32, B_INT32_TYPE)
 DEFINE_ACCESS(UInt32, uint32, B_UINT32_TYPE)
 DEFINE_ACCESS(Int64, int64, B_INT64_TYPE)
-DEFINE_ACCESS(UInt64, uint64, B_UINT64_TYPE)
-DEFINE_ACCESS(Float, float, B_FLOAT_TYPE)
-DEFINE_ACCESS(Double, double, B_DOUBLE_TYPE)
 
 #undef DEFINE_ACCESS

@@ -38,71 +38,28 @@ public:
 	int32 CountNames(type_code type) const;
 	bool IsEmpty() const { return fFields.IsEmpty(); }
 
-	status_t RemoveName(const char* name);
-	status_t MakeEmpty();
-
 	status_t AddBool(const char* name, bool value);
-	status_t AddInt8(const char* name, int8 value);
-	status_t AddUInt8(const char* name, uint8 value);
 	status_t AddInt16(const char* name, int16 value);
 	status_t AddUInt16(const char* name, uint16 value);
 	status_t AddInt32(const char* name, int32 value);
 	status_t AddUInt32(const char* name, uint32 value);
 	status_t AddInt64(const char* name, int64 value);
-	status_t AddUInt64(const char* name, uint64 value);
-	status_t AddFloat(const char* name, float value);
-	status_t AddDouble(const char* name, double value);
 	status_t AddString(const char* name, const char* string);
 	status_t AddString(const char* name, const BString& string);
 	status_t AddPointer(const char* name, const void* pointer);
 	status_t AddRef(const char* name, const entry_ref* ref);
-	status_t AddMessage(const char* name, const BMessage* message);
 	status_t AddData(const char* name, type_code type, const void* data, ssize_t numBytes,
 		bool isFixedSize = true, int32 count = 1);
 
-	status_t FindBool(const char* name, bool* _value) const;
-	status_t FindBool(const char* name, int32 index, bool* _value) const;
-	status_t FindInt8(const char* name, int8* _value) const;
-	status_t FindInt8(const char* name, int32 index, int8* _value) const;
-	status_t FindUInt8(const char* name, uint8* _value) const;
-	status_t FindUInt8(const char* name, int32 index, uint8* _value) const;
-	status_t FindInt16(const char* name, int16* _value) const;
-	status_t FindInt16(const char* name, int32 index, int16* _value) const;
-	status_t FindUInt16(const char* name, uint16* _value) const;
-	status_t FindUInt16(const char* name, int32 index, uint16* _value) const;
-	status_t FindInt32(const char* name, int32* _value) const;
-	status_t FindInt32(const char* name, int32 index, int32* _value) const;
-	status_t FindUInt32(const char* name, uint32* _value) const;
-	status_t FindUInt32(const char* name, int32 index, uint32* _value) const;
-	status_t FindInt64(const char* name, int64* _value) const;
-	status_t FindInt64(const char* name, int32 index, int64* _value) const;
-	status_t FindUInt64(const char* name, uint64* _value) const;
-	status_t FindUInt64(const char* name, int32 index, uint64* _value) const;
-	status_t FindFloat(const char* name, float* _value) const;
-	status_t FindFloat(const char* name, int32 index, float* _value) const;
-	status_t FindDouble(const char* name, double* _value) const;
-	status_t FindDouble(const char* name, int32 index, double* _value) const;
-	status_t FindString(const char* name, const char** _string) const;
 	status_t FindString(const char* name, int32 index, const char** _string) const;
-	status_t FindString(const char* name, BString* _string) const;
-	status_t FindString(const char* name, int32 index, BString* _string) const;
+	status_t FindString(const char* name, int32 index, BString* _string) const = delete;
 	status_t FindPointer(const char* name, void** _pointer) const;
-	status_t FindPointer(const char* name, int32 index, void** _pointer) const;
 	status_t FindRef(const char* name, entry_ref* _ref) const;
-	status_t FindRef(const char* name, int32 index, entry_ref* _ref) const;
-	status_t FindMessage(const char* name, BMessage* _message) const;
-	status_t FindMessage(const char* name, int32 index, BMessage* _message) const;
 	status_t FindData(const char* name, type_code type, const void** _data,
-		ssize_t* _numBytes) const;
-	status_t FindData(const char* name, type_code type, int32 index, const void** _data,
 		ssize_t* _numBytes) const;
 
 	bool GetBool(const char* name, bool defaultValue = false) const;
 	bool GetBool(const char* name, int32 index, bool defaultValue) const;
-	int8 GetInt8(const char* name, int8 defaultValue) const;
-	int8 GetInt8(const char* name, int32 index, int8 defaultValue) const;
-	uint8 GetUInt8(const char* name, uint8 defaultValue) const;
-	uint8 GetUInt8(const char* name, int32 index, uint8 defaultValue) const;
 	int16 GetInt16(const char* name, int16 defaultValue) const;
 	int16 GetInt16(const char* name, int32 index, int16 defaultValue) const;
 	uint16 GetUInt16(const char* name, uint16 defaultValue) const;
@@ -113,40 +70,20 @@ public:
 	uint32 GetUInt32(const char* name, int32 index, uint32 defaultValue) const;
 	int64 GetInt64(const char* name, int64 defaultValue) const;
 	int64 GetInt64(const char* name, int32 index, int64 defaultValue) const;
-	uint64 GetUInt64(const char* name, uint64 defaultValue) const;
-	uint64 GetUInt64(const char* name, int32 index, uint64 defaultValue) const;
-	float GetFloat(const char* name, float defaultValue) const;
-	float GetFloat(const char* name, int32 index, float defaultValue) const;
-	double GetDouble(const char* name, double defaultValue) const;
-	double GetDouble(const char* name, int32 index, double defaultValue) const;
 	const char* GetString(const char* name, const char* defaultValue = NULL) const;
 	const char* GetString(const char* name, int32 index, const char* defaultValue) const;
 	const void* GetPointer(const char* name, const void* defaultValue = NULL) const;
-	const void* GetPointer(const char* name, int32 index, const void* defaultValue) const;
+	const void* GetPointer(const char* name, int32 index,
+		const void* defaultValue = NULL) const = delete;
 
-	bool HasBool(const char* name, int32 index = 0) const;
-	bool HasInt8(const char* name, int32 index = 0) const;
-	bool HasUInt8(const char* name, int32 index = 0) const;
-	bool HasInt16(const char* name, int32 index = 0) const;
-	bool HasUInt16(const char* name, int32 index = 0) const;
-	bool HasInt32(const char* name, int32 index = 0) const;
-	bool HasUInt32(const char* name, int32 index = 0) const;
-	bool HasInt64(const char* name, int32 index = 0) const;
-	bool HasUInt64(const char* name, int32 index = 0) const;
-	bool HasFloat(const char* name, int32 index = 0) const;
-	bool HasDouble(const char* name, int32 index = 0) const;
-	bool HasString(const char* name, int32 index = 0) const;
-	bool HasPointer(const char* name, int32 index = 0) const;
-	bool HasRef(const char* name, int32 index = 0) const;
-	bool HasMessage(const char* name, int32 index = 0) const;
 	bool HasData(const char* name, type_code type, int32 index = 0) const;
 
 private:
 	friend class LooperRecord;
 	friend class MessageQueue;
 
-	status_t _FindFixed(const char* name, type_code type, int32 index, void* _data,
-		size_t size) const;
+	template<typename Type>
+	Type _GetFixed(const char* name, type_code type, int32 index, Type defaultValue) const;
 
 	MessageBlock fFields;
 

@@ -203,38 +203,6 @@ MessageBlock::Find(const char* name, type_code type, int32 index, const void** _
 }
 
 
-/*!	Takes a field with all its values away. */
-status_t
-MessageBlock::Remove(const char* name)
-{
-	if (name == NULL)
-		return B_BAD_VALUE;
-
-	const Field* removed = _FindField(name, strlen(name), NULL);
-	if (removed == NULL)
-		return B_NAME_NOT_FOUND;
-
-	MessageBlock rest;
-	for (const Field* field = _FirstField(); field != NULL; field = _NextField(field)) {
-		if (field == removed)
-			continue;
-
-		const Value* value = _FirstValue(field);
-		while (true) {
-			status_t status = rest.Add(field->name, field->type, value->Data(), value->size);
-			if (status != B_OK)
-				return status;
-			if (value->nextValue == 0)
-				break;
-			value = _ValueAt(value->nextValue);
-		}
-	}
-
-	*this = rest;
-	return B_OK;
-}
-
-
 /*!	How many fields there are of a type, or of any with \c B_ANY_TYPE. */
 int32
 MessageBlock::CountNames(type_code type) const

@@ -26,14 +26,12 @@ public:
 	void MakeEmpty();
 
 	bool IsEmpty() const { return fSize == 0; }
-	const uint8* Bytes() const { return fBytes; }
 	uint32 Size() const { return fSize; }
 	size_t MemoryOutside() const { return fBytes != fInside ? fCapacity : 0; }
 
 	status_t Add(const char* name, type_code type, const void* data, size_t size);
 	status_t Find(const char* name, type_code type, int32 index, const void** _data,
 		size_t* _size) const;
-	status_t Remove(const char* name);
 
 	int32 CountNames(type_code type) const;
 	status_t GetInfo(type_code typeRequested, int32 index, char** _name, type_code* _type,

@@ -17,21 +17,13 @@ class BMessageRunner {
 public:
 	BMessageRunner(BMessenger target, const BMessage* message, bigtime_t interval,
 		int32 count = -1);
-	BMessageRunner(BMessenger target, const BMessage& message, bigtime_t interval,
-		int32 count = -1);
 	BMessageRunner(const BMessageRunner&) = delete;
 	virtual ~BMessageRunner();
 
 	BMessageRunner& operator=(const BMessageRunner&) = delete;
 
-	status_t InitCheck() const { return fStatus; }
-	status_t SetInterval(bigtime_t interval);
-	status_t SetCount(int32 count);
-	status_t GetInfo(bigtime_t* _interval, int32* _count) const;
-
 private:
 	int32 fToken;
-	status_t fStatus;
 };
 
 

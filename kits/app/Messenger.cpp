@@ -15,7 +15,7 @@ BMessenger::BMessenger()
 }
 
 
-/*!	For a handler, which must belong to a looper, or with NULL for a looper's preferred handler.
+/*!	For a handler, which must belong to a looper, or with NULL for a looper itself.
 	\param _result Receives why the messenger is not valid.
 */
 BMessenger::BMessenger(const BHandler* handler, const BLooper* looper, status_t* _result)
@@ -45,13 +45,6 @@ BMessenger::BMessenger(const BHandler* handler, const BLooper* looper, status_t*
 }
 
 
-bool
-BMessenger::operator==(const BMessenger& other) const
-{
-	return fLooperToken == other.fLooperToken && fHandlerToken == other.fHandlerToken;
-}
-
-
 /*!	Whether the looper is there and takes messages. */
 bool
 BMessenger::IsValid() const
@@ -61,7 +54,7 @@ BMessenger::IsValid() const
 }
 
 
-/*!	The handler, NULL for a looper's preferred one or when it is gone. The caller must have a way to know that they live. */
+/*!	The handler, NULL when it is gone. The caller must have a way to know that they live. */
 BHandler*
 BMessenger::Target(BLooper** _looper) const
 {

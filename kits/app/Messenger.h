@@ -18,12 +18,11 @@ class BMessenger {
 public:
 	BMessenger();
 	BMessenger(const BHandler* handler, const BLooper* looper = NULL, status_t* _result = NULL);
+	BMessenger(const char* signature, team_id team = -1, status_t* _result = NULL) = delete;
 	BMessenger(const BMessenger& other) = default;
 	~BMessenger() = default;
 
 	BMessenger& operator=(const BMessenger& other) = default;
-	bool operator==(const BMessenger& other) const;
-	bool operator!=(const BMessenger& other) const { return !(*this == other); }
 
 	bool IsValid() const;
 	BHandler* Target(BLooper** _looper) const;

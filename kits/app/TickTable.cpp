@@ -68,57 +68,6 @@ TickTable::Remove(int32 token)
 }
 
 
-/*!	The next tick comes one new interval from now. */
-status_t
-TickTable::SetInterval(int32 token, bigtime_t interval)
-{
-	if (interval <= 0)
-		return B_BAD_VALUE;
-
-	std::lock_guard<std::mutex> locker(fMutex);
-	auto found = fRunners.find(token);
-	if (found == fRunners.end())
-		return B_BAD_VALUE;
-
-	found->second.interval = std::max(interval, kMinInterval);
-	found->second.next = system_time() + found->second.interval;
-	fChanged.notify_one();
-	return B_OK;
-}
-
-
-status_t
-TickTable::SetCount(int32 token, int32 count)
-{
-	std::lock_guard<std::mutex> locker(fMutex);
-	auto found = fRunners.find(token);
-	if (found == fRunners.end())
-		return B_BAD_VALUE;
-
-	if (count == 0)
-		fRunners.erase(found);
-	else
-		found->second.ticksLeft = count;
-	return B_OK;
-}
-
-
-status_t
-TickTable::GetInfo(int32 token, bigtime_t* _interval, int32* _count) const
-{
-	std::lock_guard<std::mutex> locker(fMutex);
-	auto found = fRunners.find(token);
-	if (found == fRunners.end())
-		return B_BAD_VALUE;
-
-	if (_interval != NULL)
-		*_interval = found->second.interval;
-	if (_count != NULL)
-		*_count = found->second.ticksLeft;
-	return B_OK;
-}
-
-
 /*!	The target has taken the runner's tick out of its queue. */
 void
 TickTable::TickDelivered(int32 token)

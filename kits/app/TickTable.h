@@ -21,9 +21,6 @@ public:
 
 	int32 Add(const BMessenger& target, const BMessage& message, bigtime_t interval, int32 count);
 	void Remove(int32 token);
-	status_t SetInterval(int32 token, bigtime_t interval);
-	status_t SetCount(int32 token, int32 count);
-	status_t GetInfo(int32 token, bigtime_t* _interval, int32* _count) const;
 
 	void TickDelivered(int32 token);
 

@@ -119,5 +119,5 @@ BFont::TruncateString(BString* inOut, uint32 mode, float width) const
 		elide = Qt::ElideMiddle;
 
 	const QString cut = metrics.elidedText(shown, elide, width);
-	inOut->SetTo(bytes_from_text(cut_like(text, shown, cut)).constData());
+	*inOut = bytes_from_text(cut_like(text, shown, cut)).constData();
 }

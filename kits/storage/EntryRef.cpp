@@ -8,43 +8,18 @@
 #include <cstring>
 
 
-namespace {
-
-
-char*
+static char*
 copy_of(const char* text)
 {
 	return text != NULL ? strdup(text) : NULL;
 }
 
 
-bool
-is_same(const char* a, const char* b)
-{
-	if (a == NULL || b == NULL)
-		return a == b;
-
-	return strcmp(a, b) == 0;
-}
-
-
-} // namespace
-
-
 entry_ref::entry_ref()
-	: device(dev_t(-1)),
-	  directory(ino_t(-1)),
+	: device(static_cast<dev_t>(-1)),
+	  directory(static_cast<ino_t>(-1)),
 	  name(NULL),
 	  fDirectoryPath(NULL)
-{
-}
-
-
-entry_ref::entry_ref(const entry_ref& other)
-	: device(other.device),
-	  directory(other.directory),
-	  name(copy_of(other.name)),
-	  fDirectoryPath(copy_of(other.fDirectoryPath))
 {
 }
 
@@ -68,20 +43,6 @@ entry_ref::operator=(const entry_ref& other)
 	free(fDirectoryPath);
 	fDirectoryPath = copy_of(other.fDirectoryPath);
 	return *this;
-}
-
-
-bool
-entry_ref::operator==(const entry_ref& other) const
-{
-	return device == other.device && directory == other.directory && is_same(name, other.name);
-}
-
-
-bool
-entry_ref::operator!=(const entry_ref& other) const
-{
-	return !(*this == other);
 }
 
 

@@ -18,7 +18,7 @@ BNode::BNode()
 
 BNode::~BNode()
 {
-	Unset();
+	_SetError(B_NO_INIT);
 }
 
 
@@ -27,8 +27,6 @@ BNode::GetStat(struct stat* _stat) const
 {
 	if (fStatus != B_OK)
 		return B_NO_INIT;
-	if (_stat == NULL)
-		return B_BAD_VALUE;
 	if (fstat(fDescriptor, _stat) != 0)
 		return status_for_errno(errno);
 
@@ -36,38 +34,16 @@ BNode::GetStat(struct stat* _stat) const
 }
 
 
-void
-BNode::Unset()
-{
-	_SetError(B_NO_INIT);
-}
-
-
-/*!	Waits until what was written is on the disk. */
-status_t
-BNode::Sync()
-{
-	if (fStatus != B_OK)
-		return B_NO_INIT;
-	if (fsync(fDescriptor) != 0)
-		return status_for_errno(errno);
-
-	return B_OK;
-}
-
-
-/*!	\a flags are those of open(). */
+/*!	Once in the node's life. \a flags are those of open(). */
 status_t
 BNode::_Open(const char* path, int flags)
 {
-	Unset();
-	int descriptor = open(path, flags | O_CLOEXEC, 0666);
-	if (descriptor < 0)
-		return _SetError(status_for_errno(errno));
+	if (path == NULL)
+		return _SetError(B_BAD_VALUE);
 
-	fDescriptor = descriptor;
-	fStatus = B_OK;
-	return B_OK;
+	fDescriptor = open(path, flags | O_CLOEXEC, 0666);
+	fStatus = fDescriptor >= 0 ? B_OK : status_for_errno(errno);
+	return fStatus;
 }
 
 

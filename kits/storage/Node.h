@@ -21,8 +21,6 @@ public:
 
 	status_t InitCheck() const { return fStatus; }
 	status_t GetStat(struct stat* _stat) const override;
-	void Unset();
-	status_t Sync();
 
 protected:
 	status_t _Open(const char* path, int flags);

@@ -21,28 +21,11 @@ struct entry_ref;
 */
 class BPath {
 public:
-	BPath();
-	BPath(const BPath& path) = default;
+	BPath() = default;
 	BPath(const entry_ref* ref);
-	BPath(const BEntry* entry);
+	BPath(const BEntry* entry) = delete;
 	BPath(const char* directory, const char* leaf = NULL, bool normalize = false);
-	BPath(const BDirectory* directory, const char* leaf = NULL, bool normalize = false);
-	~BPath();
-
-	BPath& operator=(const BPath& path) = default;
-	BPath& operator=(const char* path);
-	bool operator==(const BPath& path) const;
-	bool operator==(const char* path) const;
-	bool operator!=(const BPath& path) const;
-	bool operator!=(const char* path) const;
-
-	status_t InitCheck() const { return fStatus; }
-
-	status_t SetTo(const entry_ref* ref);
-	status_t SetTo(const BEntry* entry);
-	status_t SetTo(const char* path, const char* leaf = NULL, bool normalize = false);
-	status_t SetTo(const BDirectory* directory, const char* leaf = NULL, bool normalize = false);
-	void Unset();
+	BPath(const BDirectory* directory, const char* leaf = NULL, bool normalize = false) = delete;
 
 	status_t Append(const char* path, bool normalize = false);
 
@@ -51,11 +34,10 @@ public:
 	status_t GetParent(BPath* path) const;
 
 private:
-	status_t _Set(const std::string& path);
-	status_t _SetError(status_t error);
+	status_t _SetTo(const char* path, const char* leaf, bool normalize);
 
+	// Empty while it is not set.
 	std::string fPath;
-	status_t fStatus;
 };
 
 

@@ -36,26 +36,9 @@ BStatable::IsSymLink() const
 status_t
 BStatable::GetSize(off_t* _size) const
 {
-	if (_size == NULL)
-		return B_BAD_VALUE;
-
 	struct stat info;
 	status_t status = GetStat(&info);
 	if (status == B_OK)
 		*_size = info.st_size;
-	return status;
-}
-
-
-status_t
-BStatable::GetModificationTime(time_t* _time) const
-{
-	if (_time == NULL)
-		return B_BAD_VALUE;
-
-	struct stat info;
-	status_t status = GetStat(&info);
-	if (status == B_OK)
-		*_time = info.st_mtime;
 	return status;
 }

@@ -6,7 +6,6 @@
 #define STATABLE_H
 
 
-#include <ctime>
 #include <sys/stat.h>
 
 #include <SupportDefs.h>
@@ -15,11 +14,7 @@
 /*!	What the file system knows about an entry or an open node. */
 class BStatable {
 public:
-	BStatable() = default;
-	BStatable(const BStatable&) = default;
 	virtual ~BStatable();
-
-	BStatable& operator=(const BStatable&) = default;
 
 	virtual status_t GetStat(struct stat* _stat) const = 0;
 
@@ -28,7 +23,6 @@ public:
 	bool IsSymLink() const;
 
 	status_t GetSize(off_t* _size) const;
-	status_t GetModificationTime(time_t* _time) const;
 };
 
 

@@ -7,28 +7,19 @@
 
 
 #include <Locker.h>
-#include <Looper.h>
 
 
-/*!	Holds a lock for as long as it lives, if it could be taken: ask IsLocked() where that may fail. */
+/*!	Holds a lock for as long as it lives. */
 class BAutolock {
 public:
-	BAutolock(BLooper* looper);
-	BAutolock(BLocker* locker);
 	BAutolock(BLocker& locker);
 	BAutolock(const BAutolock&) = delete;
 	~BAutolock();
 
 	BAutolock& operator=(const BAutolock&) = delete;
 
-	bool IsLocked() const { return fIsLocked; }
-	bool Lock();
-	void Unlock();
-
 private:
-	BLocker* fLocker;
-	BLooper* fLooper;
-	bool fIsLocked;
+	BLocker& fLocker;
 };
 
 

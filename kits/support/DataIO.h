@@ -12,7 +12,7 @@
 /*!	Something that bytes are read from and written to. Both return how many bytes were moved, or an error. */
 class BDataIO {
 public:
-	BDataIO();
+	BDataIO() = default;
 	BDataIO(const BDataIO&) = delete;
 	virtual ~BDataIO();
 
@@ -20,49 +20,26 @@ public:
 
 	virtual ssize_t Read(void* buffer, size_t size) = 0;
 	virtual ssize_t Write(const void* buffer, size_t size) = 0;
-
-	status_t ReadExactly(void* buffer, size_t size, size_t* _bytesRead = NULL);
-	status_t WriteExactly(const void* buffer, size_t size, size_t* _bytesWritten = NULL);
 };
 
 
-/*!	A BDataIO with a position, which Read() and Write() move and ReadAt() and WriteAt() leave alone. */
-class BPositionIO : public BDataIO {
+/*!	A BDataIO with a position, from which Read() and Write() go on. */
+class BPositionIO : public BDataIO {};
+
+
+/*!	Reads the bytes of a buffer that it borrows. */
+class BMemoryIO : public BPositionIO {
 public:
-	BPositionIO();
-	~BPositionIO() override;
+	BMemoryIO(void* data, size_t length) = delete;
+	BMemoryIO(const void* data, size_t length);
 
 	ssize_t Read(void* buffer, size_t size) override;
 	ssize_t Write(const void* buffer, size_t size) override;
 
-	virtual ssize_t ReadAt(off_t position, void* buffer, size_t size) = 0;
-	virtual ssize_t WriteAt(off_t position, const void* buffer, size_t size) = 0;
-	virtual off_t Seek(off_t position, uint32 seekMode) = 0;
-	virtual off_t Position() const = 0;
-	virtual status_t SetSize(off_t size);
-	virtual status_t GetSize(off_t* _size) const;
-};
-
-
-/*!	Reads, and writes unless it was given const memory, the bytes of a buffer that it borrows and never enlarges. */
-class BMemoryIO : public BPositionIO {
-public:
-	BMemoryIO(void* data, size_t length);
-	BMemoryIO(const void* data, size_t length);
-	~BMemoryIO() override;
-
-	ssize_t ReadAt(off_t position, void* buffer, size_t size) override;
-	ssize_t WriteAt(off_t position, const void* buffer, size_t size) override;
-	off_t Seek(off_t position, uint32 seekMode) override;
-	off_t Position() const override { return fPosition; }
-	status_t SetSize(off_t size) override;
-
 private:
-	const uint8* fReadable;
-	uint8* fWritable;
+	const uint8* fBytes;
 	size_t fLength;
-	size_t fCapacity;
-	off_t fPosition;
+	size_t fPosition;
 };
 
 

@@ -7,12 +7,6 @@
 #include <chrono>
 
 
-BLocker::BLocker()
-	: BLocker(NULL)
-{
-}
-
-
 BLocker::BLocker(const char* /*name*/)
 	: fOwner(-1),
 	  fCount(0)
@@ -38,8 +32,7 @@ BLocker::Lock()
 status_t
 BLocker::LockWithTimeout(bigtime_t timeout)
 {
-	const thread_id self = find_thread(NULL);
-	if (LockingThread() != self) {
+	if (!IsLocked()) {
 		if (timeout == B_INFINITE_TIMEOUT) {
 			fMutex.lock();
 		} else if (timeout <= 0) {
@@ -51,7 +44,7 @@ BLocker::LockWithTimeout(bigtime_t timeout)
 			if (!fMutex.try_lock_until(deadline))
 				return B_TIMED_OUT;
 		}
-		fOwner.store(self, std::memory_order_relaxed);
+		fOwner.store(find_thread(NULL), std::memory_order_relaxed);
 	}
 	fCount++;
 	return B_OK;
@@ -74,5 +67,5 @@ BLocker::Unlock()
 bool
 BLocker::IsLocked() const
 {
-	return LockingThread() == find_thread(NULL);
+	return fOwner.load(std::memory_order_relaxed) == find_thread(NULL);
 }

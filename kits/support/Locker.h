@@ -18,8 +18,8 @@
 */
 class BLocker {
 public:
-	BLocker();
 	BLocker(const char* name);
+	BLocker(bool benaphoreStyle) = delete;
 	BLocker(const BLocker&) = delete;
 	virtual ~BLocker();
 
@@ -29,9 +29,7 @@ public:
 	status_t LockWithTimeout(bigtime_t timeout);
 	void Unlock();
 
-	thread_id LockingThread() const { return fOwner.load(std::memory_order_relaxed); }
 	bool IsLocked() const;
-	int32 CountLocks() const { return fCount; }
 
 private:
 	std::timed_mutex fMutex;

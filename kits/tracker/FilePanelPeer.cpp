@@ -177,7 +177,7 @@ FilePanelPeer::_FilesSelected(const QStringList& paths)
 			&& get_ref_for_path(bytes.constData(), &ref) == B_OK)
 			message.AddRef("refs", &ref);
 	}
-	if (message.HasRef("refs"))
+	if (message.HasData("refs", B_REF_TYPE))
 		fTarget.SendMessage(&message);
 
 	_DropDialog();

@@ -63,20 +63,22 @@ Witness::MessageReceived(BMessage* message)
 			break;
 		case kHLChatReceived:
 			_RequireText(message, "text", 65535);
-			require(message->HasUInt32("chatRef"), "a chat has a reference");
+			require(message->HasData("chatRef", B_UINT32_TYPE), "a chat has a reference");
 			break;
 		case kHLMsgReceived:
 			_RequireText(message, "text", 65535);
 			_RequireText(message, "nick", 63);
-			require(message->HasUInt16("socket") && message->HasUInt16("icon"), "a sender");
+			require(message->HasData("socket", B_UINT16_TYPE)
+					&& message->HasData("icon", B_UINT16_TYPE),
+				"a sender");
 			break;
 		case kHLUserJoined:
 		case kHLUserChanged:
 			_RequireText(message, "nick", 63);
-			require(message->HasUInt16("color"), "a user has a color");
+			require(message->HasData("color", B_UINT16_TYPE), "a user has a color");
 			break;
 		case kHLUserLeft:
-			require(message->HasUInt16("socket"), "who left has a number");
+			require(message->HasData("socket", B_UINT16_TYPE), "who left has a number");
 			break;
 		case kHLAgreement:
 		case kHLBroadcast:
@@ -137,7 +139,9 @@ Witness::_RequireList(const BMessage* message)
 	require(names == sizes, "the fields of a list are parallel");
 	for (int32 i = 0; i < names; i++) {
 		require(strlen(message->GetString("name", i, "")) <= 255, "a name");
-		require(message->HasString("type", i) && message->HasString("creator", i), "two codes");
+		require(message->HasData("type", B_STRING_TYPE, i)
+				&& message->HasData("creator", B_STRING_TYPE, i),
+			"two codes");
 	}
 }
 

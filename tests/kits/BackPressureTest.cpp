@@ -186,9 +186,10 @@ TEST(BackPressureTest, HolderOfTheLock_NeverWaits)
 	ScriptedLooper* looper = new ScriptedLooper;
 	looper->Run();
 	thread_id thread = RunThread([&] {
-		BAutolock locker(looper);
+		looper->Lock();
 		for (int32 i = 0; i < kLimit + 5000; i++)
 			looper->PostMessage('post');
+		looper->Unlock();
 	});
 	EXPECT_TRUE(WaitFor([&] {
 		return looper->CountReceived() == kLimit + 5000;

@@ -31,7 +31,7 @@ TEST(ControlTest, Invoke_SendsACopyToTheWindow)
 		void* source = NULL;
 		isComplete = received->GetInt32("number", 0) == 7 && received->GetInt64("when", 0) > 0
 			&& received->FindPointer("source", &source) == B_OK && source == button
-			&& received->HasInt32("be:value");
+			&& received->HasData("be:value", B_INT32_TYPE);
 	};
 	EXPECT_EQ(B_OK, button->Invoke());
 	EXPECT_EQ(B_OK, button->Invoke());
@@ -40,7 +40,7 @@ TEST(ControlTest, Invoke_SendsACopyToTheWindow)
 	}));
 	EXPECT_EQ(kPressed, window->Received()->front());
 	EXPECT_TRUE(isComplete);
-	EXPECT_FALSE(message->HasInt64("when"));
+	EXPECT_FALSE(message->HasData("when", B_INT64_TYPE));
 }
 
 

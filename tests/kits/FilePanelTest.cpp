@@ -42,8 +42,9 @@ protected:
 		fWindow->onMessage = [this](BMessage* message) {
 			fMarks.push_back(message->GetInt32("mark", -1));
 			entry_ref ref;
-			for (int32 i = 0; message->FindRef("refs", i, &ref) == B_OK; i++)
+			if (message->FindRef("refs", &ref) == B_OK)
 				fPaths.push_back(BPath(&ref).Path());
+			EXPECT_FALSE(message->HasData("refs", B_REF_TYPE, 1));
 		};
 
 		BMessage message(kChosen);

@@ -362,7 +362,7 @@ TEST_F(ListViewTest, MultipleSelection_ExtendsAndReportsAll)
 	ASSERT_TRUE(WaitFor([this]() {
 		return fWindow->Count(kMsgSelected) == 2;
 	}));
-	EXPECT_TRUE(fWindow->Last().HasInt32("index", 1));
+	EXPECT_TRUE(fWindow->Last().HasData("index", B_INT32_TYPE, 1));
 	list->Deselect(3);
 	EXPECT_EQ(list->CurrentSelection(1), -1);
 }

@@ -27,7 +27,8 @@ run_function(void* data)
 
 
 ScriptedLooper::ScriptedLooper(const char* name)
-	: BLooper(name)
+	: BLooper(name),
+	  fLock("scripted looper")
 {
 }
 

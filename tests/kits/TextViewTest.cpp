@@ -12,6 +12,7 @@
 #include <Font.h>
 #include <Handler.h>
 #include <Message.h>
+#include <Messenger.h>
 #include <ScrollView.h>
 
 #include "UserInput.h"
@@ -246,10 +247,10 @@ TEST_F(TextViewTest, TwentyWordsOfTheLargestSize_LeaveOthersServed)
 	int beats = 0;
 	ActingHandler heart([&](BMessage* message) {
 		beats++;
-		other->PostMessage(message->what, &heart);
+		BMessenger(&heart).SendMessage(message->what);
 	});
 	other->AddHandler(&heart);
-	other->PostMessage('beat', &heart);
+	BMessenger(&heart).SendMessage('beat');
 
 	// The next one comes when the last one is seen.
 	const std::string word = std::string(65535, 'x') + "\n";
@@ -259,10 +260,10 @@ TEST_F(TextViewTest, TwentyWordsOfTheLargestSize_LeaveOthersServed)
 			appended++;
 			Append(word);
 		}
-		fWindow->PostMessage(message->what, &appender);
+		BMessenger(&appender).SendMessage(message->what);
 	});
 	fWindow->AddHandler(&appender);
-	fWindow->PostMessage('appd', &appender);
+	BMessenger(&appender).SendMessage('appd');
 	EXPECT_TRUE(WaitFor([&appended]() {
 		return appended >= 20;
 	}));

@@ -117,7 +117,7 @@ TEST(TranslationUtilsTest, WhatIsNoPicture_GivesNothing)
 	EXPECT_EQ(nullptr, decode(""));
 	EXPECT_EQ(nullptr, decode("This is no picture at all."));
 	EXPECT_EQ(nullptr, decode(std::string(5000, '\xff')));
-	EXPECT_EQ(NULL, BTranslationUtils::GetBitmap(NULL));
+	EXPECT_EQ(NULL, BTranslationUtils::GetBitmap(static_cast<BPositionIO*>(NULL)));
 }
 
 

@@ -157,7 +157,7 @@ TransferTest::ExpectOutcome(uint32 what, const std::string& name, bool success)
 	EXPECT_EQ(what, message.what);
 	EXPECT_EQ(2, message.CountNames(B_ANY_TYPE));
 	EXPECT_EQ(name, message.GetString("filename", "nothing"));
-	EXPECT_TRUE(message.HasBool("success"));
+	EXPECT_TRUE(message.HasData("success", B_BOOL_TYPE));
 	EXPECT_EQ(success, message.GetBool("success", !success));
 }
 

@@ -40,7 +40,7 @@ new_picture(int width, int height)
 			file += pixel_bytes(kPicture);
 		file += pixel_bytes(kRightEdge);
 	}
-	BMemoryIO stream(file.data(), file.size());
+	BMemoryIO stream(static_cast<const void*>(file.data()), file.size());
 	return BTranslationUtils::GetBitmap(&stream);
 }
 

@@ -2,12 +2,13 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include <Application.h>
 #include <Bitmap.h>
 #include <Directory.h>
-#include <Entry.h>
 #include <File.h>
 #include <Path.h>
 #include <Roster.h>
@@ -52,7 +53,7 @@ protected:
 		ASSERT_EQ(size, copy.Write(bytes.data(), bytes.size()));
 	}
 
-	static void _DeleteIcon(uint16 id) { BEntry(_PathOf(id).String()).Remove(); }
+	static void _DeleteIcon(uint16 id) { std::filesystem::remove(_PathOf(id).String()); }
 
 	// Asks for as many ids, none of which has a picture.
 	void _FillCache(uint16 count)

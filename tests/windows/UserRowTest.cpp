@@ -3,12 +3,12 @@
  * Distributed under the terms of the MIT License.
  */
 #include <cmath>
+#include <filesystem>
 
 #include <gtest/gtest.h>
 
 #include <Application.h>
 #include <Bitmap.h>
-#include <Entry.h>
 #include <File.h>
 #include <Font.h>
 #include <InterfaceDefs.h>
@@ -156,7 +156,7 @@ TEST_F(UserRowTest, PictureOfAnotherSize_FillsTheSameSquare)
 		draw_nick(view, frame, "Ann");
 	});
 	EXPECT_TRUE(_Drawn(61002, 0, "Ann") == expected);
-	BEntry(path.Path()).Remove();
+	std::filesystem::remove(path.Path());
 }
 
 

@@ -79,7 +79,7 @@ WindowProbe::Settle(BLooper* looper)
 	looper->AddHandler(&barrier);
 	looper->Unlock();
 	const BMessenger messenger(looper);
-	looper->PostMessage('barr', &barrier);
+	BMessenger(&barrier).SendMessage('barr');
 	EXPECT_TRUE(WaitFor([&] {
 		return barrier.HasPassed() || !messenger.IsValid();
 	}));

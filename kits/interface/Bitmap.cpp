@@ -32,18 +32,6 @@ BBitmap::BBitmap(BRect bounds, color_space colorSpace, bool /*acceptsViews*/,
 }
 
 
-BBitmap::BBitmap(BRect bounds, uint32 /*flags*/, color_space colorSpace)
-	: fPeer(new BitmapPeer(make_image(bounds, colorSpace)))
-{
-}
-
-
-BBitmap::BBitmap(const BBitmap& source)
-	: fPeer(new BitmapPeer(source.fPeer->Image()))
-{
-}
-
-
 /*!	Takes the peer over. */
 BBitmap::BBitmap(BitmapPeer* peer)
 	: fPeer(peer)
@@ -57,18 +45,11 @@ BBitmap::~BBitmap()
 }
 
 
-/*!	An error when the bounds or the color space are no good, and when there is no memory. */
-status_t
-BBitmap::InitCheck() const
-{
-	return fPeer->Image().isNull() ? B_ERROR : B_OK;
-}
-
-
+/*!	Not when the bounds or the color space are no good, nor when there is no memory. */
 bool
 BBitmap::IsValid() const
 {
-	return InitCheck() == B_OK;
+	return !fPeer->Image().isNull();
 }
 
 
@@ -113,22 +94,4 @@ BRect
 BBitmap::Bounds() const
 {
 	return rect_from_toolkit(QRect(QPoint(0, 0), fPeer->Image().size()));
-}
-
-
-/*!	Overwrites pixels. Rows must be as long as the bitmap's own, and of its color space.
-	\param length How many bytes there are at \a data; what would go beyond the bitmap is left out.
-	\param offset Where in the bitmap the first one goes.
-*/
-status_t
-BBitmap::ImportBits(const void* data, int32 length, int32 bytesPerRow, int32 offset,
-	color_space colorSpace)
-{
-	if (!IsValid() || data == NULL || length < 0 || offset < 0 || offset > BitsLength()
-		|| bytesPerRow != BytesPerRow() || colorSpace != ColorSpace())
-		return B_BAD_VALUE;
-
-	memcpy(fPeer->Image().bits() + offset, data, size_t(std::min(length, BitsLength() - offset)));
-	fPeer->DropScaled();
-	return B_OK;
 }

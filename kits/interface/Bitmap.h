@@ -18,13 +18,11 @@ class BBitmap {
 public:
 	BBitmap(BRect bounds, color_space colorSpace, bool acceptsViews = false,
 		bool needsContiguous = false);
-	BBitmap(BRect bounds, uint32 flags, color_space colorSpace);
-	BBitmap(const BBitmap& source);
+	BBitmap(const BBitmap&) = delete;
 	virtual ~BBitmap();
 
-	BBitmap& operator=(const BBitmap& source) = delete;
+	BBitmap& operator=(const BBitmap&) = delete;
 
-	status_t InitCheck() const;
 	bool IsValid() const;
 
 	void* Bits() const;
@@ -32,9 +30,6 @@ public:
 	int32 BytesPerRow() const;
 	color_space ColorSpace() const;
 	BRect Bounds() const;
-
-	status_t ImportBits(const void* data, int32 length, int32 bytesPerRow, int32 offset,
-		color_space colorSpace);
 
 private:
 	friend class BitmapPeer;

@@ -25,8 +25,7 @@ public:
 	QImage& Image() { return fImage; }
 	// The picture in a size in device pixels, ready to be drawn; scaled once per size.
 	const QImage& Scaled(const QSize& size);
-	// After a change of the pixels, and for good once somebody may write to them at any time.
-	void DropScaled() { fScaled = QImage(); }
+	// Once somebody may write to the pixels at any time.
 	void KeepNothing() { fKeepsScaled = false; }
 
 private:

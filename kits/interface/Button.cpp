@@ -10,20 +10,12 @@
 
 
 BButton::BButton(const char* name, const char* label, BMessage* message, uint32 flags)
-	: BControl(new ButtonPeer, name, label, message, flags)
+	: BControl(new ButtonPeer, name, label, message, flags),
+	  fButtonPeer(static_cast<ButtonPeer*>(ViewPeer::Of(this)))
 {
-	_Peer()->ScheduleFlush();
-	_Peer()->FlushNow();
+	fButtonPeer->ScheduleFlush();
+	fButtonPeer->FlushNow();
 }
-
-
-BButton::BButton(const char* label, BMessage* message)
-	: BButton(NULL, label, message)
-{
-}
-
-
-BButton::~BButton() = default;
 
 
 void
@@ -35,21 +27,13 @@ BButton::AttachedToWindow()
 }
 
 
-void
-BButton::SetLabel(const char* label)
-{
-	BControl::SetLabel(label);
-	_Peer()->InvalidateLayout();
-}
-
-
 /*!	\param icon Copied, and shown in front of the label, at most 24 pixels large; NULL for none. */
 status_t
 BButton::SetIcon(const BBitmap* icon, uint32 /*flags*/)
 {
 	if (icon != NULL && !icon->IsValid())
 		return B_BAD_VALUE;
-	_Peer()->SetIcon(icon);
+	fButtonPeer->SetIcon(icon);
 	return B_OK;
 }
 
@@ -61,7 +45,7 @@ BButton::MakeDefault(bool flag)
 	if (flag == IsDefault())
 		return;
 
-	_Peer()->SetDefault(flag);
+	fButtonPeer->SetDefault(flag);
 	if (Window() == NULL)
 		return;
 	if (flag)
@@ -74,12 +58,5 @@ BButton::MakeDefault(bool flag)
 bool
 BButton::IsDefault() const
 {
-	return _Peer()->IsDefault();
-}
-
-
-ButtonPeer*
-BButton::_Peer() const
-{
-	return static_cast<ButtonPeer*>(ViewPeer::Of(this));
+	return fButtonPeer->IsDefault();
 }

@@ -9,6 +9,7 @@
 #include <Control.h>
 
 
+class BBitmap;
 class ButtonPeer;
 
 
@@ -17,18 +18,15 @@ class BButton : public BControl {
 public:
 	BButton(const char* name, const char* label, BMessage* message,
 		uint32 flags = B_WILL_DRAW | B_NAVIGABLE | B_FULL_UPDATE_ON_RESIZE);
-	BButton(const char* label, BMessage* message = NULL);
-	~BButton() override;
 
 	void AttachedToWindow() override;
-	void SetLabel(const char* label) override;
-	status_t SetIcon(const BBitmap* icon, uint32 flags = 0) override;
+	virtual status_t SetIcon(const BBitmap* icon, uint32 flags = 0);
 
 	virtual void MakeDefault(bool flag);
 	bool IsDefault() const;
 
 private:
-	ButtonPeer* _Peer() const;
+	ButtonPeer* fButtonPeer;
 };
 
 

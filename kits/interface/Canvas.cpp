@@ -27,9 +27,6 @@ Canvas::Canvas()
 	: highColor(make_color(0, 0, 0)),
 	  lowColor(make_color(255, 255, 255)),
 	  viewColor(make_color(255, 255, 255)),
-	  mode(B_OP_COPY),
-	  sourceAlpha(B_PIXEL_ALPHA),
-	  alphaFunction(B_ALPHA_OVERLAY),
 	  fPainter(NULL),
 	  fRecorder(NULL)
 {
@@ -45,16 +42,16 @@ Canvas::SetPainter(QPainter* painter)
 
 /*!	\param location Where the baseline starts. */
 void
-Canvas::DrawString(const char* string, int32 length, BPoint location)
+Canvas::DrawString(const char* string, BPoint location)
 {
 	if (fRecorder != NULL)
-		fRecorder->emplace_back(string, size_t(length));
+		fRecorder->emplace_back(string);
 	if (fPainter == NULL)
 		return;
 
 	fPainter->setFont(font_to_toolkit(font));
 	fPainter->setPen(color_to_toolkit(highColor));
-	fPainter->drawText(point_to_toolkit(location), shown_text(text_from_bytes(string, length)));
+	fPainter->drawText(point_to_toolkit(location), shown_text(text_from_bytes(string)));
 }
 
 

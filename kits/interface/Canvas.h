@@ -31,7 +31,7 @@ public:
 	// Gets the strings that are drawn, seen or not. Borrowed, until it is set to NULL.
 	void SetRecorder(std::vector<std::string>* strings) { fRecorder = strings; }
 
-	void DrawString(const char* string, int32 length, BPoint location);
+	void DrawString(const char* string, BPoint location);
 	void StrokeLine(BPoint start, BPoint end, const pattern& ink);
 	void StrokeRect(BRect rect, const pattern& ink);
 	void FillRect(BRect rect, const pattern& ink);
@@ -43,9 +43,6 @@ public:
 	rgb_color highColor;
 	rgb_color lowColor;
 	rgb_color viewColor;
-	drawing_mode mode;
-	source_alpha sourceAlpha;
-	alpha_function alphaFunction;
 	BFont font;
 
 private:

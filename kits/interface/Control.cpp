@@ -9,26 +9,17 @@
 #include <Window.h>
 
 
-/*!	\param message Owned by the control; NULL for none. */
-BControl::BControl(const char* name, const char* label, BMessage* message, uint32 flags)
-	: BControl(new ViewPeer, name, label, message, flags)
-{
-}
-
-
-/*!	\param peer Owned by the control. */
+/*!	\param peer Owned by the control.
+	\param message Likewise; NULL for none.
+*/
 BControl::BControl(ViewPeer* peer, const char* name, const char* label, BMessage* message,
 	uint32 flags)
 	: BView(peer, name, flags),
 	  BInvoker(message, NULL),
 	  fLabel(label),
-	  fValue(B_CONTROL_OFF),
 	  fEnabled(true)
 {
 }
-
-
-BControl::~BControl() = default;
 
 
 /*!	The window becomes the target, if there is none. */
@@ -37,22 +28,6 @@ BControl::AttachedToWindow()
 {
 	if (!Messenger().IsValid())
 		SetTarget(Window());
-}
-
-
-/*!	\param label Bytes, shown as UTF-8; NULL is the empty text. */
-void
-BControl::SetLabel(const char* label)
-{
-	fLabel = label;
-	ViewPeer::Of(this)->ScheduleFlush();
-}
-
-
-void
-BControl::SetValue(int32 value)
-{
-	fValue = value;
 }
 
 
@@ -78,14 +53,6 @@ BControl::Invoke(BMessage* message)
 	BMessage copy(*message);
 	copy.AddInt64("when", system_time());
 	copy.AddPointer("source", this);
-	copy.AddInt32("be:value", fValue);
+	copy.AddInt32("be:value", 0);
 	return BInvoker::Invoke(&copy);
-}
-
-
-/*!	Only some controls show pictures. */
-status_t
-BControl::SetIcon(const BBitmap* /*bitmap*/, uint32 /*flags*/)
-{
-	return B_UNSUPPORTED;
 }

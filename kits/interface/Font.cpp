@@ -5,8 +5,8 @@
 #include <Font.h>
 
 #include <algorithm>
-#include <cstring>
 #include <iterator>
+#include <string>
 
 #include <FontConversionPrivate.h>
 #include <String.h>
@@ -63,15 +63,15 @@ BFont::SetFace(uint16 face)
 float
 BFont::StringWidth(const char* string) const
 {
-	return StringWidth(string, string != NULL ? int32(strlen(string)) : 0);
+	const QString shown = shown_text(text_from_bytes(string));
+	return static_cast<float>(metrics_of_font(*this).horizontalAdvance(shown));
 }
 
 
 float
 BFont::StringWidth(const char* string, int32 length) const
 {
-	return float(
-		metrics_of_font(*this).horizontalAdvance(shown_text(text_from_bytes(string, length))));
+	return StringWidth(std::string(string, static_cast<size_t>(length)).c_str());
 }
 
 

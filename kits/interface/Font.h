@@ -47,7 +47,6 @@ public:
 
 	BFont& operator=(const BFont& font) = default;
 	bool operator==(const BFont& font) const;
-	bool operator!=(const BFont& font) const { return !(*this == font); }
 
 	void SetSize(float size);
 	float Size() const { return fSize; }

@@ -32,7 +32,6 @@ struct rgb_color {
 		return red == other.red && green == other.green && blue == other.blue
 			&& alpha == other.alpha;
 	}
-	bool operator!=(const rgb_color& other) const { return !(*this == other); }
 };
 
 inline rgb_color

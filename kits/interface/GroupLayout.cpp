@@ -62,23 +62,10 @@ pixels_of_spacing(float spacing)
 } // namespace
 
 
-BGroupLayout::BGroupLayout(enum orientation orientation, float spacing)
-	: BLayout(new LayoutPeer(make_box(orientation))),
-	  fOrientation(orientation),
-	  fSpacing(0)
+/*!	\param spacing Between two items, in pixels or as one of the B_USE_* constants. */
+BGroupLayout::BGroupLayout(orientation orientation, float spacing)
+	: BLayout(new LayoutPeer(make_box(orientation)))
 {
-	SetSpacing(spacing);
-}
-
-
-BGroupLayout::~BGroupLayout() = default;
-
-
-/*!	Between two items, in pixels or as one of the B_USE_* constants. */
-void
-BGroupLayout::SetSpacing(float spacing)
-{
-	fSpacing = resolve_spacing(spacing);
 	fPeer->Box()->setSpacing(pixels_of_spacing(spacing));
 }
 
@@ -93,23 +80,9 @@ BGroupLayout::SetInsets(float left, float top, float right, float bottom)
 
 
 void
-BGroupLayout::SetInsets(float horizontal, float vertical)
-{
-	SetInsets(horizontal, vertical, horizontal, vertical);
-}
-
-
-void
 BGroupLayout::SetInsets(float insets)
 {
 	SetInsets(insets, insets, insets, insets);
-}
-
-
-BLayoutItem*
-BGroupLayout::AddView(BView* child)
-{
-	return AddView(child, 1);
 }
 
 
@@ -129,13 +102,6 @@ BGroupLayout::AddView(BView* child, float weight)
 	item->fLayout = this;
 	fItems.push_back(item);
 	return item;
-}
-
-
-bool
-BGroupLayout::AddItem(BLayoutItem* item)
-{
-	return AddItem(item, 1);
 }
 
 

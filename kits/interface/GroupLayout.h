@@ -13,24 +13,13 @@
 /*!	Places its items in a row or in a column. What is left over goes to those that may grow, by their weights. */
 class BGroupLayout : public BLayout {
 public:
-	BGroupLayout(enum orientation orientation, float spacing = B_USE_DEFAULT_SPACING);
-	~BGroupLayout() override;
+	BGroupLayout(orientation orientation, float spacing = B_USE_DEFAULT_SPACING);
 
-	enum orientation Orientation() const { return fOrientation; }
-	float Spacing() const { return fSpacing; }
-	void SetSpacing(float spacing);
 	void SetInsets(float left, float top, float right, float bottom);
-	void SetInsets(float horizontal, float vertical);
 	void SetInsets(float insets);
 
-	BLayoutItem* AddView(BView* child);
 	BLayoutItem* AddView(BView* child, float weight);
-	bool AddItem(BLayoutItem* item);
 	bool AddItem(BLayoutItem* item, float weight);
-
-private:
-	enum orientation fOrientation;
-	float fSpacing;
 };
 
 

@@ -6,42 +6,7 @@
 
 #include <cctype>
 
-#include <QKeyEvent>
-
 #include <InterfaceDefs.h>
-
-
-static const struct {
-	int key;
-	char code;
-} kFunctionKeys[] = {
-	{Qt::Key_Return, B_ENTER},
-	{Qt::Key_Enter, B_ENTER},
-	{Qt::Key_Escape, B_ESCAPE},
-	{Qt::Key_Backspace, B_BACKSPACE},
-	{Qt::Key_Tab, B_TAB},
-	{Qt::Key_Left, B_LEFT_ARROW},
-	{Qt::Key_Right, B_RIGHT_ARROW},
-	{Qt::Key_Up, B_UP_ARROW},
-	{Qt::Key_Down, B_DOWN_ARROW},
-	{Qt::Key_Insert, B_INSERT},
-	{Qt::Key_Delete, B_DELETE},
-	{Qt::Key_Home, B_HOME},
-	{Qt::Key_End, B_END},
-	{Qt::Key_PageUp, B_PAGE_UP},
-	{Qt::Key_PageDown, B_PAGE_DOWN},
-};
-
-
-QByteArray
-bytes_of_key(const QKeyEvent& event)
-{
-	for (const auto& entry : kFunctionKeys) {
-		if (entry.key == event.key())
-			return QByteArray(1, entry.code);
-	}
-	return event.text().toUtf8();
-}
 
 
 QKeySequence

@@ -43,17 +43,9 @@ BLayout::~BLayout()
 
 
 void
-BLayout::InvalidateLayout(bool children)
-{
-	if (fOwner != NULL)
-		fOwner->InvalidateLayout(children);
-}
-
-
-void
 BLayout::_SetOwner(BView* owner)
 {
 	fOwner = owner;
 	if (Layout() == NULL)
-		ViewPeer::Of(owner)->Container()->setLayout(fPeer->Box());
+		ViewPeer::Of(owner)->Widget()->setLayout(fPeer->Box());
 }

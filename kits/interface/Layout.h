@@ -23,7 +23,6 @@ public:
 
 	// The view whose children are placed. For a window's layout that is none of the client's views.
 	BView* Owner() const { return fOwner; }
-	void InvalidateLayout(bool children = false);
 
 protected:
 	explicit BLayout(LayoutPeer* peer);

@@ -7,7 +7,6 @@
 
 
 #include <GroupLayout.h>
-#include <GroupView.h>
 #include <SpaceLayoutItem.h>
 #include <Window.h>
 
@@ -41,40 +40,22 @@ public:
 	typedef Group<ParentBuilder> ThisBuilder;
 	typedef Group<ThisBuilder> GroupBuilder;
 
-	Group(orientation orientation = B_HORIZONTAL, float spacing = B_USE_DEFAULT_SPACING)
-		: fLayout((new BGroupView(orientation, spacing))->GroupLayout())
-	{
-	}
-
 	Group(BWindow* window, orientation orientation, float spacing = B_USE_DEFAULT_SPACING)
 		: fLayout(new BGroupLayout(orientation, spacing))
 	{
 		window->SetLayout(fLayout);
 	}
 
-	Group(BView* view, orientation orientation, float spacing = B_USE_DEFAULT_SPACING)
-		: fLayout(new BGroupLayout(orientation, spacing))
-	{
-		view->SetLayout(fLayout);
-	}
+	Group(BView* view, orientation orientation, float spacing = B_USE_DEFAULT_SPACING) = delete;
 
 	Group(BGroupLayout* layout)
 		: fLayout(layout)
 	{
 	}
 
-	BGroupLayout* Layout() const { return fLayout; }
-	BView* View() const { return fLayout->Owner(); }
-
-	ThisBuilder& GetLayout(BGroupLayout** _layout)
-	{
-		*_layout = fLayout;
-		return *this;
-	}
-
 	ThisBuilder& Add(BView* view)
 	{
-		fLayout->AddView(view);
+		fLayout->AddView(view, 1);
 		return *this;
 	}
 
@@ -84,17 +65,8 @@ public:
 		return *this;
 	}
 
-	ThisBuilder& Add(BLayoutItem* item)
-	{
-		fLayout->AddItem(item);
-		return *this;
-	}
-
-	ThisBuilder& Add(BLayoutItem* item, float weight)
-	{
-		fLayout->AddItem(item, weight);
-		return *this;
-	}
+	ThisBuilder& Add(BLayoutItem* item) = delete;
+	ThisBuilder& Add(BLayoutItem* item, float weight) = delete;
 
 	GroupBuilder AddGroup(orientation orientation, float spacing = B_USE_DEFAULT_SPACING,
 		float weight = 1.0f)
@@ -112,24 +84,9 @@ public:
 		return *this;
 	}
 
-	ThisBuilder& AddStrut(float size)
-	{
-		if (fLayout->Orientation() == B_HORIZONTAL)
-			fLayout->AddItem(BSpaceLayoutItem::CreateHorizontalStrut(size));
-		else
-			fLayout->AddItem(BSpaceLayoutItem::CreateVerticalStrut(size));
-		return *this;
-	}
-
 	ThisBuilder& SetInsets(float left, float top, float right, float bottom)
 	{
 		fLayout->SetInsets(left, top, right, bottom);
-		return *this;
-	}
-
-	ThisBuilder& SetInsets(float horizontal, float vertical)
-	{
-		fLayout->SetInsets(horizontal, vertical);
 		return *this;
 	}
 
@@ -138,8 +95,6 @@ public:
 		fLayout->SetInsets(insets);
 		return *this;
 	}
-
-	operator BGroupLayout*() { return fLayout; }
 
 private:
 	template<typename Other>

@@ -6,7 +6,6 @@
 #define LAYOUT_ITEM_H
 
 
-#include <Alignment.h>
 #include <Size.h>
 
 

@@ -84,11 +84,11 @@ LineEditPeer::LineEditPeer(BTextControl* control)
 
 
 void
-LineEditPeer::SetText(const char* text, int32 length)
+LineEditPeer::SetText(const char* text)
 {
-	fBytes = QByteArray(text, length);
+	fBytes = QByteArray(text);
 	fIsSetting = true;
-	fField->setText(text_from_bytes(text, length));
+	fField->setText(text_from_bytes(text));
 	fIsSetting = false;
 }
 
@@ -98,16 +98,7 @@ LineEditPeer::Insert(int32 offset, const char* text, int32 length)
 {
 	QByteArray bytes = fBytes;
 	bytes.insert(offset, text, length);
-	SetText(bytes.constData(), int32(bytes.size()));
-}
-
-
-void
-LineEditPeer::Delete(int32 start, int32 end)
-{
-	QByteArray bytes = fBytes;
-	bytes.remove(start, end - start);
-	SetText(bytes.constData(), int32(bytes.size()));
+	SetText(bytes.constData());
 }
 
 

@@ -22,9 +22,8 @@ public:
 	// The control is borrowed; it is asked when the user presses Return.
 	explicit LineEditPeer(BTextControl* control);
 
-	void SetText(const char* text, int32 length) override;
+	void SetText(const char* text) override;
 	void Insert(int32 offset, const char* text, int32 length) override;
-	void Delete(int32 start, int32 end) override;
 	const char* Text() override;
 	int32 TextLength() override;
 

@@ -16,13 +16,10 @@ static const float kTextInset = 5;
 static const float kRowSpacing = 4;
 
 
-/*!	\param outlineLevel How deep the row stands in an outline. */
-BListItem::BListItem(uint32 outlineLevel, bool expanded)
+// Differs from Haiku: there are no outlines here.
+BListItem::BListItem(uint32 /*outlineLevel*/, bool /*expanded*/)
 	: fHeight(0),
-	  fLevel(outlineLevel),
-	  fSelected(false),
-	  fEnabled(true),
-	  fExpanded(expanded)
+	  fSelected(false)
 {
 }
 
@@ -58,9 +55,6 @@ BStringItem::BStringItem(const char* text, uint32 outlineLevel, bool expanded)
 }
 
 
-BStringItem::~BStringItem() = default;
-
-
 void
 BStringItem::DrawItem(BView* owner, BRect frame, bool complete)
 {
@@ -69,11 +63,8 @@ BStringItem::DrawItem(BView* owner, BRect frame, bool complete)
 			IsSelected() ? ui_color(B_LIST_SELECTED_BACKGROUND_COLOR) : owner->ViewColor());
 		owner->FillRect(frame);
 	}
-	rgb_color color = ui_color(
-		IsSelected() ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR);
-	if (!IsEnabled())
-		color = tint_color(color, B_LIGHTEN_2_TINT);
-	owner->SetHighColor(color);
+	owner->SetHighColor(
+		ui_color(IsSelected() ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR));
 	owner->DrawString(Text(), BPoint(frame.left + kTextInset, frame.top + fBaselineOffset));
 }
 

@@ -29,26 +29,17 @@ public:
 
 	float Height() const { return fHeight; }
 	bool IsSelected() const { return fSelected; }
-	bool IsEnabled() const { return fEnabled; }
 
 	void SetHeight(float height);
 	void Select() { fSelected = true; }
 	void Deselect() { fSelected = false; }
-	void SetEnabled(bool enabled) { fEnabled = enabled; }
 
 	virtual void DrawItem(BView* owner, BRect frame, bool complete = false) = 0;
 	virtual void Update(BView* owner, const BFont* font);
 
-	bool IsExpanded() const { return fExpanded; }
-	void SetExpanded(bool expanded) { fExpanded = expanded; }
-	uint32 OutlineLevel() const { return fLevel; }
-
 private:
 	float fHeight;
-	uint32 fLevel;
 	bool fSelected;
-	bool fEnabled;
-	bool fExpanded;
 };
 
 
@@ -56,15 +47,12 @@ private:
 class BStringItem : public BListItem {
 public:
 	BStringItem(const char* text, uint32 outlineLevel = 0, bool expanded = true);
-	~BStringItem() override;
 
 	void DrawItem(BView* owner, BRect frame, bool complete = false) override;
 	void Update(BView* owner, const BFont* font) override;
 
 	virtual void SetText(const char* text);
 	const char* Text() const;
-
-	float BaselineOffset() const { return fBaselineOffset; }
 
 private:
 	BString fText;

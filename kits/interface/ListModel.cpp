@@ -50,13 +50,6 @@ ListModel::BeginInsert(int32 first, int32 count)
 }
 
 
-void
-ListModel::BeginRemove(int32 first, int32 count)
-{
-	beginRemoveRows(QModelIndex(), first, first + count - 1);
-}
-
-
 // #pragma mark -
 
 

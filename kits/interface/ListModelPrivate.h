@@ -27,7 +27,7 @@ public:
 	// Around a change of the peer's rows.
 	void BeginInsert(int32 first, int32 count);
 	void EndInsert() { endInsertRows(); }
-	void BeginRemove(int32 first, int32 count);
+	void BeginRemove(int32 index) { beginRemoveRows(QModelIndex(), index, index); }
 	void EndRemove() { endRemoveRows(); }
 	void BeginReset() { beginResetModel(); }
 	void EndReset() { endResetModel(); }

@@ -30,30 +30,14 @@ BListView::~BListView()
 // #pragma mark - Rows
 
 
+/*!	The item shows with the next frame. */
 bool
 BListView::AddItem(BListItem* item)
 {
-	return AddItem(item, CountItems());
-}
-
-
-/*!	The item shows with the next frame.
-	\return \c false for an index beyond the end.
-*/
-bool
-BListView::AddItem(BListItem* item, int32 index)
-{
-	if (item == NULL || index < 0 || index > CountItems())
+	if (item == NULL)
 		return false;
-	fListPeer->Add(item, index);
+	fListPeer->Add(item);
 	return true;
-}
-
-
-bool
-BListView::RemoveItem(BListItem* item)
-{
-	return RemoveItem(IndexOf(item)) != NULL;
 }
 
 
@@ -64,30 +48,10 @@ BListView::RemoveItem(int32 index)
 	BListItem* item = ItemAt(index);
 	if (item == NULL)
 		return NULL;
-	if (item->IsSelected())
-		Deselect(index);
-	fListPeer->Remove(index, 1);
-	return item;
-}
-
-
-bool
-BListView::RemoveItems(int32 index, int32 count)
-{
-	if (index < 0 || index >= CountItems() || count <= 0)
-		return false;
-	count = std::min<int32>(count, CountItems() - index);
-	if (fListPeer->Deselect(index, index + count - 1))
+	if (item->IsSelected() && fListPeer->Deselect(index, index))
 		_SelectionChanged();
-	fListPeer->Remove(index, count);
-	return true;
-}
-
-
-void
-BListView::MakeEmpty()
-{
-	fListPeer->Clear();
+	fListPeer->Remove(index);
+	return item;
 }
 
 
@@ -107,34 +71,10 @@ BListView::IndexOf(BPoint point) const
 }
 
 
-/*!	-1 when the item is not in the list. */
-int32
-BListView::IndexOf(BListItem* item) const
-{
-	const std::vector<BListItem*>& items = fListPeer->Items();
-	const auto found = std::find(items.begin(), items.end(), item);
-	return found != items.end() ? int32(found - items.begin()) : -1;
-}
-
-
-bool
-BListView::HasItem(BListItem* item) const
-{
-	return IndexOf(item) >= 0;
-}
-
-
 int32
 BListView::CountItems() const
 {
 	return int32(fListPeer->Items().size());
-}
-
-
-bool
-BListView::IsEmpty() const
-{
-	return fListPeer->Items().empty();
 }
 
 
@@ -143,23 +83,6 @@ const BListItem**
 BListView::Items() const
 {
 	return const_cast<const BListItem**>(fListPeer->Items().data());
-}
-
-
-/*!	Calls the function for each item, until it returns \c true. */
-void
-BListView::DoForEach(bool (*function)(BListItem* item))
-{
-	for (int32 i = 0; i < CountItems() && !function(ItemAt(i)); i++)
-		continue;
-}
-
-
-void
-BListView::DoForEach(bool (*function)(BListItem* item, void* cookie), void* cookie)
-{
-	for (int32 i = 0; i < CountItems() && !function(ItemAt(i), cookie); i++)
-		continue;
 }
 
 
@@ -216,14 +139,6 @@ BListView::Select(int32 index, bool extend)
 }
 
 
-bool
-BListView::IsItemSelected(int32 index) const
-{
-	const BListItem* item = ItemAt(index);
-	return item != NULL && item->IsSelected();
-}
-
-
 /*!	\param index Which of the selected rows, counted from 0 in the order of the list.
 	\return Its index in the list; -1 when there is none.
 */
@@ -236,25 +151,10 @@ BListView::CurrentSelection(int32 index) const
 
 
 void
-BListView::Deselect(int32 index)
-{
-	if (ItemAt(index) != NULL && fListPeer->Deselect(index, index))
-		_SelectionChanged();
-}
-
-
-void
 BListView::DeselectAll()
 {
-	if (!IsEmpty() && fListPeer->Deselect(0, CountItems() - 1))
+	if (CountItems() > 0 && fListPeer->Deselect(0, CountItems() - 1))
 		_SelectionChanged();
-}
-
-
-/*!	Called when other rows are selected than before, ahead of the selection message. */
-void
-BListView::SelectionChanged()
-{
 }
 
 
@@ -277,20 +177,6 @@ void
 BListView::SetInvocationMessage(BMessage* message)
 {
 	SetMessage(message);
-}
-
-
-BMessage*
-BListView::SelectionMessage() const
-{
-	return fSelectionMessage;
-}
-
-
-BMessage*
-BListView::InvocationMessage() const
-{
-	return Message();
 }
 
 
@@ -332,7 +218,6 @@ BListView::_Send(const BMessage& message)
 void
 BListView::_SelectionChanged()
 {
-	SelectionChanged();
 	if (fSelectionMessage != NULL)
 		_Send(*fSelectionMessage);
 }

@@ -29,21 +29,13 @@ public:
 	~BListView() override;
 
 	virtual bool AddItem(BListItem* item);
-	virtual bool AddItem(BListItem* item, int32 index);
-	virtual bool RemoveItem(BListItem* item);
 	virtual BListItem* RemoveItem(int32 index);
-	virtual bool RemoveItems(int32 index, int32 count);
-	virtual void MakeEmpty();
+	bool RemoveItem(BListItem* item) = delete;
 
 	BListItem* ItemAt(int32 index) const;
 	int32 IndexOf(BPoint point) const;
-	int32 IndexOf(BListItem* item) const;
-	bool HasItem(BListItem* item) const;
 	int32 CountItems() const;
-	bool IsEmpty() const;
 	const BListItem** Items() const;
-	void DoForEach(bool (*function)(BListItem* item));
-	void DoForEach(bool (*function)(BListItem* item, void* cookie), void* cookie);
 	void SortItems(int (*compare)(const void* itemPointerA, const void* itemPointerB));
 
 	void InvalidateItem(int32 index);
@@ -52,16 +44,12 @@ public:
 
 	list_view_type ListType() const;
 	void Select(int32 index, bool extend = false);
-	bool IsItemSelected(int32 index) const;
+	void Select(int32 from, int32 to, bool extend = false) = delete;
 	int32 CurrentSelection(int32 index = 0) const;
-	void Deselect(int32 index);
 	void DeselectAll();
-	virtual void SelectionChanged();
 
 	virtual void SetSelectionMessage(BMessage* message);
 	virtual void SetInvocationMessage(BMessage* message);
-	BMessage* SelectionMessage() const;
-	BMessage* InvocationMessage() const;
 	status_t Invoke(BMessage* message = NULL) override;
 
 	void AttachedToWindow() override;

@@ -69,58 +69,34 @@ ListViewPeer::~ListViewPeer() = default;
 // #pragma mark - Rows
 
 
-/*!	\param index At most the number of rows. */
 void
-ListViewPeer::Add(BListItem* item, int32 index)
+ListViewPeer::Add(BListItem* item)
 {
 	_Update(item, fItems.empty());
-	if (index >= fShownCount) {
-		fItems.insert(fItems.begin() + index, item);
-		ScheduleFlush();
-		return;
-	}
-	fModel->BeginInsert(index, 1);
-	fItems.insert(fItems.begin() + index, item);
-	fShownCount++;
-	fModel->EndInsert();
+	fItems.push_back(item);
+	ScheduleFlush();
 }
 
 
-/*!	Rows that the toolkit has not heard of just go. */
+/*!	A row that the toolkit has not heard of just goes. */
 void
-ListViewPeer::Remove(int32 index, int32 count)
+ListViewPeer::Remove(int32 index)
 {
-	const auto begin = fItems.begin() + index;
 	if (index >= fShownCount) {
-		fItems.erase(begin, begin + count);
+		fItems.erase(fItems.begin() + index);
 		return;
 	}
 	// The toolkit would select another row instead.
-	const QModelIndex current = fRows->currentIndex();
-	if (current.row() >= index && current.row() < index + count)
+	if (fRows->currentIndex().row() == index)
 		fRows->selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
 
-	const int32 shown = std::min(count, fShownCount - index);
-	fModel->BeginRemove(index, shown);
-	fItems.erase(begin, begin + count);
-	fShownCount -= shown;
+	fModel->BeginRemove(index);
+	fItems.erase(fItems.begin() + index);
+	fShownCount--;
 	fModel->EndRemove();
-	// What has changed behind them has moved up.
+	// What has changed behind it has moved up.
 	if (fFirstChanged > index)
-		fFirstChanged = std::max(index, fFirstChanged - count);
-}
-
-
-void
-ListViewPeer::Clear()
-{
-	for (BListItem* item : fSelected)
-		item->Deselect();
-	fSelected.clear();
-	fModel->BeginReset();
-	fItems.clear();
-	fShownCount = 0;
-	fModel->EndReset();
+		fFirstChanged--;
 }
 
 

@@ -34,10 +34,9 @@ public:
 	// How many of them the toolkit knows.
 	int32 CountShown() const { return fShownCount; }
 
-	void Add(BListItem* item, int32 index);
-	// They are not selected any more.
-	void Remove(int32 index, int32 count);
-	void Clear();
+	void Add(BListItem* item);
+	// It is not selected any more.
+	void Remove(int32 index);
 	void Sort(int (*compare)(const void*, const void*));
 	void Invalidate(int32 index);
 

@@ -14,18 +14,17 @@
 
 
 /*!	\param name Also the label of the item that opens the menu. */
-BMenu::BMenu(const char* name, menu_layout layout)
-	: BMenu(new MenuPeer(false), name, layout, B_WILL_DRAW)
+BMenu::BMenu(const char* name, menu_layout /*layout*/)
+	: BMenu(new MenuPeer(false), name, B_WILL_DRAW)
 {
 }
 
 
 /*!	\param peer Owned by the menu. */
-BMenu::BMenu(MenuPeer* peer, const char* name, menu_layout layout, uint32 flags)
+BMenu::BMenu(MenuPeer* peer, const char* name, uint32 flags)
 	: BView(peer, name, flags),
 	  fMenuPeer(peer),
-	  fSuperitem(NULL),
-	  fMenuLayout(layout)
+	  fSuperitem(NULL)
 {
 }
 

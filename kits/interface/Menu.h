@@ -34,12 +34,9 @@ public:
 	BMenuItem* FindItem(const char* label) const;
 	BMenuItem* FindItem(uint32 command) const;
 	BMenu* Supermenu() const;
-	BMenuItem* Superitem() const { return fSuperitem; }
-
-	menu_layout Layout() const { return fMenuLayout; }
 
 protected:
-	BMenu(MenuPeer* peer, const char* name, menu_layout layout, uint32 flags);
+	BMenu(MenuPeer* peer, const char* name, uint32 flags);
 
 private:
 	friend class BMenuItem;
@@ -51,7 +48,6 @@ private:
 	MenuPeer* fMenuPeer;
 	std::vector<BMenuItem*> fItems;
 	BMenuItem* fSuperitem;
-	menu_layout fMenuLayout;
 };
 
 

@@ -7,13 +7,10 @@
 #include <MenuPeer.h>
 
 
-BMenuBar::BMenuBar(const char* name, menu_layout layout, uint32 flags)
-	: BMenu(new MenuPeer(true), name, layout, flags)
+BMenuBar::BMenuBar(const char* name, menu_layout /*layout*/, uint32 flags)
+	: BMenu(new MenuPeer(true), name, flags)
 {
 }
-
-
-BMenuBar::~BMenuBar() = default;
 
 
 /*!	The window becomes the target of the items that have none. */

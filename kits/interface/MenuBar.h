@@ -14,7 +14,6 @@ class BMenuBar : public BMenu {
 public:
 	BMenuBar(const char* name, menu_layout layout = B_ITEMS_IN_ROW,
 		uint32 flags = B_WILL_DRAW | B_FRAME_EVENTS);
-	~BMenuBar() override;
 
 	void AttachedToWindow() override;
 };

@@ -14,18 +14,20 @@
 #include <TextConversionPrivate.h>
 
 
-/*!	\param message Owned by the item; NULL for none.
+/*!	\param label Bytes, shown as UTF-8.
+	\param message Owned by the item; NULL for none.
 	\param shortcut 0 for none.
 */
 BMenuItem::BMenuItem(const char* label, BMessage* message, char shortcut, uint32 modifiers)
 	: BInvoker(message, NULL),
 	  fPeer(new MenuItemPeer(this, NULL)),
+	  fLabel(label),
 	  fSuper(NULL),
 	  fSubmenu(NULL),
 	  fShortcut(shortcut),
 	  fModifiers(shortcut != 0 ? modifiers | B_COMMAND_KEY : 0)
 {
-	BMenuItem::SetLabel(label);
+	fPeer->Action()->setText(text_from_bytes(label, MNEMONIC_TEXT));
 	fPeer->Action()->setShortcut(keys_of_shortcut(fShortcut, fModifiers));
 }
 
@@ -33,13 +35,14 @@ BMenuItem::BMenuItem(const char* label, BMessage* message, char shortcut, uint32
 BMenuItem::BMenuItem(BMenu* menu, BMessage* message)
 	: BInvoker(message, NULL),
 	  fPeer(new MenuItemPeer(this, menu->fMenuPeer->Entrance())),
+	  fLabel(menu->Name()),
 	  fSuper(NULL),
 	  fSubmenu(menu),
 	  fShortcut(0),
 	  fModifiers(0)
 {
 	menu->fSuperitem = this;
-	BMenuItem::SetLabel(menu->Name());
+	fPeer->Action()->setText(text_from_bytes(menu->Name(), MNEMONIC_TEXT));
 }
 
 
@@ -47,29 +50,6 @@ BMenuItem::~BMenuItem()
 {
 	delete fPeer;
 	delete fSubmenu;
-}
-
-
-/*!	\param label Bytes, shown as UTF-8. */
-void
-BMenuItem::SetLabel(const char* label)
-{
-	fLabel = label;
-	fPeer->Action()->setText(text_from_bytes(label, MNEMONIC_TEXT));
-}
-
-
-void
-BMenuItem::SetEnabled(bool enabled)
-{
-	fPeer->Action()->setEnabled(enabled);
-}
-
-
-bool
-BMenuItem::IsEnabled() const
-{
-	return fPeer->Action()->isEnabled();
 }
 
 
@@ -110,6 +90,3 @@ BSeparatorItem::BSeparatorItem()
 {
 	fPeer->Action()->setSeparator(true);
 }
-
-
-BSeparatorItem::~BSeparatorItem() = default;

@@ -26,10 +26,7 @@ public:
 	BMenuItem(BMenu* menu, BMessage* message = NULL);
 	~BMenuItem() override;
 
-	virtual void SetLabel(const char* label);
 	const char* Label() const { return fLabel.String(); }
-	virtual void SetEnabled(bool enabled);
-	bool IsEnabled() const;
 	char Shortcut(uint32* _modifiers = NULL) const;
 	BMenu* Submenu() const { return fSubmenu; }
 	BMenu* Menu() const { return fSuper; }
@@ -55,7 +52,6 @@ private:
 class BSeparatorItem : public BMenuItem {
 public:
 	BSeparatorItem();
-	~BSeparatorItem() override;
 };
 
 

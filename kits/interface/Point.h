@@ -26,16 +26,8 @@ public:
 	{
 	}
 
-	void Set(float newX, float newY)
-	{
-		x = newX;
-		y = newY;
-	}
-
 	BPoint operator+(const BPoint& other) const { return BPoint(x + other.x, y + other.y); }
-	BPoint operator-(const BPoint& other) const { return BPoint(x - other.x, y - other.y); }
 	bool operator==(const BPoint& other) const { return x == other.x && y == other.y; }
-	bool operator!=(const BPoint& other) const { return !(*this == other); }
 };
 
 

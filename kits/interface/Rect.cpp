@@ -5,7 +5,6 @@
 #include <Rect.h>
 
 #include <algorithm>
-#include <cmath>
 
 
 /*!	An empty rectangle, which is not valid. */
@@ -24,96 +23,6 @@ BRect::BRect(float rectLeft, float rectTop, float rectRight, float rectBottom)
 	  right(rectRight),
 	  bottom(rectBottom)
 {
-}
-
-
-BRect::BRect(BPoint leftTop, BPoint rightBottom)
-	: left(leftTop.x),
-	  top(leftTop.y),
-	  right(rightBottom.x),
-	  bottom(rightBottom.y)
-{
-}
-
-
-BRect::BRect(BPoint leftTop, BSize size)
-	: left(leftTop.x),
-	  top(leftTop.y),
-	  right(leftTop.x + size.width),
-	  bottom(leftTop.y + size.height)
-{
-}
-
-
-void
-BRect::Set(float newLeft, float newTop, float newRight, float newBottom)
-{
-	left = newLeft;
-	top = newTop;
-	right = newRight;
-	bottom = newBottom;
-}
-
-
-int32
-BRect::IntegerWidth() const
-{
-	return int32(std::ceil(Width()));
-}
-
-
-int32
-BRect::IntegerHeight() const
-{
-	return int32(std::ceil(Height()));
-}
-
-
-void
-BRect::InsetBy(float dx, float dy)
-{
-	Set(left + dx, top + dy, right - dx, bottom - dy);
-}
-
-
-BRect
-BRect::InsetByCopy(float dx, float dy) const
-{
-	BRect copy(*this);
-	copy.InsetBy(dx, dy);
-	return copy;
-}
-
-
-void
-BRect::OffsetBy(float dx, float dy)
-{
-	Set(left + dx, top + dy, right + dx, bottom + dy);
-}
-
-
-BRect
-BRect::OffsetByCopy(float dx, float dy) const
-{
-	BRect copy(*this);
-	copy.OffsetBy(dx, dy);
-	return copy;
-}
-
-
-void
-BRect::OffsetTo(float x, float y)
-{
-	OffsetBy(x - left, y - top);
-}
-
-
-BRect
-BRect::OffsetToCopy(float x, float y) const
-{
-	BRect copy(*this);
-	copy.OffsetTo(x, y);
-	return copy;
 }
 
 

@@ -20,29 +20,14 @@ public:
 
 	BRect();
 	BRect(float left, float top, float right, float bottom);
-	BRect(BPoint leftTop, BPoint rightBottom);
-	BRect(BPoint leftTop, BSize size);
-
-	void Set(float newLeft, float newTop, float newRight, float newBottom);
 
 	BPoint LeftTop() const { return BPoint(left, top); }
 	BPoint RightTop() const { return BPoint(right, top); }
 	BPoint LeftBottom() const { return BPoint(left, bottom); }
-	BPoint RightBottom() const { return BPoint(right, bottom); }
 
 	float Width() const { return right - left; }
 	float Height() const { return bottom - top; }
-	int32 IntegerWidth() const;
-	int32 IntegerHeight() const;
-	BSize Size() const { return BSize(Width(), Height()); }
 	bool IsValid() const { return left <= right && top <= bottom; }
-
-	void InsetBy(float dx, float dy);
-	BRect InsetByCopy(float dx, float dy) const;
-	void OffsetBy(float dx, float dy);
-	BRect OffsetByCopy(float dx, float dy) const;
-	void OffsetTo(float x, float y);
-	BRect OffsetToCopy(float x, float y) const;
 
 	bool Contains(BPoint point) const;
 	bool Contains(BRect rect) const;
@@ -51,7 +36,6 @@ public:
 	BRect operator&(BRect other) const;
 	BRect operator|(BRect other) const;
 	bool operator==(BRect other) const;
-	bool operator!=(BRect other) const { return !(*this == other); }
 };
 
 

@@ -37,6 +37,3 @@ BScrollView::BScrollView(const char* name, BView* target, uint32 flags, bool hor
 		area->setFrameStyle(border == B_FANCY_BORDER ? QFrame::StyledPanel | QFrame::Sunken
 													 : QFrame::Box | QFrame::Plain);
 }
-
-
-BScrollView::~BScrollView() = default;

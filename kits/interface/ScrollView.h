@@ -14,7 +14,9 @@ class BScrollView : public BView {
 public:
 	BScrollView(const char* name, BView* target, uint32 flags, bool horizontal, bool vertical,
 		border_style border = B_FANCY_BORDER);
-	~BScrollView() override;
+	BScrollView(const char* name, BView* target, uint32 resizingMode = 0, uint32 flags = 0,
+		bool horizontal = false, bool vertical = false, border_style border = B_FANCY_BORDER)
+		= delete;
 
 	BView* Target() const { return fTarget; }
 	border_style Border() const { return fBorder; }

@@ -16,9 +16,6 @@ BSeparatorView::BSeparatorView(orientation orientation, border_style border)
 }
 
 
-BSeparatorView::~BSeparatorView() = default;
-
-
 /*!	A dark line, and for the fancy border a light one below or beside it. */
 void
 BSeparatorView::Draw(BRect /*updateRect*/)
@@ -61,5 +58,5 @@ BSeparatorView::MaxSize()
 BSize
 BSeparatorView::PreferredSize()
 {
-	return compose_size(MinSize(), ExplicitPreferredSize());
+	return MinSize();
 }

@@ -13,7 +13,6 @@
 class BSeparatorView : public BView {
 public:
 	BSeparatorView(orientation orientation, border_style border = B_PLAIN_BORDER);
-	~BSeparatorView() override;
 
 	void Draw(BRect updateRect) override;
 	BSize MinSize() override;

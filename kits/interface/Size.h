@@ -30,16 +30,6 @@ public:
 	{
 	}
 
-	float Width() const { return width; }
-	float Height() const { return height; }
-	void Set(float newWidth, float newHeight)
-	{
-		width = newWidth;
-		height = newHeight;
-	}
-	void SetWidth(float newWidth) { width = newWidth; }
-	void SetHeight(float newHeight) { height = newHeight; }
-
 	bool IsWidthSet() const { return width != B_SIZE_UNSET; }
 	bool IsHeightSet() const { return height != B_SIZE_UNSET; }
 
@@ -47,7 +37,6 @@ public:
 	{
 		return width == other.width && height == other.height;
 	}
-	bool operator!=(const BSize& other) const { return !(*this == other); }
 };
 
 

@@ -5,9 +5,7 @@
 #include <SpaceLayoutItem.h>
 
 
-/*!	The alignment of nothing changes nothing. */
-BSpaceLayoutItem::BSpaceLayoutItem(BSize minSize, BSize maxSize, BSize preferredSize,
-	BAlignment /*alignment*/)
+BSpaceLayoutItem::BSpaceLayoutItem(BSize minSize, BSize maxSize, BSize preferredSize)
 	: fMinSize(minSize),
 	  fMaxSize(maxSize),
 	  fPreferredSize(preferredSize)
@@ -15,29 +13,10 @@ BSpaceLayoutItem::BSpaceLayoutItem(BSize minSize, BSize maxSize, BSize preferred
 }
 
 
-BSpaceLayoutItem::~BSpaceLayoutItem() = default;
-
-
 /*!	Takes what is left over, in both directions. */
 BSpaceLayoutItem*
 BSpaceLayoutItem::CreateGlue()
 {
 	return new BSpaceLayoutItem(BSize(-1, -1), BSize(B_SIZE_UNLIMITED, B_SIZE_UNLIMITED),
-		BSize(-1, -1), BAlignment());
-}
-
-
-BSpaceLayoutItem*
-BSpaceLayoutItem::CreateHorizontalStrut(float width)
-{
-	return new BSpaceLayoutItem(BSize(width, -1), BSize(width, B_SIZE_UNLIMITED), BSize(width, -1),
-		BAlignment());
-}
-
-
-BSpaceLayoutItem*
-BSpaceLayoutItem::CreateVerticalStrut(float height)
-{
-	return new BSpaceLayoutItem(BSize(-1, height), BSize(B_SIZE_UNLIMITED, height),
-		BSize(-1, height), BAlignment());
+		BSize(-1, -1));
 }

@@ -9,15 +9,13 @@
 
 BStringView::BStringView(const char* name, const char* text, uint32 flags)
 	: BView(new StringViewPeer, name, flags),
+	  fStringPeer(static_cast<StringViewPeer*>(ViewPeer::Of(this))),
 	  fText(text)
 {
 	SetHighUIColor(B_PANEL_TEXT_COLOR);
-	_Peer()->ScheduleFlush();
-	_Peer()->FlushNow();
+	fStringPeer->ScheduleFlush();
+	fStringPeer->FlushNow();
 }
-
-
-BStringView::~BStringView() = default;
 
 
 /*!	\param text Bytes, shown as UTF-8; NULL is the empty text. */
@@ -27,21 +25,7 @@ BStringView::SetText(const char* text)
 	if (fText == text)
 		return;
 	fText = text;
-	_Peer()->ScheduleFlush();
-}
-
-
-void
-BStringView::SetAlignment(alignment flag)
-{
-	_Peer()->SetAlignment(flag);
-}
-
-
-alignment
-BStringView::Alignment() const
-{
-	return _Peer()->Alignment();
+	fStringPeer->ScheduleFlush();
 }
 
 
@@ -49,19 +33,5 @@ BStringView::Alignment() const
 void
 BStringView::SetTruncation(uint32 truncationMode)
 {
-	_Peer()->SetTruncation(truncationMode);
-}
-
-
-uint32
-BStringView::Truncation() const
-{
-	return _Peer()->Truncation();
-}
-
-
-StringViewPeer*
-BStringView::_Peer() const
-{
-	return static_cast<StringViewPeer*>(ViewPeer::Of(this));
+	fStringPeer->SetTruncation(truncationMode);
 }

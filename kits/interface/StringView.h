@@ -17,18 +17,13 @@ class StringViewPeer;
 class BStringView : public BView {
 public:
 	BStringView(const char* name, const char* text, uint32 flags = B_WILL_DRAW);
-	~BStringView() override;
 
 	void SetText(const char* text);
 	const char* Text() const { return fText.String(); }
-	void SetAlignment(alignment flag);
-	alignment Alignment() const;
 	void SetTruncation(uint32 truncationMode);
-	uint32 Truncation() const;
 
 private:
-	StringViewPeer* _Peer() const;
-
+	StringViewPeer* fStringPeer;
 	BString fText;
 };
 

@@ -63,22 +63,8 @@ private:
 StringViewPeer::StringViewPeer()
 	: ViewPeer(new LabelWidget),
 	  fLabel(static_cast<LabelWidget*>(Widget())),
-	  fAlignment(B_ALIGN_LEFT),
 	  fTruncation(B_NO_TRUNCATION)
 {
-}
-
-
-void
-StringViewPeer::SetAlignment(alignment flag)
-{
-	fAlignment = flag;
-	Qt::Alignment horizontal = Qt::AlignLeft;
-	if (flag == B_ALIGN_RIGHT)
-		horizontal = Qt::AlignRight;
-	else if (flag == B_ALIGN_CENTER)
-		horizontal = Qt::AlignHCenter;
-	fLabel->setAlignment(horizontal | Qt::AlignVCenter);
 }
 
 

@@ -6,7 +6,6 @@
 #define STRING_VIEW_PEER_H
 
 
-#include <Alignment.h>
 #include <ViewPeer.h>
 
 
@@ -19,10 +18,7 @@ class StringViewPeer : public ViewPeer {
 public:
 	StringViewPeer();
 
-	void SetAlignment(alignment flag);
-	alignment Alignment() const { return fAlignment; }
 	void SetTruncation(uint32 mode);
-	uint32 Truncation() const { return fTruncation; }
 
 	QSize MinSize() override;
 	QSize MaxSize() override;
@@ -34,7 +30,6 @@ protected:
 
 private:
 	LabelWidget* fLabel;
-	alignment fAlignment;
 	uint32 fTruncation;
 };
 

@@ -21,13 +21,6 @@ BTextControl::BTextControl(const char* name, const char* label, const char* init
 }
 
 
-BTextControl::BTextControl(const char* label, const char* initialText, BMessage* message,
-	uint32 flags)
-	: BTextControl(NULL, label, initialText, message, flags)
-{
-}
-
-
 /*!	\param peer Owned by the control. */
 BTextControl::BTextControl(TextControlPeer* peer, const char* name, const char* label,
 	const char* initialText, BMessage* message, uint32 flags)
@@ -42,9 +35,6 @@ BTextControl::BTextControl(TextControlPeer* peer, const char* name, const char* 
 	fControlPeer->SetLabel(label);
 	BTextControl::SetText(initialText);
 }
-
-
-BTextControl::~BTextControl() = default;
 
 
 void
@@ -62,14 +52,6 @@ BTextControl::Text() const
 }
 
 
-/*!	In bytes. */
-int32
-BTextControl::TextLength() const
-{
-	return fTextView->TextLength();
-}
-
-
 /*!	\param position How wide the label's column is, in pixels. */
 void
 BTextControl::SetDivider(float position)
@@ -82,14 +64,6 @@ float
 BTextControl::Divider() const
 {
 	return fControlPeer->Divider();
-}
-
-
-void
-BTextControl::SetLabel(const char* label)
-{
-	BControl::SetLabel(label);
-	fControlPeer->SetLabel(label);
 }
 
 

@@ -21,19 +21,14 @@ class BTextControl : public BControl {
 public:
 	BTextControl(const char* name, const char* label, const char* initialText, BMessage* message,
 		uint32 flags = B_WILL_DRAW | B_NAVIGABLE);
-	BTextControl(const char* label, const char* initialText, BMessage* message,
-		uint32 flags = B_WILL_DRAW | B_NAVIGABLE);
-	~BTextControl() override;
 
 	virtual void SetText(const char* text);
 	const char* Text() const;
-	int32 TextLength() const;
 	BTextView* TextView() const { return fTextView; }
 
 	virtual void SetDivider(float position);
 	float Divider() const;
 
-	void SetLabel(const char* label) override;
 	void SetEnabled(bool enabled) override;
 
 private:

@@ -16,13 +16,14 @@ static const int kMostMarks = 30;
 
 
 static QString
-decode(const char* bytes, qsizetype length)
+decode(const char* bytes)
 {
+	const qsizetype length = static_cast<qsizetype>(strlen(bytes));
 	if (QUtf8StringView(bytes, length).isValidUtf8())
 		return QString::fromUtf8(bytes, length);
 
-	const std::u16string units = to_utf16(bytes, size_t(length));
-	return QString::fromUtf16(units.data(), qsizetype(units.size()));
+	const std::u16string units = to_utf16(bytes, static_cast<size_t>(length));
+	return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
 }
 
 
@@ -42,17 +43,10 @@ as_markup(QString text)
 QString
 text_from_bytes(const char* bytes, text_use use)
 {
-	return text_from_bytes(bytes, bytes != NULL ? qsizetype(strlen(bytes)) : 0, use);
-}
-
-
-QString
-text_from_bytes(const char* bytes, qsizetype length, text_use use)
-{
-	if (bytes == NULL || length <= 0)
+	if (bytes == NULL)
 		return QString();
 
-	QString text = decode(bytes, length);
+	QString text = decode(bytes);
 	switch (use) {
 		case PLAIN_TEXT:
 			break;

@@ -27,7 +27,6 @@ enum text_use {
 	as they stand; in tool tips by shown_text(). NULL is the empty text.
 */
 QString text_from_bytes(const char* bytes, text_use use = PLAIN_TEXT);
-QString text_from_bytes(const char* bytes, qsizetype length, text_use use = PLAIN_TEXT);
 
 /*!	What is drawn of a text, with as many UTF-16 units: U+FFFD stands for control characters and those that Unicode keeps free, as
 	the toolkit would look for them in every font there is, and for marks that pile up on a letter, which it takes long to place.

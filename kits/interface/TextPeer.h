@@ -32,9 +32,8 @@ class TextPeer : public ViewPeer {
 public:
 	using ViewPeer::ViewPeer;
 
-	virtual void SetText(const char* text, int32 length) = 0;
+	virtual void SetText(const char* text) = 0;
 	virtual void Insert(int32 offset, const char* text, int32 length) = 0;
-	virtual void Delete(int32 start, int32 end) = 0;
 	// Followed by a NUL. Stays until the text is changed.
 	virtual const char* Text() = 0;
 	virtual int32 TextLength() = 0;

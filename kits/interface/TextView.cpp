@@ -11,13 +11,6 @@
 #include <TextViewPeer.h>
 
 
-static int32
-length_of(const char* text)
-{
-	return text != NULL ? int32(strlen(text)) : 0;
-}
-
-
 /*!	Takes what \a mode says of a font over, and the color if there is one. */
 static TextStyle
 change_style(TextStyle style, const BFont* font, uint32 mode, const rgb_color* color)
@@ -52,41 +45,11 @@ BTextView::BTextView(const char* name, uint32 flags, TextPeer* peer)
 }
 
 
-BTextView::~BTextView() = default;
-
-
-void
-BTextView::SetText(const char* text, const text_run_array* runs)
-{
-	SetText(text, length_of(text), runs);
-}
-
-
 /*!	\param runs NULL: parts with a style of their own get it from SetFontAndColor(). */
 void
-BTextView::SetText(const char* text, int32 length, const text_run_array* /*runs*/)
+BTextView::SetText(const char* text, const text_run_array* /*runs*/)
 {
-	if (text == NULL || length < 0)
-		length = 0;
-	fTextPeer->SetText(text != NULL ? text : "", length);
-}
-
-
-void
-BTextView::Insert(const char* text, const text_run_array* runs)
-{
-	Insert(text, length_of(text), runs);
-}
-
-
-/*!	At the start of the selection. */
-void
-BTextView::Insert(const char* text, int32 length, const text_run_array* runs)
-{
-	int32 start;
-	int32 end;
-	GetSelection(&start, &end);
-	Insert(start, text, length, runs);
+	fTextPeer->SetText(text != NULL ? text : "");
 }
 
 
@@ -97,16 +60,6 @@ BTextView::Insert(int32 offset, const char* text, int32 length, const text_run_a
 	if (text == NULL || length <= 0)
 		return;
 	fTextPeer->Insert(_Clamp(offset), text, int32(strnlen(text, size_t(length))));
-}
-
-
-void
-BTextView::Delete(int32 start, int32 end)
-{
-	start = _Clamp(start);
-	end = _Clamp(end);
-	if (start < end)
-		fTextPeer->Delete(start, end);
 }
 
 

@@ -20,14 +20,11 @@ struct text_run_array;
 class BTextView : public BView {
 public:
 	BTextView(const char* name, uint32 flags = B_WILL_DRAW | B_PULSE_NEEDED);
-	~BTextView() override;
 
 	void SetText(const char* text, const text_run_array* runs = NULL);
-	void SetText(const char* text, int32 length, const text_run_array* runs = NULL);
-	void Insert(const char* text, const text_run_array* runs = NULL);
-	void Insert(const char* text, int32 length, const text_run_array* runs = NULL);
+	void SetText(const char* text, int32 length, const text_run_array* runs = NULL) = delete;
+	void Insert(const char* text, int32 length, const text_run_array* runs = NULL) = delete;
 	void Insert(int32 offset, const char* text, int32 length, const text_run_array* runs = NULL);
-	void Delete(int32 start, int32 end);
 
 	const char* Text() const;
 	int32 TextLength() const;

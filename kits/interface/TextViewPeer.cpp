@@ -5,6 +5,7 @@
 #include <TextViewPeer.h>
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 
 #include <ColorConversionPrivate.h>
@@ -36,11 +37,11 @@ TextViewPeer::~TextViewPeer() = default;
 
 /*!	The text is seen from its start, and nothing of it is selected. */
 void
-TextViewPeer::SetText(const char* text, int32 length)
+TextViewPeer::SetText(const char* text)
 {
 	fScrollsToEnd = false;
 	_Replace(0, TextLength(), "", 0);
-	_Replace(0, 0, text, length);
+	_Replace(0, 0, text, static_cast<int32>(strlen(text)));
 	fText->Select(0, 0);
 	fText->ScrollToStart();
 }
@@ -52,13 +53,6 @@ TextViewPeer::Insert(int32 offset, const char* text, int32 length)
 {
 	if (length <= kMaxText - TextLength())
 		_Replace(offset, 0, text, length);
-}
-
-
-void
-TextViewPeer::Delete(int32 start, int32 end)
-{
-	_Replace(start, end - start, "", 0);
 }
 
 

@@ -22,9 +22,8 @@ public:
 	TextViewPeer();
 	~TextViewPeer() override;
 
-	void SetText(const char* text, int32 length) override;
+	void SetText(const char* text) override;
 	void Insert(int32 offset, const char* text, int32 length) override;
-	void Delete(int32 start, int32 end) override;
 	const char* Text() override;
 	int32 TextLength() override;
 

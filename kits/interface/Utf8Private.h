@@ -15,18 +15,13 @@
 static const char32_t kReplacementCharacter = 0xfffd;
 
 
-// Bytes to characters and back, without the toolkit. Well-formed is what Unicode calls so: no sequence is longer than it need
+// Bytes to characters, without the toolkit. Well-formed is what Unicode calls so: no sequence is longer than it need
 // be, none is half of a surrogate pair or beyond the last character.
 size_t decode_utf8(const char* text, size_t size, char32_t* _code);
-bool is_valid_utf8(const std::string& bytes);
 size_t unfinished_tail(const char* text, size_t size);
-std::string to_utf8(const std::u16string& units);
 std::u16string to_utf16(const char* text, size_t size);
 
 void append_units(std::u16string& units, char32_t code);
-bool is_high_surrogate(char16_t unit);
-bool is_low_surrogate(char16_t unit);
-int32 utf8_length(char16_t unit);
 
 
 #endif // UTF8_PRIVATE_H

@@ -35,7 +35,6 @@ BView::BView(ViewPeer* peer, const char* name, uint32 flags)
 	  fWindow(NULL),
 	  fParent(NULL),
 	  fFlags(flags),
-	  fHideCount(0),
 	  fLayout(NULL),
 	  fToolTip(NULL)
 {
@@ -44,10 +43,15 @@ BView::BView(ViewPeer* peer, const char* name, uint32 flags)
 }
 
 
-/*!	Deletes the children and the layout as well. */
+/*!	Leaves its parent. Deletes the children and the layout as well. */
 BView::~BView()
 {
-	RemoveSelf();
+	if (fWindow != NULL)
+		_Detach();
+	if (fParent != NULL) {
+		std::vector<BView*>& siblings = fParent->fChildren;
+		siblings.erase(std::find(siblings.begin(), siblings.end(), this));
+	}
 	while (!fChildren.empty())
 		delete fChildren.back();
 	delete fLayout;
@@ -56,23 +60,9 @@ BView::~BView()
 }
 
 
-/*!	The view has become part of a window; its children have not yet been told. */
+/*!	The view has become part of a window; its children are told after it. */
 void
 BView::AttachedToWindow()
-{
-}
-
-
-/*!	Its children have been told as well. */
-void
-BView::AllAttached()
-{
-}
-
-
-/*!	The view is about to leave its window. */
-void
-BView::DetachedFromWindow()
 {
 }
 
@@ -99,10 +89,10 @@ BView::AddChild(BView* child, BView* before)
 	fChildren.insert(std::find(fChildren.begin(), fChildren.end(), before), child);
 	child->fParent = this;
 
-	QWidget* container = fPeer->Container();
+	QWidget* container = fPeer->Widget();
 	QWidget* widget = child->fPeer->Widget();
 	widget->setParent(container);
-	if (container->isVisible() && child->fHideCount == 0)
+	if (container->isVisible())
 		widget->show();
 
 	if (fWindow != NULL)
@@ -110,34 +100,10 @@ BView::AddChild(BView* child, BView* before)
 }
 
 
-/*!	Gives a child back to the caller. */
-bool
-BView::RemoveChild(BView* child)
-{
-	const auto found = std::find(fChildren.begin(), fChildren.end(), child);
-	if (child == NULL || found == fChildren.end())
-		return false;
-
-	if (fWindow != NULL)
-		child->_Detach();
-	fChildren.erase(std::find(fChildren.begin(), fChildren.end(), child));
-	child->fParent = NULL;
-	child->fPeer->Widget()->setParent(NULL);
-	return true;
-}
-
-
-bool
-BView::RemoveSelf()
-{
-	return fParent != NULL && fParent->RemoveChild(this);
-}
-
-
 BView*
 BView::ChildAt(int32 index) const
 {
-	return index >= 0 && index < CountChildren() ? fChildren[size_t(index)] : NULL;
+	return index >= 0 && index < CountChildren() ? fChildren[static_cast<size_t>(index)] : NULL;
 }
 
 
@@ -156,16 +122,6 @@ BView::FindView(const char* name) const
 			return found;
 	}
 	return NULL;
-}
-
-
-/*!	NULL for the views that stand in the window itself. */
-BView*
-BView::Parent() const
-{
-	if (fParent == NULL || WindowPeer::IsTopView(fParent))
-		return NULL;
-	return fParent;
 }
 
 
@@ -203,33 +159,6 @@ BView::Draw(BRect /*updateRect*/)
 }
 
 
-void
-BView::MouseDown(BPoint /*where*/)
-{
-}
-
-
-void
-BView::MouseUp(BPoint /*where*/)
-{
-}
-
-
-/*!	Called while a button is down, and when the mouse comes and goes. */
-void
-BView::MouseMoved(BPoint /*where*/, uint32 /*code*/, const BMessage* /*dragMessage*/)
-{
-}
-
-
-/*!	Called for the view that has the focus. A key that is left to this goes to the window. */
-void
-BView::KeyDown(const char* /*bytes*/, int32 /*numBytes*/)
-{
-	fPeer->RefuseKey();
-}
-
-
 /*!	Also a view that the keyboard alone does not reach can be given the focus. */
 void
 BView::MakeFocus(bool focus)
@@ -247,44 +176,6 @@ BView::IsFocus() const
 {
 	const QWidget* widget = fPeer->FocusWidget();
 	return fWindow != NULL && widget->window()->focusWidget() == widget;
-}
-
-
-void
-BView::Show()
-{
-	fHideCount--;
-	if (fHideCount == 0)
-		fPeer->Widget()->setVisible(true);
-}
-
-
-void
-BView::Hide()
-{
-	fHideCount++;
-	if (fHideCount == 1)
-		fPeer->Widget()->setVisible(false);
-}
-
-
-/*!	Whether the view, one around it or its window is hidden. */
-bool
-BView::IsHidden() const
-{
-	if (fHideCount > 0)
-		return true;
-	if (fParent != NULL)
-		return fParent->IsHidden();
-	return fWindow == NULL || fWindow->IsHidden();
-}
-
-
-void
-BView::SetFlags(uint32 flags)
-{
-	fFlags = flags;
-	fPeer->FlagsChanged();
 }
 
 
@@ -342,19 +233,7 @@ BView::MaxSize()
 BSize
 BView::PreferredSize()
 {
-	return compose_size(size_from_toolkit(fPeer->PreferredSize()), fExplicitPreferredSize);
-}
-
-
-BAlignment
-BView::LayoutAlignment()
-{
-	BAlignment result(B_ALIGN_HORIZONTAL_CENTER, B_ALIGN_VERTICAL_CENTER);
-	if (fExplicitAlignment.horizontal != B_ALIGN_HORIZONTAL_UNSET)
-		result.horizontal = fExplicitAlignment.horizontal;
-	if (fExplicitAlignment.vertical != B_ALIGN_VERTICAL_UNSET)
-		result.vertical = fExplicitAlignment.vertical;
-	return result;
+	return size_from_toolkit(fPeer->PreferredSize());
 }
 
 
@@ -370,33 +249,6 @@ void
 BView::SetExplicitMaxSize(BSize size)
 {
 	fExplicitMaxSize = size;
-	InvalidateLayout();
-}
-
-
-void
-BView::SetExplicitPreferredSize(BSize size)
-{
-	fExplicitPreferredSize = size;
-	InvalidateLayout();
-}
-
-
-/*!	The view has this size, neither more nor less. */
-void
-BView::SetExplicitSize(BSize size)
-{
-	fExplicitMinSize = size;
-	fExplicitMaxSize = size;
-	fExplicitPreferredSize = size;
-	InvalidateLayout();
-}
-
-
-void
-BView::SetExplicitAlignment(BAlignment alignment)
-{
-	fExplicitAlignment = alignment;
 	InvalidateLayout();
 }
 
@@ -444,16 +296,14 @@ BView::_AttachTo(BWindow* window)
 		if (fChildren[i]->fWindow == NULL)
 			fChildren[i]->_AttachTo(window);
 	}
-	AllAttached();
 }
 
 
 void
 BView::_Detach()
 {
-	DetachedFromWindow();
-	for (size_t i = 0; i < fChildren.size(); i++)
-		fChildren[i]->_Detach();
+	for (BView* child : fChildren)
+		child->_Detach();
 	WindowPeer::Of(fWindow)->ViewLeaves(this);
 	fWindow->RemoveHandler(this);
 	fWindow = NULL;

@@ -8,7 +8,6 @@
 
 #include <vector>
 
-#include <Alignment.h>
 #include <Font.h>
 #include <Handler.h>
 #include <InterfaceDefs.h>
@@ -32,12 +31,6 @@ const uint32 B_FRAME_EVENTS = 0x04000000;
 const uint32 B_NAVIGABLE = 0x02000000;
 const uint32 B_SUPPORTS_LAYOUT = 0x00100000;
 
-// Of the buttons of a mouse.
-enum { B_PRIMARY_MOUSE_BUTTON = 0x01, B_SECONDARY_MOUSE_BUTTON = 0x02 };
-
-// What MouseMoved() is told.
-enum { B_ENTERED_VIEW = 0, B_INSIDE_VIEW, B_EXITED_VIEW, B_OUTSIDE_VIEW };
-
 
 /*!	An area of a window that draws and is used. A view owns its children; places are in pixels from its left top corner.
 	Views are created and used on the main thread. What is drawn outside of Draw() is not seen, metrics are always true.
@@ -48,17 +41,12 @@ public:
 	~BView() override;
 
 	virtual void AttachedToWindow();
-	virtual void AllAttached();
-	virtual void DetachedFromWindow();
 	void MessageReceived(BMessage* message) override;
 
 	void AddChild(BView* child, BView* before = NULL);
-	bool RemoveChild(BView* child);
-	bool RemoveSelf();
-	int32 CountChildren() const { return int32(fChildren.size()); }
+	int32 CountChildren() const { return static_cast<int32>(fChildren.size()); }
 	BView* ChildAt(int32 index) const;
 	BView* FindView(const char* name) const;
-	BView* Parent() const;
 	BWindow* Window() const { return fWindow; }
 
 	BRect Bounds() const;
@@ -66,26 +54,17 @@ public:
 	virtual void FrameResized(float newWidth, float newHeight);
 
 	virtual void Draw(BRect updateRect);
-	virtual void MouseDown(BPoint where);
-	virtual void MouseUp(BPoint where);
-	virtual void MouseMoved(BPoint where, uint32 code, const BMessage* dragMessage);
-	virtual void KeyDown(const char* bytes, int32 numBytes);
 
 	virtual void MakeFocus(bool focus = true);
 	bool IsFocus() const;
-	virtual void Show();
-	virtual void Hide();
-	bool IsHidden() const;
-	virtual void SetFlags(uint32 flags);
 	uint32 Flags() const { return fFlags; }
 	void SetToolTip(const char* text);
+	void SetToolTip(BToolTip* tip) = delete;
 	virtual bool GetToolTipAt(BPoint point, BToolTip** _tip);
 
 	virtual void SetDrawingMode(drawing_mode mode);
-	drawing_mode DrawingMode() const;
 	void SetBlendingMode(source_alpha sourceAlpha, alpha_function alphaFunction);
 	virtual void SetViewColor(rgb_color color);
-	void SetViewColor(uint8 red, uint8 green, uint8 blue, uint8 alpha = 255);
 	rgb_color ViewColor() const;
 	void SetViewUIColor(color_which which, float tint = B_NO_TINT);
 	virtual void SetHighColor(rgb_color color);
@@ -93,20 +72,15 @@ public:
 	rgb_color HighColor() const;
 	void SetHighUIColor(color_which which, float tint = B_NO_TINT);
 	virtual void SetLowColor(rgb_color color);
-	void SetLowColor(uint8 red, uint8 green, uint8 blue, uint8 alpha = 255);
-	rgb_color LowColor() const;
 	void SetLowUIColor(color_which which, float tint = B_NO_TINT);
 
 	virtual void SetFont(const BFont* font, uint32 mask = B_FONT_ALL);
 	void GetFont(BFont* _font) const;
 	void GetFontHeight(font_height* _height) const;
-	void SetFontSize(float size);
 	float StringWidth(const char* string) const;
-	float StringWidth(const char* string, int32 length) const;
 	void TruncateString(BString* inOut, uint32 mode, float width) const;
 
 	void DrawString(const char* string, BPoint location);
-	void DrawString(const char* string, int32 length, BPoint location);
 	void StrokeLine(BPoint start, BPoint end, ::pattern pattern = B_SOLID_HIGH);
 	void StrokeRect(BRect rect, ::pattern pattern = B_SOLID_HIGH);
 	void FillRect(BRect rect, ::pattern pattern = B_SOLID_HIGH);
@@ -115,23 +89,15 @@ public:
 	void DrawBitmap(const BBitmap* bitmap, BPoint where);
 	void DrawBitmap(const BBitmap* bitmap, BRect viewRect);
 	void Invalidate();
-	void Invalidate(BRect invalRect);
 
 	virtual BSize MinSize();
 	virtual BSize MaxSize();
 	virtual BSize PreferredSize();
-	virtual BAlignment LayoutAlignment();
 	void SetExplicitMinSize(BSize size);
 	void SetExplicitMaxSize(BSize size);
-	void SetExplicitPreferredSize(BSize size);
-	void SetExplicitSize(BSize size);
-	void SetExplicitAlignment(BAlignment alignment);
 	BSize ExplicitMinSize() const { return fExplicitMinSize; }
 	BSize ExplicitMaxSize() const { return fExplicitMaxSize; }
-	BSize ExplicitPreferredSize() const { return fExplicitPreferredSize; }
-	BAlignment ExplicitAlignment() const { return fExplicitAlignment; }
 	virtual void SetLayout(BLayout* layout);
-	BLayout* GetLayout() const { return fLayout; }
 	void InvalidateLayout(bool descendants = false);
 
 protected:
@@ -150,13 +116,10 @@ private:
 	BView* fParent;
 	std::vector<BView*> fChildren;
 	uint32 fFlags;
-	int32 fHideCount;
 	BLayout* fLayout;
 	BToolTip* fToolTip;
 	BSize fExplicitMinSize;
 	BSize fExplicitMaxSize;
-	BSize fExplicitPreferredSize;
-	BAlignment fExplicitAlignment;
 };
 
 

@@ -6,8 +6,6 @@
 
 #include <View.h>
 
-#include <cstring>
-
 #include <QWidget>
 
 #include <Bitmap.h>
@@ -15,26 +13,16 @@
 #include <ViewPeer.h>
 
 
+// Differs from Haiku: bitmaps and colors are laid over what is there by their alpha, whatever is set.
 void
-BView::SetDrawingMode(drawing_mode mode)
+BView::SetDrawingMode(drawing_mode /*mode*/)
 {
-	fPeer->GetCanvas()->mode = mode;
 }
 
 
-drawing_mode
-BView::DrawingMode() const
-{
-	return fPeer->GetCanvas()->mode;
-}
-
-
-/*!	Bitmaps and colors are laid over what is there by their alpha, whatever is set. */
 void
-BView::SetBlendingMode(source_alpha sourceAlpha, alpha_function alphaFunction)
+BView::SetBlendingMode(source_alpha /*sourceAlpha*/, alpha_function /*alphaFunction*/)
 {
-	fPeer->GetCanvas()->sourceAlpha = sourceAlpha;
-	fPeer->GetCanvas()->alphaFunction = alphaFunction;
 }
 
 
@@ -44,13 +32,6 @@ BView::SetViewColor(rgb_color color)
 	fPeer->GetCanvas()->viewColor = color;
 	fPeer->ColorsChanged();
 	Invalidate();
-}
-
-
-void
-BView::SetViewColor(uint8 red, uint8 green, uint8 blue, uint8 alpha)
-{
-	SetViewColor(make_color(red, green, blue, alpha));
 }
 
 
@@ -110,20 +91,6 @@ BView::SetLowColor(rgb_color color)
 
 
 void
-BView::SetLowColor(uint8 red, uint8 green, uint8 blue, uint8 alpha)
-{
-	SetLowColor(make_color(red, green, blue, alpha));
-}
-
-
-rgb_color
-BView::LowColor() const
-{
-	return fPeer->GetCanvas()->lowColor;
-}
-
-
-void
 BView::SetLowUIColor(color_which which, float tint)
 {
 	SetLowColor(tint_color(ui_color(which), tint));
@@ -169,27 +136,11 @@ BView::GetFontHeight(font_height* _height) const
 }
 
 
-void
-BView::SetFontSize(float size)
-{
-	BFont font;
-	font.SetSize(size);
-	SetFont(&font, B_FONT_SIZE);
-}
-
-
 /*!	In pixels. */
 float
 BView::StringWidth(const char* string) const
 {
 	return fPeer->GetCanvas()->font.StringWidth(string);
-}
-
-
-float
-BView::StringWidth(const char* string, int32 length) const
-{
-	return fPeer->GetCanvas()->font.StringWidth(string, length);
 }
 
 
@@ -205,14 +156,7 @@ void
 BView::DrawString(const char* string, BPoint location)
 {
 	if (string != NULL)
-		DrawString(string, int32(strlen(string)), location);
-}
-
-
-void
-BView::DrawString(const char* string, int32 length, BPoint location)
-{
-	fPeer->GetCanvas()->DrawString(string, length, location);
+		fPeer->GetCanvas()->DrawString(string, location);
 }
 
 
@@ -258,8 +202,12 @@ BView::FillEllipse(BRect rect, ::pattern pattern)
 void
 BView::DrawBitmap(const BBitmap* bitmap, BPoint where)
 {
-	if (bitmap != NULL)
-		DrawBitmap(bitmap, bitmap->Bounds().OffsetToCopy(where.x, where.y));
+	if (bitmap == NULL)
+		return;
+
+	const BRect bounds = bitmap->Bounds();
+	DrawBitmap(bitmap,
+		BRect(where.x, where.y, where.x + bounds.Width(), where.y + bounds.Height()));
 }
 
 
@@ -276,12 +224,5 @@ BView::DrawBitmap(const BBitmap* bitmap, BRect viewRect)
 void
 BView::Invalidate()
 {
-	fPeer->Container()->update();
-}
-
-
-void
-BView::Invalidate(BRect invalRect)
-{
-	fPeer->Container()->update(rect_to_toolkit(invalRect));
+	fPeer->Widget()->update();
 }

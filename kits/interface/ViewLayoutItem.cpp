@@ -11,15 +11,6 @@
 #include <ViewPeer.h>
 
 
-static int
-offset_in_space(int space, bool atStart, bool atEnd)
-{
-	if (atStart)
-		return 0;
-	return atEnd ? space : space / 2;
-}
-
-
 ViewLayoutItem::ViewLayoutItem(BView* view)
 	: QWidgetItem(ViewPeer::Of(view)->Widget()),
 	  fView(view)
@@ -30,8 +21,8 @@ ViewLayoutItem::ViewLayoutItem(BView* view)
 QSize
 ViewLayoutItem::sizeHint() const
 {
-	const BSize size = compose_size(fView->PreferredSize(), fView->ExplicitPreferredSize());
-	return size_to_toolkit(size).expandedTo(minimumSize()).boundedTo(maximumSize());
+	const QSize size = size_to_toolkit(fView->PreferredSize());
+	return size.expandedTo(minimumSize()).boundedTo(maximumSize());
 }
 
 
@@ -59,15 +50,11 @@ ViewLayoutItem::expandingDirections() const
 }
 
 
-/*!	A view that may not be as large as its place stands in it by its alignment. */
+/*!	A view that may not be as large as its place stands in the middle of it. */
 void
 ViewLayoutItem::setGeometry(const QRect& rect)
 {
 	const QSize size = rect.size().boundedTo(maximumSize());
-	const BAlignment place = fView->LayoutAlignment();
-	const int x = offset_in_space(rect.width() - size.width(), place.horizontal == B_ALIGN_LEFT,
-		place.horizontal == B_ALIGN_RIGHT);
-	const int y = offset_in_space(rect.height() - size.height(), place.vertical == B_ALIGN_TOP,
-		place.vertical == B_ALIGN_BOTTOM);
-	wid->setGeometry(QRect(rect.topLeft() + QPoint(x, y), size));
+	const QSize space = rect.size() - size;
+	wid->setGeometry(QRect(rect.topLeft() + QPoint(space.width() / 2, space.height() / 2), size));
 }

@@ -4,7 +4,6 @@
  */
 #include <ViewPeer.h>
 
-#include <QKeyEvent>
 #include <QLayout>
 #include <QPainter>
 #include <QPaintEvent>
@@ -12,7 +11,6 @@
 #include <ColorConversionPrivate.h>
 #include <FontConversionPrivate.h>
 #include <GeometryConversionPrivate.h>
-#include <KeyConversionPrivate.h>
 #include <TextConversionPrivate.h>
 #include <ToolTipPrivate.h>
 #include <ViewWidgetPrivate.h>
@@ -29,8 +27,7 @@ ViewPeer::ViewPeer()
 
 ViewPeer::ViewPeer(QWidget* widget)
 	: fView(NULL),
-	  fWidget(widget),
-	  fKeyRefused(false)
+	  fWidget(widget)
 {
 }
 
@@ -55,17 +52,10 @@ ViewPeer::FocusWidget() const
 }
 
 
-QWidget*
-ViewPeer::Container() const
-{
-	return fWidget;
-}
-
-
 QSize
 ViewPeer::MinSize()
 {
-	const QLayout* layout = Container()->layout();
+	const QLayout* layout = fWidget->layout();
 	return layout != NULL ? layout->totalMinimumSize() : QSize(1, 1);
 }
 
@@ -73,7 +63,7 @@ ViewPeer::MinSize()
 QSize
 ViewPeer::MaxSize()
 {
-	const QLayout* layout = Container()->layout();
+	const QLayout* layout = fWidget->layout();
 	return layout != NULL ? layout->totalMaximumSize() : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
 }
 
@@ -81,7 +71,7 @@ ViewPeer::MaxSize()
 QSize
 ViewPeer::PreferredSize()
 {
-	const QLayout* layout = Container()->layout();
+	const QLayout* layout = fWidget->layout();
 	return layout != NULL ? layout->totalSizeHint() : QSize(1, 1);
 }
 
@@ -150,46 +140,6 @@ ViewPeer::Paint(QPaintEvent* event)
 	DrawScope scope(this, &painter);
 	if (scope.MayDraw())
 		fView->Draw(rect_from_toolkit(event->rect()));
-}
-
-
-void
-ViewPeer::MousePress(const QPointF& where)
-{
-	ClientScope scope(fView->Window());
-	if (scope.MayEnter())
-		fView->MouseDown(point_from_toolkit(where));
-}
-
-
-void
-ViewPeer::MouseRelease(const QPointF& where)
-{
-	ClientScope scope(fView->Window());
-	if (scope.MayEnter())
-		fView->MouseUp(point_from_toolkit(where));
-}
-
-
-void
-ViewPeer::MouseMove(const QPointF& where, uint32 code)
-{
-	ClientScope scope(fView->Window());
-	if (scope.MayEnter())
-		fView->MouseMoved(point_from_toolkit(where), code, NULL);
-}
-
-
-/*!	A key that the view does not want goes to the views around it, and then to the window. */
-void
-ViewPeer::KeyPress(QKeyEvent* event)
-{
-	const QByteArray bytes = bytes_of_key(*event);
-	ClientScope scope(fView->Window());
-	fKeyRefused = bytes.isEmpty() || !scope.MayEnter();
-	if (!fKeyRefused)
-		fView->KeyDown(bytes.constData(), int32(bytes.size()));
-	event->setAccepted(!fKeyRefused);
 }
 
 

@@ -10,7 +10,6 @@
 #include <string>
 #include <vector>
 
-#include <QPointF>
 #include <QSize>
 
 #include <Canvas.h>
@@ -19,7 +18,6 @@
 
 
 class ClientScope;
-class QKeyEvent;
 class QPainter;
 class QPaintEvent;
 class QWidget;
@@ -44,9 +42,8 @@ public:
 	QWidget* Widget() const { return fWidget; }
 	Canvas* GetCanvas() { return &fCanvas; }
 
-	// Which widget takes the keyboard, and in which one children and layouts are placed.
+	// Which widget takes the keyboard.
 	virtual QWidget* FocusWidget() const;
-	virtual QWidget* Container() const;
 
 	// The view's sizes but for the explicit ones, in pixels. By default its layout's; without one it may have any.
 	virtual QSize MinSize();
@@ -65,16 +62,9 @@ public:
 	// Tells the layouts above that the view's sizes have changed.
 	void InvalidateLayout();
 
-	// What a plain view's widget reports.
+	// What the widget of a plain view or of a list reports.
 	void Paint(QPaintEvent* event);
-	void MousePress(const QPointF& where);
-	void MouseRelease(const QPointF& where);
-	void MouseMove(const QPointF& where, uint32 code);
-	void KeyPress(QKeyEvent* event);
 	void Resize();
-
-	// The default KeyDown() has been reached: the key belongs to somebody else.
-	void RefuseKey() { fKeyRefused = true; }
 
 protected:
 	// For those that collect changes.
@@ -88,7 +78,6 @@ private:
 	BView* fView;
 	QWidget* fWidget;
 	Canvas fCanvas;
-	bool fKeyRefused;
 };
 
 

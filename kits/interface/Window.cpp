@@ -93,13 +93,6 @@ BWindow::AddChild(BView* child, BView* before)
 }
 
 
-bool
-BWindow::RemoveChild(BView* child)
-{
-	return fPeer->TopView()->RemoveChild(child);
-}
-
-
 int32
 BWindow::CountChildren() const
 {
@@ -139,13 +132,6 @@ BWindow::Show()
 	if (!LooperPrivate::IsStarted(this))
 		LooperPrivate::Start(this);
 	fPeer->Show();
-}
-
-
-void
-BWindow::Hide()
-{
-	fPeer->Hide();
 }
 
 
@@ -235,13 +221,6 @@ BWindow::Frame() const
 }
 
 
-void
-BWindow::MoveTo(float x, float y)
-{
-	fPeer->MoveTo(point_to_toolkit(BPoint(x, y)).toPoint());
-}
-
-
 /*!	The window is kept within its limits. */
 void
 BWindow::ResizeTo(float width, float height)
@@ -274,13 +253,6 @@ void
 BWindow::SetLayout(BLayout* layout)
 {
 	fPeer->TopView()->SetLayout(layout);
-}
-
-
-BLayout*
-BWindow::GetLayout() const
-{
-	return fPeer->TopView()->GetLayout();
 }
 
 

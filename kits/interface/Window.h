@@ -48,18 +48,15 @@ public:
 	~BWindow() override;
 
 	void Quit() override;
-	void Close() { Quit(); }
 	void DispatchMessage(BMessage* message, BHandler* handler) override;
 
 	void AddChild(BView* child, BView* before = NULL);
-	bool RemoveChild(BView* child);
 	int32 CountChildren() const;
 	BView* ChildAt(int32 index) const;
 	BView* FindView(const char* viewName) const;
 	BView* CurrentFocus() const;
 
 	virtual void Show();
-	virtual void Hide();
 	bool IsHidden() const;
 	virtual void Minimize(bool minimize);
 	bool IsMinimized() const;
@@ -78,13 +75,11 @@ public:
 
 	BRect Bounds() const;
 	BRect Frame() const;
-	void MoveTo(float x, float y);
 	void ResizeTo(float width, float height);
 	void CenterOnScreen();
 	void GetSizeLimits(float* _minWidth, float* _maxWidth, float* _minHeight, float* _maxHeight);
 
 	virtual void SetLayout(BLayout* layout);
-	BLayout* GetLayout() const;
 	void InvalidateLayout(bool descendants = false);
 	void Layout(bool force);
 

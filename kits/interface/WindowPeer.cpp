@@ -72,7 +72,7 @@ WindowPeer::WindowPeer(BWindow* window, BRect frame)
 	  fTopView(NULL),
 	  fLife(window),
 	  fTitleChanged(false),
-	  fHideCount(1),
+	  fIsShown(false),
 	  fIsMinimized(false),
 	  fMinimizedChanged(false),
 	  fShallActivate(false),
@@ -111,13 +111,6 @@ WindowPeer::Of(const BWindow* window)
 }
 
 
-bool
-WindowPeer::IsTopView(const BView* view)
-{
-	return view->Window() != NULL && Of(view->Window())->fTopView == view;
-}
-
-
 void
 WindowPeer::SetTitle(const char* title)
 {
@@ -135,15 +128,7 @@ WindowPeer::SetTitle(const char* title)
 void
 WindowPeer::Show()
 {
-	fHideCount--;
-	ScheduleFlush();
-}
-
-
-void
-WindowPeer::Hide()
-{
-	fHideCount++;
+	fIsShown = true;
 	ScheduleFlush();
 }
 
@@ -151,7 +136,7 @@ WindowPeer::Hide()
 void
 WindowPeer::Vanish()
 {
-	fHideCount = 1;
+	fIsShown = false;
 	fWidget->hide();
 }
 
@@ -174,14 +159,6 @@ WindowPeer::Activate(bool active)
 		return;
 	fShallActivate = active;
 	ScheduleFlush();
-}
-
-
-void
-WindowPeer::MoveTo(const QPoint& leftTop)
-{
-	fIsCentered = false;
-	fWidget->setGeometry(QRect(leftTop, fWidget->size()));
 }
 
 
@@ -368,7 +345,7 @@ WindowPeer::_OpenFirstMenu()
 	if (menu == NULL)
 		return true;
 	for (QAction* item : menu->actions()) {
-		if (item->isEnabled() && !item->isSeparator()) {
+		if (!item->isSeparator()) {
 			menu->setActiveAction(item);
 			break;
 		}
@@ -402,9 +379,7 @@ WindowPeer::Flush()
 		fWidget->setAccessibleName(text_from_bytes(fTitle.String()));
 	}
 
-	if (IsHidden())
-		fWidget->hide();
-	else if (!fWidget->isVisible())
+	if (fIsShown && !fWidget->isVisible())
 		_ShowWidget();
 	else if (fMinimizedChanged)
 		_FollowMinimized();

@@ -27,9 +27,7 @@ public:
 	~WindowPeer() override;
 
 	static WindowPeer* Of(const BWindow* window);
-	static bool IsTopView(const BView* view);
 
-	BWindow* Window() const { return fWindow; }
 	BView* TopView() const { return fTopView; }
 	QWidget* Widget() const { return fWidget; }
 	WindowLife* Life() { return &fLife; }
@@ -38,15 +36,13 @@ public:
 	const char* Title() const { return fTitle.String(); }
 
 	void Show();
-	void Hide();
-	bool IsHidden() const { return fHideCount > 0; }
+	bool IsHidden() const { return !fIsShown; }
 	// Off the screen, now and for good.
 	void Vanish();
 	void Minimize(bool minimize);
 	bool IsMinimized() const { return fIsMinimized; }
 	void Activate(bool active);
 
-	void MoveTo(const QPoint& leftTop);
 	void ResizeTo(const QSize& size);
 	void CenterOnScreen();
 	// Lays the window out and gives it the size limits that follow.
@@ -81,7 +77,7 @@ private:
 
 	BString fTitle;
 	bool fTitleChanged;
-	int32 fHideCount;
+	bool fIsShown;
 	bool fIsMinimized;
 	bool fMinimizedChanged;
 	bool fShallActivate;

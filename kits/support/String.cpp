@@ -17,6 +17,13 @@ text_or_empty(const char* string)
 }
 
 
+static size_t
+bounded_length(const char* string, int32 maxLength)
+{
+	return strnlen(string, static_cast<size_t>(std::max<int32>(maxLength, 0)));
+}
+
+
 static bool
 is_space(char c)
 {
@@ -42,8 +49,7 @@ BString::operator=(const char* string)
 BString&
 BString::SetTo(const char* string, int32 maxLength)
 {
-	const size_t limit = static_cast<size_t>(std::max<int32>(maxLength, 0));
-	fText.assign(text_or_empty(string), strnlen(text_or_empty(string), limit));
+	fText.assign(text_or_empty(string), bounded_length(text_or_empty(string), maxLength));
 	return *this;
 }
 
@@ -65,6 +71,14 @@ BString::SetToFormat(const char* format, ...)
 	va_end(arguments);
 
 	fText = std::move(text);
+	return *this;
+}
+
+
+BString&
+BString::Append(const char* string, int32 length)
+{
+	fText.append(string, bounded_length(string, length));
 	return *this;
 }
 
@@ -107,6 +121,14 @@ BString::FindLast(char c) const
 }
 
 
+bool
+BString::EndsWith(const char* string) const
+{
+	const size_t length = strlen(string);
+	return fText.size() >= length && fText.compare(fText.size() - length, length, string) == 0;
+}
+
+
 /*!	Gives access to the bytes, with room for \a maxLength of them and a zero byte, until UnlockBuffer(). */
 char*
 BString::LockBuffer(int32 maxLength)
@@ -138,6 +160,14 @@ BString&
 BString::operator<<(const BString& string)
 {
 	fText.append(string.fText);
+	return *this;
+}
+
+
+BString&
+BString::operator<<(char c)
+{
+	fText.push_back(c);
 	return *this;
 }
 

@@ -36,6 +36,9 @@ public:
 	BString& SetTo(char c, int32 count) = delete;
 	BString& SetToFormat(const char* format, ...) __attribute__((__format__(__printf__, 2, 3)));
 
+	BString& Append(const BString& string, int32 length) = delete;
+	BString& Append(const char* string, int32 length);
+	BString& Append(char c, int32 count) = delete;
 	BString& Truncate(int32 newLength, bool lazy = true);
 	BString& Trim();
 
@@ -46,12 +49,15 @@ public:
 	int32 FindLast(const char* string) const = delete;
 	int32 FindLast(char c) const;
 
+	bool EndsWith(const BString& string) const = delete;
+	bool EndsWith(const char* string) const;
+
 	char* LockBuffer(int32 maxLength);
 	BString& UnlockBuffer(int32 length = -1);
 
 	BString& operator<<(const char* string);
 	BString& operator<<(const BString& string);
-	BString& operator<<(char c) = delete;
+	BString& operator<<(char c);
 	BString& operator<<(bool value) = delete;
 	BString& operator<<(int value);
 	BString& operator<<(unsigned int value) = delete;

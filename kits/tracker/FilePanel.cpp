@@ -31,13 +31,6 @@ BFilePanel::Show()
 }
 
 
-void
-BFilePanel::Hide()
-{
-	fPeer->Hide();
-}
-
-
 bool
 BFilePanel::IsShowing() const
 {

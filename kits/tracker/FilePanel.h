@@ -37,7 +37,6 @@ public:
 	BFilePanel& operator=(const BFilePanel&) = delete;
 
 	void Show();
-	void Hide();
 	bool IsShowing() const;
 
 private:

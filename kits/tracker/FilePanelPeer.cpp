@@ -117,14 +117,6 @@ FilePanelPeer::Show()
 }
 
 
-void
-FilePanelPeer::Hide()
-{
-	if (fDialog != NULL)
-		fDialog->reject();
-}
-
-
 bool
 FilePanelPeer::IsShowing() const
 {

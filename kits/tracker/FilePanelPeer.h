@@ -32,7 +32,6 @@ public:
 	FilePanelPeer& operator=(const FilePanelPeer&) = delete;
 
 	void Show();
-	void Hide();
 	bool IsShowing() const;
 
 private:

@@ -11,6 +11,7 @@
 
 class BBitmap;
 class BPositionIO;
+struct entry_ref;
 
 
 /*!	Reads pictures of any format that the system knows. On the main thread.
@@ -22,6 +23,8 @@ public:
 
 	// The caller owns what it gets; NULL for what cannot be read. The stream is read from where it stands.
 	static BBitmap* GetBitmap(BPositionIO* stream);
+	static BBitmap* GetBitmap(const char* name) = delete;
+	static BBitmap* GetBitmap(const entry_ref* ref) = delete;
 	static BBitmap* GetBitmapFile(const char* path);
 };
 

@@ -80,7 +80,6 @@ expect_menu(const WindowProbe& window, int32 index, const char* title,
 		EXPECT_STREQ(expected.label, item->Label());
 		EXPECT_EQ(expected.what, item->Command());
 		EXPECT_EQ(expected.shortcut, item->Shortcut());
-		EXPECT_TRUE(item->IsEnabled());
 		BLooper* target = NULL;
 		item->Target(&target);
 		EXPECT_EQ(window.Window(), target);
@@ -99,21 +98,6 @@ TEST_F(MainWindowLayoutTest, Menus_HaveTheirItems)
 	expect_menu(fMain, 1, "Windows",
 		{{"Chat", kMsgToolChat, '1'}, {"Users", kMsgToolUsers, '2'}, {"Files", kMsgToolFiles, '3'},
 			{"Tracker", kMsgToolTracker, 'T'}});
-}
-
-
-TEST_F(MainWindowLayoutTest, MenuItems_StayEnabled)
-{
-	const BMenuBar* bar = fMain.Find<BMenuBar>("menubar");
-	for (const uint32 event : {kHLLoggedIn, kHLDisconnected, kHLConnectFailed}) {
-		Post(event);
-		for (int32 menu = 0; menu < 2; menu++) {
-			for (int32 i = 0; i < bar->SubmenuAt(menu)->CountItems(); i++) {
-				const BMenuItem* item = bar->SubmenuAt(menu)->ItemAt(i);
-				EXPECT_TRUE(item->IsEnabled() || item->Command() == 0) << item->Label();
-			}
-		}
-	}
 }
 
 

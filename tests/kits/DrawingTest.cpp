@@ -4,6 +4,7 @@
  */
 // What drawing leaves on the screen, pixel by pixel.
 
+#include <cstring>
 #include <functional>
 
 #include <gtest/gtest.h>
@@ -44,7 +45,7 @@ TEST(DrawingTest, Background_IsTheViewColor)
 {
 	Canvas view([](BView*) {});
 	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(5, 5)));
-	view.SetViewColor(1, 2, 3);
+	view.SetViewColor(make_color(1, 2, 3));
 	EXPECT_EQ(0x010203u, pixel_of(&view, BPoint(5, 5)));
 }
 
@@ -66,7 +67,7 @@ TEST(DrawingTest, FilledRect_IncludesItsEdges)
 TEST(DrawingTest, SolidLow_IsTheLowColor)
 {
 	Canvas view([](BView* owner) {
-		owner->SetLowColor(0, 255, 0);
+		owner->SetLowColor(make_color(0, 255, 0));
 		owner->FillRect(owner->Bounds(), B_SOLID_LOW);
 	});
 	EXPECT_EQ(0x00ff00u, pixel_of(&view, BPoint(5, 5)));
@@ -134,7 +135,7 @@ TEST(DrawingTest, Bitmap_CoversItsPlaceByItsAlpha_InBothModes)
 {
 	BBitmap bitmap(BRect(0, 0, 1, 0), B_RGBA32);
 	const uint8 pixels[8] = {0, 0, 255, 255, 0, 0, 255, 0};
-	bitmap.ImportBits(pixels, 8, 8, 0, B_RGBA32);
+	memcpy(bitmap.Bits(), pixels, 8);
 	for (const drawing_mode mode : {B_OP_COPY, B_OP_ALPHA}) {
 		SCOPED_TRACE(mode);
 		Canvas view([&](BView* owner) {
@@ -153,7 +154,7 @@ TEST(DrawingTest, BitmapInARect_FillsIt)
 {
 	BBitmap bitmap(BRect(0, 0, 0, 0), B_RGBA32);
 	const uint8 pixel[4] = {0, 255, 0, 255};
-	bitmap.ImportBits(pixel, 4, 4, 0, B_RGBA32);
+	memcpy(bitmap.Bits(), pixel, 4);
 	Canvas view([&](BView* owner) {
 		owner->DrawBitmap(&bitmap, BRect(2, 2, 17, 17));
 	});
@@ -171,7 +172,7 @@ TEST(DrawingTest, ChangedBitmap_IsDrawnAsItIsNow)
 	});
 	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(0, 0)));
 	const uint8 pixel[4] = {255, 0, 0, 255};
-	bitmap.ImportBits(pixel, 4, 4, 0, B_RGBA32);
+	memcpy(bitmap.Bits(), pixel, 4);
 	EXPECT_EQ(0x0000ffu, pixel_of(&view, BPoint(0, 0)));
 
 	static_cast<uint8*>(bitmap.Bits())[1] = 255;

@@ -111,7 +111,7 @@ TEST_F(FilePanelTest, Pipe_IsNoFile)
 	ASSERT_EQ(0, mkfifo(fFolder.PathOf("pipe").c_str(), 0600));
 	fPanel->Show();
 	type_into_file_panel(fFolder.PathOf("pipe").c_str());
-	fPanel->Hide();
+	cancel_file_panel();
 	fPanel->Show();
 	TypeAndWait(fFolder.PathOf("first.txt"));
 	EXPECT_EQ(std::vector<std::string>{fFolder.PathOf("first.txt")}, fPaths);

@@ -31,7 +31,7 @@ public:
 	{
 		fAsked = point;
 		const BStringItem* item = dynamic_cast<BStringItem*>(ItemAt(IndexOf(point)));
-		SetToolTip(item != NULL ? item->Text() : NULL);
+		SetToolTip(item != NULL ? item->Text() : "");
 		return BListView::GetToolTipAt(point, _tip);
 	}
 
@@ -58,7 +58,7 @@ protected:
 
 	void TearDown() override
 	{
-		fList->SetToolTip(NULL);
+		fList->SetToolTip("");
 		ListViewFixture::TearDown();
 	}
 
@@ -210,7 +210,7 @@ TEST(ViewToolTipTest, ViewThatIsNoList_IsNotAsked)
 	rest_mouse(view, BPoint(20, 20));
 	EXPECT_FALSE(view->fIsAsked);
 	EXPECT_EQ("of the view", tool_tip_on_screen());
-	view->SetToolTip(NULL);
+	view->SetToolTip("");
 	EXPECT_TRUE(WaitFor([]() {
 		return tool_tip_on_screen().empty();
 	}));

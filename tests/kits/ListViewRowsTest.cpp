@@ -153,11 +153,12 @@ TEST_F(ListViewRowsTest, InvalidatedThenRemoved_IsNoTrouble)
 	ASSERT_TRUE(WaitForRows(10));
 	for (int32 i = 0; i < 10; i++)
 		fList->InvalidateItem(i);
-	fList->RemoveItems(2, 8);
+	for (int32 i = 9; i > 1; i--)
+		fList->RemoveItem(i);
 	fList->RemoveItem(int32(0));
 	EXPECT_TRUE(WaitForRows(1));
 	fList->InvalidateItem(0);
-	fList->MakeEmpty();
+	fList->RemoveItem(int32(0));
 	EXPECT_TRUE(WaitForRows(0));
 }
 

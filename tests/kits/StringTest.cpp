@@ -34,6 +34,7 @@ TEST(StringTest, LengthLimit_CutsButNeverReadsPastTheEnd)
 	EXPECT_STREQ("ab", string.SetTo("abcd", 2).String());
 	EXPECT_STREQ("abcd", string.SetTo("abcd", 100).String());
 	EXPECT_STREQ("", string.SetTo("abcd", -1).String());
+	EXPECT_STREQ("xyab", BString("xy").Append("abcd", 2).String());
 }
 
 
@@ -52,8 +53,8 @@ TEST(StringTest, Assignment_IsIndependent)
 TEST(StringTest, Stream_WritesTextsAndNumbers)
 {
 	BString string;
-	string << "a" << BString("b") << -1 << 23;
-	EXPECT_STREQ("ab-123", string.String());
+	string << "a" << 'b' << BString("c") << -1 << 23;
+	EXPECT_STREQ("abc-123", string.String());
 }
 
 
@@ -86,6 +87,16 @@ TEST(StringTest, FindLast_AnswersAByteOffset)
 {
 	EXPECT_EQ(8, BString("one two one").FindLast('o'));
 	EXPECT_EQ(B_ERROR, BString("one two one").FindLast('x'));
+}
+
+
+TEST(StringTest, EndsWith_ComparesAllOfIt)
+{
+	BString string("name.sit");
+	EXPECT_TRUE(string.EndsWith(".sit"));
+	EXPECT_TRUE(string.EndsWith(""));
+	EXPECT_FALSE(string.EndsWith("a very long name.sit"));
+	EXPECT_FALSE(string.EndsWith(".si"));
 }
 
 

@@ -273,18 +273,6 @@ TEST_F(TextScrollingTest, ShorterText_IsShownFromItsStart)
 }
 
 
-TEST_F(TextScrollingTest, DeletedToLessThanAPage_AllIsSeen)
-{
-	AppendLines(60);
-	ScrollToEnd();
-	fText->Delete(10, fText->TextLength());
-	fText->PointAt(0);
-	EXPECT_EQ(Top(), 0);
-	EXPECT_TRUE(IsSeen(fText->TextLength()));
-	EXPECT_EQ(scroll_state(fText).max, 0);
-}
-
-
 TEST_F(TextScrollingTest, ChangedAboveTheView_TheSameTextIsAtTheTop)
 {
 	for (int i = 0; i < 100; i++)
@@ -295,17 +283,6 @@ TEST_F(TextScrollingTest, ChangedAboveTheView_TheSameTextIsAtTheTop)
 	fText->PointAt(fText->TextLength());
 	EXPECT_EQ(Top(), 260);
 	EXPECT_EQ(scroll_state(fText).value, 52);
-	fText->Delete(0, 50);
-	fText->PointAt(fText->TextLength());
-	EXPECT_EQ(Top(), 210);
-	EXPECT_EQ(scroll_state(fText).value, 42);
-	// Below it, and around it.
-	fText->Delete(400, 450);
-	fText->PointAt(fText->TextLength());
-	EXPECT_EQ(Top(), 210);
-	fText->Delete(195, 235);
-	fText->PointAt(fText->TextLength());
-	EXPECT_EQ(Top(), 195);
 }
 
 

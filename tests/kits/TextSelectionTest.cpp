@@ -298,7 +298,7 @@ TEST_F(TextSelectionTest, KeysThatItDoesNotUse_ReachTheWindow)
 		window->Add(view);
 	button->MakeDefault(true);
 	window->ShowIt();
-	text->Insert("text");
+	text->SetText("text");
 
 	text->MakeFocus(true);
 	press_window_key(window, 'L', B_COMMAND_KEY);

@@ -81,15 +81,20 @@ any_bytes(RandomUser& user)
 std::string
 shown_text(const std::string& bytes)
 {
-	std::u16string shown;
-	for (const char16_t unit : to_utf16(bytes.data(), bytes.size())) {
-		if (unit == u'\n' && !shown.empty() && shown.back() == u'\r')
-			shown.back() = u'\n';
+	std::string shown;
+	size_t at = 0;
+	while (at < bytes.size()) {
+		char32_t code = 0;
+		const size_t length = decode_utf8(bytes.data() + at, bytes.size() - at, &code);
+		if (bytes.compare(at, 2, "\r\n") == 0)
+			at++;
+		if (bytes[at] == '\r' || bytes[at] == '\n' || (length == 3 && code == 0x2029))
+			shown += '\n';
 		else
-			shown.push_back(unit == 0x2029 ? u'\n' : unit);
+			shown += length == 0 ? "\xef\xbf\xbd" : bytes.substr(at, length);
+		at += std::max<size_t>(length, 1);
 	}
-	std::replace(shown.begin(), shown.end(), u'\r', u'\n');
-	return to_utf8(shown);
+	return shown;
 }
 
 
@@ -99,13 +104,9 @@ TextViewMonkeyTest::Change(RandomUser& user)
 	const int32 size = int32(fBytes.size());
 	std::string added = any_bytes(user);
 	const int32 start = Offset(user);
-	const int32 end = std::min(start + user.Number(200), size);
 	if (size > kMaxText || user.Number(40) == 0) {
-		fText->SetText(added.data(), int32(added.size()));
+		fText->SetText(added.c_str());
 		fBytes = added;
-	} else if (user.Number(6) == 0) {
-		fText->Delete(start, end);
-		fBytes.erase(size_t(start), size_t(end - start));
 	} else if (user.Number(6) == 0) {
 		fText->Insert(start, added.data(), int32(added.size()));
 		fBytes.insert(size_t(start), added);

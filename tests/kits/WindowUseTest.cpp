@@ -28,36 +28,6 @@ namespace {
 const char* const kMarkup = "<b>&amp;</b> %s [*] [*][*] &File \"…\"";
 
 
-/*!	A view that notes what the user does to it. */
-class TouchedView : public BView {
-public:
-	TouchedView()
-		: BView("touched", B_WILL_DRAW | B_NAVIGABLE)
-	{
-		SetExplicitSize(BSize(99, 49));
-	}
-
-	void MouseDown(BPoint where) override { fDown = where; }
-	void MouseUp(BPoint where) override { fUp = where; }
-	void KeyDown(const char* bytes, int32 numBytes) override
-	{
-		if (bytes[0] == 'x')
-			BView::KeyDown(bytes, numBytes);
-		else
-			fKeys.append(bytes, size_t(numBytes));
-	}
-
-	BPoint Down() const { return fDown; }
-	BPoint Up() const { return fUp; }
-	const std::string& Keys() const { return fKeys; }
-
-private:
-	BPoint fDown;
-	BPoint fUp;
-	std::string fKeys;
-};
-
-
 /*!	A modal window. */
 class Dialog : public BWindow {
 public:
@@ -375,28 +345,6 @@ TEST(WindowUseTest, ModalWindow_BlocksTheOthersAndStaysAboveTheFirst)
 }
 
 
-TEST(WindowUseTest, ViewThatIsTouched_GetsPlacesAndKeys)
-{
-	ScriptedWindow* window = new ScriptedWindow(B_CLOSE_ON_ESCAPE);
-	const BMessenger messenger(window);
-	TouchedView* view = new TouchedView;
-	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).SetInsets(10).Add(view);
-	view->MakeFocus(true);
-	ShowAndWait(window);
-	click(view, BPoint(12, 34));
-	EXPECT_EQ(BPoint(12, 34), view->Down());
-	EXPECT_EQ(BPoint(12, 34), view->Up());
-
-	type_text(view, "aé");
-	press_window_key(window, B_ESCAPE);
-	EXPECT_EQ("aé\x1b", view->Keys());
-	EXPECT_TRUE(IsAlive(messenger));
-	press_window_key(window, 'x');
-	EXPECT_EQ("aé\x1b", view->Keys());
-	window->Quit();
-}
-
-
 TEST(ButtonUseTest, Click_SendsTheMessageOnce_AndADisabledButtonSendsNone)
 {
 	ScriptedWindow* window = new ScriptedWindow;
@@ -431,7 +379,7 @@ TEST(ButtonUseTest, IconWithoutALabel_IsCalledByItsToolTip)
 	button.SetToolTip("Download <&>");
 	EXPECT_EQ("Download <&>", accessible_of(&button).name);
 	EXPECT_EQ("Download <&>", shown_tool_tip(&button));
-	button.SetToolTip(NULL);
+	button.SetToolTip(static_cast<const char*>(NULL));
 	EXPECT_EQ("", shown_tool_tip(&button));
 }
 

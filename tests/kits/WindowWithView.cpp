@@ -11,16 +11,17 @@
 
 
 WindowWithView::WindowWithView(float width, float height)
-	: BWindow(BRect(20, 20, 20 + width, 20 + height), "Views", B_TITLED_WINDOW, 0)
+	: BWindow(BRect(20, 20, 20 + width, 20 + height), "Views", B_TITLED_WINDOW, 0),
+	  fLayout(new BGroupLayout(B_VERTICAL, 0))
 {
-	SetLayout(new BGroupLayout(B_VERTICAL, 0));
+	SetLayout(fLayout);
 }
 
 
 void
 WindowWithView::Add(BView* view)
 {
-	static_cast<BGroupLayout*>(GetLayout())->AddView(view);
+	fLayout->AddView(view, 1);
 }
 
 

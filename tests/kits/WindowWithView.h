@@ -12,6 +12,9 @@
 #include <Window.h>
 
 
+class BGroupLayout;
+
+
 /*!	A window on the screen with views below one another, which keeps the messages that it gets. Quit() it in the end. */
 class WindowWithView : public BWindow {
 public:
@@ -26,6 +29,7 @@ public:
 	const BMessage& Last() const { return fMessages.back(); }
 
 private:
+	BGroupLayout* fLayout;
 	std::vector<BMessage> fMessages;
 };
 

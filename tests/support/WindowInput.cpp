@@ -163,6 +163,14 @@ shown_menu_items()
 
 
 void
+move_window(BWindow* window, BPoint leftTop)
+{
+	QWidget* widget = widget_of(window);
+	widget->setGeometry(QRect(QPoint(int(leftTop.x), int(leftTop.y)), widget->size()));
+}
+
+
+void
 use_close_box(BWindow* window)
 {
 	widget_of(window)->close();

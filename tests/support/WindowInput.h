@@ -10,6 +10,7 @@
 #include <vector>
 
 #include <InterfaceDefs.h>
+#include <Point.h>
 
 
 class BView;
@@ -30,6 +31,9 @@ std::string marked_menu_item();
 
 /*!	The labels in the open menu, each followed by a "|", those that cannot be chosen in parentheses. */
 std::string shown_menu_items();
+
+/*!	Moves the inside of the window to a place on the screen. */
+void move_window(BWindow* window, BPoint leftTop);
 
 /*!	Uses the close box. */
 void use_close_box(BWindow* window);

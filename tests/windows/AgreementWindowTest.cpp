@@ -105,8 +105,9 @@ TEST_F(AgreementWindowTest, AtFirst_IsInTheCenterAndClosesOnEscape)
 	EXPECT_EQ(uint32(B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS | B_CLOSE_ON_ESCAPE),
 		window->Flags());
 	// Wherever it was to be, it is in the same place.
-	const WindowProbe other(
-		new AgreementWindow(kFrame.OffsetByCopy(-140, -140), fTarget.get(), NULL));
+	const BRect elsewhere(kFrame.left - 140, kFrame.top - 140, kFrame.right - 140,
+		kFrame.bottom - 140);
+	const WindowProbe other(new AgreementWindow(elsewhere, fTarget.get(), NULL));
 	EXPECT_EQ(window->Frame(), other.Window()->Frame());
 }
 

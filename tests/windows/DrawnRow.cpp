@@ -23,7 +23,8 @@ public:
 		  fDraw(draw),
 		  fIsDrawn(false)
 	{
-		SetExplicitSize(size);
+		SetExplicitMinSize(size);
+		SetExplicitMaxSize(size);
 	}
 
 	void Draw(BRect) override
@@ -47,9 +48,7 @@ std::string
 drawn_row(const RowDrawing& draw, float width)
 {
 	return drawn_view(BSize(299, 59), [&draw, width](BView* view) {
-		BRect frame = view->Bounds().InsetByCopy(5, 5);
-		frame.right = frame.left + width;
-		draw(view, frame);
+		draw(view, BRect(5, 5, 5 + width, 54));
 	});
 }
 

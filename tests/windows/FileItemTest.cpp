@@ -276,8 +276,8 @@ TEST(FileItemTest, NameThatJustFits_HasNoToolTip)
 		const FileItem item(name, row.type, "", 5, row.icon, NULL, NULL);
 		const float width = row.left + std::ceil(be_plain_font->StringWidth(name)) + 8
 			+ std::ceil(be_plain_font->StringWidth(row.right)) + 6;
-		EXPECT_EQ("", item.ToolTipText(width));
-		EXPECT_EQ(name, item.ToolTipText(width - 2));
+		EXPECT_STREQ("", item.ToolTipText(width).String());
+		EXPECT_STREQ(name, item.ToolTipText(width - 2).String());
 	}
 }
 
@@ -305,7 +305,7 @@ TEST(FileItemTest, NameIsDrawnWhole_ExactlyWithoutAToolTip)
 			width);
 		const bool isWhole = drawn == whole;
 		countWhole += isWhole ? 1 : 0;
-		EXPECT_EQ(isWhole ? "" : name, item.ToolTipText(width));
+		EXPECT_STREQ(isWhole ? "" : name, item.ToolTipText(width).String());
 	}
 	EXPECT_GT(countWhole, 0);
 	EXPECT_LT(countWhole, 30);

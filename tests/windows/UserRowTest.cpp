@@ -180,7 +180,7 @@ TEST_F(UserRowTest, NickThatJustFits_IsDrawnWholeAndHasNoToolTip)
 	const char* nick = "Ann <&> of the harbor";
 	UserItem item(1, kNoIcon, 0, nick, fUsers);
 	const float width = kTextLeft + std::ceil(be_plain_font->StringWidth(nick)) + kTextRight;
-	EXPECT_EQ("", item.ToolTipText(width));
+	EXPECT_STREQ("", item.ToolTipText(width).String());
 	const RowDrawing draw = [&item](BView* view, BRect frame) {
 		item.DrawItem(view, frame);
 	};
@@ -200,7 +200,7 @@ TEST_F(UserRowTest, NickWithAPixelTooFew_EndsInAnEllipsisAndIsTheToolTip)
 		UserItem item(1, kNoIcon, 0, nick, fUsers);
 		if (isSelected)
 			item.Select();
-		EXPECT_EQ(nick, item.ToolTipText(width));
+		EXPECT_STREQ(nick, item.ToolTipText(width).String());
 		const std::string drawn = drawn_row(
 			[&item](BView* view, BRect frame) {
 				item.DrawItem(view, frame);

@@ -9,7 +9,7 @@ import os
 import sys
 
 ROOT = os.path.dirname(os.path.dirname(os.path.realpath(__file__)))
-sys.path[:0] = [os.path.join(ROOT, "bench"), os.path.join(ROOT, "tour")]
+sys.path[:0] = [os.path.join(ROOT, "bench"), os.path.join(ROOT, "driver")]
 
 # Each exports pairs(build), a list.
 MODULES = ("clients", "inside")

@@ -13,6 +13,7 @@ import sys
 
 PROJECT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 sys.dont_write_bytecode = True
+sys.path.append(os.path.join(PROJECT, "driver"))
 
 from browsing import Browsing  # noqa: E402
 from choosing import Choosing  # noqa: E402

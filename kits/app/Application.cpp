@@ -11,7 +11,7 @@
 
 #include <ApplicationPeer.h>
 #include <ApplicationPrivate.h>
-#include <ClientScopePrivate.h>
+#include <ClientScope.h>
 #include <Entry.h>
 #include <LooperPrivate.h>
 #include <MainServer.h>

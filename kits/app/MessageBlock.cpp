@@ -2,7 +2,7 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include <MessageBlock.h>
+#include <Message.h>
 
 #include <algorithm>
 #include <cstdlib>

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include <BitmapPeer.h>
-#include <GeometryConversionPrivate.h>
+#include <GeometryConversion.h>
 
 
 static QImage

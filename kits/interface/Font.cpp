@@ -8,9 +8,9 @@
 #include <iterator>
 #include <string>
 
-#include <FontConversionPrivate.h>
+#include <FontConversion.h>
 #include <String.h>
-#include <TextConversionPrivate.h>
+#include <TextConversion.h>
 
 
 const BFont* be_plain_font = NULL;

@@ -8,11 +8,11 @@
 
 #include <QBoxLayout>
 
-#include <GeometryConversionPrivate.h>
+#include <GeometryConversion.h>
 #include <LayoutPeer.h>
 #include <SpaceLayoutItem.h>
 #include <View.h>
-#include <ViewLayoutItemPrivate.h>
+#include <ViewLayoutItem.h>
 
 
 namespace {

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include <GeometryConversionPrivate.h>
+#include <GeometryConversion.h>
 #include <ListViewPeer.h>
 #include <Message.h>
 #include <OS.h>

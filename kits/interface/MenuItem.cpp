@@ -7,11 +7,11 @@
 #include <QAction>
 
 #include <InterfaceDefs.h>
-#include <KeyConversionPrivate.h>
+#include <KeyConversion.h>
 #include <Menu.h>
 #include <MenuPeer.h>
 #include <OS.h>
-#include <TextConversionPrivate.h>
+#include <TextConversion.h>
 
 
 /*!	\param label Bytes, shown as UTF-8.

@@ -4,7 +4,7 @@
  */
 #include <SeparatorView.h>
 
-#include <GeometryConversionPrivate.h>
+#include <GeometryConversion.h>
 
 
 BSeparatorView::BSeparatorView(orientation orientation, border_style border)

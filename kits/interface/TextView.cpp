@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include <GeometryConversionPrivate.h>
+#include <GeometryConversion.h>
 #include <TextViewPeer.h>
 
 

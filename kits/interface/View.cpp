@@ -10,7 +10,7 @@
 #include <QWidget>
 
 #include <Bitmap.h>
-#include <GeometryConversionPrivate.h>
+#include <GeometryConversion.h>
 #include <Layout.h>
 #include <LayoutPeer.h>
 #include <ToolTipPrivate.h>

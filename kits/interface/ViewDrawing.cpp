@@ -9,7 +9,7 @@
 #include <QWidget>
 
 #include <Bitmap.h>
-#include <GeometryConversionPrivate.h>
+#include <GeometryConversion.h>
 #include <ViewPeer.h>
 
 

@@ -7,7 +7,7 @@
 #include <QWidget>
 
 #include <Button.h>
-#include <GeometryConversionPrivate.h>
+#include <GeometryConversion.h>
 #include <Layout.h>
 #include <LayoutPeer.h>
 #include <LooperPrivate.h>

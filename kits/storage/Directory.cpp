@@ -8,8 +8,8 @@
 #include <cstring>
 
 #include <Entry.h>
-#include <ErrnoPrivate.h>
-#include <PathPrivate.h>
+#include <Errno.h>
+#include <PathResolution.h>
 
 
 BDirectory::BDirectory()

@@ -7,9 +7,9 @@
 #include <cerrno>
 #include <cstring>
 
-#include <ErrnoPrivate.h>
+#include <Errno.h>
 #include <Path.h>
-#include <PathPrivate.h>
+#include <PathResolution.h>
 
 
 static const int kMaxLinks = 16;

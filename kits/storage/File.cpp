@@ -6,7 +6,7 @@
 
 #include <cerrno>
 
-#include <ErrnoPrivate.h>
+#include <Errno.h>
 
 
 static ssize_t

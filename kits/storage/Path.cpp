@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include <Entry.h>
-#include <PathPrivate.h>
+#include <PathResolution.h>
 
 
 static bool

@@ -2,12 +2,12 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include <PathPrivate.h>
+#include <PathResolution.h>
 
 #include <cerrno>
 #include <cstdlib>
 
-#include <ErrnoPrivate.h>
+#include <Errno.h>
 #include <StorageDefs.h>
 
 

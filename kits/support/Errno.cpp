@@ -2,7 +2,7 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include <ErrnoPrivate.h>
+#include <Errno.h>
 
 #include <cerrno>
 

@@ -2,7 +2,7 @@
 # Distributed under the terms of the MIT License.
 """What the end-to-end tests share: one desktop per file, clients on it, and what must hold whenever a client has ended.
 
-One file by hand: PYTHONPATH=tour PALIMBRA_BUILD=build /usr/bin/python3 tests/endtoend/start_test.py
+One file by hand: PYTHONPATH=driver PALIMBRA_BUILD=build /usr/bin/python3 tests/endtoend/start_test.py
 """
 
 import os

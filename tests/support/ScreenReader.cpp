@@ -7,7 +7,7 @@
 #include <QAccessible>
 #include <QWidget>
 
-#include <GeometryConversionPrivate.h>
+#include <GeometryConversion.h>
 #include <ViewPeer.h>
 
 #include "UserInput.h"

@@ -20,8 +20,8 @@
 #include <QWheelEvent>
 #include <QWidget>
 
-#include <CaretBlinkPrivate.h>
-#include <GeometryConversionPrivate.h>
+#include <CaretBlink.h>
+#include <GeometryConversion.h>
 #include <InterfaceDefs.h>
 #include <ViewPeer.h>
 

@@ -1,0 +1,121 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <TextConversion.h>
+
+#include <cstring>
+
+#include <QUtf8StringView>
+
+#include <Utf8.h>
+
+
+// Accents and the like on one letter; Unicode's "stream-safe" text has no more.
+static const int kMostMarks = 30;
+
+
+static QString
+decode(const char* bytes)
+{
+	const qsizetype length = static_cast<qsizetype>(strlen(bytes));
+	if (QUtf8StringView(bytes, length).isValidUtf8())
+		return QString::fromUtf8(bytes, length);
+
+	const std::u16string units = to_utf16(bytes, static_cast<size_t>(length));
+	return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
+}
+
+
+/*!	The text as it stands, with all its blanks, and in lines that only line feeds end. */
+static QString
+as_markup(QString text)
+{
+	text.replace(QLatin1Char('\t'), QLatin1Char(' '));
+	text.replace(QChar::CarriageReturn, QChar::ReplacementCharacter);
+	text.replace(QChar::LineSeparator, QChar::ReplacementCharacter);
+	text.replace(QChar::ParagraphSeparator, QChar::ReplacementCharacter);
+	text = text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+	return QLatin1String("<div style=\"white-space:pre\">") + text + QLatin1String("</div>");
+}
+
+
+QString
+text_from_bytes(const char* bytes, text_use use)
+{
+	if (bytes == NULL)
+		return QString();
+
+	QString text = decode(bytes);
+	switch (use) {
+		case PLAIN_TEXT:
+			break;
+		case MNEMONIC_TEXT:
+			text.replace(QLatin1Char('&'), QLatin1String("&&"));
+			// What follows a tab would stand in the column of the shortcuts.
+			text.replace(QLatin1Char('\t'), QLatin1Char(' '));
+			break;
+		case TITLE_TEXT:
+			text.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+			break;
+		case TOOL_TIP_TEXT:
+			text = as_markup(shown_text(text));
+			break;
+	}
+	return text;
+}
+
+
+/*!	\return The character that begins at an index. */
+static char32_t
+character_at(const QString& text, qsizetype index)
+{
+	const QChar unit = text[index];
+	const bool isPair = unit.isHighSurrogate() && index + 1 < text.size()
+		&& text[index + 1].isLowSurrogate();
+	return isPair ? QChar::surrogateToUcs4(unit, text[index + 1]) : unit.unicode();
+}
+
+
+/*!	Whether no font ever has a shape for it. */
+static bool
+is_shapeless(char32_t character)
+{
+	const bool isControl = QChar::category(character) == QChar::Other_Control && character != U'\t'
+		&& character != U'\n' && character != U'\r';
+	return isControl || QChar::isNonCharacter(character);
+}
+
+
+QString
+shown_text(QString text)
+{
+	int marks = 0;
+	qsizetype units = 1;
+	for (qsizetype index = 0; index < text.size(); index += units) {
+		const char32_t character = character_at(text, index);
+		units = QChar::requiresSurrogates(character) ? 2 : 1;
+		if (character >= U' ' && character <= U'~') {
+			marks = 0;
+			continue;
+		}
+		// A format character, as one that joins, does not end a pile of marks.
+		const bool isMark = QChar::isMark(character);
+		if (isMark)
+			marks++;
+		else if (QChar::category(character) != QChar::Other_Format)
+			marks = 0;
+		if (is_shapeless(character) || (isMark && marks > kMostMarks)) {
+			for (qsizetype unit = index; unit < index + units; unit++)
+				text[unit] = QChar::ReplacementCharacter;
+		}
+	}
+	return text;
+}
+
+
+QByteArray
+bytes_from_text(const QString& text)
+{
+	return text.toUtf8();
+}

@@ -1,0 +1,240 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <LineEditPeer.h>
+
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include <CaretBlink.h>
+#include <ClientScope.h>
+#include <InterfaceDefs.h>
+#include <TextControl.h>
+#include <TextConversion.h>
+#include <Utf8.h>
+#include <Window.h>
+
+
+// In UTF-16 units. What the toolkit allows by itself is less than what fits into a field of the protocol.
+static const int kMaxLength = 1024 * 1024;
+
+
+namespace {
+
+class LineEdit : public QLineEdit {
+public:
+	explicit LineEdit(BTextControl* control)
+		: fControl(control)
+	{
+	}
+
+	bool event(QEvent* event) override
+	{
+		switch (event->type()) {
+			case QEvent::FocusIn:
+			case QEvent::InputMethod:
+			case QEvent::KeyPress:
+			case QEvent::MouseButtonPress:
+				CaretBlink::Default()->GoOn();
+				break;
+			default:
+				break;
+		}
+		return QLineEdit::event(event);
+	}
+
+protected:
+	/*!	Return belongs to the control if that has a message, and the window has no default button. */
+	void keyPressEvent(QKeyEvent* event) override
+	{
+		if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+			QLineEdit::keyPressEvent(event);
+			return;
+		}
+		const BWindow* window = fControl->Window();
+		const bool isButtons = window != NULL && window->DefaultButton() != NULL;
+		if (isButtons || fControl->Message() == NULL) {
+			event->ignore();
+			return;
+		}
+		ClientScope scope(fControl->Window());
+		if (scope.MayEnter() && !event->isAutoRepeat())
+			fControl->Invoke();
+	}
+
+private:
+	BTextControl* fControl;
+};
+
+} // namespace
+
+
+LineEditPeer::LineEditPeer(BTextControl* control)
+	: TextPeer(new LineEdit(control)),
+	  fField(static_cast<QLineEdit*>(Widget())),
+	  fIsSetting(false)
+{
+	fField->setMaxLength(kMaxLength);
+	QObject::connect(fField, &QLineEdit::textChanged, fField, [this](const QString& text) {
+		if (!fIsSetting)
+			_TextEdited(text);
+	});
+}
+
+
+void
+LineEditPeer::SetText(const char* text)
+{
+	fBytes = QByteArray(text);
+	fIsSetting = true;
+	fField->setText(text_from_bytes(text));
+	fIsSetting = false;
+}
+
+
+void
+LineEditPeer::Insert(int32 offset, const char* text, int32 length)
+{
+	QByteArray bytes = fBytes;
+	bytes.insert(offset, text, length);
+	SetText(bytes.constData());
+}
+
+
+const char*
+LineEditPeer::Text()
+{
+	return fBytes.constData();
+}
+
+
+int32
+LineEditPeer::TextLength()
+{
+	return int32(fBytes.size());
+}
+
+
+void
+LineEditPeer::Select(int32 start, int32 end)
+{
+	const int position = _PositionAt(start);
+	fField->setSelection(position, _PositionAt(end) - position);
+}
+
+
+void
+LineEditPeer::GetSelection(int32* _start, int32* _end)
+{
+	const bool isEmpty = !fField->hasSelectedText();
+	*_start = _OffsetAt(isEmpty ? fField->cursorPosition() : fField->selectionStart());
+	*_end = _OffsetAt(isEmpty ? fField->cursorPosition() : fField->selectionEnd());
+}
+
+
+TextStyle
+LineEditPeer::Style() const
+{
+	return {BFont(be_plain_font), ui_color(B_DOCUMENT_TEXT_COLOR)};
+}
+
+
+void
+LineEditPeer::SetStyle(const TextStyle& /*style*/)
+{
+}
+
+
+TextStyle
+LineEditPeer::StyleAt(int32 /*offset*/)
+{
+	return Style();
+}
+
+
+void
+LineEditPeer::SetStyleOf(int32 /*start*/, int32 /*end*/, const TextStyle& /*style*/)
+{
+}
+
+
+QRect
+LineEditPeer::PlaceOf(int32 /*offset*/)
+{
+	return fField->rect();
+}
+
+
+void
+LineEditPeer::ScrollToOffset(int32 offset)
+{
+	fField->setCursorPosition(_PositionAt(offset));
+}
+
+
+void
+LineEditPeer::SetWordWrap(bool /*wrap*/)
+{
+}
+
+
+void
+LineEditPeer::SetEditing(bool editable, bool /*selectable*/)
+{
+	fField->setReadOnly(!editable);
+}
+
+
+/*!	Screen readers are told that this is a password. */
+void
+LineEditPeer::HideTyping(bool hide)
+{
+	fField->setEchoMode(hide ? QLineEdit::Password : QLineEdit::Normal);
+}
+
+
+/*!	The control's flags count. */
+void
+LineEditPeer::FlagsChanged()
+{
+}
+
+
+/*!	The line breaks of what was pasted become blanks, as on Haiku: they look like blanks in the field. */
+void
+LineEditPeer::_TextEdited(QString text)
+{
+	if (text.contains(QLatin1Char('\n')) || text.contains(QLatin1Char('\r'))) {
+		text.replace(QLatin1Char('\n'), QLatin1Char(' '))
+			.replace(QLatin1Char('\r'), QLatin1Char(' '));
+		const int position = fField->cursorPosition();
+		fIsSetting = true;
+		fField->setText(text);
+		fField->setCursorPosition(position);
+		fIsSetting = false;
+	}
+	fBytes = bytes_from_text(text);
+}
+
+
+int
+LineEditPeer::_PositionAt(int32 offset) const
+{
+	return int(to_utf16(fBytes.constData(), size_t(offset)).size());
+}
+
+
+int32
+LineEditPeer::_OffsetAt(int position) const
+{
+	size_t offset = 0;
+	while (position > 0 && offset < size_t(fBytes.size())) {
+		char32_t code = kReplacementCharacter;
+		const size_t length = decode_utf8(fBytes.constData() + offset,
+			size_t(fBytes.size()) - offset, &code);
+		position -= length == 4 ? 2 : 1;
+		offset += length == 0 ? 1 : length;
+	}
+	return int32(offset);
+}

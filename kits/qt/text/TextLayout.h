@@ -1,0 +1,71 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef TEXT_LAYOUT_H
+#define TEXT_LAYOUT_H
+
+
+#include <map>
+#include <memory>
+#include <vector>
+
+#include <QFont>
+#include <QTextCharFormat>
+#include <QTextLayout>
+
+#include <RowCounts.h>
+#include <StyleRuns.h>
+#include <TextStore.h>
+
+
+/*!	Lays out the lines of a text in rows, those that are asked for. Looking for the place to wrap a word of 65,535 letters takes a
+	fifth of a second, so that lines with overlong words wrap anywhere. Sizes are in pixels. Main thread only.
+*/
+class TextLayout {
+public:
+	// Both are borrowed.
+	TextLayout(const TextStore* text, const StyleRuns* styles);
+
+	// All lines are laid out anew.
+	void SetFont(const QFont& font);
+	void SetWidth(qreal width);
+	void SetWraps(bool wraps);
+
+	const QTextCharFormat& FormatOf(int32 style) const { return fFormats[size_t(style)]; }
+	void SetFormatOf(int32 style, const QTextCharFormat& format);
+
+	// After a change of the text, from a line on; after one of the styles, up to a line.
+	void LinesChanged(int32 first);
+	void StylesChanged(int32 first, int32 last);
+
+	/*!	\return A line that is laid out from y = 0 on; until the text changes or it is forgotten. */
+	QTextLayout* Line(int32 line);
+	QTextLine Row(int32 line, int32 row) { return Line(line)->lineAt(row); }
+	const RowCounts& Rows() const { return fRows; }
+	// How high a row of plain text is.
+	qreal RowHeight() const { return fRowHeight; }
+
+	// Lines from the first one to the last, and from another one to the end of the text, are kept; the others lose their layout.
+	void ForgetOthers(int32 first, int32 last, int32 firstOfEnd);
+
+private:
+	void _LayOut(QTextLayout* layout, bool wrapsAnywhere) const;
+	QList<QTextLayout::FormatRange> _FormatsOf(int32 line) const;
+	void _ForgetAll();
+
+	const TextStore* fText;
+	const StyleRuns* fStyles;
+	QFont fFont;
+	qreal fRowHeight;
+	qreal fWidth;
+	bool fWraps;
+	// By number of style.
+	std::vector<QTextCharFormat> fFormats;
+	std::map<int32, std::unique_ptr<QTextLayout>> fLines;
+	// What was laid out once keeps its number of rows.
+	RowCounts fRows;
+};
+
+
+#endif // TEXT_LAYOUT_H

@@ -10,11 +10,13 @@
 
 
 /*!	What windows, worker threads and the controller (MainWindow) post to one another.
-	A control carries the bare code to its own window; the window adds the fields listed here and posts the message to
-	the controller, so some codes travel twice. Whoever reads a field has a default for its absence. The events of
-	the control connection have a catalogue of their own, HotlineNotification; no code is in both.
-	What a window that belongs to one connection posts to the controller, kMsgAddUser, kMsgEnableChat and kMsgBannerData
-	have another field "connection" uint32, the number of that connection (ConnectionMark.h).
+	A control carries the bare code to its own window; the window adds the fields listed here and
+	posts the message to the controller, so some codes travel twice. Whoever reads a field has a
+	default for its absence. The events of the control connection have a catalogue of their own,
+	HotlineNotification; no code is in both.
+	What a window that belongs to one connection posts to the controller, kMsgAddUser,
+	kMsgEnableChat and kMsgBannerData have another field "connection" uint32, the number of that
+	connection (ConnectionMark.h).
 */
 enum AppMessage : uint32 {
 	// Menu items and toolbar buttons -> controller, without fields.

@@ -9,7 +9,8 @@
 #include <GraphicsDefs.h>
 
 
-// The colors of the chat window's lines, by their kind. They are fixed, whatever colors the desktop has.
+// The colors of the chat window's lines, by their kind. They are fixed, whatever colors the desktop
+// has.
 static constexpr rgb_color kChatColor = {0, 0, 0, 255};
 static constexpr rgb_color kSuccessColor = {0, 128, 0, 255};
 static constexpr rgb_color kFailureColor = {200, 0, 0, 255};

@@ -6,9 +6,10 @@
 #define HOTLINE_NOTIFICATIONS_H
 
 
-/*!	What a HotlineClient posts to its target, with the fields of each message in their order. "socket" is the server's
-	number of a user, "color" the user's status word, "address" and "port" are those of the control connection, sizes are
-	in bytes. The last field of each is "connection" uint32, the number of the client that posts it (ConnectionMark.h).
+/*!	What a HotlineClient posts to its target, with the fields of each message in their order.
+	"socket" is the server's number of a user, "color" the user's status word, "address" and "port"
+	are those of the control connection, sizes are in bytes. The last field of each is "connection"
+	uint32, the number of the client that posts it (ConnectionMark.h).
 */
 enum HotlineNotification {
 	// The server has accepted the handshake, the login is on its way.
@@ -37,7 +38,8 @@ enum HotlineNotification {
 	kHLPoliteQuit = 'HLpq',
 	// "text" string
 	kHLBroadcast = 'HLbc',
-	// "path" string; then one for each entry: "name" string, "type" string, "creator" string, "size" int32
+	// "path" string; then one for each entry: "name" string, "type" string, "creator" string,
+	// "size" int32
 	kHLFileListReceived = 'HLfl',
 	// "ref" uint32, "size" uint32, "filename" string, "address" string, "port" uint16
 	kHLDownloadReady = 'HLdl',

@@ -22,11 +22,13 @@ class ConnectionAttempt;
 ssize_t recv_full(int socket, void* buffer, size_t length);
 
 
-/*!	Fetches the listing of one tracker, on the thread of whoever calls Run(), and posts it record by record: each as
-	kMsgTrackerServer, then kMsgTrackerDone; or kMsgTrackerError alone if there is no listing.
-	Once \a running is false, which any thread may make it, no further step is begun and what was read is not posted; Stop(),
-	which belongs to any other thread, ends the call that waits at that time. Without it resolving takes as long as the
-	resolver does, the rest about two minutes at the very most, whatever the tracker does.
+/*!	Fetches the listing of one tracker, on the thread of whoever calls Run(), and posts it record by
+	record: each as kMsgTrackerServer, then kMsgTrackerDone; or kMsgTrackerError alone if there is
+	no listing.
+	Once \a running is false, which any thread may make it, no further step is begun and what was
+	read is not posted; Stop(), which belongs to any other thread, ends the call that waits at that
+	time. Without it resolving takes as long as the resolver does, the rest about two minutes at the
+	very most, whatever the tracker does.
 */
 class TrackerFetch {
 public:

@@ -15,7 +15,9 @@
 class FloorModel;
 
 
-/*!	Draws what a row of the program's list of files shows: picture, name and size. All that can be made beforehand is. */
+/*!	Draws what a row of the program's list of files shows: picture, name and size. All that can be
+	made beforehand is.
+*/
 class FloorDelegate : public QAbstractItemDelegate {
 public:
 	FloorDelegate(const FloorModel* model, const QString& pictures);

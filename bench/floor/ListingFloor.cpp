@@ -2,7 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-// The least that shows a folder of many files with the toolkit: a list view with a model and a delegate of its own.
+// The least that shows a folder of many files with the toolkit: a list view with a model and a
+// delegate of its own.
 
 #include <string>
 #include <vector>
@@ -77,7 +78,9 @@ receive_rows(int socket, FloorModel& model)
 }
 
 
-/*!	Fonts and pictures have been used before, as they have in the program, which shows other windows first. */
+/*!	Fonts and pictures have been used before, as they have in the program, which shows other windows
+	first.
+*/
 static void
 warm_up(FloorModel& model)
 {

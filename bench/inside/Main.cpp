@@ -2,7 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-// What is measured inside of one process. The benchmarks run on the application's thread, with windows that no screen shows.
+// What is measured inside of one process. The benchmarks run on the application's thread, with
+// windows that no screen shows.
 
 #include <cstdlib>
 

@@ -2,7 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-// Messages: what every event of the connection and every action of the user costs before anybody acts on it.
+// Messages: what every event of the connection and every action of the user costs before anybody
+// acts on it.
 
 #include <benchmark/benchmark.h>
 

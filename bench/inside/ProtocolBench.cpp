@@ -57,7 +57,9 @@ Protocol_WalkParameters(benchmark::State& state)
 BENCHMARK(Protocol_WalkParameters)->Arg(1)->Arg(1000);
 
 
-/*!	From the first byte of a chat transaction to its parameters, in the two steps in which it is received. */
+/*!	From the first byte of a chat transaction to its parameters, in the two steps in which it is
+	received.
+*/
 static void
 Protocol_ParseTransaction(benchmark::State& state)
 {

@@ -2,7 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-// The least that receives chat lines in two steps each, without reading ahead: the system calls and nothing else.
+// The least that receives chat lines in two steps each, without reading ahead: the system calls and
+// nothing else.
 
 #include <string>
 #include <sys/select.h>

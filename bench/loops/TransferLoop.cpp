@@ -2,8 +2,9 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-// The least that moves a file between a socket and the file system: the two system calls and nothing else. In a second
-// thread, as where threads share their open files the kernel counts who uses one and locks its position; or in the only one.
+// The least that moves a file between a socket and the file system: the two system calls and
+// nothing else. In a second thread, as where threads share their open files the kernel counts who
+// uses one and locks its position; or in the only one.
 // usage: bench_transfer_loop download|upload SIZE second|only PATH
 
 #include <algorithm>

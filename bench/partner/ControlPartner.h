@@ -11,7 +11,8 @@
 // Greets, waits for the word, and sends that many chat lines, each a transaction of 62 bytes.
 void ServeChat(int listener, long count);
 
-// Greets, answers a login and whatever is asked for, and, once it has the word, a request for files with that many.
+// Greets, answers a login and whatever is asked for, and, once it has the word, a request for files
+// with that many.
 void ServeListing(int listener, long count);
 
 

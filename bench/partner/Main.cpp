@@ -2,8 +2,9 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-// The other end of what is measured, in a process of its own, so that its CPU is nobody's. Both sides of a pair have the
-// same one. It prints its port, and ends when its input does or when its client has gone.
+// The other end of what is measured, in a process of its own, so that its CPU is nobody's. Both
+// sides of a pair have the same one. It prints its port, and ends when its input does or when its
+// client has gone.
 
 #include <cstdio>
 #include <cstdlib>

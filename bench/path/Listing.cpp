@@ -2,7 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-// Shows a folder of many files as the program does: connected, with its main window, in a file list window.
+// Shows a folder of many files as the program does: connected, with its main window, in a file list
+// window.
 
 #include <string>
 

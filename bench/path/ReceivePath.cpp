@@ -2,7 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-// Receives chat lines as the program does, up to the notification that is posted to a looper of the main thread, which drops it.
+// Receives chat lines as the program does, up to the notification that is posted to a looper of the
+// main thread, which drops it.
 
 #include <string>
 

@@ -63,8 +63,8 @@ Display::~Display()
 }
 
 
-/*!	Says "ready" on the standard output, then waits for a window, in the frame that the window manager has put around it,
-	to be shown.
+/*!	Says "ready" on the standard output, then waits for a window, in the frame that the window
+	manager has put around it, to be shown.
 	\return When that was, as Now().
 */
 double
@@ -115,7 +115,9 @@ Display::Read(xcb_window_t window, const Area& area)
 }
 
 
-//!	Presses a key and lets go of it, in whichever window has the focus. The server has done so when this returns.
+/*!	Presses a key and lets go of it, in whichever window has the focus. The server has done so when
+	this returns.
+*/
 void
 Display::PressKey(uint32_t keysym)
 {

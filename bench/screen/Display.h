@@ -27,8 +27,8 @@ struct Area {
 };
 
 
-/*!	A connection to the X server: what is on its screen, and keys pressed as if by a hand. Ends the process when there is
-	no server, or when it goes away.
+/*!	A connection to the X server: what is on its screen, and keys pressed as if by a hand. Ends the
+	process when there is no server, or when it goes away.
 */
 class Display {
 public:

@@ -14,8 +14,9 @@
 namespace bench {
 
 
-/*!	Types a letter into an empty entry and takes it away again, and measures how long either takes to show. The caret does
-	not count, wherever it blinks: only those pixels are looked at that tell the two states apart for good.
+/*!	Types a letter into an empty entry and takes it away again, and measures how long either takes
+	to show. The caret does not count, wherever it blinks: only those pixels are looked at that tell
+	the two states apart for good.
 */
 class KeyEcho {
 public:

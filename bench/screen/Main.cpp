@@ -4,10 +4,11 @@
  */
 
 // bench_screen first-window: prints "ready", then the monotonic time at which a window was shown.
-// bench_screen type WINDOW LEFT TOP WIDTH HEIGHT COUNT: prints "ready" when it knows how the entry in that area of the
-// window looks; types after each line that it reads, COUNT keys, and prints the seconds that each took to show.
-// bench_screen launch PROGRAM ARGUMENTS...: prints the monotonic time and the processor seconds that the process has had, and
-// becomes the program.
+// bench_screen type WINDOW LEFT TOP WIDTH HEIGHT COUNT: prints "ready" when it knows how the entry
+// in that area of the window looks; types after each line that it reads, COUNT keys, and prints the
+// seconds that each took to show.
+// bench_screen launch PROGRAM ARGUMENTS...: prints the monotonic time and the processor seconds
+// that the process has had, and becomes the program.
 
 #include <cstdio>
 #include <cstdlib>

@@ -43,7 +43,8 @@ ThreadTime()
 }
 
 
-/*!	The CPU that another thread of this process has used, since it began. It should be waiting for something.
+/*!	The CPU that another thread of this process has used, since it began. It should be waiting for
+	something.
 	\return A negative number when there is no thread of that name.
 */
 double

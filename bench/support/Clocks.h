@@ -6,7 +6,9 @@
 #define CLOCKS_H
 
 
-/*!	The system's own accounts, in seconds. CPU seconds count what the kernel did for the process, too. */
+/*!	The system's own accounts, in seconds. CPU seconds count what the kernel did for the process,
+	too.
+*/
 double WallTime();
 double ProcessTime();
 double ThreadTime();

@@ -6,7 +6,9 @@
 #define FAIL_H
 
 
-/*!	Ends the program with status 1 and says why: a measurement that did not do its work has no figures. */
+/*!	Ends the program with status 1 and says why: a measurement that did not do its work has no
+	figures.
+*/
 [[noreturn]] void Fail(const char* what);
 
 

@@ -12,8 +12,9 @@
 #include <vector>
 
 
-/*!	The other end of a measurement, a process of its own (bench/partner), whose CPU is not counted. It lies beside the
-	program, listens on 127.0.0.1, and ends with this object. A partner that cannot be started ends the program.
+/*!	The other end of a measurement, a process of its own (bench/partner), whose CPU is not counted.
+	It lies beside the program, listens on 127.0.0.1, and ends with this object. A partner that
+	cannot be started ends the program.
 */
 class Partner {
 public:

@@ -69,8 +69,8 @@ DiskContent::~DiskContent()
 }
 
 
-/*!	Creates an empty file in the folder for temporary files. It has no name, so that nothing of it is
-	left when it is closed, however the program ends.
+/*!	Creates an empty file in the folder for temporary files. It has no name, so that nothing of it
+	is left when it is closed, however the program ends.
 	\return Its descriptor, owned by the caller; -1 on an error.
 */
 int

@@ -96,8 +96,8 @@ FileObjectReader::FileObjectReader(Receiver& receiver, uint64_t announcedSize)
 
 
 /*!	Takes all of the bytes, which may end anywhere.
-	\return \c kComplete after the last byte of the object, \c kBroken as soon as something is wrong;
-		nothing is taken after either.
+	\return \c kComplete after the last byte of the object, \c kBroken as soon as something is
+		wrong; nothing is taken after either.
 */
 FileObjectReader::State
 FileObjectReader::Feed(const uint8_t* bytes, size_t size)

@@ -143,7 +143,8 @@ DemoServer::~DemoServer()
 
 /*!	Listens when it returns: whoever connects from then on is served.
 	\param port The control connection's port, 0 for any free one.
-	\return \c false with \c errno set when one of the ports is taken, also when the server runs already.
+	\return \c false with \c errno set when one of the ports is taken, also when the server runs
+	already.
 */
 bool
 DemoServer::Start(uint16_t port)

@@ -24,7 +24,9 @@ BApplication* be_app = NULL;
 BMessenger be_app_messenger;
 
 
-/*!	One that cannot be asked, because a handler of its own is waiting, has the application asked again when that is left. */
+/*!	One that cannot be asked, because a handler of its own is waiting, has the application asked
+	again when that is left.
+*/
 static bool
 ask_to_quit(BWindow* window)
 {

@@ -17,7 +17,8 @@ class ApplicationPrivate {
 public:
 	// The application takes messages from here on, as if it ran.
 	static void Start(BApplication* application);
-	// Serves windows, timers and the application for at most some microseconds, until something has happened.
+	// Serves windows, timers and the application for at most some microseconds, until something has
+	// happened.
 	static void ProcessEvents(bigtime_t timeout);
 };
 

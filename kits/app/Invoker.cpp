@@ -50,7 +50,8 @@ BInvoker::Command() const
 
 
 /*!	\param handler NULL for the looper itself.
-	\return An error when the handler belongs to no looper, or to another one; there is no target then.
+	\return An error when the handler belongs to no looper, or to another one; there is no target
+	then.
 */
 status_t
 BInvoker::SetTarget(const BHandler* handler, const BLooper* looper)

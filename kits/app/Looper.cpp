@@ -22,7 +22,9 @@ BLooper::BLooper(const char* name, int32 priority, int32 /*portCapacity*/)
 }
 
 
-/*!	Lets go of the handlers; they belong to others. Whoever holds the looper's address meets a looper that is gone. */
+/*!	Lets go of the handlers; they belong to others. Whoever holds the looper's address meets a
+	looper that is gone.
+*/
 BLooper::~BLooper()
 {
 	LooperRegistry* registry = LooperRegistry::Default();
@@ -63,7 +65,9 @@ BLooper::PostMessage(BMessage* message)
 }
 
 
-/*!	Hands a message to its handler. Asks QuitRequested() when the looper itself is asked to quit, and quits. */
+/*!	Hands a message to its handler. Asks QuitRequested() when the looper itself is asked to quit,
+	and quits.
+*/
 void
 BLooper::DispatchMessage(BMessage* message, BHandler* handler)
 {
@@ -98,7 +102,8 @@ BLooper::AddHandler(BHandler* handler)
 }
 
 
-/*!	What waits for the handler in the queue is not delivered any more. The caller owns the handler. */
+/*!	What waits for the handler in the queue is not delivered any more. The caller owns the handler.
+*/
 bool
 BLooper::RemoveHandler(BHandler* handler)
 {
@@ -136,9 +141,11 @@ BLooper::Run()
 }
 
 
-/*!	Deletes the looper, which must be locked by the caller; it takes no more messages and loses those that it has.
+/*!	Deletes the looper, which must be locked by the caller; it takes no more messages and loses
+	those that it has.
 	On another thread than its own this waits until the looper's thread has ended.
-	Differs from Haiku: on its own thread it returns, where nothing of the looper may be touched any more.
+	Differs from Haiku: on its own thread it returns, where nothing of the looper may be touched any
+	more.
 */
 void
 BLooper::Quit()
@@ -166,8 +173,8 @@ BLooper::QuitRequested()
 
 
 /*!	Waits until the looper is free, or the caller's own.
-	Differs from Haiku: a looper that is served by the main thread can be locked there only. It fails on other threads, as
-	on every looper that is dying or gone.
+	Differs from Haiku: a looper that is served by the main thread can be locked there only. It
+	fails on other threads, as on every looper that is dying or gone.
 */
 bool
 BLooper::Lock()

@@ -48,7 +48,8 @@ BMessage::operator=(const BMessage& other)
 }
 
 
-/*!	Describes the field at \a index among those of a type, or of any with \c B_ANY_TYPE. The name belongs to the message.
+/*!	Describes the field at \a index among those of a type, or of any with \c B_ANY_TYPE. The name
+	belongs to the message.
 	\return \c B_BAD_INDEX behind the last one, \c B_NAME_NOT_FOUND when there is none at all.
 */
 status_t
@@ -185,7 +186,9 @@ BMessage::FindRef(const char* name, entry_ref* _ref) const
 }
 
 
-/*!	\a _data receives bytes that belong to the message, NULL if there are none; \c B_ANY_TYPE finds every type. */
+/*!	\a _data receives bytes that belong to the message, NULL if there are none; \c B_ANY_TYPE finds
+	every type.
+*/
 status_t
 BMessage::FindData(const char* name, type_code type, const void** _data, ssize_t* _numBytes) const
 {

@@ -26,9 +26,10 @@ aligned(size_t size)
 } // namespace
 
 
-/*	A field begins with this and its name, which ends with a zero byte; its first value follows at the next multiple of 8.
-	Offsets count from the start of the block; 0 is none. The cursor is the value that was looked at last, so that walking
-	through many values never starts over.
+/*	A field begins with this and its name, which ends with a zero byte; its first value follows at
+	the next multiple of 8.
+	Offsets count from the start of the block; 0 is none. The cursor is the value that was looked at
+	last, so that walking through many values never starts over.
 */
 struct MessageBlock::Field {
 	type_code type;
@@ -93,7 +94,9 @@ MessageBlock::operator=(const MessageBlock& other)
 }
 
 
-/*!	Takes over a copy of another block, which may lie in this one. It is empty if there is no memory for that. */
+/*!	Takes over a copy of another block, which may lie in this one. It is empty if there is no memory
+	for that.
+*/
 void
 MessageBlock::SetTo(const uint8* bytes, uint32 size)
 {
@@ -122,7 +125,8 @@ MessageBlock::MakeEmpty()
 
 
 /*!	Adds a value to the field of that name, which is made if there is none.
-	\return \c B_BAD_TYPE when the field has another type, \c B_BAD_VALUE for a name that is NULL or longer than 255.
+	\return \c B_BAD_TYPE when the field has another type, \c B_BAD_VALUE for a name that is NULL or
+	longer than 255.
 */
 status_t
 MessageBlock::Add(const char* name, type_code type, const void* data, size_t size)
@@ -169,8 +173,10 @@ MessageBlock::Add(const char* name, type_code type, const void* data, size_t siz
 }
 
 
-/*!	Looks a value up; \c B_ANY_TYPE finds every type. Walking through the values in order costs the same for each.
-	\return \c B_NAME_NOT_FOUND, \c B_BAD_TYPE or \c B_BAD_INDEX, and nothing in \a _data and \a _size.
+/*!	Looks a value up; \c B_ANY_TYPE finds every type. Walking through the values in order costs the
+	same for each.
+	\return \c B_NAME_NOT_FOUND, \c B_BAD_TYPE or \c B_BAD_INDEX, and nothing in \a _data and \a
+	_size.
 */
 status_t
 MessageBlock::Find(const char* name, type_code type, int32 index, const void** _data,
@@ -265,8 +271,8 @@ MessageBlock::_Contains(const void* address) const
 
 
 /*!	Makes room for that many more bytes.
-	\param keepsOld Whether what is being added lies in the bytes that are outgrown: then these are handed out rather than
-		freed, if they are not inside of the object.
+	\param keepsOld Whether what is being added lies in the bytes that are outgrown: then these are
+		handed out rather than freed, if they are not inside of the object.
 */
 bool
 MessageBlock::_MakeRoom(uint64 size, bool keepsOld, uint8** _outgrown)
@@ -346,8 +352,8 @@ MessageBlock::_OffsetOf(const void* inside) const
 }
 
 
-/*!	Looks from the field that was found last to the end, and then from the start: whoever adds or reads many values does
-	so field by field, or takes one of each in turn.
+/*!	Looks from the field that was found last to the end, and then from the start: whoever adds or
+	reads many values does so field by field, or takes one of each in turn.
 	\param _last Receives the last field of all if there is none of that name.
 */
 MessageBlock::Field*

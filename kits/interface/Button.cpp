@@ -38,7 +38,8 @@ BButton::SetIcon(const BBitmap* icon, uint32 /*flags*/)
 }
 
 
-/*!	Makes the button the one that Return presses in its window, in the place of the one that was it. */
+/*!	Makes the button the one that Return presses in its window, in the place of the one that was it.
+*/
 void
 BButton::MakeDefault(bool flag)
 {

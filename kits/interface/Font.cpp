@@ -99,7 +99,9 @@ cut_like(const QString& text, const QString& shown, const QString& cut)
 }
 
 
-/*!	Cuts the string so that it is at most \a width pixels wide, and says so with an ellipsis. One that fits stays as it is. */
+/*!	Cuts the string so that it is at most \a width pixels wide, and says so with an ellipsis. One
+	that fits stays as it is.
+*/
 void
 BFont::TruncateString(BString* inOut, uint32 mode, float width) const
 {

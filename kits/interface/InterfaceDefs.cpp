@@ -36,7 +36,9 @@ static const struct {
 };
 
 
-/*!	The color of a part of the interface: always the system's default ones. Black for an unknown one. */
+/*!	The color of a part of the interface: always the system's default ones. Black for an unknown
+	one.
+*/
 rgb_color
 ui_color(color_which which)
 {
@@ -48,7 +50,9 @@ ui_color(color_which which)
 }
 
 
-/*!	A lighter shade for a tint below 1, down to white at 0, and a darker one above it, up to black at 2. */
+/*!	A lighter shade for a tint below 1, down to white at 0, and a darker one above it, up to black
+	at 2.
+*/
 rgb_color
 tint_color(rgb_color color, float tint)
 {

@@ -86,7 +86,9 @@ BListView::Items() const
 }
 
 
-/*!	\param compare Gets pointers to the pointers to two items; less than zero says that the first one stands first. */
+/*!	\param compare Gets pointers to the pointers to two items; less than zero says that the first
+	one stands first.
+*/
 void
 BListView::SortItems(int (*compare)(const void* itemPointerA, const void* itemPointerB))
 {

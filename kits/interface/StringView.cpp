@@ -29,7 +29,9 @@ BStringView::SetText(const char* text)
 }
 
 
-/*!	\param truncationMode Which end of a text that is too long is left out, so that the view may be narrower than it. */
+/*!	\param truncationMode Which end of a text that is too long is left out, so that the view may be
+	narrower than it.
+*/
 void
 BStringView::SetTruncation(uint32 truncationMode)
 {

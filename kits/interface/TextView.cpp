@@ -143,7 +143,9 @@ BTextView::GetFontAndColor(int32 offset, BFont* _font, rgb_color* _color) const
 }
 
 
-/*!	Where the character at \a offset begins; in a text that scrolls this may lie outside of Bounds(). */
+/*!	Where the character at \a offset begins; in a text that scrolls this may lie outside of
+	Bounds().
+*/
 BPoint
 BTextView::PointAt(int32 offset, float* _height) const
 {
@@ -206,7 +208,8 @@ BTextView::IsSelectable() const
 }
 
 
-// Differs from Haiku: a text of many lines takes no keys even so. Only the field of a text control is typed into.
+// Differs from Haiku: a text of many lines takes no keys even so. Only the field of a text control
+// is typed into.
 void
 BTextView::MakeEditable(bool editable)
 {

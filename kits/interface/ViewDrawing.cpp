@@ -13,7 +13,8 @@
 #include <ViewPeer.h>
 
 
-// Differs from Haiku: bitmaps and colors are laid over what is there by their alpha, whatever is set.
+// Differs from Haiku: bitmaps and colors are laid over what is there by their alpha, whatever is
+// set.
 void
 BView::SetDrawingMode(drawing_mode /*mode*/)
 {

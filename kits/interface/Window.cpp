@@ -28,7 +28,9 @@ look_of_type(window_type type)
 }
 
 
-/*!	\param frame Of the inside, without what the window manager puts around it, in pixels of the screen. */
+/*!	\param frame Of the inside, without what the window manager puts around it, in pixels of the
+	screen.
+*/
 BWindow::BWindow(BRect frame, const char* title, window_type type, uint32 flags, uint32 workspace)
 	: BWindow(frame, title, look_of_type(type),
 		type == B_MODAL_WINDOW ? B_MODAL_APP_WINDOW_FEEL : B_NORMAL_WINDOW_FEEL, flags, workspace)
@@ -60,8 +62,8 @@ BWindow::~BWindow()
 
 
 /*!	Takes the window off the screen and deletes it.
-	Differs from Haiku: where one of the window's handlers is running this returns, and the window is deleted when that
-	handler is left; it may not use what the window no longer has.
+	Differs from Haiku: where one of the window's handlers is running this returns, and the window
+	is deleted when that handler is left; it may not use what the window no longer has.
 */
 void
 BWindow::Quit()
@@ -157,7 +159,9 @@ BWindow::IsMinimized() const
 }
 
 
-/*!	Brings the window to the front and gives it the keyboard, unless a modal window is open, or takes the wish back. */
+/*!	Brings the window to the front and gives it the keyboard, unless a modal window is open, or
+	takes the wish back.
+*/
 void
 BWindow::Activate(bool active)
 {

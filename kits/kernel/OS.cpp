@@ -41,7 +41,9 @@ struct Thread {
 typedef std::shared_ptr<Thread> ThreadRef;
 
 
-/*	All threads that have not ended. Never destroyed, as threads may still run when the process ends. */
+/*	All threads that have not ended. Never destroyed, as threads may still run when the process
+	ends.
+*/
 struct ThreadTable {
 	static ThreadTable* Default();
 
@@ -77,7 +79,9 @@ add_thread(ThreadTable* table, const char* name)
 }
 
 
-/*	A thread that was not made by spawn_thread() gets an id when it first asks, and gives it back when it ends. */
+/*	A thread that was not made by spawn_thread() gets an id when it first asks, and gives it back
+	when it ends.
+*/
 struct ForeignThread {
 	~ForeignThread();
 
@@ -171,8 +175,10 @@ has_ended(void* cookie)
 
 
 /*!	Makes a thread, which does nothing until it is resumed.
-	Differs from Haiku: the priority is not used; the system's scheduler is fair among a process' threads.
-	\return The thread's id, which no other thread will ever have, or an error when there can be no more threads.
+	Differs from Haiku: the priority is not used; the system's scheduler is fair among a process'
+	threads.
+	\return The thread's id, which no other thread will ever have, or an error when there can be no
+	more threads.
 */
 thread_id
 spawn_thread(thread_func function, const char* name, int32 /*priority*/, void* data)
@@ -225,9 +231,10 @@ resume_thread(thread_id thread)
 }
 
 
-/*!	Waits until the thread has ended, and resumes it first if nobody has. On the main thread the windows are served
-	meanwhile.
-	\return \c B_BAD_THREAD_ID at once for a thread that has ended already, \c B_NOT_ALLOWED for the calling thread.
+/*!	Waits until the thread has ended, and resumes it first if nobody has. On the main thread the
+	windows are served meanwhile.
+	\return \c B_BAD_THREAD_ID at once for a thread that has ended already, \c B_NOT_ALLOWED for the
+	calling thread.
 */
 status_t
 wait_for_thread(thread_id id, status_t* _returnValue)

@@ -10,7 +10,9 @@
 #include <MainServer.h>
 
 
-/*!	In the constructor of an application or a window: it gets no thread of its own, and no message until Start(). */
+/*!	In the constructor of an application or a window: it gets no thread of its own, and no message
+	until Start().
+*/
 void
 LooperPrivate::ServeByMainThread(BLooper* looper)
 {
@@ -36,8 +38,8 @@ LooperPrivate::IsStarted(const BLooper* looper)
 }
 
 
-/*!	The first thing in Quit() and in a destructor, more than once is harmless; the end of ~BLooper() ends it. Posting to
-	the looper and locking it fail from here on, and what was queued is gone.
+/*!	The first thing in Quit() and in a destructor, more than once is harmless; the end of ~BLooper()
+	ends it. Posting to the looper and locking it fail from here on, and what was queued is gone.
 */
 void
 LooperPrivate::BeginDestruction(BLooper* looper)
@@ -68,7 +70,8 @@ LooperPrivate::_Loop(void* data)
 		record->Unlock();
 	}
 
-	// Quit() was called, here inside of a handler, or on another thread, which leaves the looper to this one.
+	// Quit() was called, here inside of a handler, or on another thread, which leaves the looper to
+	// this one.
 	record->LockToDestroy();
 	delete record->Looper();
 	return B_OK;

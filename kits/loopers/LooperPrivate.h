@@ -11,7 +11,8 @@
 #include <MainServer.h>
 
 
-/*!	What the application and the windows may do with a looper beyond its public face. Static only. */
+/*!	What the application and the windows may do with a looper beyond its public face. Static only.
+*/
 class LooperPrivate {
 public:
 	static void ServeByMainThread(BLooper* looper);
@@ -30,8 +31,9 @@ private:
 };
 
 
-/*!	Marks a looper of the main thread as being inside of a handler, while an event of the toolkit runs the client's code
-	for it: it is not entered again when that code waits for a thread. The looper may quit meanwhile.
+/*!	Marks a looper of the main thread as being inside of a handler, while an event of the toolkit
+	runs the client's code for it: it is not entered again when that code waits for a thread. The
+	looper may quit meanwhile.
 */
 class LooperScope {
 public:

@@ -155,7 +155,9 @@ LooperRecord::WakePosters()
 }
 
 
-/*!	\return \c false when the looper is dying or gone, or when it is served by the main thread and this is another one. */
+/*!	\return \c false when the looper is dying or gone, or when it is served by the main thread and
+	this is another one.
+*/
 bool
 LooperRecord::Lock()
 {
@@ -260,7 +262,9 @@ LooperRecord::Thread() const
 }
 
 
-/*!	Marks a looper of the main thread as being inside of a handler. False when it is already, or is dying. */
+/*!	Marks a looper of the main thread as being inside of a handler. False when it is already, or is
+	dying.
+*/
 bool
 LooperRecord::Enter()
 {

@@ -17,12 +17,14 @@
 class BLooper;
 
 
-/*!	What others know of a looper: its queue, its lock and how far its life has come. It outlives the looper for as long
-	as somebody uses it, and has a token that is never given again. For any thread.
+/*!	What others know of a looper: its queue, its lock and how far its life has come. It outlives the
+	looper for as long as somebody uses it, and has a token that is never given again. For any
+	thread.
 */
 class LooperRecord : public std::enable_shared_from_this<LooperRecord> {
 public:
-	// A queue that holds one or the other is full. Who waits for room goes on when a quarter is free again.
+	// A queue that holds one or the other is full. Who waits for room goes on when a quarter is
+	// free again.
 	static const int32 kMaxMessages = 20000;
 	static const size_t kMaxBytes = 8 * 1024 * 1024;
 
@@ -86,7 +88,8 @@ private:
 	int32 fWaitingPosters;
 	bool fWaitsForMessage;
 
-	// The lock of a looper with a thread of its own. Who waits gets it before the thread that gave it away.
+	// The lock of a looper with a thread of its own. Who waits gets it before the thread that gave
+	// it away.
 	thread_id fOwner;
 	int32 fLockCount;
 	int32 fWaitingLockers;

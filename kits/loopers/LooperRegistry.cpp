@@ -91,7 +91,9 @@ LooperRegistry::AddLooper(BLooper* looper)
 }
 
 
-/*!	The looper of a handler, which is only looked up, and the handler's token. Empty when either is gone. */
+/*!	The looper of a handler, which is only looked up, and the handler's token. Empty when either is
+	gone.
+*/
 LooperRecordRef
 LooperRegistry::Find(const BHandler* handler, int32* _handlerToken) const
 {

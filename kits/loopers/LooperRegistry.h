@@ -17,8 +17,10 @@
 class BHandler;
 
 
-/*!	Every living handler and looper, by address and by token. Posting and locking ask here before they touch an object.
-	For any thread. There is one, and it is never destroyed: threads may post while the process ends.
+/*!	Every living handler and looper, by address and by token. Posting and locking ask here before
+	they touch an object.
+	For any thread. There is one, and it is never destroyed: threads may post while the process
+	ends.
 */
 class LooperRegistry {
 public:

@@ -50,15 +50,17 @@ MainServer::Default()
 }
 
 
-/*!	Gives each looper that has messages one slice of a few milliseconds, in which it gets no more than those which it had
-	at the start of it. Does nothing inside of a handler, unless that waits for a thread.
+/*!	Gives each looper that has messages one slice of a few milliseconds, in which it gets no more
+	than those which it had at the start of it. Does nothing inside of a handler, unless that waits
+	for a thread.
 	\return \c true while more waits; WakeDescriptor() stays readable then.
 */
 bool
 MainServer::ServeTurn()
 {
 	if (!fMayServe) {
-		// The handler's end looks at the line again. Until then an event loop inside of it must not spin.
+		// The handler's end looks at the line again. Until then an event loop inside of it must not
+		// spin.
 		std::lock_guard<std::mutex> locker(fMutex);
 		_Silence();
 		return false;
@@ -106,8 +108,9 @@ MainServer::Wake()
 }
 
 
-/*!	How wait_for_thread() waits on the main thread. The hook processes events, among them WakeDescriptor()'s with
-	ServeTurn(), until \a done answers true for \a cookie; the descriptor becomes readable when that may have changed.
+/*!	How wait_for_thread() waits on the main thread. The hook processes events, among them
+	WakeDescriptor()'s with ServeTurn(), until \a done answers true for \a cookie; the descriptor
+	becomes readable when that may have changed.
 	Without a hook, or with NULL, the server polls the descriptor itself.
 */
 void
@@ -117,7 +120,8 @@ MainServer::SetWaitHook(void (*hook)(bool (*done)(void*), void* cookie))
 }
 
 
-/*!	Names the looper that gets no message while any other one of the main thread is being destroyed. */
+/*!	Names the looper that gets no message while any other one of the main thread is being destroyed.
+*/
 void
 MainServer::SetApplication(BLooper* application)
 {
@@ -136,7 +140,9 @@ MainServer::CountDying() const
 }
 
 
-/*!	The main thread's loopers but the application, the oldest first, with those that are dying: they cannot be locked. */
+/*!	The main thread's loopers but the application, the oldest first, with those that are dying: they
+	cannot be locked.
+*/
 void
 MainServer::GetWindows(std::vector<BLooper*>& _windows) const
 {
@@ -213,9 +219,10 @@ MainServer::_ServeSlice(const LooperRecordRef& record)
 }
 
 
-/*!	The handler that is being run has posted to a looper whose queue is full. The main thread cannot wait for room in it;
-	instead each turn now brings one message more, while the other looper has a whole slice to work on its own. So what one
-	window passes on to a slower one waits with the first, and from there in the thread that posts to it.
+/*!	The handler that is being run has posted to a looper whose queue is full. The main thread cannot
+	wait for room in it; instead each turn now brings one message more, while the other looper has a
+	whole slice to work on its own. So what one window passes on to a slower one waits with the
+	first, and from there in the thread that posts to it.
 */
 void
 MainServer::_EndSlice()
@@ -279,8 +286,8 @@ MainServer::_RemoveDying(const LooperRecord* record)
 
 
 /*!	With the lock held.
-	\return Whether _Signal() is to be called. That comes after the lock: the thread which it wakes takes the lock first of
-		all, and would wait again.
+	\return Whether _Signal() is to be called. That comes after the lock: the thread which it wakes
+		takes the lock first of all, and would wait again.
 */
 bool
 MainServer::_NeedsSignal()
@@ -298,8 +305,8 @@ MainServer::_Signal() const
 }
 
 
-/*!	With the lock held. A signal may still be on its way; it makes for a turn without anything to serve, which ends here
-	again.
+/*!	With the lock held. A signal may still be on its way; it makes for a turn without anything to
+	serve, which ends here again.
 */
 void
 MainServer::_Silence()
@@ -310,7 +317,8 @@ MainServer::_Silence()
 }
 
 
-/*!	Waits on the main thread. The others are served meanwhile, whatever handler this is inside of. */
+/*!	Waits on the main thread. The others are served meanwhile, whatever handler this is inside of.
+*/
 void
 MainServer::_WaitFor(bool (*done)(void*), void* cookie)
 {

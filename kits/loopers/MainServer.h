@@ -13,9 +13,10 @@
 #include <LooperRecord.h>
 
 
-/*!	Serves the loopers that have no thread of their own, the application and the windows, on the main thread.
-	The event loop watches WakeDescriptor() and calls ServeTurn() when it is readable. All but Wake() belongs to the main
-	thread. There is one, and it is never destroyed.
+/*!	Serves the loopers that have no thread of their own, the application and the windows, on the
+	main thread.
+	The event loop watches WakeDescriptor() and calls ServeTurn() when it is readable. All but
+	Wake() belongs to the main thread. There is one, and it is never destroyed.
 */
 class MainServer {
 public:

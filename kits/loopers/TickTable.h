@@ -14,7 +14,9 @@
 #include <OS.h>
 
 
-/*!	The message runners, and the one thread that sends their ticks. For any thread. There is one, and it is never destroyed. */
+/*!	The message runners, and the one thread that sends their ticks. For any thread. There is one,
+	and it is never destroyed.
+*/
 class TickTable {
 public:
 	static TickTable* Default();

@@ -13,8 +13,9 @@ class ViewPeer;
 class ViewWidget;
 
 
-/*!	What a screen reader is given for a view that draws itself: the text that the view draws, as that of a label. Without text
-	it is a filler. The view is asked to draw whenever it is asked for; nothing of that is seen. Main thread only.
+/*!	What a screen reader is given for a view that draws itself: the text that the view draws, as
+	that of a label. Without text it is a filler. The view is asked to draw whenever it is asked
+	for; nothing of that is seen. Main thread only.
 */
 class AccessibleView : public QAccessibleWidget {
 public:

@@ -38,7 +38,8 @@ namespace {
 const int kPause = 1;
 
 
-// The toolkit gets the program's path, which the window manager names its windows by, and none of its arguments.
+// The toolkit gets the program's path, which the window manager names its windows by, and none of
+// its arguments.
 char sProgramPath[PATH_MAX] = "application";
 char* sArguments[] = {sProgramPath, NULL};
 int sArgumentCount = 1;
@@ -59,8 +60,8 @@ make_application()
 }
 
 
-/*!	The picture beside the program that has its name, in the sizes in which title bars and task bars show it: they scale
-	worse. Programs without one have no icon.
+/*!	The picture beside the program that has its name, in the sizes in which title bars and task bars
+	show it: they scale worse. Programs without one have no icon.
 */
 void
 set_icon()
@@ -81,7 +82,9 @@ set_icon()
 }
 
 
-/*!	Sets the icon as soon as the first window is on the screen, which need not wait for it. Deletes itself then. */
+/*!	Sets the icon as soon as the first window is on the screen, which need not wait for it. Deletes
+	itself then.
+*/
 class IconSetter : public QObject {
 public:
 	explicit IconSetter(QObject* application)
@@ -110,9 +113,9 @@ public:
 
 
 /*!	Gives the main server its turns from the toolkit's event loop.
-	In a burst, when another thread posts as fast as the main one serves, each message would wake it anew. So a turn that
-	comes right after one which left nothing waits for a moment, and serves what has gathered by then. Input, painting and
-	timers do not wait.
+	In a burst, when another thread posts as fast as the main one serves, each message would wake it
+	anew. So a turn that comes right after one which left nothing waits for a moment, and serves
+	what has gathered by then. Input, painting and timers do not wait.
 */
 class ServerWatch : public QObject {
 public:

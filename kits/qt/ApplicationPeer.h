@@ -15,7 +15,9 @@ class QApplication;
 class QObject;
 
 
-/*!	The toolkit's application, set up as the kits need it, and the main thread's event loops. There is one. */
+/*!	The toolkit's application, set up as the kits need it, and the main thread's event loops. There
+	is one.
+*/
 class ApplicationPeer {
 public:
 	ApplicationPeer();

@@ -28,8 +28,9 @@ static const int kRingRadius = 2;
 namespace {
 
 
-/*!	Shows by a ring of its own that it has the keyboard: the toolkit draws the border of the default button in the same color,
-	and Space presses the one, Return the other. Only for who uses the keyboard, as the toolkit does.
+/*!	Shows by a ring of its own that it has the keyboard: the toolkit draws the border of the default
+	button in the same color, and Space presses the one, Return the other. Only for who uses the
+	keyboard, as the toolkit does.
 */
 class PushButton : public QPushButton {
 protected:

@@ -73,7 +73,8 @@ Canvas::StrokeRect(BRect rect, const pattern& ink)
 	if (fPainter == NULL || !rect.IsValid())
 		return;
 
-	// The toolkit's outline goes around its rectangle, one pixel further to the right and the bottom.
+	// The toolkit's outline goes around its rectangle, one pixel further to the right and the
+	// bottom.
 	fPainter->setPen(QPen(color_to_toolkit(_Ink(ink)), 1));
 	fPainter->setBrush(Qt::NoBrush);
 	fPainter->drawRect(rect_to_toolkit(rect).adjusted(0, 0, -1, -1));

@@ -15,7 +15,9 @@
 std::vector<BWindow*> WindowLife::sWaiting;
 
 
-/*!	Whether an event loop of the toolkit's own is running, as while something is dragged: widgets are in use below it. */
+/*!	Whether an event loop of the toolkit's own is running, as while something is dragged: widgets
+	are in use below it.
+*/
 static bool
 is_inside_toolkit_loop()
 {

@@ -16,8 +16,9 @@ class BWindow;
 class QWidget;
 
 
-/*!	Knows whether the client's code is running for a window, and lets it die only when it is not. A window that quits
-	while one of its handlers is further up the stack, waiting, is deleted when that is left. Main thread only.
+/*!	Knows whether the client's code is running for a window, and lets it die only when it is not. A
+	window that quits while one of its handlers is further up the stack, waiting, is deleted when
+	that is left. Main thread only.
 */
 class WindowLife {
 public:
@@ -37,7 +38,8 @@ public:
 	// Could not be painted now.
 	void RepaintLater(QWidget* widget);
 
-	// Those whose end had to wait for the toolkit. For the event loops, which are inside of no event then.
+	// Those whose end had to wait for the toolkit. For the event loops, which are inside of no
+	// event then.
 	static void DeleteWaiting();
 
 private:
@@ -63,7 +65,8 @@ public:
 
 	ClientScope& operator=(const ClientScope&) = delete;
 
-	// False while the window is inside of a handler, which waits then, and when it is on its way out.
+	// False while the window is inside of a handler, which waits then, and when it is on its way
+	// out.
 	bool MayEnter() const { return fLife == NULL || fScope.IsEntered(); }
 
 private:

@@ -30,8 +30,9 @@ static const int kTypeColumn = 2;
 namespace {
 
 
-/*!	Says itself when there is no such file, as the toolkit would do in an event loop of its own, below which the panel and the
-	window that it belongs to cannot be deleted. Has the keys of any window.
+/*!	Says itself when there is no such file, as the toolkit would do in an event loop of its own,
+	below which the panel and the window that it belongs to cannot be deleted. Has the keys of any
+	window.
 */
 class PanelDialog : public QFileDialog {
 public:
@@ -124,7 +125,9 @@ FilePanelPeer::IsShowing() const
 }
 
 
-/*!	The toolkit's own dialog, not the desktop's: it takes a typed path and looks the same everywhere. */
+/*!	The toolkit's own dialog, not the desktop's: it takes a typed path and looks the same
+	everywhere.
+*/
 void
 FilePanelPeer::_CreateDialog()
 {

@@ -13,7 +13,8 @@
 #include <OS.h>
 
 
-// In microseconds. Also when a flush takes longer than a frame something else gets its turn before the next one.
+// In microseconds. Also when a flush takes longer than a frame something else gets its turn before
+// the next one.
 static const bigtime_t kFrame = 16000;
 static const bigtime_t kLeastPause = 4000;
 

@@ -15,7 +15,8 @@
 class FrameTimer;
 
 
-/*!	Something that collects changes and hands them to the toolkit once per frame. Main thread only. */
+/*!	Something that collects changes and hands them to the toolkit once per frame. Main thread only.
+*/
 class FrameClient {
 public:
 	FrameClient();
@@ -24,7 +25,8 @@ public:
 
 	FrameClient& operator=(const FrameClient&) = delete;
 
-	// Asks for a Flush() with the next frame, unless it is asked for already. From inside of Flush(): with the one after it.
+	// Asks for a Flush() with the next frame, unless it is asked for already. From inside of
+	// Flush(): with the one after it.
 	void ScheduleFlush();
 	// Flushes now what waits; nothing when nothing waits.
 	void FlushNow();
@@ -40,7 +42,8 @@ private:
 };
 
 
-/*!	Flushes its clients, in order of asking, 16 ms after the last time at the latest. Runs no timer while nothing waits.
+/*!	Flushes its clients, in order of asking, 16 ms after the last time at the latest. Runs no timer
+	while nothing waits.
 	Main thread only. Needs the application.
 */
 class FrameScheduler {

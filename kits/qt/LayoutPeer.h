@@ -26,7 +26,8 @@ public:
 
 	QBoxLayout* Box() const { return fBox; }
 
-	// Both take what they are given over; the weight says what share of the space that is left over it gets.
+	// Both take what they are given over; the weight says what share of the space that is left over
+	// it gets.
 	void AddItem(QLayoutItem* item, float weight);
 	void AddLayout(LayoutPeer* peer, float weight);
 	void Invalidate();

@@ -12,7 +12,9 @@
 #include <WindowPeer.h>
 
 
-/*!	What a screen reader is given for a window. Without this it would be a group of views, and no window at all. */
+/*!	What a screen reader is given for a window. Without this it would be a group of views, and no
+	window at all.
+*/
 static QAccessibleInterface*
 new_accessible_window(const QString&, QObject* object)
 {

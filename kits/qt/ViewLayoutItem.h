@@ -12,8 +12,8 @@
 class BView;
 
 
-/*!	A view's place in a layout. It asks the view for its sizes, so that those that the client overrides count, and takes
-	the explicit ones where they are set.
+/*!	A view's place in a layout. It asks the view for its sizes, so that those that the client
+	overrides count, and takes the explicit ones where they are set.
 */
 class ViewLayoutItem : public QWidgetItem {
 public:

@@ -23,9 +23,10 @@ class QPaintEvent;
 class QWidget;
 
 
-/*!	What stands for a view in the toolkit: a widget, what the view draws with, and what it wants of the next frame.
-	The view owns its peer, the peer its widget. This class serves plain views, which draw themselves; views that the toolkit
-	draws have a peer of their own. Main thread only.
+/*!	What stands for a view in the toolkit: a widget, what the view draws with, and what it wants of
+	the next frame.
+	The view owns its peer, the peer its widget. This class serves plain views, which draw
+	themselves; views that the toolkit draws have a peer of their own. Main thread only.
 */
 class ViewPeer : public FrameClient {
 public:
@@ -45,7 +46,8 @@ public:
 	// Which widget takes the keyboard.
 	virtual QWidget* FocusWidget() const;
 
-	// The view's sizes but for the explicit ones, in pixels. By default its layout's; without one it may have any.
+	// The view's sizes but for the explicit ones, in pixels. By default its layout's; without one
+	// it may have any.
 	virtual QSize MinSize();
 	virtual QSize MaxSize();
 	virtual QSize PreferredSize();
@@ -56,7 +58,8 @@ public:
 	virtual void FlagsChanged();
 	virtual void ToolTipChanged(const char* text);
 
-	// What a plain view draws as text, in order. It is asked to draw all of it, but nothing is seen of that.
+	// What a plain view draws as text, in order. It is asked to draw all of it, but nothing is seen
+	// of that.
 	std::vector<std::string> DrawnStrings();
 
 	// Tells the layouts above that the view's sizes have changed.
@@ -81,8 +84,9 @@ private:
 };
 
 
-/*!	While it lives a view draws with a painter whose origin is the view's. The client's code is not run where its window is
-	inside of one of its handlers, or is on its way out; the widget is painted again when the handler is left.
+/*!	While it lives a view draws with a painter whose origin is the view's. The client's code is not
+	run where its window is inside of one of its handlers, or is on its way out; the widget is
+	painted again when the handler is left.
 */
 class DrawScope {
 public:

@@ -24,7 +24,8 @@
 #include <ViewPeer.h>
 
 
-// Windows have no larger sides, and of all that is in them the pixels are kept, four bytes each, seen or not.
+// Windows have no larger sides, and of all that is in them the pixels are kept, four bytes each,
+// seen or not.
 static const int kMaxSide = 32767;
 static const int kMaxPixels = 24 * 1024 * 1024;
 
@@ -184,8 +185,8 @@ WindowPeer::CenterOnScreen()
 
 
 /*!	A window whose limits do not follow its layout, or that has none, keeps those that it has.
-	Differs from Haiku: no layout makes a window larger than what may be kept of it. One that has become too large by what
-	it showed before gives that up.
+	Differs from Haiku: no layout makes a window larger than what may be kept of it. One that has
+	become too large by what it showed before gives that up.
 */
 void
 WindowPeer::UpdateLayout()
@@ -428,8 +429,9 @@ WindowPeer::_FollowMinimized()
 }
 
 
-// Differs from Haiku: a window that would come up beyond an edge of the screen is moved to it, once. Screens are small where
-// pixels are large, and what is typed into a chat is typed at the window's bottom.
+// Differs from Haiku: a window that would come up beyond an edge of the screen is moved to it,
+// once. Screens are small where pixels are large, and what is typed into a chat is typed at the
+// window's bottom.
 void
 WindowPeer::_MoveOntoScreen()
 {
@@ -467,7 +469,9 @@ WindowPeer::_BringToFront()
 }
 
 
-/*!	Window managers keep a modal window above the one that it belongs to: the first one of the program. */
+/*!	Window managers keep a modal window above the one that it belongs to: the first one of the
+	program.
+*/
 void
 WindowPeer::_SetTransientParent()
 {

@@ -18,8 +18,8 @@ class QKeyEvent;
 class QWidget;
 
 
-/*!	What stands for a window in the toolkit: the top-level widget, which is also its top view's, and what the window wants
-	to be with the next frame. The window owns it. Main thread only.
+/*!	What stands for a window in the toolkit: the top-level widget, which is also its top view's, and
+	what the window wants to be with the next frame. The window owns it. Main thread only.
 */
 class WindowPeer : public FrameClient {
 public:

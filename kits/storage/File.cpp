@@ -16,8 +16,8 @@ count_or_error(ssize_t count)
 }
 
 
-/*!	\a openMode is one of reading, writing or both, and what else is wanted: see StorageDefs.h. A directory is no
-	file: \c B_IS_A_DIRECTORY.
+/*!	\a openMode is one of reading, writing or both, and what else is wanted: see StorageDefs.h. A
+	directory is no file: \c B_IS_A_DIRECTORY.
 */
 BFile::BFile(const char* path, uint32 openMode)
 {

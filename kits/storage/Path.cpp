@@ -36,8 +36,8 @@ BPath::BPath(const entry_ref* ref)
 }
 
 
-/*!	\a leaf is a relative path that is appended, or NULL. It is not set for an absolute leaf, or for what has to be
-	normalized and has no directory that exists.
+/*!	\a leaf is a relative path that is appended, or NULL. It is not set for an absolute leaf, or for
+	what has to be normalized and has no directory that exists.
 */
 BPath::BPath(const char* directory, const char* leaf, bool normalize)
 {

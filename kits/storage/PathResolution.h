@@ -14,7 +14,8 @@
 /*!	The absolute path, without links and dots, of something that exists. */
 status_t resolve_path(const std::string& path, std::string* _resolved);
 
-/*!	Splits a path into the resolved path of its directory, which must exist, and the name in it, which need not.
+/*!	Splits a path into the resolved path of its directory, which must exist, and the name in it,
+	which need not.
 	The name is empty for the root directory.
 */
 status_t resolve_entry(const std::string& path, std::string* _directory, std::string* _name);

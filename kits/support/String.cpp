@@ -129,7 +129,9 @@ BString::EndsWith(const char* string) const
 }
 
 
-/*!	Gives access to the bytes, with room for \a maxLength of them and a zero byte, until UnlockBuffer(). */
+/*!	Gives access to the bytes, with room for \a maxLength of them and a zero byte, until
+	UnlockBuffer().
+*/
 char*
 BString::LockBuffer(int32 maxLength)
 {
@@ -139,7 +141,9 @@ BString::LockBuffer(int32 maxLength)
 }
 
 
-/*!	Ends LockBuffer(). The string then has \a length bytes, or with -1 those before the first zero byte. */
+/*!	Ends LockBuffer(). The string then has \a length bytes, or with -1 those before the first zero
+	byte.
+*/
 BString&
 BString::UnlockBuffer(int32 length)
 {

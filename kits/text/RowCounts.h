@@ -11,8 +11,9 @@
 #include <SupportDefs.h>
 
 
-/*!	How many rows each line of a text takes on the screen, and in which line a row is. A line has one row until it is known to have
-	more. Everything but Reset() takes as many steps as the number of lines has digits. Belongs to one thread.
+/*!	How many rows each line of a text takes on the screen, and in which line a row is. A line has
+	one row until it is known to have more. Everything but Reset() takes as many steps as the number
+	of lines has digits. Belongs to one thread.
 */
 class RowCounts {
 public:
@@ -36,7 +37,8 @@ public:
 private:
 	void _AddLine();
 
-	// A binary indexed tree: each entry is the sum of as many lines before it as its lowest bit says. The first one is unused.
+	// A binary indexed tree: each entry is the sum of as many lines before it as its lowest bit
+	// says. The first one is unused.
 	std::vector<int32> fSums;
 	int32 fRowCount;
 };

@@ -32,7 +32,8 @@ StyleRuns::EndOf(int32 run) const
 }
 
 
-/*!	Follows a change of the text: \a length bytes of one style come in the place of \a removed ones. */
+/*!	Follows a change of the text: \a length bytes of one style come in the place of \a removed ones.
+*/
 void
 StyleRuns::Replace(int32 offset, int32 removed, int32 length, int32 style)
 {

@@ -11,8 +11,8 @@
 #include <SupportDefs.h>
 
 
-/*!	Which style each byte of a text has, by number. Styling the end takes the same time however long the text is. Belongs to one
-	thread.
+/*!	Which style each byte of a text has, by number. Styling the end takes the same time however long
+	the text is. Belongs to one thread.
 */
 class StyleRuns {
 public:

@@ -20,8 +20,8 @@ is_plain(char byte)
 }
 
 
-/*!	\return The length of the character that is at the front of \a size bytes, of which there is at least one; 1 for a byte that
-	belongs to none.
+/*!	\return The length of the character that is at the front of \a size bytes, of which there is at
+	least one; 1 for a byte that belongs to none.
 */
 static int32
 character_length(const char* bytes, int32 size)
@@ -38,7 +38,8 @@ TextStore::TextStore()
 }
 
 
-/*!	Puts \a length bytes in the place of \a removed bytes at \a offset, all of which have to lie within the text.
+/*!	Puts \a length bytes in the place of \a removed bytes at \a offset, all of which have to lie
+	within the text.
 	\return The first line that may be another one now; those after it may be, too.
 */
 int32
@@ -59,8 +60,8 @@ TextStore::Replace(int32 offset, int32 removed, const char* bytes, int32 length)
 }
 
 
-/*!	The usual case: what is there stays as it is, except that a CR at the very end may become CR LF, and that bytes at the end
-	which were no character may become one.
+/*!	The usual case: what is there stays as it is, except that a CR at the very end may become CR LF,
+	and that bytes at the end which were no character may become one.
 */
 int32
 TextStore::_Append(const char* bytes, int32 length)
@@ -83,7 +84,9 @@ TextStore::_Append(const char* bytes, int32 length)
 }
 
 
-/*!	Finds the ends of lines, and counts positions, from an offset in the last line, up to which they are counted, to the end. */
+/*!	Finds the ends of lines, and counts positions, from an offset in the last line, up to which they
+	are counted, to the end.
+*/
 void
 TextStore::_FindLines(size_t from)
 {
@@ -166,7 +169,9 @@ TextStore::TextOf(int32 line) const
 }
 
 
-/*!	\return The position of the character that \a offset is in. Within CR LF that is the end of the line. */
+/*!	\return The position of the character that \a offset is in. Within CR LF that is the end of the
+	line.
+*/
 int32
 TextStore::PositionAt(int32 offset) const
 {

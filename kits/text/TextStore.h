@@ -12,14 +12,16 @@
 #include <SupportDefs.h>
 
 
-/*!	A text of many lines: its bytes as they came, where its lines begin, and positions in it as the toolkit counts them.
-	The bytes may be of any kind. A line ends at LF, CR, CR LF and U+2029, and each of these ends is one position. A character
-	beyond the BMP is two positions, and a byte that belongs to no well-formed UTF-8 sequence is one position that shows
-	U+FFFD. What is said depends on the bytes alone, not on how they came together.
+/*!	A text of many lines: its bytes as they came, where its lines begin, and positions in it as the
+	toolkit counts them.
+	The bytes may be of any kind. A line ends at LF, CR, CR LF and U+2029, and each of these ends is
+	one position. A character beyond the BMP is two positions, and a byte that belongs to no
+	well-formed UTF-8 sequence is one position that shows U+FFFD. What is said depends on the bytes
+	alone, not on how they came together.
 
-	Appending takes as long as what is appended, however long the text is; a lookup takes as many steps as the number of lines
-	has digits, and one for each character of a line with other letters than those of ASCII. Belongs to one thread. Texts end
-	below 2^31 bytes.
+	Appending takes as long as what is appended, however long the text is; a lookup takes as many
+	steps as the number of lines has digits, and one for each character of a line with other letters
+	than those of ASCII. Belongs to one thread. Texts end below 2^31 bytes.
 */
 class TextStore {
 public:

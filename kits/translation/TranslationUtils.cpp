@@ -43,8 +43,8 @@ read_all(BPositionIO* stream)
 }
 
 
-/*!	\return Whether a picture of that size may be decoded. The height is below zero where the lines of a BMP stand from top
-		to bottom.
+/*!	\return Whether a picture of that size may be decoded. The height is below zero where the lines
+		of a BMP stand from top to bottom.
 */
 static bool
 is_bearable(QSize size)
@@ -68,7 +68,8 @@ BTranslationUtils::GetBitmap(BPositionIO* stream)
 		return NULL;
 
 	QImageReader::setAllocationLimit(kMaxMegabytes);
-	// Told the format, the toolkit need not look for it in the bytes. Most pictures are of this one.
+	// Told the format, the toolkit need not look for it in the bytes. Most pictures are of this
+	// one.
 	QImageReader reader(&buffer, bytes.startsWith(kSignature) ? "png" : QByteArray());
 	if (!is_bearable(reader.size()))
 		return NULL;

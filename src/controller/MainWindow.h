@@ -24,9 +24,9 @@ class UserListWindow;
 
 
 /*!	The bar at the top of the screen, and the controller of the program.
-	Owns the connection and the settings. Every user action and every event of the connection arrives here as a
-	message; nothing else touches its state, which needs no lock for that reason. Other windows are loopers of their own
-	and are only posted to.
+	Owns the connection and the settings. Every user action and every event of the connection
+	arrives here as a message; nothing else touches its state, which needs no lock for that reason.
+	Other windows are loopers of their own and are only posted to.
 */
 class MainWindow : public BWindow {
 public:

@@ -273,7 +273,8 @@ MainWindow::_Disconnect()
 }
 
 
-/*!	Asks every window of a list to quit and forgets them; what they post when they do finds nothing. */
+/*!	Asks every window of a list to quit and forgets them; what they post when they do finds nothing.
+*/
 void
 MainWindow::_CloseWindows(BList& windows)
 {

@@ -26,7 +26,9 @@
 static const uint32 kMaxBannerSize = 512 * 1024;
 
 
-/*!	\return Whether a file of that name, as the server gave it, lies in the folder that it is written to. */
+/*!	\return Whether a file of that name, as the server gave it, lies in the folder that it is
+	written to.
+*/
 static bool
 stays_in_folder(const char* name)
 {
@@ -57,7 +59,9 @@ start_transfer(status_t (*entry)(void*), const char* name, int32 priority,
 // #pragma mark - Folders
 
 
-/*!	\param path Of the folder on the server; \c NULL for the root. Opening one twice gives two windows. */
+/*!	\param path Of the folder on the server; \c NULL for the root. Opening one twice gives two
+	windows.
+*/
 void
 MainWindow::_OpenFileList(const char* path)
 {
@@ -237,8 +241,8 @@ MainWindow::_HandleBannerReady(const BMessage* message)
 }
 
 
-/*!	Shows the picture, whatever format it has; bytes that are none change nothing. The banner of a connection that has been
-	lost is not shown again.
+/*!	Shows the picture, whatever format it has; bytes that are none change nothing. The banner of a
+	connection that has been lost is not shown again.
 */
 void
 MainWindow::_HandleBannerData(const BMessage* message)

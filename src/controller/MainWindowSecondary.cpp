@@ -17,8 +17,8 @@
 // #pragma mark - Private messages
 
 
-/*!	Brings the conversation with a user to the front, a new one if there is none. Where a closed one was there may be a
-	window of another kind by now.
+/*!	Brings the conversation with a user to the front, a new one if there is none. Where a closed one
+	was there may be a window of another kind by now.
 	\param received What it gets, unless it is NULL: posted while it cannot close.
 */
 MessageWindow*
@@ -87,8 +87,9 @@ MainWindow::_HandleSendMessage(const BMessage* message)
 }
 
 
-/*!	Forgets a window that has closed: it is gone when its notice arrives. One that lives at the same address has been opened
-	since and stays. A notice that does not tell the window means the newest one of its user.
+/*!	Forgets a window that has closed: it is gone when its notice arrives. One that lives at the same
+	address has been opened since and stays. A notice that does not tell the window means the newest
+	one of its user.
 */
 void
 MainWindow::_HandleMessageWindowClosed(const BMessage* message)

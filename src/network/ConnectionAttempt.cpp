@@ -35,7 +35,9 @@ ConnectionAttempt::ConnectionAttempt(const char* host, uint16 port, int timeout)
 ConnectionAttempt::~ConnectionAttempt() = default;
 
 
-/*!	Once the attempt is canceled no further step is begun, and what came of the last one does not count. */
+/*!	Once the attempt is canceled no further step is begun, and what came of the last one does not
+	count.
+*/
 ConnectionAttempt::Outcome
 ConnectionAttempt::Run()
 {
@@ -59,8 +61,8 @@ ConnectionAttempt::Close()
 }
 
 
-/*!	A call that is only just on its way into the system does not notice that its socket is shut down, so this is done more than
-	once: it may take a quarter of a second.
+/*!	A call that is only just on its way into the system does not notice that its socket is shut
+	down, so this is done more than once: it may take a quarter of a second.
 */
 void
 ConnectionAttempt::Cancel()

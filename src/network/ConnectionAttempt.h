@@ -14,8 +14,9 @@
 
 
 /*!	Resolves a host for IPv4 and connects to the first of its addresses.
-	Run() belongs to one thread and is called once; it blocks. Cancel() belongs to any other thread: it makes Run() return
-	soon, whatever that waits for, and shuts down a socket that has been opened already and not been closed.
+	Run() belongs to one thread and is called once; it blocks. Cancel() belongs to any other thread:
+	it makes Run() return soon, whatever that waits for, and shuts down a socket that has been
+	opened already and not been closed.
 */
 class ConnectionAttempt {
 public:

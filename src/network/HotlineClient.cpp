@@ -28,9 +28,10 @@ static const char* const kDefaultNick = "HaikuUser";
 static std::atomic<uint32> sNextConnection(1);
 
 
-/*!	Waits a second at most. In a burst there are bytes already: a look sees them for a quarter less than a wait, for which the
-	system sets a clock and queues the thread.
-	\return What select() does: more than 0 when there is something to read, 0 after the second, -1 for an error.
+/*!	Waits a second at most. In a burst there are bytes already: a look sees them for a quarter less
+	than a wait, for which the system sets a clock and queues the thread.
+	\return What select() does: more than 0 when there is something to read, 0 after the second, -1
+	for an error.
 */
 static int
 wait_until_readable(int socket)
@@ -81,7 +82,9 @@ HotlineClient::HotlineClient(BLooper* target)
 }
 
 
-/*!	Ends the connection, or the attempt at one, and waits for the threads, all of which are woken up. */
+/*!	Ends the connection, or the attempt at one, and waits for the threads, all of which are woken
+	up.
+*/
 HotlineClient::~HotlineClient()
 {
 	std::vector<thread_id> connectThreads;
@@ -106,8 +109,9 @@ HotlineClient::~HotlineClient()
 }
 
 
-/*!	Starts a thread that connects and logs in; its outcome is posted. An attempt that is still under way is given up for
-	this one without a word, a connection that stands is replaced as soon as the new one does.
+/*!	Starts a thread that connects and logs in; its outcome is posted. An attempt that is still under
+	way is given up for this one without a word, a connection that stands is replaced as soon as the
+	new one does.
 	\param port In host order.
 	\param login NULL, like \a password, for none.
 	\param nick NULL for "HaikuUser".
@@ -151,8 +155,8 @@ HotlineClient::Connect(const char* address, uint16 port, const char* login, cons
 }
 
 
-/*!	Ends the connection without a notification and without waiting. A connect thread that is still under way carries on,
-	only the destructor stops it.
+/*!	Ends the connection without a notification and without waiting. A connect thread that is still
+	under way carries on, only the destructor stops it.
 */
 void
 HotlineClient::Disconnect()
@@ -190,7 +194,9 @@ HotlineClient::Address() const
 // #pragma mark - Moving bytes
 
 
-/*!	The control connection's socket, not set when it is closed. It stays open for as long as the caller keeps it. */
+/*!	The control connection's socket, not set when it is closed. It stays open for as long as the
+	caller keeps it.
+*/
 SocketReference
 HotlineClient::_Socket() const
 {
@@ -207,11 +213,14 @@ HotlineClient::_SendQueue() const
 }
 
 
-/*!	Gives a request its id, records what a reply will need, and sends it; nothing is sent unless a session stands.
-	Everybody's requests take their turn here, so that the login is the first transaction of its session and has the first id.
+/*!	Gives a request its id, records what a reply will need, and sends it; nothing is sent unless a
+	session stands.
+	Everybody's requests take their turn here, so that the login is the first transaction of its
+	session and has the first id.
 	\param builder Of the buffer that the request's header belongs to.
 	\param pieces The request, that buffer first.
-	\param task The kind of TaskList whose reply is waited for, with its \a path and \a extra; 0 for none.
+	\param task The kind of TaskList whose reply is waited for, with its \a path and \a extra; 0 for
+	none.
 	\return The id.
 */
 uint32
@@ -260,7 +269,9 @@ HotlineClient::_ReceiveThreadEntry(void* data)
 }
 
 
-/*!	Reads the server's transactions until the connection ends, by whomever. The socket is left to its owner. */
+/*!	Reads the server's transactions until the connection ends, by whomever. The socket is left to
+	its owner.
+*/
 status_t
 HotlineClient::_ReceiveLoop()
 {
@@ -279,7 +290,8 @@ HotlineClient::_ReceiveLoop()
 }
 
 
-/*!	Waits a second at most for bytes, and reads no more of them than the current stage of the parser needs.
+/*!	Waits a second at most for bytes, and reads no more of them than the current stage of the parser
+	needs.
 	\return \c false when the connection has ended.
 */
 bool
@@ -355,7 +367,8 @@ HotlineClient::_Notify(uint32 what)
 }
 
 
-/*!	Posts a copy, marked as this client's, to the target. May wait for room in the target's queue. */
+/*!	Posts a copy, marked as this client's, to the target. May wait for room in the target's queue.
+*/
 void
 HotlineClient::_Notify(BMessage* msg)
 {

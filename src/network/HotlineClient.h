@@ -28,10 +28,13 @@ class TransactionBuilder;
 class TransactionPieces;
 
 
-/*!	The connection to a Hotline server: connects, logs in, reads what the server sends and sends the user's requests.
-	All that happens is posted to the target as a HotlineNotification; the target must outlive the client's threads.
-	Connect(), Disconnect(), the getters and the destructor belong to the owner's thread, requests to any: none of them waits
-	for the server. Deleting it waits for its threads, which are woken; a name that is being resolved is left behind.
+/*!	The connection to a Hotline server: connects, logs in, reads what the server sends and sends the
+	user's requests.
+	All that happens is posted to the target as a HotlineNotification; the target must outlive the
+	client's threads.
+	Connect(), Disconnect(), the getters and the destructor belong to the owner's thread, requests
+	to any: none of them waits for the server. Deleting it waits for its threads, which are woken; a
+	name that is being resolved is left behind.
 */
 class HotlineClient {
 public:
@@ -45,7 +48,8 @@ public:
 		const char* nick, uint16 icon);
 	void Disconnect();
 
-	// What tells this client's notifications from those of all others: their field "connection". Never 0.
+	// What tells this client's notifications from those of all others: their field "connection".
+	// Never 0.
 	uint32 Connection() const { return fConnection; }
 
 	// From the accepted handshake until the connection ends.
@@ -131,8 +135,9 @@ private:
 	BLooper* const fTarget;
 	const uint32 fConnection;
 
-	// Held while a transaction gets its id, is recorded and handed over, so that ids go out in their order and no two
-	// transactions mix. Never held while waiting. Taken before fStateLock where both are.
+	// Held while a transaction gets its id, is recorded and handed over, so that ids go out in
+	// their order and no two transactions mix. Never held while waiting. Taken before fStateLock
+	// where both are.
 	BLocker fSendLock;
 
 	// Guards the following and the start of threads. Never held while sending or waiting.

@@ -127,7 +127,9 @@ HotlineClient::_OpenConnection(SocketReference* _socket)
 }
 
 
-/*!	\return What failed, or NULL. A handshake that Disconnect() ended has not failed but is given up. */
+/*!	\return What failed, or NULL. A handshake that Disconnect() ended has not failed but is given
+	up.
+*/
 const char*
 HotlineClient::_Handshake(const SocketReference& socket) const
 {
@@ -149,8 +151,8 @@ HotlineClient::_Handshake(const SocketReference& socket) const
 }
 
 
-/*!	Makes an open socket the control connection. One that still stands ends without a word; its receive thread has ended
-	when this returns.
+/*!	Makes an open socket the control connection. One that still stands ends without a word; its
+	receive thread has ended when this returns.
 */
 bool
 HotlineClient::_AdoptSocket(const SocketReference& socket)
@@ -176,8 +178,8 @@ HotlineClient::_AdoptSocket(const SocketReference& socket)
 }
 
 
-/*!	Sends the login, tells the target and starts the receive thread. Ids begin again at 1, with the login, and what waited
-	under earlier ones is forgotten.
+/*!	Sends the login, tells the target and starts the receive thread. Ids begin again at 1, with the
+	login, and what waited under earlier ones is forgotten.
 	\return \c false when the client was disconnected meanwhile, or no thread could be had.
 */
 bool
@@ -261,7 +263,8 @@ HotlineClient::_MayProceed() const
 }
 
 
-/*!	Sends the login. What is too long for its buffer is cut: first the nickname, then the password. */
+/*!	Sends the login. What is too long for its buffer is cut: first the nickname, then the password.
+*/
 void
 HotlineClient::_SendLogin(const Login& login)
 {

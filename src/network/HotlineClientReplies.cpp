@@ -220,7 +220,9 @@ HotlineClient::_HandleBannerDownload(const TaskInfo*)
 }
 
 
-/*!	Reads where the server has put a transfer, and how many bytes it has. What is absent is left as it is. */
+/*!	Reads where the server has put a transfer, and how many bytes it has. What is absent is left as
+	it is.
+*/
 void
 HotlineClient::_ReadTransfer(uint32* _ref, uint32* _size) const
 {

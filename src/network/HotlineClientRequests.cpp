@@ -16,8 +16,8 @@
 static const size_t kMaxChangedNick = 64;
 static const size_t kMaxAgreedNick = 63;
 
-// The flattened file object that an upload sends: what stands around the file's own bytes and its name, and as how much
-// of its name counts there.
+// The flattened file object that an upload sends: what stands around the file's own bytes and its
+// name, and as how much of its name counts there.
 static const uint32 kUploadOverhead = 74 + 56;
 static const uint32 kMaxUploadName = 128;
 
@@ -39,7 +39,9 @@ static const uint8 kResumeInfo[kResumeInfoSize] = {
 // clang-format on
 
 
-/*!	A request about files or folders: its header, and each parameter as a header of its own and a borrowed value. */
+/*!	A request about files or folders: its header, and each parameter as a header of its own and a
+	borrowed value.
+*/
 class FileRequest {
 public:
 	FileRequest();

@@ -17,7 +17,9 @@
 using Addresses = std::unique_ptr<addrinfo, void (*)(addrinfo*)>;
 
 
-/*!	What a lookup and the thread that asks the resolver have in common. It lives as long as either of them. */
+/*!	What a lookup and the thread that asks the resolver have in common. It lives as long as either
+	of them.
+*/
 struct NameLookup::Record {
 	Record(const char* name, uint16 number);
 
@@ -82,9 +84,10 @@ NameLookup::NameLookup(const char* host, uint16 port)
 NameLookup::~NameLookup() = default;
 
 
-/*!	Waits until the resolver has answered or the lookup is canceled. Where no thread can be had, the resolver is asked by
-	the caller itself and cannot be left behind.
-	\return 0, or one of the resolver's error codes; also 0, without an address, once the lookup is canceled.
+/*!	Waits until the resolver has answered or the lookup is canceled. Where no thread can be had, the
+	resolver is asked by the caller itself and cannot be left behind.
+	\return 0, or one of the resolver's error codes; also 0, without an address, once the lookup is
+	canceled.
 */
 int
 NameLookup::Run()

@@ -12,9 +12,9 @@
 #include <SupportDefs.h>
 
 
-/*!	Looks up the IPv4 addresses of one host. The system's resolver cannot be told to stop, so it runs in a thread "HL:Resolve"
-	that shares nothing but its own record: a lookup that is canceled ends at once and leaves that thread behind, which
-	ends whenever the resolver does.
+/*!	Looks up the IPv4 addresses of one host. The system's resolver cannot be told to stop, so it
+	runs in a thread "HL:Resolve" that shares nothing but its own record: a lookup that is canceled
+	ends at once and leaves that thread behind, which ends whenever the resolver does.
 	Run() belongs to one thread and is called once, Cancel() to any.
 */
 class NameLookup {
@@ -28,7 +28,8 @@ public:
 	int Run();
 	void Cancel();
 
-	// The first address that was found, owned by the lookup; NULL before that and where there is none.
+	// The first address that was found, owned by the lookup; NULL before that and where there is
+	// none.
 	const addrinfo* Address() const { return fAddresses.get(); }
 
 private:

@@ -14,7 +14,8 @@
 #include "TransactionBuilder.h"
 
 
-// What the thread sends at a time, in bytes. As much less there is room meanwhile for what comes next.
+// What the thread sends at a time, in bytes. As much less there is room meanwhile for what comes
+// next.
 static const size_t kSliceSize = 32 * 1024;
 
 
@@ -29,8 +30,8 @@ SendQueue::SendQueue(const SocketReference& socket)
 SendQueue::~SendQueue() = default;
 
 
-/*!	Sends a transaction, or keeps what the server does not take of it: all its pieces, with nothing of another thread's between
-	them. Nothing happens once the connection has ended.
+/*!	Sends a transaction, or keeps what the server does not take of it: all its pieces, with nothing
+	of another thread's between them. Nothing happens once the connection has ended.
 */
 void
 SendQueue::Send(const TransactionPieces& pieces)
@@ -109,8 +110,10 @@ SendQueue::_SendWaiting()
 }
 
 
-/*!	Copies the first of what waits, up to that many bytes. It counts as waiting until it has been sent.
-	\return How many bytes it is. 0 when nothing waits: then the next that has to wait starts another thread.
+/*!	Copies the first of what waits, up to that many bytes. It counts as waiting until it has been
+	sent.
+	\return How many bytes it is. 0 when nothing waits: then the next that has to wait starts
+	another thread.
 */
 size_t
 SendQueue::_CopyFirst(uint8* buffer, size_t size)

@@ -18,10 +18,11 @@
 class TransactionPieces;
 
 
-/*!	The sending side of one connection, for any thread. Nobody who sends waits for the server: what it does not take at once
-	is kept and sent by a thread "HL:Send", in the order of the calls. When more than \c kMaxWaiting bytes would have to be
-	kept, a send fails or takes as long as the socket's time-out, the connection is shut down, so that half a transaction is
-	never followed by another.
+/*!	The sending side of one connection, for any thread. Nobody who sends waits for the server: what
+	it does not take at once is kept and sent by a thread "HL:Send", in the order of the calls. When
+	more than \c kMaxWaiting bytes would have to be kept, a send fails or takes as long as the
+	socket's time-out, the connection is shut down, so that half a transaction is never followed by
+	another.
 	The thread shares the queue with its owner, who may let go of it at any time.
 */
 class SendQueue : public std::enable_shared_from_this<SendQueue> {
@@ -47,9 +48,11 @@ private:
 
 	const SocketReference fSocket;
 
-	// Held while a transaction is handed over, never while the server is waited for. Guards the following.
+	// Held while a transaction is handed over, never while the server is waited for. Guards the
+	// following.
 	BLocker fLock;
-	// Room for kMaxWaiting bytes. It is there from when something has to wait until nothing does; so long runs the thread.
+	// Room for kMaxWaiting bytes. It is there from when something has to wait until nothing does;
+	// so long runs the thread.
 	std::unique_ptr<uint8[]> fWaiting;
 	size_t fWaitingSize;
 };

@@ -53,8 +53,8 @@ SocketReference::Number() const
 }
 
 
-/*!	Ends the connection in both directions: every thread that waits for it wakes up, and nothing is sent any more. The
-	number stays taken. Does nothing when no socket is set.
+/*!	Ends the connection in both directions: every thread that waits for it wakes up, and nothing is
+	sent any more. The number stays taken. Does nothing when no socket is set.
 */
 void
 SocketReference::ShutDown() const
@@ -67,8 +67,9 @@ SocketReference::ShutDown() const
 }
 
 
-/*!	Sends all bytes, in as many calls as it takes. A call that fails, is interrupted or runs into the socket's time-out
-	shuts the connection down: what was begun cannot be completed, and nothing may follow it.
+/*!	Sends all bytes, in as many calls as it takes. A call that fails, is interrupted or runs into
+	the socket's time-out shuts the connection down: what was begun cannot be completed, and nothing
+	may follow it.
 	\return \a length, or -1.
 */
 ssize_t

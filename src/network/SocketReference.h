@@ -11,9 +11,10 @@
 #include <SupportDefs.h>
 
 
-/*!	A share in an open socket. The socket is closed when the last share goes, so that nobody reads from or writes to a
-	number that was given to another connection meanwhile. One share belongs to one thread or is guarded by a lock;
-	different shares of one socket may be used by different threads.
+/*!	A share in an open socket. The socket is closed when the last share goes, so that nobody reads
+	from or writes to a number that was given to another connection meanwhile. One share belongs to
+	one thread or is guarded by a lock; different shares of one socket may be used by different
+	threads.
 */
 class SocketReference {
 public:

@@ -24,8 +24,8 @@ struct TaskInfo {
 };
 
 
-/*!	The requests that wait for their replies, the oldest first. It owns the records, and keeps the newest 4,096: a server
-	that never replies must not fill the memory. For any thread.
+/*!	The requests that wait for their replies, the oldest first. It owns the records, and keeps the
+	newest 4,096: a server that never replies must not fill the memory. For any thread.
 */
 class TaskList {
 public:

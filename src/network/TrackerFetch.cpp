@@ -19,7 +19,8 @@
 #include "TrackerListing.h"
 
 
-// The time-out of each call, and what all calls together get for the records, however slowly these drip.
+// The time-out of each call, and what all calls together get for the records, however slowly these
+// drip.
 static const int kTimeoutSeconds = 10;
 static const bigtime_t kRecordsTimeout = 60 * 1000000LL;
 
@@ -36,8 +37,8 @@ receive(int socket, void* buffer, size_t size)
 }
 
 
-/*!	Receives until the buffer is full or the other side closes. If the bytes come one at a time, it is an error when they
-	take longer than one of them may.
+/*!	Receives until the buffer is full or the other side closes. If the bytes come one at a time, it
+	is an error when they take longer than one of them may.
 	\return The bytes received; -1 on an error or a time-out.
 */
 ssize_t
@@ -165,7 +166,9 @@ TrackerFetch::_ReadListing(int socket, Listing* _listing)
 }
 
 
-/*!	Reads up to \a size bytes of records; fewer if the tracker closes, a call or the whole times out, or memory is short. */
+/*!	Reads up to \a size bytes of records; fewer if the tracker closes, a call or the whole times
+	out, or memory is short.
+*/
 void
 TrackerFetch::_ReadRecords(int socket, Listing* _listing, size_t size)
 {

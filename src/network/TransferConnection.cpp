@@ -80,7 +80,8 @@ TransferConnection::Close()
 }
 
 
-/*!	One call; what it returns may be less than \a size, and is below 1 when it failed or timed out. */
+/*!	One call; what it returns may be less than \a size, and is below 1 when it failed or timed out.
+*/
 ssize_t
 TransferConnection::Send(const void* data, size_t size)
 {

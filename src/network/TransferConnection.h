@@ -12,8 +12,10 @@
 #include <SupportDefs.h>
 
 
-/*!	A connection to a server's transfer port, one above its control port. Blocking, for one thread; closes itself.
-	A write to a connection that the other side has closed is an error and never a signal, and a signal is no error.
+/*!	A connection to a server's transfer port, one above its control port. Blocking, for one thread;
+	closes itself.
+	A write to a connection that the other side has closed is an error and never a signal, and a
+	signal is no error.
 */
 class TransferConnection {
 public:

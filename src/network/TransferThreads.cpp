@@ -64,8 +64,8 @@ open_download(TransferConnection& connection, FlattenedFileReader& reader, const
 }
 
 
-/*!	Writes the data to the file as it arrives, until it is complete or the connection ends. A file that cannot be written
-	to, on a full disk, say, does not end the transfer.
+/*!	Writes the data to the file as it arrives, until it is complete or the connection ends. A file
+	that cannot be written to, on a full disk, say, does not end the transfer.
 */
 static void
 receive_file_data(TransferConnection& connection, FlattenedFileReader& reader, BFile& file)
@@ -82,8 +82,9 @@ receive_file_data(TransferConnection& connection, FlattenedFileReader& reader, B
 }
 
 
-/*!	Fetches a file and replaces the one at its local path. Only the data's end is reported, as kMsgDownloadDone; what fails
-	before its first byte, opening the local file included, stays silent.
+/*!	Fetches a file and replaces the one at its local path. Only the data's end is reported, as
+	kMsgDownloadDone; what fails before its first byte, opening the local file included, stays
+	silent.
 */
 status_t
 DownloadThread(void* data)
@@ -185,7 +186,9 @@ UploadThread(void* data)
 // #pragma mark - banner
 
 
-/*!	Fetches the bare bytes of the banner and posts what came of them, if anything, as kMsgBannerData. */
+/*!	Fetches the bare bytes of the banner and posts what came of them, if anything, as
+	kMsgBannerData.
+*/
 status_t
 BannerThread(void* data)
 {

@@ -13,9 +13,10 @@
 class BLooper;
 
 
-/*!	What a transfer thread needs to know. The controller fills a record and starts a thread with it; from then on it
-	belongs to the thread, which deletes it on every path. The address and the port are those of the control connection,
-	the reference is the server's. The target, to which the outcome is posted, is borrowed.
+/*!	What a transfer thread needs to know. The controller fills a record and starts a thread with it;
+	from then on it belongs to the thread, which deletes it on every path. The address and the port
+	are those of the control connection, the reference is the server's. The target, to which the
+	outcome is posted, is borrowed.
 */
 struct DownloadInfo {
 	BString address;
@@ -51,7 +52,8 @@ struct BannerDLInfo {
 };
 
 
-// Thread entries: the argument is the record. They return 0 once the data was on its way, 1 when it never came to that.
+// Thread entries: the argument is the record. They return 0 once the data was on its way, 1 when it
+// never came to that.
 status_t DownloadThread(void* info);
 status_t UploadThread(void* info);
 status_t BannerThread(void* info);

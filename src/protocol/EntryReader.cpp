@@ -16,7 +16,8 @@ static const uint32 kMaxFileNameLength = 255;
 
 
 /*!	Reads the value of a \c kFieldUserList.
-	\return \c false when it is shorter than \c kUserEntryHeaderSize. A nick is cut at 63 bytes and at the value's end.
+	\return \c false when it is shorter than \c kUserEntryHeaderSize. A nick is cut at 63 bytes and
+	at the value's end.
 */
 bool
 ReadUserEntry(const HotlineParam& param, UserEntry* _entry)
@@ -36,7 +37,8 @@ ReadUserEntry(const HotlineParam& param, UserEntry* _entry)
 
 
 /*!	Reads the value of a \c kFieldFileList.
-	\return \c false when it is shorter than \c kFileEntryHeaderSize and its name, of which at most 255 bytes count.
+	\return \c false when it is shorter than \c kFileEntryHeaderSize and its name, of which at most
+	255 bytes count.
 */
 bool
 ReadFileEntry(const HotlineParam& param, FileEntry* _entry)

@@ -11,7 +11,8 @@
 #include <SupportDefs.h>
 
 
-// The request that opens a transfer connection, and the parts of the file object that travels on it, in bytes.
+// The request that opens a transfer connection, and the parts of the file object that travels on
+// it, in bytes.
 static const size_t kTransferRequestSize = 16;
 static const size_t kFileObjectHeaderSize = 24;
 static const size_t kForkHeaderSize = 16;
@@ -20,9 +21,10 @@ static const size_t kMaxInformationForkName = 128;
 static const size_t kMaxInformationForkSize = kInformationForkBaseSize + kMaxInformationForkName;
 
 
-/*!	What a sender writes on a transfer connection: the request that identifies the transfer, and the flattened file
-	object, a header followed by an information fork and a data fork, each a fork header and its data. All integers are
-	big-endian. Every function writes to a buffer that its caller owns, and may be called on any thread.
+/*!	What a sender writes on a transfer connection: the request that identifies the transfer, and the
+	flattened file object, a header followed by an information fork and a data fork, each a fork
+	header and its data. All integers are big-endian. Every function writes to a buffer that its
+	caller owns, and may be called on any thread.
 */
 class FlattenedFile {
 public:

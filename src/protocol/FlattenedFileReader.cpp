@@ -21,7 +21,8 @@ FlattenedFileReader::FlattenedFileReader()
 
 
 /*!	How many bytes to read for the next Take().
-	\return Before the data, exactly so many, at most kMaxDescriptionPiece. In the data, up to so many: all that are left.
+	\return Before the data, exactly so many, at most kMaxDescriptionPiece. In the data, up to so
+	many: all that are left.
 		0 once the object is complete.
 */
 uint32
@@ -33,7 +34,9 @@ FlattenedFileReader::NextSize() const
 }
 
 
-/*!	\param bytes What was read: as many as NextSize() asked for, or, in the data, any number of them. */
+/*!	\param bytes What was read: as many as NextSize() asked for, or, in the data, any number of
+	them.
+*/
 void
 FlattenedFileReader::Take(const uint8* bytes, size_t size)
 {

@@ -11,9 +11,10 @@
 #include <SupportDefs.h>
 
 
-/*!	Follows a flattened file object as it arrives, up to the last byte of its data fork, and says how much to read next;
-	what a server sends after that is never asked for. The information fork is expected first and the data fork second;
-	no magic and no type is looked at. Keeps none of the bytes. Not thread-safe.
+/*!	Follows a flattened file object as it arrives, up to the last byte of its data fork, and says
+	how much to read next; what a server sends after that is never asked for. The information fork
+	is expected first and the data fork second; no magic and no type is looked at. Keeps none of the
+	bytes. Not thread-safe.
 */
 class FlattenedFileReader {
 public:

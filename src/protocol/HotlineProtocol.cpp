@@ -72,7 +72,9 @@ HotlineWriteHeader(uint8* bytes, const HotlineHeader& header)
 }
 
 
-/*!	Turns a login or a password into its form on the wire, or back: each byte becomes its complement. */
+/*!	Turns a login or a password into its form on the wire, or back: each byte becomes its
+	complement.
+*/
 void
 HotlineEncodeCredential(uint8* data, uint32 len)
 {
@@ -81,7 +83,9 @@ HotlineEncodeCredential(uint8* data, uint32 len)
 }
 
 
-/*!	Turns every carriage return into a line feed. Nothing is removed: a CR LF pair becomes two line feeds. */
+/*!	Turns every carriage return into a line feed. Nothing is removed: a CR LF pair becomes two line
+	feeds.
+*/
 void
 HotlineCR2LF(char* text, uint32 len)
 {
@@ -92,8 +96,8 @@ HotlineCR2LF(char* text, uint32 len)
 }
 
 
-/*!	How many of the first bytes of a UTF-8 text fit, without taking a character apart. Where the bytes at the limit are
-	no character, the limit itself.
+/*!	How many of the first bytes of a UTF-8 text fit, without taking a character apart. Where the
+	bytes at the limit are no character, the limit itself.
 	\param length The bytes of the text.
 	\param limit The most bytes that may be used.
 */

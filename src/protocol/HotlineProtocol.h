@@ -11,7 +11,8 @@
 #include <SupportDefs.h>
 
 
-// The handshake: the client sends its magic, the server answers with its own, the last four bytes an error code.
+// The handshake: the client sends its magic, the server answers with its own, the last four bytes
+// an error code.
 extern const char kClientMagic[13];
 extern const uint8 kServerMagic[8];
 const uint32 kClientMagicLen = 12;
@@ -22,7 +23,8 @@ const uint16 kTrackerPort = 5498;
 const uint16 kTrackerUDPPort = 5499;
 const uint16 kTransferPort = 5501;
 
-// In bytes. The header of a transaction counts with the number of its parameters, which is part of the data length.
+// In bytes. The header of a transaction counts with the number of its parameters, which is part of
+// the data length.
 const uint32 kHeaderSize = 22;
 const uint32 kParamHeaderSize = 4;
 const uint32 kUserEntryHeaderSize = 12;
@@ -112,7 +114,9 @@ enum HotlineFieldID {
 };
 
 
-/*!	The first 22 bytes of a transaction. Both sizes count what follows them: 2, and for each parameter 4 and its value. */
+/*!	The first 22 bytes of a transaction. Both sizes count what follows them: 2, and for each
+	parameter 4 and its value.
+*/
 struct HotlineHeader {
 	// The whole first word: flags, is-reply and type.
 	uint32 type;

@@ -16,8 +16,8 @@ struct HotlineParam;
 
 
 /*!	Walks the parameters of one received transaction.
-	Borrows the bytes, which must outlive it and the parameters that it hands out. Goes by the lengths alone and never
-	reads past the given size.
+	Borrows the bytes, which must outlive it and the parameters that it hands out. Goes by the
+	lengths alone and never reads past the given size.
 */
 class ParameterWalker {
 public:
@@ -32,7 +32,8 @@ private:
 };
 
 
-// How a value is read when its length is not the expected one. Where it is too short, nothing is written.
+// How a value is read when its length is not the expected one. Where it is too short, nothing is
+// written.
 void ReadParamUInt16(const HotlineParam& param, uint16* _value);
 void ReadParamUInt32(const HotlineParam& param, uint32* _value);
 void ReadParamNumber(const HotlineParam& param, uint32* _value);

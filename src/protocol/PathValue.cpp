@@ -13,8 +13,9 @@
 static const uint16 kComponentHeaderSize = 3;
 
 
-/*!	\param path Components with slashes between them; further slashes mean nothing. May be NULL. Components for which
-		there is no room are left out. Of a length above 255 bytes only the low 8 bits are written.
+/*!	\param path Components with slashes between them; further slashes mean nothing. May be NULL.
+		Components for which there is no room are left out. Of a length above 255 bytes only the low
+		8 bits are written.
 */
 PathValue::PathValue(const char* path)
 	: fLength(0)

@@ -9,14 +9,15 @@
 #include <SupportDefs.h>
 
 
-/*!	A folder path in the form in which requests carry it: the number of its components, and for each two zero bytes, its
-	length in one byte and its bytes.
+/*!	A folder path in the form in which requests carry it: the number of its components, and for each
+	two zero bytes, its length in one byte and its bytes.
 */
 class PathValue {
 public:
 	explicit PathValue(const char* path);
 
-	// No value at all, and so no parameter, for no path. A path of slashes alone has one of 2 bytes.
+	// No value at all, and so no parameter, for no path. A path of slashes alone has one of 2
+	// bytes.
 	bool IsEmpty() const { return fLength == 0; }
 	const uint8* Data() const { return fData; }
 	uint16 Length() const { return fLength; }

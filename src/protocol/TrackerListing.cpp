@@ -97,7 +97,8 @@ TrackerListing::ReadHeader(const uint8* header, size_t* _listingSize, uint16* _s
 }
 
 
-/*!	Takes a host with or without a port apart. What is no port stays part of the host, which no resolver knows then.
+/*!	Takes a host with or without a port apart. What is no port stays part of the host, which no
+	resolver knows then.
 	\param _host Receives the host.
 	\return The port; the trackers' own one if there is no valid one behind the last colon.
 */

@@ -32,8 +32,9 @@ struct TrackerRecord {
 
 
 /*!	Walks the records of a tracker's listing.
-	Borrows the bytes, which must outlive it. Not thread-safe; never reads past the given size, and stops at the first
-	record that is cut. What else there is to read and write when talking to a tracker is in its static functions.
+	Borrows the bytes, which must outlive it. Not thread-safe; never reads past the given size, and
+	stops at the first record that is cut. What else there is to read and write when talking to a
+	tracker is in its static functions.
 */
 class TrackerListing {
 public:

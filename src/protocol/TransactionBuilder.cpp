@@ -53,7 +53,9 @@ TransactionBuilder::BuildParamInt32(uint16 type, uint32 value)
 }
 
 
-/*!	Announces a parameter whose \a len bytes are sent from elsewhere, after what stands in the buffer so far. */
+/*!	Announces a parameter whose \a len bytes are sent from elsewhere, after what stands in the
+	buffer so far.
+*/
 bool
 TransactionBuilder::BuildParamHeader(uint16 type, uint16 len)
 {

@@ -11,9 +11,10 @@
 #include <SupportDefs.h>
 
 
-/*!	Puts the parameters of a transaction behind one another, with room for its header in front, and counts them.
-	Borrows the buffer and never writes past its size: what does not fit is refused and not counted. A value may also be
-	announced only, and be sent from where it stands.
+/*!	Puts the parameters of a transaction behind one another, with room for its header in front, and
+	counts them.
+	Borrows the buffer and never writes past its size: what does not fit is refused and not counted.
+	A value may also be announced only, and be sent from where it stands.
 */
 class TransactionBuilder {
 public:
@@ -41,7 +42,8 @@ private:
 };
 
 
-/*!	The bytes of one transaction that is to be sent, in the pieces in which they are written one after another.
+/*!	The bytes of one transaction that is to be sent, in the pieces in which they are written one
+	after another.
 	They are borrowed and must outlive it.
 */
 class TransactionPieces {

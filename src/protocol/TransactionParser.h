@@ -11,9 +11,11 @@
 #include "ParameterWalker.h"
 
 
-/*!	Cuts a stream of bytes into transactions, in two stages: the header, then what it announces. It never asks for more
-	than the current stage needs, so that its buffer holds one transaction at a time, and holds no more memory than that.
-	Whoever has the bytes puts up to BytesNeeded() of them to Room() and calls Advance(). For one thread at a time.
+/*!	Cuts a stream of bytes into transactions, in two stages: the header, then what it announces. It
+	never asks for more than the current stage needs, so that its buffer holds one transaction at a
+	time, and holds no more memory than that.
+	Whoever has the bytes puts up to BytesNeeded() of them to Room() and calls Advance(). For one
+	thread at a time.
 */
 class TransactionParser {
 public:

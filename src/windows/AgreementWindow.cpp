@@ -89,7 +89,9 @@ AgreementWindow::QuitRequested()
 }
 
 
-/*!	Posts the answer. Only the first one counts: a second button press may wait in the queue before the window's end. */
+/*!	Posts the answer. Only the first one counts: a second button press may wait in the queue before
+	the window's end.
+*/
 void
 AgreementWindow::_Answer(uint32 answer)
 {

@@ -13,8 +13,8 @@ class BLooper;
 class BTextView;
 
 
-/*!	Shows the server's agreement and posts exactly one answer, kMsgAcceptAgreement or kMsgDeclineAgreement, whichever
-	way the user leaves it.
+/*!	Shows the server's agreement and posts exactly one answer, kMsgAcceptAgreement or
+	kMsgDeclineAgreement, whichever way the user leaves it.
 */
 class AgreementWindow : public BWindow {
 public:

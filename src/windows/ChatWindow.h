@@ -16,8 +16,8 @@ class BTextView;
 
 
 /*!	The public chat: a transcript in colors and a line to type into.
-	Every line shown arrives as kMsgAppendChat, what is typed leaves as kMsgSendChat. Lives as long as the program:
-	closing it minimizes it.
+	Every line shown arrives as kMsgAppendChat, what is typed leaves as kMsgSendChat. Lives as long
+	as the program: closing it minimizes it.
 */
 class ChatWindow : public BWindow {
 public:

@@ -121,8 +121,8 @@ ConnectWindow::_HandleConnect()
 }
 
 
-/*!	\return The typed port, with whatever follows its digits ignored; the protocol's own port for everything that
-		is none.
+/*!	\return The typed port, with whatever follows its digits ignored; the protocol's own port for
+		everything that is none.
 */
 uint16
 ConnectWindow::_Port() const

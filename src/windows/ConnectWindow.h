@@ -13,7 +13,8 @@ class BLooper;
 class BTextControl;
 
 
-/*!	The dialog that asks where to connect to. Posts one kMsgConnectServer to its target and closes itself.
+/*!	The dialog that asks where to connect to. Posts one kMsgConnectServer to its target and closes
+	itself.
 	Remembers nothing: every opening is a new window with the default texts.
 */
 class ConnectWindow : public BWindow {

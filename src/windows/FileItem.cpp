@@ -110,7 +110,9 @@ FileItem::ToolTipText(float rowWidth) const
 }
 
 
-/*!	\return The picture for the kind of file that the type or the name's ending tells, \c NULL where there is none. */
+/*!	\return The picture for the kind of file that the type or the name's ending tells, \c NULL where
+	there is none.
+*/
 const BBitmap*
 FileItem::_Icon() const
 {

@@ -17,7 +17,8 @@ class RowPainter;
 
 
 /*!	A row of a folder on the server: a picture for its kind, the name and on the right the size.
-	Lives in the thread of its window, which owns it; the pictures are borrowed, and any may be NULL.
+	Lives in the thread of its window, which owns it; the pictures are borrowed, and any may be
+	NULL.
 */
 class FileItem : public BStringItem, public ToolTipRow {
 public:

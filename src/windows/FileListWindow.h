@@ -22,7 +22,8 @@ class BStringView;
 class FileItem;
 
 
-/*!	One folder on the server. The controller fills it with kMsgFileEntry; every action of the user is posted to the controller.
+/*!	One folder on the server. The controller fills it with kMsgFileEntry; every action of the user
+	is posted to the controller.
 	Tells the controller when it closes. Owns its rows, their pictures and the upload chooser.
 */
 class FileListWindow : public BWindow {

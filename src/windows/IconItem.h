@@ -14,7 +14,9 @@
 class BBitmap;
 
 
-/*!	A row of the icon picker: a picture and its number. Lives in the thread of its window, which owns it. */
+/*!	A row of the icon picker: a picture and its number. Lives in the thread of its window, which
+	owns it.
+*/
 class IconItem : public BListItem {
 public:
 	IconItem(uint16 id, BBitmap* bitmap);

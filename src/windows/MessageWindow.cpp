@@ -88,8 +88,8 @@ MessageWindow::AppendOutgoing(const char* text)
 }
 
 
-/*!	Closes in two steps: whoever locks the window after the first one sees that it is closing, and what was posted before that
-	arrives before the second one.
+/*!	Closes in two steps: whoever locks the window after the first one sees that it is closing, and
+	what was posted before that arrives before the second one.
 */
 void
 MessageWindow::DispatchMessage(BMessage* message, BHandler* handler)

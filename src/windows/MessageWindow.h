@@ -17,8 +17,9 @@ class BTextView;
 
 
 /*!	A private conversation with one other user, known by the server's id.
-	What arrives comes as kMsgPMReceived, what is typed leaves as kMsgPMSend after it was shown here. Tells the controller
-	when it closes; the transcript is gone then. What arrives while it is closing goes back to the controller.
+	What arrives comes as kMsgPMReceived, what is typed leaves as kMsgPMSend after it was shown
+	here. Tells the controller when it closes; the transcript is gone then. What arrives while it is
+	closing goes back to the controller.
 */
 class MessageWindow : public BWindow {
 public:

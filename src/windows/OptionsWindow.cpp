@@ -158,7 +158,9 @@ OptionsWindow::_InitLayout()
 }
 
 
-/*!	Fills the picker with the numbered pictures of a folder; whatever else lies there is passed over. */
+/*!	Fills the picker with the numbered pictures of a folder; whatever else lies there is passed
+	over.
+*/
 void
 OptionsWindow::_LoadIcons(const char* dir)
 {

@@ -17,8 +17,10 @@ class BTextControl;
 class IconItem;
 
 
-/*!	The personal settings: nick, tracker and user icon, picked from the pictures of the assets folder.
-	Saving posts them to the controller as kMsgOptionsSave; every other way of closing changes nothing.
+/*!	The personal settings: nick, tracker and user icon, picked from the pictures of the assets
+	folder.
+	Saving posts them to the controller as kMsgOptionsSave; every other way of closing changes
+	nothing.
 */
 class OptionsWindow : public BWindow {
 public:

@@ -18,7 +18,9 @@ RowPainter::RowPainter(BView* owner, BRect frame, bool isSelected)
 }
 
 
-/*!	\param complete Whether what was drawn there before has to go, also where the row is not selected. */
+/*!	\param complete Whether what was drawn there before has to go, also where the row is not
+	selected.
+*/
 void
 RowPainter::DrawBackground(bool complete)
 {

@@ -14,8 +14,8 @@ class BBitmap;
 class BView;
 
 
-/*!	Draws what the rows of all lists have in common. Made for one drawing of one row, in the thread of its window; borrows the
-	view. What it draws changes the view's high color.
+/*!	Draws what the rows of all lists have in common. Made for one drawing of one row, in the thread
+	of its window; borrows the view. What it draws changes the view's high color.
 */
 class RowPainter {
 public:

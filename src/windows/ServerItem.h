@@ -11,7 +11,8 @@
 #include "ToolTipRow.h"
 
 
-/*!	A row of the tracker window: a server's name and how many users it has, what it says about itself, and where it is.
+/*!	A row of the tracker window: a server's name and how many users it has, what it says about
+	itself, and where it is.
 	Lives in the thread of its window, which owns it.
 */
 class ServerItem : public BStringItem, public ToolTipRow {

@@ -22,8 +22,9 @@ class TrackerFetch;
 
 
 /*!	The servers that one tracker knows.
-	Each listing is fetched by a thread of the window's own, which posts the rows one by one; when the window closes it stops
-	the thread and waits for it. Choosing a row posts kMsgConnectServer to the controller.
+	Each listing is fetched by a thread of the window's own, which posts the rows one by one; when
+	the window closes it stops the thread and waits for it. Choosing a row posts kMsgConnectServer
+	to the controller.
 */
 class TrackerWindow : public BWindow {
 public:

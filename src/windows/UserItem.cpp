@@ -23,7 +23,9 @@ static const float kRightInset = 6.0f;
 static const uint16 kAdministratorBit = 1 << 1;
 
 
-/*!	\param status The whole status word, not its bits: only these few values have a color of their own. */
+/*!	\param status The whole status word, not its bits: only these few values have a color of their
+	own.
+*/
 static rgb_color
 dot_color(uint16 status)
 {

@@ -14,7 +14,8 @@
 class UserListWindow;
 
 
-/*!	A row of the user list: the user's icon, or a dot where there is no picture for it, and the nick.
+/*!	A row of the user list: the user's icon, or a dot where there is no picture for it, and the
+	nick.
 	Lives in the thread of its window, which owns it.
 */
 class UserItem : public BStringItem, public ToolTipRow {

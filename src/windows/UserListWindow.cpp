@@ -104,7 +104,8 @@ UserListWindow::QuitRequested()
 
 
 /*!	Reads each picture once, and remembers that one is missing, too.
-	\return \c NULL if there is no picture for the id; otherwise owned by the window and good until the next call.
+	\return \c NULL if there is no picture for the id; otherwise owned by the window and good until
+	the next call.
 */
 const BBitmap*
 UserListWindow::IconForID(uint16 id)

@@ -21,7 +21,8 @@ class UserItem;
 
 
 /*!	Who is on the server, in the order of arrival, kept in step by the controller's messages.
-	Owns its rows and the pictures that they draw. Lives as long as the program: closing it minimizes it.
+	Owns its rows and the pictures that they draw. Lives as long as the program: closing it
+	minimizes it.
 */
 class UserListWindow : public BWindow {
 public:

@@ -22,7 +22,9 @@ static const uint32 kMsgLook = 'look';
 static const bigtime_t kPatience = 10000000;
 
 
-/*!	Asks for the about window when it is ready, looks until that is there, and has the main window quit. */
+/*!	Asks for the about window when it is ready, looks until that is there, and has the main window
+	quit.
+*/
 class LookingApp : public App {
 public:
 	LookingApp()

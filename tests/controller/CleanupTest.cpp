@@ -71,7 +71,8 @@ extern "C"
 }
 
 
-/*!	What becomes of a client that the controller has done with: whose thread deletes it, and when. */
+/*!	What becomes of a client that the controller has done with: whose thread deletes it, and when.
+*/
 class CleanupTest : public ConnectedFixture {
 protected:
 	CleanupTest()

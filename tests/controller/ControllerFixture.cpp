@@ -35,7 +35,8 @@ ControllerFixture::ControllerFixture()
 }
 
 
-/*!	The main window takes all that is open with it, except for dialogs, which a test closes itself. */
+/*!	The main window takes all that is open with it, except for dialogs, which a test closes itself.
+*/
 ControllerFixture::~ControllerFixture()
 {
 	if (fMain.IsAlive() && fMain.Window()->Lock())

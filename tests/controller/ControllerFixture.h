@@ -16,7 +16,9 @@
 #include "WindowProbe.h"
 
 
-/*!	A main window with its chat and user list window, all of them shown, and a look at what they show. */
+/*!	A main window with its chat and user list window, all of them shown, and a look at what they
+	show.
+*/
 class ControllerFixture : public testing::Test {
 protected:
 	ControllerFixture();
@@ -38,7 +40,8 @@ protected:
 
 	std::string Status() const { return fMain.Label("status"); }
 	std::string Title() const { return fMain.Window()->Title(); }
-	// The states of Connect and Disconnect, then of Chat, Users and Files: "-" or the initial letter.
+	// The states of Connect and Disconnect, then of Chat, Users and Files: "-" or the initial
+	// letter.
 	std::string Buttons() const;
 	std::string Nick(int32 row) const;
 	int32 CountUsers() const;

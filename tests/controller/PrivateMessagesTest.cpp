@@ -191,7 +191,8 @@ TEST_F(PrivateMessagesTest, MessageAheadOfTheClosing_OpensAnewAndStays)
 	ASSERT_EQ(1, _CountOpen());
 	EXPECT_EQ("Ann: after\n", _Transcript());
 
-	// The notice of the first one comes late and does not take the second one along, not even one at its address.
+	// The notice of the first one comes late and does not take the second one along, not even one
+	// at its address.
 	_PostClosing(5, closed);
 	_PostClosing(5, find_window<MessageWindow>());
 	_Receive(5, "Ann", "more");

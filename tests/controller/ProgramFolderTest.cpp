@@ -88,7 +88,8 @@ class ProgramFolderTest : public ::testing::Test {
 protected:
 	class Window : public ControllerFixture {
 	public:
-		// The names of the buttons that show the picture of \a owner. Only enabled buttons show it in its own color.
+		// The names of the buttons that show the picture of \a owner. Only enabled buttons show it
+		// in its own color.
 		std::string ButtonsWith(const std::string& owner)
 		{
 			const std::string pixel = pixel_of_color(kPictures.at(owner).color);

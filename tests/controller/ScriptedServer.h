@@ -31,8 +31,10 @@ std::string wire_uint16(uint16_t value);
 std::string wire_user(uint16_t socket, uint16_t icon, uint16_t color, const std::string& nick);
 
 
-/*!	A server on 127.0.0.1 that does what the test tells it, one connection at a time, without a thread.
-	What waits for the client serves the application meanwhile, and is a test failure when it takes too long.
+/*!	A server on 127.0.0.1 that does what the test tells it, one connection at a time, without a
+	thread.
+	What waits for the client serves the application meanwhile, and is a test failure when it takes
+	too long.
 */
 class ScriptedServer {
 public:
@@ -54,7 +56,8 @@ public:
 	void Reply(uint32_t id, const WireFields& fields, uint32_t error = 0);
 	void SendBytes(const std::string& bytes);
 
-	// Accepts, shakes hands and answers the login. The user lists that are asked for are left unread.
+	// Accepts, shakes hands and answers the login. The user lists that are asked for are left
+	// unread.
 	void AcceptAndLogIn(const std::string& serverName);
 
 	void HangUp();

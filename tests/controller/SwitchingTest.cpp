@@ -26,7 +26,8 @@
 #include "WireBytes.h"
 
 
-// The bytes with which a client begins, what the server says to them, and those with which a transfer begins.
+// The bytes with which a client begins, what the server says to them, and those with which a
+// transfer begins.
 static const size_t kHandshakeSize = 12;
 static const std::string kHandshakeReply = "TRTP" + wire_zeros(4);
 static const size_t kTransferRequestSize = 16;
@@ -49,8 +50,9 @@ await_unserved(const Condition& condition)
 }
 
 
-/*!	One connection after the other: what the former one still says is not taken for the present one's. The former server's
-	steps do not serve the application, so that what it says waits in the controller's queue.
+/*!	One connection after the other: what the former one still says is not taken for the present
+	one's. The former server's steps do not serve the application, so that what it says waits in the
+	controller's queue.
 */
 class SwitchingTest : public ConnectedFixture {
 protected:
@@ -118,7 +120,8 @@ protected:
 				+ nick);
 	}
 
-	// Has the former server say everything that could show, and returns when all of it has been posted.
+	// Has the former server say everything that could show, and returns when all of it has been
+	// posted.
 	void LetFormerSpeak()
 	{
 		fFormer.Send(wire_transaction(kReply, 3, User(1, "listed") + User(2, "listed too"))

@@ -215,7 +215,8 @@ TEST_F(CommunityTest, Awake_DoesALittleOfEverything)
 			types.insert(notice.Type());
 		fAudience.fHeard.clear();
 	}
-	// Somebody comes or changes, leaves, or talks; and now and then there is something that nobody knows.
+	// Somebody comes or changes, leaves, or talks; and now and then there is something that nobody
+	// knows.
 	EXPECT_EQ(types, (std::set<uint32_t>{kNoticeChat, kNoticeUserChange, kNoticeUserLeave, 777}));
 
 	fAudience.fIsAnybodyHere = false;

@@ -14,9 +14,11 @@
 #include <unistd.h>
 
 
-/*!	Preloaded into the client: the name "slow.test" takes as long to resolve as the test wants, then is 127.0.0.1.
-	The folder named by PALIMBRA_RESOLVER holds a pipe "gate". A file "asked" appears in the folder when the name has been
-	asked for; the answer comes when the test opens the gate for writing. All other names go to the system's resolver.
+/*!	Preloaded into the client: the name "slow.test" takes as long to resolve as the test wants, then
+	is 127.0.0.1.
+	The folder named by PALIMBRA_RESOLVER holds a pipe "gate". A file "asked" appears in the folder
+	when the name has been asked for; the answer comes when the test opens the gate for writing. All
+	other names go to the system's resolver.
 */
 extern "C" int
 getaddrinfo(const char* node, const char* service, const struct addrinfo* hints,

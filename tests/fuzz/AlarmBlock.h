@@ -9,8 +9,8 @@
 #include <csignal>
 
 
-/*!	While it lives, threads are started that the fuzzer's alarm does not interrupt: a call that is interrupted fails, as it
-	should, but not for the input's sake.
+/*!	While it lives, threads are started that the fuzzer's alarm does not interrupt: a call that is
+	interrupted fails, as it should, but not for the input's sake.
 */
 class AlarmBlock {
 public:

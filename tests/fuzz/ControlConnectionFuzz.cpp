@@ -28,7 +28,9 @@ require(bool condition, const char* what)
 }
 
 
-/*!	Reads every field of what the client posts as the main window does, and holds the client to what it promises. */
+/*!	Reads every field of what the client posts as the main window does, and holds the client to what
+	it promises.
+*/
 class Witness : public BLooper {
 public:
 	Witness()
@@ -146,7 +148,9 @@ Witness::_RequireList(const BMessage* message)
 }
 
 
-/*!	The input is what the server sends after the handshake, to a client that has asked for everything. */
+/*!	The input is what the server sends after the handshake, to a client that has asked for
+	everything.
+*/
 extern "C" int
 LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

@@ -24,7 +24,9 @@ static const size_t kRequestSize = 16;
 static int sClientEnd = -1;
 
 
-/*!	Stands in for the system's: whatever connects has the other end of the fuzz function's pair of sockets. */
+/*!	Stands in for the system's: whatever connects has the other end of the fuzz function's pair of
+	sockets.
+*/
 extern "C" int
 connect(int socket, const struct sockaddr* /*address*/, socklen_t /*length*/)
 {
@@ -101,7 +103,8 @@ LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 	std::string file;
 	const status_t result = download(data, size, &file);
 
-	// The information's size stands at the end of its header, its low half alone counting; then comes the data's header.
+	// The information's size stands at the end of its header, its low half alone counting; then
+	// comes the data's header.
 	size_t start = 40;
 	if (size >= 40)
 		start += big_endian(data + 38, 2) + 16;

@@ -176,7 +176,8 @@ private:
 };
 
 
-/*!	A connection that serves for all inputs: whatever a list holds, the next one can be asked for. */
+/*!	A connection that serves for all inputs: whatever a list holds, the next one can be asked for.
+*/
 class Connection {
 public:
 	Connection()
@@ -211,7 +212,9 @@ private:
 };
 
 
-/*!	The input is the parameters of a reply to the request for a file list. A reply without any is not seen. */
+/*!	The input is the parameters of a reply to the request for a file list. A reply without any is
+	not seen.
+*/
 extern "C" int
 LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

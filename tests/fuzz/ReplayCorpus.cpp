@@ -14,8 +14,8 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 
 
-/*!	Feeds every file of the folder that the first argument names to a fuzz function, which ends the process when it finds
-	something. An empty folder is an error.
+/*!	Feeds every file of the folder that the first argument names to a fuzz function, which ends the
+	process when it finds something. An empty folder is an error.
 */
 int
 main(int argc, char** argv)

@@ -15,8 +15,8 @@
 static const size_t kMaxText = 512;
 
 
-/*!	The input is a row of changes: two bytes say where (a part of 65,535 of the text; 0xffff is its end), one how many bytes
-	go, one how many of the bytes that follow come in their place.
+/*!	The input is a row of changes: two bytes say where (a part of 65,535 of the text; 0xffff is its
+	end), one how many bytes go, one how many of the bytes that follow come in their place.
 */
 extern "C" int
 LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)

@@ -23,7 +23,8 @@ check(bool holds, const char* what)
 }
 
 
-/*!	Compares a text that was read with the bytes from which it came: a length and so many of them. */
+/*!	Compares a text that was read with the bytes from which it came: a length and so many of them.
+*/
 static bool
 is_text(const char* text, const uint8_t* bytes)
 {

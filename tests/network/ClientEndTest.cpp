@@ -20,15 +20,19 @@
 #include "WaitFor.h"
 
 
-/*!	Deletes clients in the middle of what they do. Nothing may be left of them, and nothing posted afterwards. */
+/*!	Deletes clients in the middle of what they do. Nothing may be left of them, and nothing posted
+	afterwards.
+*/
 class ClientEndTest : public ClientTest {
 protected:
 	ClientEndTest();
 	~ClientEndTest() override;
 
-	// Deletes the client on a thread of its own, as the program does. When this returns it waits for one of the client's.
+	// Deletes the client on a thread of its own, as the program does. When this returns it waits
+	// for one of the client's.
 	std::thread BeginDeletion();
-	// For connections that are opened after this: a call that waits does so until something wakes it.
+	// For connections that are opened after this: a call that waits does so until something wakes
+	// it.
 	static void WaitWithoutTimeOuts();
 	void ExpectEndsByItself();
 	void ExpectNothingLeft();
@@ -195,7 +199,8 @@ TEST_F(ClientEndTest, WhileResolvingInVain_SaysNothing)
 
 TEST_F(ClientEndTest, WhileConnecting_DoesNotWaitForTheNetwork)
 {
-	// A listener whose queue is full leaves further callers without an answer, so that only the end of the client ends the call.
+	// A listener whose queue is full leaves further callers without an answer, so that only the end
+	// of the client ends the call.
 	server.reset(new RawServer(0));
 	sockaddr_in address = {};
 	address.sin_family = AF_INET;

@@ -23,7 +23,8 @@ ClientTest::~ClientTest()
 	EndClient();
 	if (log->Lock())
 		log->Quit();
-	// One that has been waited for leaves the system's list a moment later, and the next test may count.
+	// One that has been waited for leaves the system's list a moment later, and the next test may
+	// count.
 	EXPECT_TRUE(WaitFor([&] {
 		return count_threads() < fThreads;
 	}));

@@ -21,8 +21,9 @@ const char kHandshake[] = "TRTPHOTL\0\1\0\2";
 const char kHandshakeReply[] = "TRTP\0\0\0\0";
 
 
-/*!	A client, the log of what it posts and a server on 127.0.0.1. Whatever was interposed is let go after the client and its
-	threads. A test whose own things are called there ends the client before those go.
+/*!	A client, the log of what it posts and a server on 127.0.0.1. Whatever was interposed is let go
+	after the client and its threads. A test whose own things are called there ends the client
+	before those go.
 */
 class ClientTest : public testing::Test {
 public:
@@ -30,7 +31,8 @@ public:
 	~ClientTest() override;
 
 protected:
-	// Deletes the client, waits for the threads that it leaves behind, and lets every call through again.
+	// Deletes the client, waits for the threads that it leaves behind, and lets every call through
+	// again.
 	void EndClient();
 
 	void Connect(const char* login = "", const char* password = "", const char* nick = "Ann",
@@ -39,7 +41,8 @@ protected:
 	std::string ShakeHands();
 	// The same, answers the login and takes what is posted of it.
 	void LogIn();
-	// Says on the client's side that nothing more comes from what the server has sent so far, by a mark behind it.
+	// Says on the client's side that nothing more comes from what the server has sent so far, by a
+	// mark behind it.
 	void ExpectNothingPosted();
 
 	void ExpectSent(const std::string& transaction);

@@ -6,7 +6,9 @@
 #include "Interposed.h"
 
 
-/*!	After the login the client has sent the ids 1 and 2, and the reply to the latter is still to come. */
+/*!	After the login the client has sent the ids 1 and 2, and the reply to the latter is still to
+	come.
+*/
 class ClientRepliesTest : public ClientTest {
 protected:
 	ClientRepliesTest() { LogIn(); }

@@ -16,7 +16,8 @@ TEST_F(ClientSilenceTest, ServerThatSaysNothing_IsGivenTenSeconds)
 	Connect();
 	ASSERT_TRUE(server->Accept());
 	EXPECT_EQ(server->Read(12), std::string(kHandshake, 12));
-	// The server's own patience ends before the client's: 10 seconds later nothing was posted yet, or just so.
+	// The server's own patience ends before the client's: 10 seconds later nothing was posted yet,
+	// or just so.
 	EXPECT_EQ(server->ReadToEnd(), "");
 	ExpectFailure("Server did not respond to handshake");
 	EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(9900));

@@ -16,7 +16,9 @@
 #include "WireBytes.h"
 
 
-/*!	A server that lets bytes pile up: what does not go out at once is left to a thread, and nobody waits for it. */
+/*!	A server that lets bytes pile up: what does not go out at once is left to a thread, and nobody
+	waits for it.
+*/
 class ClientSlowServerTest : public ClientTest {
 protected:
 	ClientSlowServerTest();
@@ -25,9 +27,11 @@ protected:
 	static std::string Chat(uint32 id, const std::string& text);
 	static std::string TextOf(uint32 id);
 
-	// How many bytes the attempts that do not wait get rid of before there is no room; no limit below 0.
+	// How many bytes the attempts that do not wait get rid of before there is no room; no limit
+	// below 0.
 	std::atomic<int> fRoom;
-	// What becomes of a send that may wait, once the test lets it go on: the real thing, or this error.
+	// What becomes of a send that may wait, once the test lets it go on: the real thing, or this
+	// error.
 	std::promise<void> fGate;
 	std::atomic<int> fError;
 	// The threads that send.

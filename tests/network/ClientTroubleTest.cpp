@@ -163,7 +163,8 @@ TEST_F(ClientSendTest, HalfATransaction_IsNeverFollowedByAnother)
 	LogIn();
 	std::atomic<int> calls(0);
 	Interposed::send = [&](int socket, const void* data, size_t size, int flags) -> ssize_t {
-		// The first call sends three bytes, the second finds no room for more, the third runs into the time-out.
+		// The first call sends three bytes, the second finds no room for more, the third runs into
+		// the time-out.
 		if (++calls == 1)
 			return Interposed::RealSend(socket, data, std::min<size_t>(size, 3), flags);
 		errno = EAGAIN;

@@ -21,8 +21,8 @@ std::function<void*(size_t)> Interposed::allocate;
 std::function<void*(void*, size_t)> Interposed::reallocate;
 
 
-// Taken by a thread that nobody waits for when it has come through, and when the calls are cleared: what a test has put in
-// is not in use any more then, and a race detector sees that.
+// Taken by a thread that nobody waits for when it has come through, and when the calls are cleared:
+// what a test has put in is not in use any more then, and a race detector sees that.
 static std::mutex sLeaving;
 
 

@@ -14,8 +14,9 @@
 #include <OS.h>
 
 
-/*!	Calls that this program's linker sends here first. An empty function lets the call through; what a test puts in may do
-	so by calling the Real one. To be changed only while no client's thread runs.
+/*!	Calls that this program's linker sends here first. An empty function lets the call through; what
+	a test puts in may do so by calling the Real one. To be changed only while no client's thread
+	runs.
 */
 struct Interposed {
 	static std::function<thread_id(thread_func, const char*, int32, void*)> spawn;

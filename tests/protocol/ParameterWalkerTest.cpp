@@ -15,7 +15,8 @@
 #include "WireBytes.h"
 
 
-// What a walk finds, in a copy of exactly the size: reading past it is seen under the address sanitizer.
+// What a walk finds, in a copy of exactly the size: reading past it is seen under the address
+// sanitizer.
 static std::vector<std::string>
 walk(const std::string& bytes)
 {

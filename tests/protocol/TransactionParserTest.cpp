@@ -14,7 +14,8 @@
 #include "WireBytes.h"
 
 
-// Feeds a stream in parts of at most so many bytes, the first of them of another size, and notes what comes out of it.
+// Feeds a stream in parts of at most so many bytes, the first of them of another size, and notes
+// what comes out of it.
 static std::vector<std::string>
 parse(TransactionParser& parser, const std::string& bytes, size_t partSize, size_t firstSize = 0)
 {

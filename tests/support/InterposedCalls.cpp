@@ -42,7 +42,8 @@ struct Records {
 
 static Records& sRecords = *new Records;
 
-// The linker's names for a function and for what stands in its place; those of the kits are C++ ones.
+// The linker's names for a function and for what stands in its place; those of the kits are C++
+// ones.
 extern "C"
 {
 	int __real_socket(int family, int type, int protocol);

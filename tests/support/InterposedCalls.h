@@ -13,9 +13,11 @@
 #include <OS.h>
 
 
-/*!	The system calls of the code under test, interposed when a suite is linked (palimbra_interpose() of the build): a test
-	makes one fail, or lets time pass faster. One at a time; when it goes, all calls are as usual again.
-	Without one, names are not looked up either: whatever is no numeric address is unknown, so that no test asks the network.
+/*!	The system calls of the code under test, interposed when a suite is linked (palimbra_interpose()
+	of the build): a test makes one fail, or lets time pass faster. One at a time; when it goes, all
+	calls are as usual again.
+	Without one, names are not looked up either: whatever is no numeric address is unknown, so that
+	no test asks the network.
 */
 class InterposedCalls {
 public:
@@ -43,7 +45,8 @@ public:
 
 	InterposedCalls& operator=(const InterposedCalls&) = delete;
 
-	// The next call of the kind, on whatever thread, fails with this errno; a send sends that many bytes only.
+	// The next call of the kind, on whatever thread, fails with this errno; a send sends that many
+	// bytes only.
 	void FailNextSocket(int error);
 	void FailNextConnect(int error);
 	void CutNextSend(int size);
@@ -54,7 +57,8 @@ public:
 
 	// Divides the time-outs that are set from now on.
 	void ShortenTimeouts(int divisor);
-	// Everybody who looks at the clock of the kits finds it so many seconds later than the last time.
+	// Everybody who looks at the clock of the kits finds it so many seconds later than the last
+	// time.
 	void StepClock(int seconds);
 	std::vector<Timeout> Timeouts() const;
 
@@ -69,7 +73,8 @@ public:
 	void HoldLookups(const std::string& host = "");
 	void ReleaseLookups();
 
-	// Whoever is about to snooze for a tenth of a second or more waits until it is released, and then does not snooze.
+	// Whoever is about to snooze for a tenth of a second or more waits until it is released, and
+	// then does not snooze.
 	void HoldSnoozes();
 	void ReleaseSnoozes();
 };

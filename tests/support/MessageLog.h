@@ -15,9 +15,9 @@
 #include <Looper.h>
 
 
-/*!	A looper that writes down every message which is posted to it, as text: the code and each field with its type and value,
-	in the order of the fields, as in "HLul socket=USHT 5". The test asks for them in their order. Which connection a message
-	belongs to is written down apart.
+/*!	A looper that writes down every message which is posted to it, as text: the code and each field
+	with its type and value, in the order of the fields, as in "HLul socket=USHT 5". The test asks
+	for them in their order. Which connection a message belongs to is written down apart.
 	Create it with new and Run() it; end it with Lock() and Quit().
 */
 class MessageLog : public BLooper {

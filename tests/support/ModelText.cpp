@@ -12,7 +12,9 @@ in_range(const std::string& bytes, size_t at, int low, int high)
 }
 
 
-/*!	\return The length of the well-formed sequence at \a at, by the table in chapter 3 of the Unicode Standard; 0 for none. */
+/*!	\return The length of the well-formed sequence at \a at, by the table in chapter 3 of the
+	Unicode Standard; 0 for none.
+*/
 static size_t
 well_formed(const std::string& bytes, size_t at)
 {
@@ -127,7 +129,9 @@ lines_complaint(const TextStore& store, const ModelText& model)
 }
 
 
-/*!	\param next Where the next character starts; one further for the end of the text, which is a place to look up, too. */
+/*!	\param next Where the next character starts; one further for the end of the text, which is a
+	place to look up, too.
+*/
 static std::string
 character_complaint(const TextStore& store, const ModelText::Mark& mark,
 	const ModelText::Mark& next)
@@ -168,7 +172,9 @@ text_store_complaint(const TextStore& store, const std::string& bytes)
 }
 
 
-/*!	Puts \a added in the place of \a removed bytes, in the store and in its bytes, and looks at what the change has promised too. */
+/*!	Puts \a added in the place of \a removed bytes, in the store and in its bytes, and looks at what
+	the change has promised too.
+*/
 std::string
 text_change_complaint(TextStore& store, std::string& bytes, size_t offset, size_t removed,
 	const std::string& added)

@@ -194,7 +194,8 @@ RandomUser::_PlaceComplaint()
 	const int position = _Reader()->offsetAtPoint(point);
 	if (position < 0 || position > _Reader()->characterCount())
 		return "there is no character at a point of the view";
-	// The end of a wrapped row is where the next one begins. Spaces at its end are wider than the view.
+	// The end of a wrapped row is where the next one begins. Spaces at its end are wider than the
+	// view.
 	for (const int near : {position, position - 1}) {
 		const QRect place = _Reader()->characterRect(std::max(near, 0));
 		if (place.bottom() >= screen.top() && place.top() <= screen.bottom())

@@ -17,7 +17,8 @@ class QAccessibleTextInterface;
 class QWidget;
 
 
-/*!	Does anything to a text of many lines that keyboard, mouse and screen reader can do. What that is follows from the seed alone.
+/*!	Does anything to a text of many lines that keyboard, mouse and screen reader can do. What that
+	is follows from the seed alone.
 	Main thread only.
 */
 class RandomUser {

@@ -10,8 +10,8 @@
 #include <string>
 
 
-/*!	A listener on 127.0.0.1 with one connection at a time, driven by the test itself, byte by byte. Every wait has a
-	deadline of ten seconds; what has not come by then is missing in the result.
+/*!	A listener on 127.0.0.1 with one connection at a time, driven by the test itself, byte by byte.
+	Every wait has a deadline of ten seconds; what has not come by then is missing in the result.
 */
 class RawServer {
 public:

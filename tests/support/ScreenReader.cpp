@@ -62,7 +62,8 @@ hear(QAccessibleEvent* event)
 }
 
 
-// On the offscreen platform there is nobody whom the toolkit would tell anything. Both take its place for the kits.
+// On the offscreen platform there is nobody whom the toolkit would tell anything. Both take its
+// place for the kits.
 bool
 QAccessible::isActive()
 {

@@ -18,8 +18,8 @@ class QAccessibleTextInterface;
 
 enum text_boundary { READ_CHARACTER, READ_WORD, READ_SENTENCE, READ_PARAGRAPH, READ_ROW, READ_ALL };
 
-/*!	What a screen reader does with a text. Its positions are UTF-16 units; for texts in ASCII they are bytes. It hears
-	what its view tells; only the last one that was made does.
+/*!	What a screen reader does with a text. Its positions are UTF-16 units; for texts in ASCII they
+	are bytes. It hears what its view tells; only the last one that was made does.
 */
 class ScreenReader {
 public:
@@ -48,7 +48,8 @@ public:
 
 	bool IsText() const;
 
-	// What was told since this was asked last, as in "inserted 3 text", "removed 3 text", "caret 3" or "selected 3..7".
+	// What was told since this was asked last, as in "inserted 3 text", "removed 3 text", "caret 3"
+	// or "selected 3..7".
 	std::vector<std::string> Heard();
 
 private:

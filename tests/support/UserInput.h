@@ -15,7 +15,8 @@
 class BView;
 
 
-// What a user does with the keyboard and the mouse, and what a screen reader finds. For suites with windows.
+// What a user does with the keyboard and the mouse, and what a screen reader finds. For suites with
+// windows.
 
 enum user_key {
 	KEY_CHARACTER,
@@ -93,10 +94,12 @@ Accessible accessible_of(BView* view);
 Accessible accessible_of_row(BView* list, int row);
 // The attributes at a byte of the text of a view, as in "color:rgb(200,0,0);".
 std::string accessible_attributes(BView* view, int position);
-// Which character of the text of a view is at a point, -1 for a point outside. Nothing but what is seen is laid out for that.
+// Which character of the text of a view is at a point, -1 for a point outside. Nothing but what is
+// seen is laid out for that.
 int accessible_position_at(BView* view, BPoint where);
 
-// Whether the caret of a field that has the keyboard blinks, and how soon it does not any more when nobody is there.
+// Whether the caret of a field that has the keyboard blinks, and how soon it does not any more when
+// nobody is there.
 bool carets_blink();
 void rest_carets_after(int milliseconds);
 

@@ -19,17 +19,22 @@ class BWindow;
 
 // What a user does to a window, and what the window manager is told. For suites with windows.
 
-/*!	Presses a key in the window, in the menu that is open or where its focus is; with B_COMMAND_KEY and the like.
-	\param key A character, or one of B_ENTER, B_ESCAPE, B_TAB, B_SPACE, the arrows, B_HOME, B_END, B_PAGE_UP and B_PAGE_DOWN.
+/*!	Presses a key in the window, in the menu that is open or where its focus is; with B_COMMAND_KEY
+	and the like.
+	\param key A character, or one of B_ENTER, B_ESCAPE, B_TAB, B_SPACE, the arrows, B_HOME, B_END,
+	B_PAGE_UP and B_PAGE_DOWN.
 */
 void press_window_key(BWindow* window, char key, uint32 modifiers = 0);
 
 /*!	Presses the key that opens the menu bar. */
 void press_menu_key(BWindow* window);
-/*!	The label, as the user reads it, of the item that Return would choose in the open menu; empty when none is open. */
+/*!	The label, as the user reads it, of the item that Return would choose in the open menu; empty
+	when none is open.
+*/
 std::string marked_menu_item();
 
-/*!	The labels in the open menu, each followed by a "|", those that cannot be chosen in parentheses. */
+/*!	The labels in the open menu, each followed by a "|", those that cannot be chosen in parentheses.
+*/
 std::string shown_menu_items();
 
 /*!	Moves the inside of the window to a place on the screen. */
@@ -44,7 +49,9 @@ bool is_shown_minimized(BWindow* window);
 bool is_shown(BWindow* window);
 /*!	The widths, in pixels, of the pictures that the window manager is offered for the window. */
 std::vector<int> icon_widths(BWindow* window);
-/*!	What the window manager is asked to put on the title bar, of "close", "minimize" and "zoom", in this order. */
+/*!	What the window manager is asked to put on the title bar, of "close", "minimize" and "zoom", in
+	this order.
+*/
 std::string offered_boxes(BWindow* window);
 /*!	Whether the window keeps the others from being used. */
 bool is_shown_modal(BWindow* window);
@@ -58,7 +65,9 @@ std::string tool_tip_on_screen();
 /*!	Whether no part of it is cut off by an edge of the screen, or by its own. */
 bool is_tool_tip_whole();
 
-/*!	Types a path into the file panel that is open, and presses Return, Escape or another key. False when there is none. */
+/*!	Types a path into the file panel that is open, and presses Return, Escape or another key. False
+	when there is none.
+*/
 bool type_into_file_panel(const char* path);
 bool cancel_file_panel();
 bool is_file_panel_active();

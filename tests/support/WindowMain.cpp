@@ -2,8 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-// The main function of suites with windows: there is an application, and the tests run on its thread. Windows are served
-// while WaitFor() waits.
+// The main function of suites with windows: there is an application, and the tests run on its
+// thread. Windows are served while WaitFor() waits.
 
 #include <cstdlib>
 

@@ -10,7 +10,9 @@
 #include <string>
 
 
-/*!	What a test expects on the wire or sends itself, written field by field. Knows nothing of the client's own code. */
+/*!	What a test expects on the wire or sends itself, written field by field. Knows nothing of the
+	client's own code.
+*/
 std::string wire8(unsigned int value);
 std::string wire16(unsigned int value);
 std::string wire32(uint32_t value);
@@ -19,7 +21,8 @@ std::string wire_zeros(size_t count);
 // One parameter.
 std::string wire_param(unsigned int field, const std::string& value);
 
-// A whole transaction: the first word, the id, the error word and the parameters, which are counted.
+// A whole transaction: the first word, the id, the error word and the parameters, which are
+// counted.
 std::string wire_transaction(uint32_t type, uint32_t id, const std::string& params,
 	uint32_t error = 0);
 

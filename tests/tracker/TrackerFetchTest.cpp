@@ -101,7 +101,8 @@ protected:
 		return run.Result();
 	}
 
-	// The names of the servers that were posted so far, each with a blank behind it, then how it ended.
+	// The names of the servers that were posted so far, each with a blank behind it, then how it
+	// ended.
 	std::string Outcome()
 	{
 		std::string text;

@@ -15,7 +15,8 @@
 #include "WireBytes.h"
 
 
-// The names and descriptions of all records that are whole. The bytes stand in memory of exactly their size.
+// The names and descriptions of all records that are whole. The bytes stand in memory of exactly
+// their size.
 static std::vector<std::string>
 texts_of(const std::string& listing)
 {

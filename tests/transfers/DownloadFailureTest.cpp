@@ -232,7 +232,8 @@ TEST_F(DownloadFailureTest, SignalsWhileWaiting_AreNoErrors)
 	const std::string stream = FileObject("data");
 	for (size_t i = 0; i < stream.size(); i += 8) {
 		const int count = sSignals;
-		// Again and again: ThreadSanitizer keeps one that comes right before a call that blocks until after that call.
+		// Again and again: ThreadSanitizer keeps one that comes right before a call that blocks
+		// until after that call.
 		EXPECT_TRUE(WaitFor([count] {
 			EXPECT_EQ(0, syscall(SYS_tgkill, getpid(), sTransferThread.load(), SIGUSR1));
 			return sSignals > count;

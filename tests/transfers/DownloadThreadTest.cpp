@@ -108,7 +108,8 @@ TEST_F(DownloadThreadTest, InformationFork_OfAnySizeIsSkipped)
 
 TEST_F(DownloadThreadTest, InformationForkOver65535_IsSkippedByItsLow16Bits)
 {
-	// 65,546 bytes are announced and sent. Ten are skipped, the next sixteen taken for the header of the data.
+	// 65,546 bytes are announced and sent. Ten are skipped, the next sixteen taken for the header
+	// of the data.
 	const std::string misread = ForkHeader("LOST", 3) + "abc";
 	const std::string information = wire_zeros(10) + misread
 		+ wire_zeros(65546 - 10 - misread.size());

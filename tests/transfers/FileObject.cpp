@@ -19,8 +19,8 @@ ForkHeader(const std::string& type, uint32_t size)
 std::string
 InformationFork(const std::string& name)
 {
-	// Platform, type, creator, two words of flags, 32 reserved bytes, two dates of 8 bytes, the script of the name, the
-	// name with its length, the length of the comment.
+	// Platform, type, creator, two words of flags, 32 reserved bytes, two dates of 8 bytes, the
+	// script of the name, the name with its length, the length of the comment.
 	return "AMAC????????" + wire32(0) + wire32(0) + wire_zeros(32) + wire_zeros(8) + wire_zeros(8)
 		+ wire16(0) + wire16(uint16_t(name.size())) + name + wire16(0);
 }

@@ -11,7 +11,8 @@
 #include <string>
 
 
-// So many bytes of an endless row from an offset on, without a period: a piece that is lost, doubled or moved shows.
+// So many bytes of an endless row from an offset on, without a period: a piece that is lost,
+// doubled or moved shows.
 std::string PatternBytes(uint64_t offset, size_t count);
 
 

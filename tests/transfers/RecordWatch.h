@@ -9,8 +9,9 @@
 #include <SupportDefs.h>
 
 
-// Whether heap objects have been deleted, seen at the calls of operator delete. Any thread; few objects at a time. Each watch
-// has a number of its own, as another object may soon be where a deleted one was.
+// Whether heap objects have been deleted, seen at the calls of operator delete. Any thread; few
+// objects at a time. Each watch has a number of its own, as another object may soon be where a
+// deleted one was.
 uint64 WatchRecord(const void* record);
 bool IsRecordWatched(uint64 watch);
 

@@ -29,7 +29,8 @@ public:
 	TransferRun& operator=(const TransferRun&) = delete;
 
 	bool HasEnded() const { return fHasEnded; }
-	// Waits for the end of the thread, which must have deleted its record; -1 if there is none within ten seconds.
+	// Waits for the end of the thread, which must have deleted its record; -1 if there is none
+	// within ten seconds.
 	status_t Result();
 
 private:
@@ -43,8 +44,8 @@ private:
 };
 
 
-/*!	A server on the test's thread, a recorder in the controller's place and a folder for files. Each case must leave as many
-	descriptors and threads behind as it found.
+/*!	A server on the test's thread, a recorder in the controller's place and a folder for files. Each
+	case must leave as many descriptors and threads behind as it found.
 */
 class TransferTest : public testing::Test {
 protected:

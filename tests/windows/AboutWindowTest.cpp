@@ -65,7 +65,8 @@ size_of(const BView* view)
 
 class AboutWindowTest : public testing::Test {
 protected:
-	// The rules and the name line of the panel, beginning at this height. What stands below is not looked at.
+	// The rules and the name line of the panel, beginning at this height. What stands below is not
+	// looked at.
 	void _ExpectNameLine(float y)
 	{
 		AboutView* view = fWindow->Find<AboutView>("aboutView");

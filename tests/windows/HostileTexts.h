@@ -10,7 +10,9 @@
 #include <vector>
 
 
-/*!	What a stranger may send as a text of one line: markup, formats, placeholders of the toolkit, broken encodings. */
+/*!	What a stranger may send as a text of one line: markup, formats, placeholders of the toolkit,
+	broken encodings.
+*/
 inline std::vector<std::string>
 hostile_texts()
 {

@@ -35,7 +35,8 @@ large_font()
 }
 
 
-// The number beside the place of a picture, in the plain font, on the baseline that a large font has.
+// The number beside the place of a picture, in the plain font, on the baseline that a large font
+// has.
 static void
 draw_number(BView* view, BRect frame, const char* number, color_which color)
 {

@@ -15,7 +15,8 @@
 
 
 /*!	A looper that stands in for the controller and keeps what is posted to it, in order.
-	Runs a thread of its own; every question may be asked from the test's thread. Ends by Quit(), see RecorderOwner.
+	Runs a thread of its own; every question may be asked from the test's thread. Ends by Quit(),
+	see RecorderOwner.
 */
 class MessageRecorder : public BLooper {
 public:

@@ -19,8 +19,8 @@
 #include "WindowProbe.h"
 
 
-// The suite has a folder "assets" beside it, with the pictures of the program. A case adds files of its own to it, under
-// numbers that no other case uses.
+// The suite has a folder "assets" beside it, with the pictures of the program. A case adds files of
+// its own to it, under numbers that no other case uses.
 class UserIconTest : public testing::Test {
 protected:
 	UserIconTest()

@@ -106,7 +106,9 @@ WindowProbe::Post(uint32 what)
 }
 
 
-/*!	Uses a control as a press on it or Enter in it does, and waits until the window has handled that. */
+/*!	Uses a control as a press on it or Enter in it does, and waits until the window has handled
+	that.
+*/
 void
 WindowProbe::Invoke(const char* control)
 {

@@ -15,7 +15,8 @@
 class BLooper;
 
 
-/*!	A test's hands and eyes on one window: finds its views by name, uses its controls, looks at what they show.
+/*!	A test's hands and eyes on one window: finds its views by name, uses its controls, looks at what
+	they show.
 	Owns the window, as far as it has not quit by itself.
 */
 class WindowProbe {
@@ -30,7 +31,8 @@ public:
 	bool IsAlive() const { return fMessenger.IsValid(); }
 	void WaitForEnd() const;
 
-	// Waits until the window, or whoever else is served by the main thread, has handled all that was posted to it so far.
+	// Waits until the window, or whoever else is served by the main thread, has handled all that
+	// was posted to it so far.
 	void Settle();
 	static void Settle(BLooper* looper);
 
@@ -48,8 +50,9 @@ public:
 	std::string Transcript(const char* textView) const;
 	std::string Label(const char* stringView) const;
 
-	// Checks the layout at the smallest size that the window allows and at a larger one: every view has its place inside
-	// of the window, at least its minimal size, and shares no pixel with another, and the views fill the window.
+	// Checks the layout at the smallest size that the window allows and at a larger one: every view
+	// has its place inside of the window, at least its minimal size, and shares no pixel with
+	// another, and the views fill the window.
 	void ExpectTidyAtTwoSizes();
 
 private:

@@ -16,7 +16,8 @@ class BWindow;
 struct app_info;
 
 
-/*!	The program. Created once, before any window, view or font, on the main thread, whose events it serves in Run().
+/*!	The program. Created once, before any window, view or font, on the main thread, whose events it
+	serves in Run().
 	It may be an object on the stack; unlike other loopers it does not delete itself.
 */
 class BApplication : public BLooper {

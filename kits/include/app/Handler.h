@@ -14,9 +14,10 @@
 class BLooper;
 
 
-/*!	Receives the messages that are addressed to it, once it was added to a looper, on that looper's thread.
-	What it does not know it passes on to the looper. While it belongs to a looper it is touched only by who has
-	that looper locked.
+/*!	Receives the messages that are addressed to it, once it was added to a looper, on that looper's
+	thread.
+	What it does not know it passes on to the looper. While it belongs to a looper it is touched
+	only by who has that looper locked.
 */
 class BHandler {
 public:

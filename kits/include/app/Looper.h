@@ -15,12 +15,15 @@
 #define B_LOOPER_PORT_DEFAULT_CAPACITY 200
 
 
-/*!	Takes messages from any thread and hands them, in order of posting, to its handlers, one at a time.
-	A plain looper has a thread of its own, which Run() starts; windows and the application are served by the main thread.
-	Create a looper with new: it deletes itself when it quits. Lock() and PostMessage() may be called on a looper that is
-	gone, and fail then.
-	Differs from Haiku: PostMessage() waits while the looper holds more than 20,000 messages or 8 MiB, except on the main
-	thread, on the looper's own, on one that holds its lock and on one that wait_for_thread() waits for.
+/*!	Takes messages from any thread and hands them, in order of posting, to its handlers, one at a
+	time.
+	A plain looper has a thread of its own, which Run() starts; windows and the application are
+	served by the main thread.
+	Create a looper with new: it deletes itself when it quits. Lock() and PostMessage() may be
+	called on a looper that is gone, and fail then.
+	Differs from Haiku: PostMessage() waits while the looper holds more than 20,000 messages or 8
+	MiB, except on the main thread, on the looper's own, on one that holds its lock and on one that
+	wait_for_thread() waits for.
 */
 class BLooper : public BHandler {
 public:

@@ -15,9 +15,12 @@ class BString;
 struct entry_ref;
 
 
-/*!	The fields of a message: names with a type and one value or several, behind one another in one block of bytes.
-	The block lies inside of the object until it outgrows that, so that small ones are copied without asking for memory.
-	An object belongs to one thread at a time, for reading too. What it hands out points into it until it is changed.
+/*!	The fields of a message: names with a type and one value or several, behind one another in one
+	block of bytes.
+	The block lies inside of the object until it outgrows that, so that small ones are copied
+	without asking for memory.
+	An object belongs to one thread at a time, for reading too. What it hands out points into it
+	until it is changed.
 */
 class MessageBlock {
 public:
@@ -74,9 +77,10 @@ private:
 
 
 /*!	A code and named, typed fields, each with one value or several.
-	The fields stand behind one another in one block of bytes, which small messages hold inside themselves: copying is one
-	copy of bytes. A message belongs to one thread at a time, for reading too. Texts, data and names that it hands out point
-	into it and live until it is changed. A field is found only under the type with which it was added.
+	The fields stand behind one another in one block of bytes, which small messages hold inside
+	themselves: copying is one copy of bytes. A message belongs to one thread at a time, for reading
+	too. Texts, data and names that it hands out point into it and live until it is changed. A field
+	is found only under the type with which it was added.
 */
 class BMessage {
 public:

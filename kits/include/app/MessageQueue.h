@@ -9,7 +9,9 @@
 #include <Message.h>
 
 
-/*!	Messages in the order in which they were added. It owns them. Whoever holds a queue guards it with a lock. */
+/*!	Messages in the order in which they were added. It owns them. Whoever holds a queue guards it
+	with a lock.
+*/
 class MessageQueue {
 public:
 	MessageQueue();

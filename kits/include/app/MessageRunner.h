@@ -9,9 +9,10 @@
 #include <Messenger.h>
 
 
-/*!	Sends a copy of a message in regular intervals, in microseconds, until it was sent \a count times, its target is
-	gone or the runner is deleted; -1 is without end.
-	Differs from Haiku: while a copy waits in the target's queue no other one is sent, so that a busy target is not flooded.
+/*!	Sends a copy of a message in regular intervals, in microseconds, until it was sent \a count
+	times, its target is gone or the runner is deleted; -1 is without end.
+	Differs from Haiku: while a copy waits in the target's queue no other one is sent, so that a
+	busy target is not flooded.
 */
 class BMessageRunner {
 public:

@@ -13,7 +13,9 @@ class BHandler;
 class BLooper;
 
 
-/*!	Names a looper and one of its handlers, and stays harmless when they are gone. May be copied and used on any thread. */
+/*!	Names a looper and one of its handlers, and stays harmless when they are gone. May be copied and
+	used on any thread.
+*/
 class BMessenger {
 public:
 	BMessenger();

@@ -11,8 +11,10 @@
 #include <View.h>
 
 
-/*!	A view that the user operates, which sends its message then: to its window unless it was given another target.
-	The message leaves with "when" (int64, microseconds), "source" (pointer to the control) and "be:value" (int32).
+/*!	A view that the user operates, which sends its message then: to its window unless it was given
+	another target.
+	The message leaves with "when" (int64, microseconds), "source" (pointer to the control) and
+	"be:value" (int32).
 */
 class BControl : public BView, public BInvoker {
 public:

@@ -27,7 +27,9 @@ enum { B_ITALIC_FACE = 0x0001, B_BOLD_FACE = 0x0020, B_REGULAR_FACE = 0x0040 };
 enum { B_TRUNCATE_END = 0, B_TRUNCATE_BEGINNING = 1, B_TRUNCATE_MIDDLE = 2, B_NO_TRUNCATION = 4 };
 
 
-/*!	In pixels: how far letters reach above the baseline and below it, and what is left free between two lines. */
+/*!	In pixels: how far letters reach above the baseline and below it, and what is left free between
+	two lines.
+*/
 // NOLINTNEXTLINE(readability-identifier-naming): Haiku's name
 struct font_height {
 	float ascent;
@@ -37,7 +39,8 @@ struct font_height {
 
 
 /*!	The system's typeface in a size in pixels, regular or bold. Texts are bytes, shown as UTF-8.
-	There are no fonts before the application is there. An object belongs to one thread; it measures on the main thread.
+	There are no fonts before the application is there. An object belongs to one thread; it measures
+	on the main thread.
 */
 class BFont {
 public:

@@ -19,7 +19,9 @@ extern const pattern B_SOLID_HIGH;
 extern const pattern B_SOLID_LOW;
 
 
-/*!	A color; an alpha of 255 is opaque. It has no constructor: what a list in braces leaves out is 0, alpha too. */
+/*!	A color; an alpha of 255 is opaque. It has no constructor: what a list in braces leaves out is
+	0, alpha too.
+*/
 // NOLINTNEXTLINE(readability-identifier-naming): Haiku's name
 struct rgb_color {
 	uint8 red;

@@ -10,7 +10,9 @@
 #include <Layout.h>
 
 
-/*!	Places its items in a row or in a column. What is left over goes to those that may grow, by their weights. */
+/*!	Places its items in a row or in a column. What is left over goes to those that may grow, by
+	their weights.
+*/
 class BGroupLayout : public BLayout {
 public:
 	BGroupLayout(orientation orientation, float spacing = B_USE_DEFAULT_SPACING);

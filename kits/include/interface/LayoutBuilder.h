@@ -11,8 +11,8 @@
 #include <Window.h>
 
 
-/*!	Writes layouts down in the shape that they will have: AddGroup() opens a group inside of the current one, End() goes
-	back out. A builder owns nothing and does everything at once.
+/*!	Writes layouts down in the shape that they will have: AddGroup() opens a group inside of the
+	current one, End() goes back out. A builder owns nothing and does everything at once.
 */
 namespace BLayoutBuilder {
 

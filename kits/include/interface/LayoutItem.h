@@ -13,7 +13,9 @@ class BLayout;
 class BView;
 
 
-/*!	Something that takes a place in a layout: a view, an empty space or a layout. The layout owns it. */
+/*!	Something that takes a place in a layout: a view, an empty space or a layout. The layout owns
+	it.
+*/
 class BLayoutItem {
 public:
 	BLayoutItem();

@@ -16,7 +16,8 @@ class BListView;
 class BView;
 
 
-/*!	A row of a list view. It is owned by who created it, never by the list, and has to leave the list before it dies.
+/*!	A row of a list view. It is owned by who created it, never by the list, and has to leave the
+	list before it dies.
 	Its height, in pixels of the list's view, becomes known when the list calls Update().
 */
 class BListItem {

@@ -10,7 +10,9 @@
 #include <Size.h>
 
 
-/*!	A rectangle of pixels, its right and bottom edges included: (0, 0, 15, 15) covers 16 x 16, and its width is 15. */
+/*!	A rectangle of pixels, its right and bottom edges included: (0, 0, 15, 15) covers 16 x 16, and
+	its width is 15.
+*/
 class BRect {
 public:
 	float left;

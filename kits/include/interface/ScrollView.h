@@ -9,7 +9,9 @@
 #include <View.h>
 
 
-/*!	Puts a border and scroll bars around a text view or a list view, which becomes its only child and is owned by it. */
+/*!	Puts a border and scroll bars around a text view or a list view, which becomes its only child
+	and is owned by it.
+*/
 class BScrollView : public BView {
 public:
 	BScrollView(const char* name, BView* target, uint32 flags, bool horizontal, bool vertical,

@@ -13,9 +13,10 @@ class BTextView;
 class TextControlPeer;
 
 
-/*!	A label and a field for one line of text. Return in the field sends the control's message, if it has one.
-	The text is bytes: what SetText() was given comes back unchanged until the user edits it. The label's column is as wide
-	as the divider says. Belongs to the thread of its window.
+/*!	A label and a field for one line of text. Return in the field sends the control's message, if it
+	has one.
+	The text is bytes: what SetText() was given comes back unchanged until the user edits it. The
+	label's column is as wide as the divider says. Belongs to the thread of its window.
 */
 class BTextControl : public BControl {
 public:

@@ -13,9 +13,11 @@ class TextPeer;
 struct text_run_array;
 
 
-/*!	Shows text of many lines, styled or plain, to be read, selected and copied. Belongs to the thread of its window.
-	The text is bytes, which are shown as UTF-8 and come back unchanged; all offsets and lengths are in bytes. What changes
-	reaches the screen with the next frame; whoever reads the text has it at once.
+/*!	Shows text of many lines, styled or plain, to be read, selected and copied. Belongs to the
+	thread of its window.
+	The text is bytes, which are shown as UTF-8 and come back unchanged; all offsets and lengths are
+	in bytes. What changes reaches the screen with the next frame; whoever reads the text has it at
+	once.
 */
 class BTextView : public BView {
 public:

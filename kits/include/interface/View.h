@@ -22,7 +22,8 @@ class BToolTip;
 class BWindow;
 class ViewPeer;
 
-// How a view wants to be treated. Those about drawing change nothing here: the toolkit decides what is drawn again.
+// How a view wants to be treated. Those about drawing change nothing here: the toolkit decides what
+// is drawn again.
 const uint32 B_FULL_UPDATE_ON_RESIZE = 0x80000000;
 const uint32 B_WILL_DRAW = 0x20000000;
 const uint32 B_PULSE_NEEDED = 0x10000000;
@@ -32,8 +33,10 @@ const uint32 B_NAVIGABLE = 0x02000000;
 const uint32 B_SUPPORTS_LAYOUT = 0x00100000;
 
 
-/*!	An area of a window that draws and is used. A view owns its children; places are in pixels from its left top corner.
-	Views are created and used on the main thread. What is drawn outside of Draw() is not seen, metrics are always true.
+/*!	An area of a window that draws and is used. A view owns its children; places are in pixels from
+	its left top corner.
+	Views are created and used on the main thread. What is drawn outside of Draw() is not seen,
+	metrics are always true.
 */
 class BView : public BHandler {
 public:

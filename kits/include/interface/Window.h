@@ -35,9 +35,11 @@ enum {
 #define B_CURRENT_WORKSPACE 0
 
 
-/*!	A window on the screen, and the looper of its views. It starts hidden, and takes messages from the first Show() on.
-	Differs from Haiku: all windows are served by the main thread, in turn. Create it with new: it deletes itself when it
-	quits. What is asked of it shows on the screen with the next frame; whoever reads it sees it at once.
+/*!	A window on the screen, and the looper of its views. It starts hidden, and takes messages from
+	the first Show() on.
+	Differs from Haiku: all windows are served by the main thread, in turn. Create it with new: it
+	deletes itself when it quits. What is asked of it shows on the screen with the next frame;
+	whoever reads it sees it at once.
 */
 class BWindow : public BLooper {
 public:

@@ -17,7 +17,9 @@ struct entry_ref;
 struct node_ref;
 
 
-/*!	A folder and a position in the list of its entries, in no particular order and without "." and "..". */
+/*!	A folder and a position in the list of its entries, in no particular order and without "." and
+	"..".
+*/
 class BDirectory : public BNode {
 public:
 	BDirectory();

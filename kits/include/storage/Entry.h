@@ -16,8 +16,9 @@ class BPath;
 
 
 /*!	Names an entry by its directory and its name; the entry need not exist.
-	Differs from Haiku: \c device and \c directory cannot be turned back into a path here, so a reference carries the
-	path of its directory as well. One that is put together by hand from numbers is not found.
+	Differs from Haiku: \c device and \c directory cannot be turned back into a path here, so a
+	reference carries the path of its directory as well. One that is put together by hand from
+	numbers is not found.
 */
 // NOLINTNEXTLINE(readability-identifier-naming): Haiku's name
 struct entry_ref {
@@ -41,7 +42,8 @@ private:
 };
 
 
-/*!	An entry of a directory: a name that a file, a folder or a link may have, whether or not it is there.
+/*!	An entry of a directory: a name that a file, a folder or a link may have, whether or not it is
+	there.
 	Names are raw bytes.
 */
 class BEntry : public BStatable {

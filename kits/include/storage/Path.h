@@ -16,8 +16,9 @@ class BEntry;
 struct entry_ref;
 
 
-/*!	An absolute path. Relative ones, and those with dots or doubled slashes, are normalized when they are set, which
-	needs their directory to exist; what is set otherwise is taken as it stands. Raw bytes.
+/*!	An absolute path. Relative ones, and those with dots or doubled slashes, are normalized when
+	they are set, which needs their directory to exist; what is set otherwise is taken as it stands.
+	Raw bytes.
 */
 class BPath {
 public:

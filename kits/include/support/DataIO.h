@@ -9,7 +9,9 @@
 #include <SupportDefs.h>
 
 
-/*!	Something that bytes are read from and written to. Both return how many bytes were moved, or an error. */
+/*!	Something that bytes are read from and written to. Both return how many bytes were moved, or an
+	error.
+*/
 class BDataIO {
 public:
 	BDataIO() = default;

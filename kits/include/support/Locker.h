@@ -13,7 +13,8 @@
 #include <SupportDefs.h>
 
 
-/*!	A lock that the thread which holds it may take again; it is free when each Lock() has met its Unlock().
+/*!	A lock that the thread which holds it may take again; it is free when each Lock() has met its
+	Unlock().
 	For any threads. It must not be destroyed while a thread holds it or waits for it.
 */
 class BLocker {

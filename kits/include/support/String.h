@@ -12,8 +12,8 @@
 
 
 /*!	A string of bytes, by convention UTF-8, ended by a zero byte.
-	Lengths and offsets count bytes. A NULL text is taken as the empty string. An object belongs to one thread; different
-	objects are independent, copies too.
+	Lengths and offsets count bytes. A NULL text is taken as the empty string. An object belongs to
+	one thread; different objects are independent, copies too.
 */
 class BString {
 public:

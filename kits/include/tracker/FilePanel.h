@@ -21,9 +21,11 @@ class FilePanelPeer;
 enum file_panel_mode { B_OPEN_PANEL, B_SAVE_PANEL };
 
 
-/*!	A window in which the user chooses a file, or types its path. What was chosen goes to the target as the panel's message with
-	the entries added as "refs". No BWindow. Main thread only; closes when it is deleted.
-	Differs from Haiku: only open panels for files, and a name that is not valid UTF-8 cannot be chosen.
+/*!	A window in which the user chooses a file, or types its path. What was chosen goes to the target
+	as the panel's message with the entries added as "refs". No BWindow. Main thread only; closes
+	when it is deleted.
+	Differs from Haiku: only open panels for files, and a name that is not valid UTF-8 cannot be
+	chosen.
 */
 class BFilePanel {
 public:

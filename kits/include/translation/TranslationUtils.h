@@ -21,7 +21,8 @@ class BTranslationUtils {
 public:
 	BTranslationUtils() = delete;
 
-	// The caller owns what it gets; NULL for what cannot be read. The stream is read from where it stands.
+	// The caller owns what it gets; NULL for what cannot be read. The stream is read from where it
+	// stands.
 	static BBitmap* GetBitmap(BPositionIO* stream);
 	static BBitmap* GetBitmap(const char* name) = delete;
 	static BBitmap* GetBitmap(const entry_ref* ref) = delete;

@@ -17,7 +17,8 @@ const QFont& font_to_toolkit(const BFont& font);
 const QFontMetricsF& metrics_of_font(const BFont& font);
 const font_height& height_of_font(const BFont& font);
 
-// Makes the kits' and the toolkit's own default fonts; the application does, before any view. And forgets them.
+// Makes the kits' and the toolkit's own default fonts; the application does, before any view. And
+// forgets them.
 void init_fonts();
 void exit_fonts();
 

@@ -11,7 +11,8 @@
 #include <SupportDefs.h>
 
 
-// The keys that are typed for a menu item's shortcut: the command key is Ctrl, the control key Meta.
+// The keys that are typed for a menu item's shortcut: the command key is Ctrl, the control key
+// Meta.
 QKeySequence keys_of_shortcut(char shortcut, uint32 modifiers);
 
 

@@ -23,13 +23,14 @@ enum text_use {
 };
 
 
-/*!	The characters of bytes that should be UTF-8, one U+FFFD for every byte that is not, prepared so that they are shown
-	as they stand; in tool tips by shown_text(). NULL is the empty text.
+/*!	The characters of bytes that should be UTF-8, one U+FFFD for every byte that is not, prepared so
+	that they are shown as they stand; in tool tips by shown_text(). NULL is the empty text.
 */
 QString text_from_bytes(const char* bytes, text_use use = PLAIN_TEXT);
 
-/*!	What is drawn of a text, with as many UTF-16 units: U+FFFD stands for control characters and those that Unicode keeps free, as
-	the toolkit would look for them in every font there is, and for marks that pile up on a letter, which it takes long to place.
+/*!	What is drawn of a text, with as many UTF-16 units: U+FFFD stands for control characters and
+	those that Unicode keeps free, as the toolkit would look for them in every font there is, and
+	for marks that pile up on a letter, which it takes long to place.
 	Tabs and line ends stay.
 */
 QString shown_text(QString text);

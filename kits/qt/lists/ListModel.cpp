@@ -109,13 +109,14 @@ ListWidget::event(QEvent* event)
 }
 
 
-/*!	Return invokes the selected rows, unless the window has a default button: then it is that one's. */
+/*!	Return invokes the selected rows, unless the window has a default button: then it is that one's.
+*/
 void
 ListWidget::keyPressEvent(QKeyEvent* event)
 {
 	if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
-		// The toolkit makes the first row the current one when the list gets the focus. The arrows would go on from
-		// there, though the user sees no row selected.
+		// The toolkit makes the first row the current one when the list gets the focus. The arrows
+		// would go on from there, though the user sees no row selected.
 		const bool isSpace = event->key() == Qt::Key_Space;
 		if (!isSpace && !selectionModel()->hasSelection())
 			selectionModel()->clearCurrentIndex();

@@ -16,7 +16,9 @@
 class ListViewPeer;
 
 
-/*!	What the toolkit knows of the rows. Texts are only for screen readers and for finding a row by typing. */
+/*!	What the toolkit knows of the rows. Texts are only for screen readers and for finding a row by
+	typing.
+*/
 class ListModel : public QAbstractListModel {
 public:
 	explicit ListModel(ListViewPeer* peer);

@@ -22,8 +22,8 @@ class QHelpEvent;
 class QPainter;
 
 
-/*!	The rows of a list. What is appended or has changed is told to the toolkit with the next frame, what is removed at once:
-	its owner deletes it next. Items are borrowed.
+/*!	The rows of a list. What is appended or has changed is told to the toolkit with the next frame,
+	what is removed at once: its owner deletes it next. Items are borrowed.
 */
 class ListViewPeer : public ViewPeer {
 public:

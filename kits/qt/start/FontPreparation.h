@@ -6,8 +6,9 @@
 #define FONT_PREPARATION_H
 
 
-/*!	Has the system's fonts looked up by a thread of its own, which takes about as long as connecting to the screen and need
-	not wait for it. To be called before the toolkit's application is made, which waits for the thread before it needs a font.
+/*!	Has the system's fonts looked up by a thread of its own, which takes about as long as connecting
+	to the screen and need not wait for it. To be called before the toolkit's application is made,
+	which waits for the thread before it needs a font.
 */
 void prepare_fonts();
 

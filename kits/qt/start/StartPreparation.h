@@ -6,8 +6,9 @@
 #define START_PREPARATION_H
 
 
-/*!	Has done by a thread of its own what the first window needs and what takes its time elsewhere: the toolkit loads whatever
-	reads pictures and connects to the session bus, which screen readers are on. The main thread sees to its fonts meanwhile.
+/*!	Has done by a thread of its own what the first window needs and what takes its time elsewhere:
+	the toolkit loads whatever reads pictures and connects to the session bus, which screen readers
+	are on. The main thread sees to its fonts meanwhile.
 	To be called on the main thread as soon as the toolkit's application is made.
 */
 void prepare_start();

@@ -260,7 +260,9 @@ AccessibleText::_Cut(int offset) const
 }
 
 
-/*!	\return What an offset is in; empty behind the last character. The end of a line belongs to the line. */
+/*!	\return What an offset is in; empty behind the last character. The end of a line belongs to the
+	line.
+*/
 AccessibleText::Part
 AccessibleText::_PartAt(int32 offset, QAccessible::TextBoundaryType boundary) const
 {

@@ -14,8 +14,9 @@
 class TextWidget;
 
 
-/*!	What a screen reader is given for a text view: its text with colors and faces, the caret and the selection, and where each
-	character is. Words, sentences and lines are looked for in the line that an offset is in, however long the text is.
+/*!	What a screen reader is given for a text view: its text with colors and faces, the caret and the
+	selection, and where each character is. Words, sentences and lines are looked for in the line
+	that an offset is in, however long the text is.
 	Offsets are the text's positions. Main thread only.
 */
 class AccessibleText : public QAccessibleWidget, public QAccessibleTextInterface {

@@ -10,8 +10,9 @@
 #include <QObject>
 
 
-/*!	Has carets blink while somebody uses a field and for some seconds afterwards. Then they stand still, and a program at rest takes
-	no processor time. Belongs to the application, and needs it. Main thread only.
+/*!	Has carets blink while somebody uses a field and for some seconds afterwards. Then they stand
+	still, and a program at rest takes no processor time. Belongs to the application, and needs it.
+	Main thread only.
 */
 class CaretBlink : public QObject {
 public:

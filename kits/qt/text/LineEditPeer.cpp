@@ -16,7 +16,8 @@
 #include <Window.h>
 
 
-// In UTF-16 units. What the toolkit allows by itself is less than what fits into a field of the protocol.
+// In UTF-16 units. What the toolkit allows by itself is less than what fits into a field of the
+// protocol.
 static const int kMaxLength = 1024 * 1024;
 
 
@@ -45,7 +46,8 @@ public:
 	}
 
 protected:
-	/*!	Return belongs to the control if that has a message, and the window has no default button. */
+	/*!	Return belongs to the control if that has a message, and the window has no default button.
+	*/
 	void keyPressEvent(QKeyEvent* event) override
 	{
 		if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
@@ -201,7 +203,9 @@ LineEditPeer::FlagsChanged()
 }
 
 
-/*!	The line breaks of what was pasted become blanks, as on Haiku: they look like blanks in the field. */
+/*!	The line breaks of what was pasted become blanks, as on Haiku: they look like blanks in the
+	field.
+*/
 void
 LineEditPeer::_TextEdited(QString text)
 {

@@ -31,7 +31,9 @@ TextCaret::Set(int32 anchor, int32 position)
 }
 
 
-/*!	What is selected is left to the side that the step goes to; up and down where nothing follows leave all as it is. */
+/*!	What is selected is left to the side that the step goes to; up and down where nothing follows
+	leave all as it is.
+*/
 void
 TextCaret::Go(Step step, bool extends, int32 rowsPerPage)
 {

@@ -11,8 +11,8 @@
 #include <TextLayout.h>
 
 
-/*!	Where the user is in a text, and what is selected: the text from the anchor to the caret. Positions are the text's. Main thread
-	only.
+/*!	Where the user is in a text, and what is selected: the text from the anchor to the caret.
+	Positions are the text's. Main thread only.
 */
 class TextCaret {
 public:

@@ -72,7 +72,9 @@ TextLayout::SetWraps(bool wraps)
 }
 
 
-/*!	\param style One that has a format, or the number after them. Lines that have it must not be laid out yet. */
+/*!	\param style One that has a format, or the number after them. Lines that have it must not be
+	laid out yet.
+*/
 void
 TextLayout::SetFormatOf(int32 style, const QTextCharFormat& format)
 {

@@ -19,8 +19,9 @@
 #include <TextStore.h>
 
 
-/*!	Lays out the lines of a text in rows, those that are asked for. Looking for the place to wrap a word of 65,535 letters takes a
-	fifth of a second, so that lines with overlong words wrap anywhere. Sizes are in pixels. Main thread only.
+/*!	Lays out the lines of a text in rows, those that are asked for. Looking for the place to wrap a
+	word of 65,535 letters takes a fifth of a second, so that lines with overlong words wrap
+	anywhere. Sizes are in pixels. Main thread only.
 */
 class TextLayout {
 public:
@@ -46,7 +47,8 @@ public:
 	// How high a row of plain text is.
 	qreal RowHeight() const { return fRowHeight; }
 
-	// Lines from the first one to the last, and from another one to the end of the text, are kept; the others lose their layout.
+	// Lines from the first one to the last, and from another one to the end of the text, are kept;
+	// the others lose their layout.
 	void ForgetOthers(int32 first, int32 last, int32 firstOfEnd);
 
 private:

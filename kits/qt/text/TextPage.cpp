@@ -61,7 +61,9 @@ TextPage::CountRowsPerPage() const
 }
 
 
-/*!	\return How many rows are seen as a whole: so many further the next page begins. At the end of the text a page of plain ones. */
+/*!	\return How many rows are seen as a whole: so many further the next page begins. At the end of
+	the text a page of plain ones.
+*/
 int32
 TextPage::CountRowsSeen()
 {
@@ -80,7 +82,9 @@ TextPage::CountRowsSeen()
 }
 
 
-/*!	\return How many of those above the page would be seen as a whole. At the start of the text a page of plain ones. */
+/*!	\return How many of those above the page would be seen as a whole. At the start of the text a
+	page of plain ones.
+*/
 int32
 TextPage::CountRowsAbove()
 {
@@ -164,7 +168,9 @@ TextPage::SeenLines()
 }
 
 
-/*!	\return A pixel wide. What is not on the page is said to be as far away as if all rows were of plain text. */
+/*!	\return A pixel wide. What is not on the page is said to be as far away as if all rows were of
+	plain text.
+*/
 QRectF
 TextPage::PlaceOf(int32 position)
 {
@@ -180,8 +186,9 @@ TextPage::PlaceOf(int32 position)
 }
 
 
-/*!	\return The boundary between characters that is closest; on the first or the last row of the page for points outside, and
-	the start or the end of the text where it is seen and ends before that.
+/*!	\return The boundary between characters that is closest; on the first or the last row of the
+	page for points outside, and the start or the end of the text where it is seen and ends before
+	that.
 	\param cursor Whether the character that is at the point is wanted instead.
 */
 int32
@@ -218,7 +225,9 @@ TextPage::Tidy()
 }
 
 
-/*!	\return The first row of the page. Its line may have less rows than it had, or than it was thought to have. */
+/*!	\return The first row of the page. Its line may have less rows than it had, or than it was
+	thought to have.
+*/
 TextPage::Row
 TextPage::_Top()
 {
@@ -261,7 +270,9 @@ TextPage::_Moved(Row row, int32 rows)
 }
 
 
-/*!	\return The first of the rows that fit into a height together with \a row, which is the last of them. */
+/*!	\return The first of the rows that fit into a height together with \a row, which is the last of
+	them.
+*/
 TextPage::Row
 TextPage::_RowsBefore(Row row, qreal height)
 {

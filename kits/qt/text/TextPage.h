@@ -13,8 +13,9 @@
 #include <TextLayout.h>
 
 
-/*!	The part of a text that is on the screen: the page, which begins with one of the text's rows. Places are in pixels, from the
-	corner of the view. Which row of all is the first one changes when lines above it are laid out; what is seen does not.
+/*!	The part of a text that is on the screen: the page, which begins with one of the text's rows.
+	Places are in pixels, from the corner of the view. Which row of all is the first one changes
+	when lines above it are laid out; what is seen does not.
 	Main thread only.
 */
 class TextPage {

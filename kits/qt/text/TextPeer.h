@@ -25,8 +25,9 @@ struct TextStyle {
 };
 
 
-/*!	What stands for a BTextView in the toolkit: a text of many lines, or the field of a text control. The latter has no
-	styles, and does not scroll. Offsets and lengths are in bytes and lie within the text. Main thread only.
+/*!	What stands for a BTextView in the toolkit: a text of many lines, or the field of a text
+	control. The latter has no styles, and does not scroll. Offsets and lengths are in bytes and lie
+	within the text. Main thread only.
 */
 class TextPeer : public ViewPeer {
 public:

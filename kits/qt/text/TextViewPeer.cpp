@@ -123,7 +123,9 @@ TextViewPeer::PlaceOf(int32 offset)
 }
 
 
-/*!	Makes the line of a character visible. The end waits for the frame that shows what has been appended. */
+/*!	Makes the line of a character visible. The end waits for the frame that shows what has been
+	appended.
+*/
 void
 TextViewPeer::ScrollToOffset(int32 offset)
 {

@@ -16,7 +16,8 @@
 class TextWidget;
 
 
-/*!	A text of many lines, which is read and not edited. What is appended shows with the next frame. */
+/*!	A text of many lines, which is read and not edited. What is appended shows with the next frame.
+*/
 class TextViewPeer : public TextPeer {
 public:
 	TextViewPeer();

@@ -65,7 +65,9 @@ TextWidget::TextBetween(int32 start, int32 end) const
 }
 
 
-/*!	Puts bytes of one style in the place of others. The selection stays with its text; nothing that comes at its end joins it. */
+/*!	Puts bytes of one style in the place of others. The selection stays with its text; nothing that
+	comes at its end joins it.
+*/
 void
 TextWidget::Replace(int32 offset, int32 removed, const char* bytes, int32 length, int32 style)
 {
@@ -254,7 +256,9 @@ TextWidget::wheelEvent(QWheelEvent* event)
 }
 
 
-/*!	The page has been scrolled, or the text has changed: brings the scroll bar and the screen up to date. */
+/*!	The page has been scrolled, or the text has changed: brings the scroll bar and the screen up to
+	date.
+*/
 void
 TextWidget::_UpdateView()
 {
@@ -275,8 +279,9 @@ TextWidget::_UpdateView()
 }
 
 
-/*!	Before all lines are laid out anew: remembers what is at the top. The row that has it then may begin before it, and the next
-	time that is not what is remembered: a window that is resized in many small steps would scroll up.
+/*!	Before all lines are laid out anew: remembers what is at the top. The row that has it then may
+	begin before it, and the next time that is not what is remembered: a window that is resized in
+	many small steps would scroll up.
 	\return Whether the end is what is kept in view.
 */
 bool
@@ -300,7 +305,9 @@ TextWidget::_RowsChanged(bool follow)
 }
 
 
-/*!	The scroll bar is about to go a step: from where the page is by now, which depends on how the lines above are wrapped. */
+/*!	The scroll bar is about to go a step: from where the page is by now, which depends on how the
+	lines above are wrapped.
+*/
 void
 TextWidget::_Step(int action)
 {

@@ -17,9 +17,11 @@
 #include <TextStore.h>
 
 
-/*!	Shows a text of many lines, to be read, selected and copied. It is a widget of its own because the toolkit's documents take
-	most of the time and of the memory that a line of a transcript costs; laying out, shaping and drawing are the toolkit's.
-	A text that was scrolled to its end stays there when its size changes. Offsets are in bytes, positions are the text's.
+/*!	Shows a text of many lines, to be read, selected and copied. It is a widget of its own because
+	the toolkit's documents take most of the time and of the memory that a line of a transcript
+	costs; laying out, shaping and drawing are the toolkit's.
+	A text that was scrolled to its end stays there when its size changes. Offsets are in bytes,
+	positions are the text's.
 */
 class TextWidget : public QAbstractScrollArea {
 public:
@@ -95,7 +97,8 @@ private:
 	bool fIsUpdating;
 	// How much of the text screen readers have heard of, in positions.
 	int32 fTold;
-	// What stays at the top when lines are laid out anew, and where the row that has it begins; -1 when there is none.
+	// What stays at the top when lines are laid out anew, and where the row that has it begins; -1
+	// when there is none.
 	int32 fKeptPosition;
 	int32 fKeptRow;
 	// What the mouse is doing.

@@ -146,7 +146,9 @@ TextWidget::focusOutEvent(QFocusEvent* event)
 }
 
 
-/*!	Once sets the caret, shift extends the selection, a third click selects the line. Selected text can be dragged elsewhere. */
+/*!	Once sets the caret, shift extends the selection, a third click selects the line. Selected text
+	can be dragged elsewhere.
+*/
 void
 TextWidget::mousePressEvent(QMouseEvent* event)
 {

@@ -13,7 +13,8 @@
 #include <Looper.h>
 
 
-/*!	A looper whose messages and end are given by the test, and which notes the codes that it received.
+/*!	A looper whose messages and end are given by the test, and which notes the codes that it
+	received.
 	The functions run where the looper is served.
 */
 class ScriptedLooper : public BLooper {

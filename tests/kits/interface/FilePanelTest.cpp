@@ -35,7 +35,8 @@ protected:
 		fFolder.AddFile("first.txt", "1");
 		fFolder.AddFile("sm\xc3\xb8rrebr\xc3\xb8\xc3\xb8 & <b>%s", "2");
 		ShowAndWait(fWindow);
-		// It takes the keyboard when it comes onto the screen, from a panel that is there before it.
+		// It takes the keyboard when it comes onto the screen, from a panel that is there before
+		// it.
 		EXPECT_TRUE(WaitFor([this] {
 			return fWindow->IsActive();
 		}));

@@ -88,8 +88,9 @@ TEST(FontTest, Height_IsInWholePixels)
 }
 
 
-/*!	What people on a server write. A machine without fonts, as a container is by default, measures nothing; one that lacks a
-	script draws the same box for every character of it, so that a narrow and a wide one are of one width.
+/*!	What people on a server write. A machine without fonts, as a container is by default, measures
+	nothing; one that lacks a script draws the same box for every character of it, so that a narrow
+	and a wide one are of one width.
 */
 TEST(FontTest, ScriptsOfTheWorld_HaveAWidth)
 {

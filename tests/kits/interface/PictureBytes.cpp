@@ -129,7 +129,9 @@ deflate_zeros(uint64 count)
 }
 
 
-/*!	That many times color 0, as GIF packs it: the code 256 + n, where it is known, stands for n of them. */
+/*!	That many times color 0, as GIF packs it: the code 256 + n, where it is known, stands for n of
+	them.
+*/
 std::string
 compress_run(uint64 count)
 {

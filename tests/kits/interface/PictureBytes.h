@@ -13,7 +13,8 @@
 
 // Picture files, built byte by byte.
 
-/*!	A BMP file of 24 bits per pixel: what its header announces, and as many bytes of pixels as asked for: 10, 11 and so on.
+/*!	A BMP file of 24 bits per pixel: what its header announces, and as many bytes of pixels as asked
+	for: 10, 11 and so on.
 	\param height Below zero when the rows stand from the top to the bottom.
 */
 std::string make_bmp(int32 width, int32 height, size_t pixelBytes);

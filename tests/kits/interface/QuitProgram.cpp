@@ -2,8 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-// A program that quits in the way that its argument names, and prints what happened on the way. It ends with status 0 when
-// BApplication::Run() returns. ApplicationTest starts it.
+// A program that quits in the way that its argument names, and prints what happened on the way. It
+// ends with status 0 when BApplication::Run() returns. ApplicationTest starts it.
 
 #include <atomic>
 #include <cstdio>

@@ -15,7 +15,9 @@
 #include <Window.h>
 
 
-/*!	A window whose messages and end are given by the test, and which notes the codes that it received. */
+/*!	A window whose messages and end are given by the test, and which notes the codes that it
+	received.
+*/
 class ScriptedWindow : public BWindow {
 public:
 	explicit ScriptedWindow(uint32 flags = B_AUTO_UPDATE_SIZE_LIMITS);

@@ -30,7 +30,8 @@ protected:
 	TextStore fStore;
 };
 
-// All kinds of ends, some next to each other, a character of each length, and bytes that belong to none.
+// All kinds of ends, some next to each other, a character of each length, and bytes that belong to
+// none.
 const std::string kHardText
 	= "a\r\n\xe2\x80\xa9\xf0\x9f\x98\x80\xff\r\r\n\n\xc3\xa9\xef\xb7\x90\xe2\x80";
 
@@ -122,7 +123,8 @@ TEST_F(TextStoreTest, EndsInARow_AreALineEach)
 
 TEST_F(TextStoreTest, OtherSeparators_StayInTheirLine)
 {
-	// Vertical tab, form feed, next line, line separator, and what a toolkit's document keeps for itself.
+	// Vertical tab, form feed, next line, line separator, and what a toolkit's document keeps for
+	// itself.
 	for (const char* other : {"\x0b", "\x0c", "\x1c", "\xc2\x85", "\xe2\x80\xa8", "\xef\xb7\x90",
 			 "\xef\xb7\x91", "\xef\xbf\xbc"}) {
 		const int32 positions = fStore.CountPositions();

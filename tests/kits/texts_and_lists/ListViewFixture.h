@@ -37,7 +37,9 @@ private:
 };
 
 
-/*!	A list in a window on the screen, with a message for what is invoked and one for what is selected. */
+/*!	A list in a window on the screen, with a message for what is invoked and one for what is
+	selected.
+*/
 class ListViewFixture : public testing::Test {
 protected:
 	void SetUp() override;

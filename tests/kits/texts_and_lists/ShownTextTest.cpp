@@ -111,7 +111,8 @@ TEST_F(ShownTextTest, ManyMarksOnALetter_AreReplaced)
 	EXPECT_EQ(WidthOf("e" + Accents(30)), letter);
 	EXPECT_EQ(WidthOf("e" + Accents(32)), letter + 2 * replacement);
 	EXPECT_EQ(WidthOf("e" + Accents(30) + "e" + Accents(30)), 2 * letter);
-	// What joins letters does not make room for more marks; a mark of two UTF-16 units counts like any.
+	// What joins letters does not make room for more marks; a mark of two UTF-16 units counts like
+	// any.
 	EXPECT_EQ(WidthOf("e" + Repeated("\u0301\u200c", 32)), letter + 2 * replacement);
 	EXPECT_EQ(WidthOf("e" + Accents(30) + "\U000e0100"), letter + 2 * replacement);
 }

@@ -21,7 +21,8 @@ namespace {
 
 class TextSelectionTest : public Transcript {
 protected:
-	/*!	\return Where a key leads from one place to the next, with the key pressed \a count times. */
+	/*!	\return Where a key leads from one place to the next, with the key pressed \a count times.
+	*/
 	std::string Walk(int32 from, char key, int count, uint32 modifiers = 0)
 	{
 		SelectAt(from);

@@ -118,7 +118,8 @@ TEST_F(TextViewChangesTest, CharacterCompleted_IsNotSelectedByHalf)
 
 TEST_F(TextViewChangesTest, LineOfManyColors_IsShownWithTheFrame)
 {
-	// Nothing ends the line. A server may send such a chat, whose frames are not to take longer with every message.
+	// Nothing ends the line. A server may send such a chat, whose frames are not to take longer
+	// with every message.
 	const rgb_color green = {0, 128, 0, 255};
 	std::string all;
 	for (int i = 0; i < 2000; i++) {

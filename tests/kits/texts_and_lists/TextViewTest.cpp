@@ -278,7 +278,8 @@ TEST_F(TextViewTest, TwentyWordsOfTheLargestSize_LeaveOthersServed)
 
 TEST_F(TextViewTest, LongWord_WrapsAtTheEdge)
 {
-	// A word that is not overlong goes to the next line as a whole; an overlong one begins beside its neighbor.
+	// A word that is not overlong goes to the next line as a whole; an overlong one begins beside
+	// its neighbor.
 	fText->SetText(("before " + std::string(900, 'x')).c_str());
 	EXPECT_GT(fText->PointAt(7).y, fText->PointAt(0).y);
 	fText->SetText(("before " + std::string(1500, 'x')).c_str());

@@ -15,7 +15,8 @@
 #include "WindowWithView.h"
 
 
-/*!	For tests of a text as a chat has it: only to be read, beside a scroll bar, with the keyboard. */
+/*!	For tests of a text as a chat has it: only to be read, beside a scroll bar, with the keyboard.
+*/
 class Transcript : public testing::Test {
 protected:
 	void SetUp() override;

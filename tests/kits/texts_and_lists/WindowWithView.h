@@ -15,7 +15,9 @@
 class BGroupLayout;
 
 
-/*!	A window on the screen with views below one another, which keeps the messages that it gets. Quit() it in the end. */
+/*!	A window on the screen with views below one another, which keeps the messages that it gets.
+	Quit() it in the end.
+*/
 class WindowWithView : public BWindow {
 public:
 	WindowWithView(float width, float height);

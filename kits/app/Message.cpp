@@ -42,8 +42,10 @@ BMessage::~BMessage() = default;
 BMessage&
 BMessage::operator=(const BMessage& other)
 {
-	what = other.what;
-	fFields = other.fFields;
+	if (this != &other) {
+		what = other.what;
+		fFields = other.fFields;
+	}
 	return *this;
 }
 

@@ -6,12 +6,13 @@
 
 #include <algorithm>
 
+#include <Message.h>
+
 #include "HotlineProtocol.h"
 
 
 // In bytes.
 static const uint32 kNickOffset = 8;
-static const uint32 kMaxNickLength = 63;
 static const uint32 kMaxFileNameLength = 255;
 
 
@@ -57,4 +58,14 @@ ReadFileEntry(const HotlineParam& param, FileEntry* _entry)
 	_entry->size = HotlineReadUInt32(param.data + 8);
 	_entry->name.SetTo(text + kFileEntryHeaderSize, static_cast<int32>(nameLength));
 	return true;
+}
+
+
+void
+AddUser(const UserEntry& user, BMessage* message)
+{
+	message->AddUInt16("socket", user.socket);
+	message->AddUInt16("icon", user.icon);
+	message->AddUInt16("color", user.color);
+	message->AddString("nick", user.nick);
 }

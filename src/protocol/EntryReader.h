@@ -10,6 +10,7 @@
 #include <SupportDefs.h>
 
 
+class BMessage;
 struct HotlineParam;
 
 
@@ -36,6 +37,9 @@ struct FileEntry {
 
 bool ReadUserEntry(const HotlineParam& param, UserEntry* _entry);
 bool ReadFileEntry(const HotlineParam& param, FileEntry* _entry);
+
+// Adds the fields in which notifications tell of a user.
+void AddUser(const UserEntry& user, BMessage* message);
 
 
 #endif // ENTRY_READER_H

@@ -37,6 +37,8 @@ const uint16 kClientVersion = 151;
 const uint32 kMaxTransactionSize = 16 * 1024 * 1024;
 // The most bytes of a parameter's value.
 const uint32 kMaxParamSize = 65535;
+// As much of a nick counts, in what is received and in an accepted agreement, in bytes.
+const uint16 kMaxNickLength = 63;
 
 
 enum HotlineClientCmd {

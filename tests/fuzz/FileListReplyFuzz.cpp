@@ -3,36 +3,20 @@
  * Distributed under the terms of the MIT License.
  */
 #include <algorithm>
-#include <condition_variable>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <mutex>
 #include <string>
 #include <vector>
 
-#include <Looper.h>
 #include <Message.h>
 
-#include "AlarmBlock.h"
-#include "HotlineClient.h"
-#include "RawServer.h"
+#include "Require.h"
+#include "ServerReplies.h"
 
 
 static const size_t kParameterHeaderSize = 4;
 static const uint16_t kFileField = 200;
 static const size_t kEntryHeaderSize = 20;
 static const uint32_t kMaxNameSize = 255;
-
-
-static void
-require(bool condition, const char* what)
-{
-	if (!condition) {
-		fprintf(stderr, "broken: %s\n", what);
-		abort();
-	}
-}
 
 
 static uint16_t
@@ -46,16 +30,6 @@ static uint32_t
 read_32(const uint8_t* bytes)
 {
 	return static_cast<uint32_t>(read_16(bytes)) << 16 | read_16(bytes + 2);
-}
-
-
-static std::string
-wire_32(size_t value)
-{
-	std::string bytes;
-	for (int shift = 24; shift >= 0; shift -= 8)
-		bytes += static_cast<char>(value >> shift);
-	return bytes;
 }
 
 
@@ -135,95 +109,12 @@ entries_of(const BMessage& listing)
 }
 
 
-// #pragma mark -
-
-
-/*!	Stands in for the main window: keeps the last listing. */
-class Keeper : public BLooper {
-public:
-	Keeper()
-		: BLooper("keeper"),
-		  fHasListing(false)
-	{
-	}
-
-	void MessageReceived(BMessage* message) override
-	{
-		const std::lock_guard<std::mutex> lock(fMutex);
-		require(message->what == kHLConnected || message->what == kHLFileListReceived,
-			"nothing but listings");
-		if (message->what != kHLFileListReceived)
-			return;
-		fListing = *message;
-		fHasListing = true;
-		fChanged.notify_all();
-	}
-
-	BMessage WaitForListing()
-	{
-		std::unique_lock<std::mutex> lock(fMutex);
-		while (!fHasListing)
-			fChanged.wait(lock);
-		fHasListing = false;
-		return fListing;
-	}
-
-private:
-	std::mutex fMutex;
-	std::condition_variable fChanged;
-	BMessage fListing;
-	bool fHasListing;
-};
-
-
-/*!	A connection that serves for all inputs: whatever a list holds, the next one can be asked for.
-*/
-class Connection {
-public:
-	Connection()
-		: fKeeper(new Keeper),
-		  fClient(fKeeper)
-	{
-		{
-			const AlarmBlock block;
-			fKeeper->Run();
-			fClient.Connect("127.0.0.1", fServer.Port(), "", "", "Ann", 137);
-		}
-		require(fServer.Accept(), "the client calls");
-		fServer.Read(12);
-		fServer.Send(std::string("TRTP\0\0\0\0", 8));
-		fServer.ReadTransaction();
-	}
-
-	BMessage List(const std::string& parameters)
-	{
-		fClient.RequestFileList("a/b");
-		const std::string id = fServer.ReadTransaction().substr(4, 4);
-		const std::string size = wire_32(parameters.size() + 2);
-		fServer.Send(
-			std::string("\0\1\0\0", 4) + id + wire_32(0) + size + size + "\xff\xff" + parameters);
-		return fKeeper->WaitForListing();
-	}
-
-private:
-	RawServer fServer;
-	Keeper* fKeeper;
-	HotlineClient fClient;
-};
-
-
-/*!	The input is the parameters of a reply to the request for a file list. A reply without any is
-	not seen.
-*/
+/*!	The input is the parameters of a reply to the request for a file list. */
 extern "C" int
 LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-	static Connection* const connection = new Connection;
-
-	if (size == 0)
-		return 0;
-	const BMessage listing = connection->List(
-		std::string(reinterpret_cast<const char*>(data), size));
+	BMessage listing;
+	ReadFileList(ParameterWalker(data, size), "a/b", &listing);
 	require(listing.GetString("path", "?") == std::string("a/b"), "the path that was asked for");
 	require(entries_of(listing) == expected_entries(data, size), "the entries that are whole");
 	return 0;

@@ -17,9 +17,10 @@
 class BLooper;
 class BString;
 class ConnectionAttempt;
+class Socket;
 
 
-ssize_t recv_full(int socket, void* buffer, size_t length);
+ssize_t recv_full(const Socket& socket, void* buffer, size_t length);
 
 
 /*!	Fetches the listing of one tracker, on the thread of whoever calls Run(), and posts it record by
@@ -49,8 +50,8 @@ private:
 	};
 
 	BString _Fetch(Listing* _listing);
-	const char* _ReadListing(int socket, Listing* _listing);
-	void _ReadRecords(int socket, Listing* _listing, size_t size);
+	const char* _ReadListing(const Socket& socket, Listing* _listing);
+	void _ReadRecords(const Socket& socket, Listing* _listing, size_t size);
 	void _PostServers(const Listing& listing);
 
 	const std::unique_ptr<ConnectionAttempt> fAttempt;

@@ -26,16 +26,21 @@ static const char* const kText = " Bosun:  the tide turns at half past six";
 static std::vector<uint8>
 make_transaction(uint32 type, int count)
 {
-	std::vector<uint8> bytes(kHeaderSize + size_t(count) * (kParamHeaderSize + strlen(kText)));
-	TransactionBuilder builder(bytes.data(), bytes.size());
-	for (int i = 0; i < count; i++)
-		builder.BuildParam(kFieldData, kText, uint16(strlen(kText)));
+	const uint16 length = uint16(strlen(kText));
+	const size_t paramSize = kParamHeaderSize + length;
+	std::vector<uint8> bytes(kHeaderSize + size_t(count) * paramSize);
+	for (int i = 0; i < count; i++) {
+		uint8* param = bytes.data() + kHeaderSize + size_t(i) * paramSize;
+		HotlineWriteUInt16(param, kFieldData);
+		HotlineWriteUInt16(param + 2, length);
+		memcpy(param + kParamHeaderSize, kText, length);
+	}
 
 	HotlineHeader header = {};
 	header.type = type;
-	header.totalSize = builder.DataLength();
-	header.dataSize = builder.DataLength();
-	header.paramCount = builder.CountParams();
+	header.totalSize = uint32(sizeof(uint16) + bytes.size() - kHeaderSize);
+	header.dataSize = header.totalSize;
+	header.paramCount = uint16(count);
 	HotlineWriteHeader(bytes.data(), header);
 	return bytes;
 }
@@ -90,10 +95,9 @@ BENCHMARK(Protocol_ParseTransaction);
 static void
 Protocol_BuildTransaction(benchmark::State& state)
 {
-	uint8 buffer[256];
 	const uint16 length = uint16(strlen(kText));
 	for (auto _ : state) {
-		TransactionBuilder builder(buffer, sizeof(buffer));
+		TransactionBuilder builder;
 		builder.BuildParamInt16(kFieldSocket, 7);
 		builder.BuildParam(kFieldData, kText, length);
 		HotlineHeader header = {};
@@ -101,8 +105,8 @@ Protocol_BuildTransaction(benchmark::State& state)
 		header.totalSize = builder.DataLength();
 		header.dataSize = builder.DataLength();
 		header.paramCount = builder.CountParams();
-		HotlineWriteHeader(buffer, header);
-		benchmark::DoNotOptimize(buffer);
+		HotlineWriteHeader(builder.Header(), header);
+		benchmark::DoNotOptimize(builder.Header());
 	}
 }
 BENCHMARK(Protocol_BuildTransaction);

@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <cstring>
 #include <sys/socket.h>
-#include <sys/time.h>
 
 #include <Autolock.h>
 #include <OS.h>
@@ -18,12 +17,11 @@ static const int32 kStopAttempts = 50;
 static const bigtime_t kStopInterval = 5000;
 
 
-/*!	\param port In host order.
-	\param timeout In seconds, for each later call on the socket and for connecting.
-*/
-ConnectionAttempt::ConnectionAttempt(const char* host, uint16 port, int timeout)
+/*!	\param port In host order. */
+ConnectionAttempt::ConnectionAttempt(const char* host, uint32 port,
+	const ConnectionOptions& options)
 	: fLookup(host, port),
-	  fTimeout(timeout),
+	  fOptions(options),
 	  fError(""),
 	  fLock("connection attempt"),
 	  fIsConnecting(false),
@@ -52,12 +50,12 @@ ConnectionAttempt::Run()
 }
 
 
-/*!	Lets go of the socket; whoever has copied Socket() keeps it open. For the thread of Run(). */
+/*!	Lets go of the socket; whoever has copied OpenSocket() keeps it open. For the thread of Run(). */
 void
 ConnectionAttempt::Close()
 {
 	BAutolock locker(fLock);
-	fSocket = SocketReference();
+	fSocket = Socket();
 }
 
 
@@ -103,10 +101,7 @@ ConnectionAttempt::_Connect(const addrinfo& address)
 	if (!_BeginConnecting(number))
 		return kCanceled;
 
-	struct timeval timeout = {};
-	timeout.tv_sec = fTimeout;
-	setsockopt(number, SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof(timeout));
-	setsockopt(number, SOL_SOCKET, SO_SNDTIMEO, &timeout, sizeof(timeout));
+	fSocket.SetTimeouts(fOptions.receiveTimeout, fOptions.sendTimeout);
 	const int result = connect(number, address.ai_addr, address.ai_addrlen);
 	// Where the time-out ends a connect, some systems say that it is still in progress.
 	const int error = errno == EINPROGRESS ? ETIMEDOUT : errno;
@@ -125,7 +120,7 @@ bool
 ConnectionAttempt::_BeginConnecting(int number)
 {
 	BAutolock locker(fLock);
-	fSocket = SocketReference(number);
+	fSocket = Socket(number, fOptions.signalPolicy);
 	fIsConnecting = !fIsCanceled;
 	return fIsConnecting;
 }
@@ -138,6 +133,6 @@ ConnectionAttempt::_EndConnecting(bool isConnected)
 	BAutolock locker(fLock);
 	fIsConnecting = false;
 	if (!isConnected)
-		fSocket = SocketReference();
+		fSocket = Socket();
 	return !fIsCanceled;
 }

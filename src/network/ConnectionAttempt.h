@@ -10,7 +10,17 @@
 #include <String.h>
 
 #include "NameLookup.h"
-#include "SocketReference.h"
+#include "Socket.h"
+
+
+/*!	What a connection is like once it stands: the time-outs of its calls, also of connecting, in
+	seconds, 0 for none.
+*/
+struct ConnectionOptions {
+	int receiveTimeout;
+	int sendTimeout;
+	Socket::SignalPolicy signalPolicy;
+};
 
 
 /*!	Resolves a host for IPv4 and connects to the first of its addresses.
@@ -22,7 +32,7 @@ class ConnectionAttempt {
 public:
 	enum Outcome { kConnected, kNotResolved, kNoSocket, kNotConnected, kCanceled };
 
-	ConnectionAttempt(const char* host, uint16 port, int timeout);
+	ConnectionAttempt(const char* host, uint32 port, const ConnectionOptions& options);
 	ConnectionAttempt(const ConnectionAttempt&) = delete;
 	~ConnectionAttempt();
 
@@ -33,7 +43,7 @@ public:
 	void Cancel();
 
 	// After Run(), for its thread: the open socket, and what the system says of a failure.
-	const SocketReference& Socket() const { return fSocket; }
+	const Socket& OpenSocket() const { return fSocket; }
 	const char* Error() const { return fError.String(); }
 
 private:
@@ -43,13 +53,13 @@ private:
 	bool _EndConnecting(bool isConnected);
 
 	NameLookup fLookup;
-	const int fTimeout;
+	const ConnectionOptions fOptions;
 	BString fError;
 
 	// Guards the following.
 	mutable BLocker fLock;
 	// Changed by the thread of Run() alone.
-	SocketReference fSocket;
+	Socket fSocket;
 	bool fIsConnecting;
 	bool fIsCanceled;
 };

@@ -15,17 +15,15 @@
 #include <String.h>
 
 #include "HotlineNotifications.h"
-#include "SocketReference.h"
-#include "TaskList.h"
-#include "TransactionParser.h"
+#include "RequestChannel.h"
+#include "ServerReplies.h"
+#include "Socket.h"
+#include "TransactionReceiver.h"
 
 
 class BLooper;
 class BMessage;
 class ConnectionAttempt;
-class SendQueue;
-class TransactionBuilder;
-class TransactionPieces;
 
 
 /*!	The connection to a Hotline server: connects, logs in, reads what the server sends and sends the
@@ -56,7 +54,7 @@ public:
 	bool IsConnected() const { return fConnected; }
 	// Of the server of the login reply. A text lives until the next call of the same getter.
 	const char* ServerName() const;
-	uint16 ServerVersion() const { return fServerVersion; }
+	uint16 ServerVersion() const;
 	const char* Address() const;
 	uint16 Port() const { return fPort; }
 
@@ -84,26 +82,20 @@ private:
 	// Connecting
 	static status_t _ConnectThreadEntry(void* data);
 	status_t _ConnectThread();
-	const char* _OpenConnection(SocketReference* _socket);
-	const char* _Handshake(const SocketReference& socket) const;
-	bool _AdoptSocket(const SocketReference& socket);
-	bool _BeginSession(const SocketReference& socket);
+	const char* _OpenConnection(Socket* _socket);
+	const char* _Handshake(const Socket& socket) const;
+	bool _AdoptSocket(const Socket& socket);
+	bool _BeginSession(const Socket& socket);
 	bool _StartReceiving();
-	void _DropSocket(const SocketReference& socket);
+	void _DropSocket(const Socket& socket);
 	bool _MayProceed() const;
 	void _SendLogin(const Login& login);
 
-	// Moving bytes
-	SocketReference _Socket() const;
-	std::shared_ptr<SendQueue> _SendQueue() const;
-	uint32 _SendRequest(uint32 type, TransactionBuilder& builder, const TransactionPieces& pieces,
-		uint32 task = 0, const char* path = NULL, const char* extra = NULL);
-	uint32 _BuildHeader(uint8* buf, uint32 type, uint32 totalDataLen, uint16 paramCount);
+	Socket _CurrentSocket() const;
 
 	// Receiving
 	static status_t _ReceiveThreadEntry(void* data);
 	status_t _ReceiveLoop();
-	bool _ReceiveSome(const SocketReference& socket);
 	void _ProcessPayload();
 
 	// Replies
@@ -116,8 +108,7 @@ private:
 	void _HandleDownload(const TaskInfo* task);
 	void _HandleUpload(const TaskInfo* task);
 	void _HandleBannerDownload(const TaskInfo* task);
-	void _ReadTransfer(uint32* _ref, uint32* _size) const;
-	void _AddServer(BMessage* message) const;
+	ParameterWalker _Params() const { return fReceiver.Transaction().Params(); }
 
 	// The server's own transactions
 	void _HandleChat();
@@ -131,20 +122,17 @@ private:
 
 	void _Notify(uint32 what);
 	void _Notify(BMessage* msg);
+	void _NotifyTransfer(BMessage* message);
 
 	BLooper* const fTarget;
 	const uint32 fConnection;
 
-	// Held while a transaction gets its id, is recorded and handed over, so that ids go out in
-	// their order and no two transactions mix. Never held while waiting. Taken before fStateLock
-	// where both are.
-	BLocker fSendLock;
+	// Its lock is taken before fStateLock where both are.
+	RequestChannel fRequests;
 
 	// Guards the following and the start of threads. Never held while sending or waiting.
 	mutable BLocker fStateLock;
-	SocketReference fSocket;
-	// Only there from the accepted handshake on, and changed for another under fSendLock as well.
-	std::shared_ptr<SendQueue> fSendQueue;
+	Socket fSocket;
 	// The connect thread's, until the connection stands.
 	std::shared_ptr<ConnectionAttempt> fAttempt;
 	// Connect threads that a later Connect() has replaced.
@@ -155,7 +143,7 @@ private:
 	BString fConnPassword;
 	BString fConnNick;
 	uint16 fConnIcon;
-	BString fServerName;
+	ServerInfo fServerInfo;
 	BString fAddress;
 
 	// For any thread.
@@ -165,14 +153,11 @@ private:
 	std::atomic<bool> fRunning;
 	// Raised by the destructor: from then on nothing is posted, sent or started.
 	std::atomic<bool> fClosing;
-	std::atomic<uint32> fTransID;
-	std::atomic<uint16> fServerVersion;
 	std::atomic<uint16> fPort;
-	TaskList fTasks;
 
 	// The receive thread's, and before that runs the connect thread's.
 	uint32 fLoginTrans;
-	TransactionParser fParser;
+	TransactionReceiver fReceiver;
 
 	// What the getters handed out last.
 	mutable BString fShownServerName;

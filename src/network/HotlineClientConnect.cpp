@@ -9,17 +9,15 @@
 #include <netinet/tcp.h>
 #include <sys/select.h>
 #include <sys/socket.h>
+#include <utility>
 
 #include <Autolock.h>
 #include <Message.h>
 
 #include "ConnectionAttempt.h"
 #include "HotlineProtocol.h"
-#include "SendQueue.h"
 #include "TransactionBuilder.h"
 
-
-static const size_t kLoginBufferSize = 1024;
 
 // What failed in an attempt that was given up: nothing that anybody is told.
 static const char* const kGivenUp = "";
@@ -38,7 +36,7 @@ add_login_text(TransactionBuilder& builder, uint16 field, const BString& text, s
 	if (length == 0)
 		return 0;
 
-	uint8 value[kLoginBufferSize];
+	uint8 value[TransactionBuilder::kCapacity];
 	memcpy(value, text.String(), length);
 	if (encoded)
 		HotlineEncodeCredential(value, static_cast<uint32>(length));
@@ -61,7 +59,7 @@ status_t
 HotlineClient::_ConnectThread()
 {
 	const thread_id self = find_thread(NULL);
-	SocketReference socket;
+	Socket socket;
 	const char* error = _OpenConnection(&socket);
 	if (error == NULL)
 		error = _Handshake(socket);
@@ -71,7 +69,7 @@ HotlineClient::_ConnectThread()
 			_DropSocket(socket);
 	} else {
 		_DropSocket(socket);
-		socket = SocketReference();
+		socket = Socket();
 		if (error != kGivenUp && _MayProceed()) {
 			BMessage failed(kHLConnectFailed);
 			failed.AddString("error", error);
@@ -90,7 +88,7 @@ HotlineClient::_ConnectThread()
 	\return What failed, or NULL.
 */
 const char*
-HotlineClient::_OpenConnection(SocketReference* _socket)
+HotlineClient::_OpenConnection(Socket* _socket)
 {
 	std::shared_ptr<ConnectionAttempt> attempt;
 	{
@@ -113,7 +111,7 @@ HotlineClient::_OpenConnection(SocketReference* _socket)
 			break;
 	}
 
-	*_socket = attempt->Socket();
+	*_socket = attempt->OpenSocket();
 	const int number = _socket->Number();
 	// The receive loop could not wait for it.
 	if (number >= FD_SETSIZE) {
@@ -131,18 +129,18 @@ HotlineClient::_OpenConnection(SocketReference* _socket)
 	up.
 */
 const char*
-HotlineClient::_Handshake(const SocketReference& socket) const
+HotlineClient::_Handshake(const Socket& socket) const
 {
 	if (!_MayProceed())
 		return kGivenUp;
-	if (socket.SendFully(kClientMagic, kClientMagicLen) < 0)
-		return _Socket().IsSameAs(socket) ? "Failed to send handshake" : kGivenUp;
+	if (!socket.SendAll(kClientMagic, kClientMagicLen))
+		return _CurrentSocket().IsSameAs(socket) ? "Failed to send handshake" : kGivenUp;
 
 	uint8 reply[kServerMagicLen];
 	if (!_MayProceed())
 		return kGivenUp;
-	if (socket.ReceiveFully(reply, sizeof(reply)) < 0)
-		return _Socket().IsSameAs(socket) ? "Server did not respond to handshake" : kGivenUp;
+	if (socket.ReceiveAll(reply, sizeof(reply)) != static_cast<ssize_t>(sizeof(reply)))
+		return _CurrentSocket().IsSameAs(socket) ? "Server did not respond to handshake" : kGivenUp;
 
 	// The other four bytes are an error code, which no server that goes on means.
 	if (memcmp(reply, kServerMagic, 4) != 0)
@@ -155,9 +153,10 @@ HotlineClient::_Handshake(const SocketReference& socket) const
 	receive thread has ended when this returns.
 */
 bool
-HotlineClient::_AdoptSocket(const SocketReference& socket)
+HotlineClient::_AdoptSocket(const Socket& socket)
 {
 	thread_id receiver;
+	Socket former = socket;
 	{
 		BAutolock locker(fStateLock);
 		if (!_MayProceed())
@@ -165,11 +164,11 @@ HotlineClient::_AdoptSocket(const SocketReference& socket)
 		fRunning = false;
 		fConnected = false;
 		fSocket.ShutDown();
-		fSocket = socket;
-		fSendQueue.reset();
+		std::swap(fSocket, former);
 		fAttempt.reset();
 		receiver = fRecvThread;
 	}
+	fRequests.Close(former);
 
 	status_t result;
 	if (receiver >= 0)
@@ -183,11 +182,11 @@ HotlineClient::_AdoptSocket(const SocketReference& socket)
 	\return \c false when the client was disconnected meanwhile, or no thread could be had.
 */
 bool
-HotlineClient::_BeginSession(const SocketReference& socket)
+HotlineClient::_BeginSession(const Socket& socket)
 {
 	{
 		// Until the login is on its way, nobody else gets an id or sends.
-		BAutolock sendLocker(fSendLock);
+		BAutolock requestsLocker(fRequests.Lock());
 		// A later Connect() may have others.
 		Login login;
 		{
@@ -195,15 +194,12 @@ HotlineClient::_BeginSession(const SocketReference& socket)
 			if (!_MayProceed() || !fSocket.IsSameAs(socket))
 				return false;
 			fConnected = true;
-			fTransID = 1;
 			fAddress = fConnectAddress;
 			fPort = fConnectPort;
-			fServerName = "";
-			fServerVersion = 0;
+			fServerInfo = ServerInfo();
 			login = {fConnLogin, fConnPassword, fConnNick, fConnIcon};
-			fSendQueue = std::make_shared<SendQueue>(socket);
 		}
-		fTasks.MakeEmpty();
+		fRequests.Open(socket);
 		_SendLogin(login);
 	}
 	_Notify(kHLConnected);
@@ -241,17 +237,18 @@ HotlineClient::_StartReceiving()
 
 /*!	Lets go of a socket that came to nothing. */
 void
-HotlineClient::_DropSocket(const SocketReference& socket)
+HotlineClient::_DropSocket(const Socket& socket)
 {
-	BAutolock locker(fStateLock);
-	if (socket.IsSet() && fSocket.IsSameAs(socket)) {
-		// What its queue still sends would keep it open.
-		if (fSendQueue != NULL)
-			socket.ShutDown();
-		fSocket = SocketReference();
-		fSendQueue.reset();
+	if (!socket.IsSet())
+		return;
+	{
+		BAutolock locker(fStateLock);
+		if (!fSocket.IsSameAs(socket))
+			return;
+		fSocket = Socket();
 		fConnected = false;
 	}
+	fRequests.Close(socket);
 }
 
 
@@ -268,17 +265,15 @@ HotlineClient::_MayProceed() const
 void
 HotlineClient::_SendLogin(const Login& login)
 {
-	uint8 buffer[kLoginBufferSize];
-	TransactionBuilder builder(buffer, sizeof(buffer));
+	TransactionBuilder builder;
 	builder.BuildParamInt16(kFieldIcon, login.icon);
 	// Room for the three texts together: without the two numbers and the headers of their own.
-	size_t room = kLoginBufferSize - kHeaderSize - 2 * (kParamHeaderSize + 2)
+	size_t room = TransactionBuilder::kCapacity - kHeaderSize - 2 * (kParamHeaderSize + 2)
 		- 3 * kParamHeaderSize;
 	room -= add_login_text(builder, kFieldLogin, login.name, room, true);
 	room -= add_login_text(builder, kFieldPassword, login.password, room, true);
 	add_login_text(builder, kFieldNick, login.nick, room, false);
 	builder.BuildParamInt16(kFieldVersion, kClientVersion);
 
-	fLoginTrans = _SendRequest(kCmdLogin, builder, TransactionPieces(buffer, builder.Size()),
-		TaskList::kTaskLogin);
+	fLoginTrans = fRequests.Send(kCmdLogin, builder, TaskList::kTaskLogin);
 }

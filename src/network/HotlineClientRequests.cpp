@@ -7,19 +7,14 @@
 #include <algorithm>
 #include <cstring>
 
+#include "FlattenedFile.h"
 #include "HotlineProtocol.h"
 #include "PathValue.h"
 #include "TransactionBuilder.h"
 
 
-// In bytes. A nickname that fits the 96 bytes of its change, and one in an accepted agreement.
+// In bytes: as long a nickname as is announced when it changes.
 static const size_t kMaxChangedNick = 64;
-static const size_t kMaxAgreedNick = 63;
-
-// The flattened file object that an upload sends: what stands around the file's own bytes and its
-// name, and as how much of its name counts there.
-static const uint32 kUploadOverhead = 74 + 56;
-static const uint32 kMaxUploadName = 128;
 
 // Of the request for a download.
 static const uint16 kFieldResumeInfo = 203;
@@ -39,35 +34,6 @@ static const uint8 kResumeInfo[kResumeInfoSize] = {
 // clang-format on
 
 
-/*!	A request about files or folders: its header, and each parameter as a header of its own and a
-	borrowed value.
-*/
-class FileRequest {
-public:
-	FileRequest();
-
-	void AddParam(uint16 type, const void* data, uint16 len);
-	void AddFileName(const char* fileName);
-	void AddFolder(const PathValue& folder);
-
-	TransactionBuilder& Builder() { return fBuilder; }
-	const TransactionPieces& Pieces() const { return fPieces; }
-
-private:
-	uint8 fBuffer[kHeaderSize + 3 * kParamHeaderSize];
-	TransactionBuilder fBuilder;
-	TransactionPieces fPieces;
-};
-
-
-/*!	The bytes of a text that fit into one parameter. */
-static uint16
-text_length(const char* text)
-{
-	return static_cast<uint16>(HotlineCutText(text, strlen(text), kMaxParamSize));
-}
-
-
 static bool
 is_empty(const char* text)
 {
@@ -75,34 +41,20 @@ is_empty(const char* text)
 }
 
 
-FileRequest::FileRequest()
-	: fBuilder(fBuffer, sizeof(fBuffer)),
-	  fPieces(fBuffer, kHeaderSize)
+/*!	Adds a text as it stands where it is. */
+static void
+borrow_text(TransactionBuilder& builder, uint16 field, const char* text)
 {
+	builder.BorrowParam(field, text,
+		static_cast<uint16>(HotlineCutText(text, strlen(text), kMaxParamSize)));
 }
 
 
-void
-FileRequest::AddParam(uint16 type, const void* data, uint16 len)
-{
-	fPieces.Add(fBuffer + fBuilder.Size(), kParamHeaderSize);
-	fPieces.Add(data, len);
-	fBuilder.BuildParamHeader(type, len);
-}
-
-
-void
-FileRequest::AddFileName(const char* fileName)
-{
-	AddParam(kFieldFileName, fileName, text_length(fileName));
-}
-
-
-void
-FileRequest::AddFolder(const PathValue& folder)
+static void
+borrow_folder(TransactionBuilder& builder, const PathValue& folder)
 {
 	if (!folder.IsEmpty())
-		AddParam(kFieldFilePath, folder.Data(), folder.Length());
+		builder.BorrowParam(kFieldFilePath, folder.Data(), folder.Length());
 }
 
 
@@ -116,14 +68,9 @@ HotlineClient::SendChat(const char* text)
 	if (!fConnected || text == NULL)
 		return;
 
-	uint8 buffer[kHeaderSize + kParamHeaderSize];
-	TransactionBuilder builder(buffer, sizeof(buffer));
-	const uint16 length = text_length(text);
-	builder.BuildParamHeader(kFieldData, length);
-
-	TransactionPieces pieces(buffer, builder.Size());
-	pieces.Add(text, length);
-	_SendRequest(kCmdSendChat, builder, pieces);
+	TransactionBuilder request;
+	borrow_text(request, kFieldData, text);
+	fRequests.Send(kCmdSendChat, request);
 }
 
 
@@ -134,15 +81,10 @@ HotlineClient::SendPrivateMsg(uint16 socket, const char* text)
 	if (!fConnected || text == NULL)
 		return;
 
-	uint8 buffer[kHeaderSize + kParamHeaderSize + 2 + kParamHeaderSize];
-	TransactionBuilder builder(buffer, sizeof(buffer));
-	const uint16 length = text_length(text);
-	builder.BuildParamInt16(kFieldSocket, socket);
-	builder.BuildParamHeader(kFieldData, length);
-
-	TransactionPieces pieces(buffer, builder.Size());
-	pieces.Add(text, length);
-	_SendRequest(kCmdSendMsg, builder, pieces);
+	TransactionBuilder request;
+	request.BuildParamInt16(kFieldSocket, socket);
+	borrow_text(request, kFieldData, text);
+	fRequests.Send(kCmdSendMsg, request);
 }
 
 
@@ -150,10 +92,8 @@ HotlineClient::SendPrivateMsg(uint16 socket, const char* text)
 void
 HotlineClient::RequestUserList()
 {
-	uint8 buffer[kHeaderSize];
-	TransactionBuilder builder(buffer, sizeof(buffer));
-	_SendRequest(kCmdGetUserList, builder, TransactionPieces(buffer, builder.Size()),
-		TaskList::kTaskUserList);
+	TransactionBuilder request;
+	fRequests.Send(kCmdGetUserList, request, TaskList::kTaskUserList);
 }
 
 
@@ -166,14 +106,13 @@ HotlineClient::ChangeNickAndIcon(const char* nick, uint16 icon)
 	if (!fConnected)
 		return;
 
-	uint8 buffer[kHeaderSize + kParamHeaderSize + 2 + kParamHeaderSize + kMaxChangedNick];
-	TransactionBuilder builder(buffer, sizeof(buffer));
-	builder.BuildParamInt16(kFieldIcon, icon);
+	TransactionBuilder request;
+	request.BuildParamInt16(kFieldIcon, icon);
 	if (!is_empty(nick)) {
 		const size_t length = HotlineCutText(nick, strlen(nick), kMaxChangedNick);
-		builder.BuildParam(kFieldNick, nick, static_cast<uint16>(length));
+		request.BuildParam(kFieldNick, nick, static_cast<uint16>(length));
 	}
-	_SendRequest(kCmdUserChange, builder, TransactionPieces(buffer, builder.Size()));
+	fRequests.Send(kCmdUserChange, request);
 }
 
 
@@ -181,11 +120,9 @@ HotlineClient::ChangeNickAndIcon(const char* nick, uint16 icon)
 void
 HotlineClient::GetUserInfo(uint16 socket)
 {
-	uint8 buffer[kHeaderSize + kParamHeaderSize + 2];
-	TransactionBuilder builder(buffer, sizeof(buffer));
-	builder.BuildParamInt16(kFieldSocket, socket);
-	_SendRequest(kCmdGetUserInfo, builder, TransactionPieces(buffer, builder.Size()),
-		TaskList::kTaskUserInfo);
+	TransactionBuilder request;
+	request.BuildParamInt16(kFieldSocket, socket);
+	fRequests.Send(kCmdGetUserInfo, request, TaskList::kTaskUserInfo);
 }
 
 
@@ -196,10 +133,10 @@ void
 HotlineClient::RequestFileList(const char* path)
 {
 	const PathValue folder(path);
-	FileRequest request;
-	request.AddFolder(folder);
-	_SendRequest(kCmdGetFileList, request.Builder(), request.Pieces(), TaskList::kTaskFileList,
-		path);
+	TransactionBuilder request;
+	request.EndPiece();
+	borrow_folder(request, folder);
+	fRequests.Send(kCmdGetFileList, request, TaskList::kTaskFileList, path);
 }
 
 
@@ -213,17 +150,17 @@ HotlineClient::RequestDownload(const char* dirPath, const char* fileName)
 		return;
 
 	const PathValue folder(dirPath);
-	FileRequest request;
-	request.AddFileName(fileName);
-	request.AddFolder(folder);
-	request.AddParam(kFieldResumeInfo, kResumeInfo, kResumeInfoSize);
+	TransactionBuilder request;
+	request.EndPiece();
+	borrow_text(request, kFieldFileName, fileName);
+	borrow_folder(request, folder);
+	request.BorrowParam(kFieldResumeInfo, kResumeInfo, kResumeInfoSize);
 
 	BString path;
 	if (!is_empty(dirPath))
 		path << dirPath << "/";
 	path << fileName;
-	_SendRequest(kCmdGetFile, request.Builder(), request.Pieces(), TaskList::kTaskDownload,
-		path.String());
+	fRequests.Send(kCmdGetFile, request, TaskList::kTaskDownload, path.String());
 }
 
 
@@ -240,19 +177,16 @@ HotlineClient::RequestUpload(const char* dirPath, const char* fileName, uint32 f
 	if (!fConnected || is_empty(fileName))
 		return;
 
-	// Wraps at 32 bits, as the size that the upload itself announces does.
-	const uint32 nameLength = static_cast<uint32>(
-		std::min<size_t>(strlen(fileName), kMaxUploadName));
-	uint8 sizeBytes[4];
-	HotlineWriteUInt32(sizeBytes, fileSize + kUploadOverhead + nameLength);
+	uint8 size[sizeof(uint32)];
+	HotlineWriteUInt32(size, FlattenedFile::TotalSize(strlen(fileName), fileSize));
 
 	const PathValue folder(dirPath);
-	FileRequest request;
-	request.AddFileName(fileName);
-	request.AddFolder(folder);
-	request.AddParam(kFieldTransferSize, sizeBytes, sizeof(sizeBytes));
-	_SendRequest(kCmdPutFile, request.Builder(), request.Pieces(), TaskList::kTaskUpload, fileName,
-		localPath);
+	TransactionBuilder request;
+	request.EndPiece();
+	borrow_text(request, kFieldFileName, fileName);
+	borrow_folder(request, folder);
+	request.BorrowParam(kFieldTransferSize, size, sizeof(size));
+	fRequests.Send(kCmdPutFile, request, TaskList::kTaskUpload, fileName, localPath);
 }
 
 
@@ -263,15 +197,13 @@ HotlineClient::RequestBanner()
 	if (!fConnected)
 		return;
 
-	uint8 buffer[kHeaderSize];
-	TransactionBuilder builder(buffer, sizeof(buffer));
-	_SendRequest(kCmdDownloadBanner, builder, TransactionPieces(buffer, builder.Size()),
-		TaskList::kTaskBanner);
+	TransactionBuilder request;
+	fRequests.Send(kCmdDownloadBanner, request, TaskList::kTaskBanner);
 }
 
 
 /*!	Accepts the agreement, which lets the user in.
-	\param nick Up to 63 bytes of it; NULL or empty for none.
+	\param nick Up to \c kMaxNickLength bytes of it; NULL or empty for none.
 */
 void
 HotlineClient::SendAgreed(const char* nick, uint16 icon)
@@ -279,13 +211,12 @@ HotlineClient::SendAgreed(const char* nick, uint16 icon)
 	if (!fConnected)
 		return;
 
-	uint8 buffer[kHeaderSize + kParamHeaderSize + kMaxAgreedNick + 2 * (kParamHeaderSize + 2)];
-	TransactionBuilder builder(buffer, sizeof(buffer));
+	TransactionBuilder request;
 	if (!is_empty(nick)) {
-		const size_t length = std::min(strlen(nick), kMaxAgreedNick);
-		builder.BuildParam(kFieldNick, nick, static_cast<uint16>(length));
+		const size_t length = std::min<size_t>(strlen(nick), kMaxNickLength);
+		request.BuildParam(kFieldNick, nick, static_cast<uint16>(length));
 	}
-	builder.BuildParamInt16(kFieldIcon, icon);
-	builder.BuildParamInt16(kFieldBan, 0);
-	_SendRequest(kCmdAgreed, builder, TransactionPieces(buffer, builder.Size()));
+	request.BuildParamInt16(kFieldIcon, icon);
+	request.BuildParamInt16(kFieldBan, 0);
+	fRequests.Send(kCmdAgreed, request);
 }

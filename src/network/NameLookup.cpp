@@ -21,13 +21,13 @@ using Addresses = std::unique_ptr<addrinfo, void (*)(addrinfo*)>;
 	of them.
 */
 struct NameLookup::Record {
-	Record(const char* name, uint16 number);
+	Record(const char* name, uint32 number);
 
 	void Resolve();
 
 	// Not changed once the thread runs.
 	BString host;
-	char port[8];
+	char port[16];
 
 	// Guards the following.
 	std::mutex lock;
@@ -39,7 +39,7 @@ struct NameLookup::Record {
 };
 
 
-NameLookup::Record::Record(const char* name, uint16 number)
+NameLookup::Record::Record(const char* name, uint32 number)
 	: host(name),
 	  isDone(false),
 	  isCanceled(false),
@@ -73,8 +73,9 @@ NameLookup::Record::Resolve()
 // #pragma mark -
 
 
-/*!	\param port In host order; it stands in the addresses that are found. */
-NameLookup::NameLookup(const char* host, uint16 port)
+/*!	\param port In host order; it stands in the addresses that are found. There is none above 65,535.
+*/
+NameLookup::NameLookup(const char* host, uint32 port)
 	: fRecord(std::make_shared<Record>(host, port)),
 	  fAddresses(NULL, freeaddrinfo)
 {

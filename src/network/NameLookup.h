@@ -19,7 +19,7 @@
 */
 class NameLookup {
 public:
-	NameLookup(const char* host, uint16 port);
+	NameLookup(const char* host, uint32 port);
 	NameLookup(const NameLookup&) = delete;
 	~NameLookup();
 

@@ -19,7 +19,7 @@
 static const size_t kSliceSize = 32 * 1024;
 
 
-SendQueue::SendQueue(const SocketReference& socket)
+SendQueue::SendQueue(const Socket& socket)
 	: fSocket(socket),
 	  fLock("send queue"),
 	  fWaitingSize(0)
@@ -34,13 +34,13 @@ SendQueue::~SendQueue() = default;
 	of another thread's between them. Nothing happens once the connection has ended.
 */
 void
-SendQueue::Send(const TransactionPieces& pieces)
+SendQueue::Send(const TransactionBuilder& transaction)
 {
 	BAutolock locker(fLock);
 	const bool isRunning = fWaiting != NULL;
-	for (int32 i = 0; i < pieces.CountPieces(); i++) {
-		const uint8* data = static_cast<const uint8*>(pieces.DataAt(i));
-		size_t size = pieces.SizeAt(i);
+	for (int32 i = 0; i < transaction.CountPieces(); i++) {
+		const uint8* data = static_cast<const uint8*>(transaction.PieceAt(i).data);
+		size_t size = transaction.PieceAt(i).size;
 		if (fWaiting == NULL) {
 			const ssize_t sent = fSocket.SendAtOnce(data, size);
 			if (sent < 0)
@@ -103,7 +103,7 @@ SendQueue::_SendWaiting()
 {
 	uint8 slice[kSliceSize];
 	size_t size = _CopyFirst(slice, sizeof(slice));
-	while (size > 0 && fSocket.SendFully(slice, size) >= 0) {
+	while (size > 0 && fSocket.SendAll(slice, size)) {
 		_RemoveFirst(size);
 		size = _CopyFirst(slice, sizeof(slice));
 	}

@@ -12,10 +12,10 @@
 #include <Locker.h>
 #include <SupportDefs.h>
 
-#include "SocketReference.h"
+#include "Socket.h"
 
 
-class TransactionPieces;
+class TransactionBuilder;
 
 
 /*!	The sending side of one connection, for any thread. Nobody who sends waits for the server: what
@@ -30,13 +30,14 @@ public:
 	// In bytes.
 	static constexpr size_t kMaxWaiting = 1024 * 1024;
 
-	explicit SendQueue(const SocketReference& socket);
+	explicit SendQueue(const Socket& socket);
 	SendQueue(const SendQueue&) = delete;
 	~SendQueue();
 
 	SendQueue& operator=(const SendQueue&) = delete;
 
-	void Send(const TransactionPieces& pieces);
+	bool IsOf(const Socket& socket) const { return fSocket.IsSameAs(socket); }
+	void Send(const TransactionBuilder& transaction);
 
 private:
 	static status_t _ThreadEntry(void* data);
@@ -46,7 +47,7 @@ private:
 	bool _Keep(const uint8* data, size_t size);
 	bool _StartThread();
 
-	const SocketReference fSocket;
+	const Socket fSocket;
 
 	// Held while a transaction is handed over, never while the server is waited for. Guards the
 	// following.

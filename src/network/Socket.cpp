@@ -2,37 +2,52 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include "SocketReference.h"
+#include "Socket.h"
 
 #include <atomic>
 #include <cerrno>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <unistd.h>
 
 
-class SocketReference::OpenSocket {
+class Socket::State {
 public:
-	explicit OpenSocket(int descriptor);
-	OpenSocket(const OpenSocket&) = delete;
-	~OpenSocket();
+	State(int descriptor, SignalPolicy policy);
+	State(const State&) = delete;
+	~State();
 
-	OpenSocket& operator=(const OpenSocket&) = delete;
+	State& operator=(const State&) = delete;
 
 	const int number;
-	std::atomic<bool> shutDown;
+	const bool ignoresSignals;
+	std::atomic<bool> isShutDown;
 };
 
 
-SocketReference::OpenSocket::OpenSocket(int descriptor)
+Socket::State::State(int descriptor, SignalPolicy policy)
 	: number(descriptor),
-	  shutDown(false)
+	  ignoresSignals(policy == kIgnoreSignals),
+	  isShutDown(false)
 {
 }
 
 
-SocketReference::OpenSocket::~OpenSocket()
+Socket::State::~State()
 {
 	close(number);
+}
+
+
+static void
+set_timeout(int socket, int option, int seconds)
+{
+	if (seconds <= 0)
+		return;
+
+	struct timeval timeout = {};
+	timeout.tv_sec = seconds;
+	setsockopt(socket, SOL_SOCKET, option, &timeout, sizeof(timeout));
 }
 
 
@@ -40,16 +55,25 @@ SocketReference::OpenSocket::~OpenSocket()
 
 
 /*!	\param number An open socket, which now belongs to its shares. */
-SocketReference::SocketReference(int number)
-	: fSocket(std::make_shared<OpenSocket>(number))
+Socket::Socket(int number, SignalPolicy policy)
+	: fState(std::make_shared<State>(number, policy))
 {
 }
 
 
 int
-SocketReference::Number() const
+Socket::Number() const
 {
-	return fSocket != NULL ? fSocket->number : -1;
+	return fState != NULL ? fState->number : -1;
+}
+
+
+/*!	Limits each later call; 0 leaves such calls without a limit. */
+void
+Socket::SetTimeouts(int receiveSeconds, int sendSeconds) const
+{
+	set_timeout(Number(), SO_RCVTIMEO, receiveSeconds);
+	set_timeout(Number(), SO_SNDTIMEO, sendSeconds);
 }
 
 
@@ -57,25 +81,33 @@ SocketReference::Number() const
 	sent any more. The number stays taken. Does nothing when no socket is set.
 */
 void
-SocketReference::ShutDown() const
+Socket::ShutDown() const
 {
-	if (fSocket == NULL)
+	if (fState == NULL)
 		return;
 
-	fSocket->shutDown = true;
-	shutdown(fSocket->number, SHUT_RDWR);
+	fState->isShutDown = true;
+	shutdown(fState->number, SHUT_RDWR);
 }
 
 
-/*!	Sends all bytes, in as many calls as it takes. A call that fails, is interrupted or runs into
-	the socket's time-out shuts the connection down: what was begun cannot be completed, and nothing
-	may follow it.
-	\return \a length, or -1.
+/*!	One call. Less than \a length may have been sent; what is returned is below 1 when it failed or
+	ran into the time-out.
 */
 ssize_t
-SocketReference::SendFully(const void* data, size_t length) const
+Socket::Send(const void* data, size_t length) const
 {
-	return _Send(data, length, MSG_NOSIGNAL);
+	return _MaySend() ? _Send(data, length, 0) : -1;
+}
+
+
+/*!	Sends all bytes, in as many calls as it takes. A call that fails or runs into the time-out shuts
+	the connection down: what was begun cannot be completed, and nothing may follow it.
+*/
+bool
+Socket::SendAll(const void* data, size_t length) const
+{
+	return _SendWhole(data, length, 0) >= 0;
 }
 
 
@@ -83,53 +115,89 @@ SocketReference::SendFully(const void* data, size_t length) const
 	\return How many that are, or -1.
 */
 ssize_t
-SocketReference::SendAtOnce(const void* data, size_t length) const
+Socket::SendAtOnce(const void* data, size_t length) const
 {
-	return _Send(data, length, MSG_NOSIGNAL | MSG_DONTWAIT);
+	return _SendWhole(data, length, MSG_DONTWAIT);
 }
 
 
-/*!	Receives exactly that many bytes. Each call waits for at most the socket's time-out.
-	\return \a length, or -1 when a call failed or the other side has closed the connection.
+/*!	One call.
+	\return 0 when the other side has closed, below 0 on an error or a time-out.
 */
 ssize_t
-SocketReference::ReceiveFully(void* buffer, size_t length) const
+Socket::Receive(void* buffer, size_t length) const
 {
-	if (fSocket == NULL)
+	if (fState == NULL)
 		return -1;
 
-	char* bytes = static_cast<char*>(buffer);
-	size_t received = 0;
-	while (received < length) {
-		const ssize_t result = recv(fSocket->number, bytes + received, length - received, 0);
-		if (result < 1)
+	ssize_t received;
+	do {
+		received = recv(fState->number, buffer, length, 0);
+	} while (received < 0 && errno == EINTR && fState->ignoresSignals);
+	return received;
+}
+
+
+/*!	Receives until the buffer is full or the other side closes, in as many calls as it takes.
+	\param timeout For all calls together, in microseconds; looked at after each of them.
+	\return The bytes received; -1 on an error or a time-out.
+*/
+ssize_t
+Socket::ReceiveAll(void* buffer, size_t length, bigtime_t timeout) const
+{
+	const bool isLimited = timeout != B_INFINITE_TIMEOUT;
+	const bigtime_t deadline = isLimited ? system_time() + timeout : B_INFINITE_TIMEOUT;
+	size_t total = 0;
+	while (total < length) {
+		const ssize_t received = Receive(static_cast<char*>(buffer) + total, length - total);
+		if (received < 0)
 			return -1;
-		received += static_cast<size_t>(result);
+		if (received == 0)
+			break;
+
+		total += static_cast<size_t>(received);
+		if (total < length && isLimited && system_time() >= deadline)
+			return -1;
 	}
-	return static_cast<ssize_t>(length);
+	return static_cast<ssize_t>(total);
+}
+
+
+bool
+Socket::_MaySend() const
+{
+	return fState != NULL && !fState->isShutDown;
 }
 
 
 ssize_t
-SocketReference::_Send(const void* data, size_t length, int flags) const
+Socket::_Send(const void* data, size_t length, int flags) const
 {
-	if (fSocket == NULL)
-		return -1;
+	ssize_t sent;
+	do {
+		sent = send(fState->number, data, length, flags | MSG_NOSIGNAL);
+	} while (sent < 0 && errno == EINTR && fState->ignoresSignals);
+	return sent;
+}
 
+
+ssize_t
+Socket::_SendWhole(const void* data, size_t length, int flags) const
+{
 	const char* bytes = static_cast<const char*>(data);
-	size_t sent = 0;
-	while (sent < length) {
-		if (fSocket->shutDown)
+	size_t total = 0;
+	while (total < length) {
+		if (!_MaySend())
 			return -1;
 
-		const ssize_t result = send(fSocket->number, bytes + sent, length - sent, flags);
-		if (result < 0 && (flags & MSG_DONTWAIT) != 0 && errno == EAGAIN)
+		const ssize_t sent = _Send(bytes + total, length - total, flags);
+		if (sent < 0 && (flags & MSG_DONTWAIT) != 0 && errno == EAGAIN)
 			break;
-		if (result < 1) {
+		if (sent < 1) {
 			ShutDown();
 			return -1;
 		}
-		sent += static_cast<size_t>(result);
+		total += static_cast<size_t>(sent);
 	}
-	return static_cast<ssize_t>(sent);
+	return static_cast<ssize_t>(total);
 }

@@ -2,12 +2,13 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#ifndef SOCKET_REFERENCE_H
-#define SOCKET_REFERENCE_H
+#ifndef SOCKET_H
+#define SOCKET_H
 
 
 #include <memory>
 
+#include <OS.h>
 #include <SupportDefs.h>
 
 
@@ -15,30 +16,39 @@
 	from or writes to a number that was given to another connection meanwhile. One share belongs to
 	one thread or is guarded by a lock; different shares of one socket may be used by different
 	threads.
+	A write to a connection that the other side has closed is an error and never a signal.
 */
-class SocketReference {
+class Socket {
 public:
-	SocketReference() = default;
-	explicit SocketReference(int number);
+	// What becomes of a call that a signal interrupts.
+	enum SignalPolicy { kFailAtSignals, kIgnoreSignals };
 
-	bool IsSet() const { return fSocket != NULL; }
-	bool IsSameAs(const SocketReference& other) const { return fSocket == other.fSocket; }
+	Socket() = default;
+	Socket(int number, SignalPolicy policy);
+
+	bool IsSet() const { return fState != NULL; }
+	bool IsSameAs(const Socket& other) const { return fState == other.fState; }
 	// -1 when none is set.
 	int Number() const;
 
+	void SetTimeouts(int receiveSeconds, int sendSeconds) const;
 	void ShutDown() const;
 
-	ssize_t SendFully(const void* data, size_t length) const;
+	ssize_t Send(const void* data, size_t length) const;
+	bool SendAll(const void* data, size_t length) const;
 	ssize_t SendAtOnce(const void* data, size_t length) const;
-	ssize_t ReceiveFully(void* buffer, size_t length) const;
+	ssize_t Receive(void* buffer, size_t length) const;
+	ssize_t ReceiveAll(void* buffer, size_t length, bigtime_t timeout = B_INFINITE_TIMEOUT) const;
 
 private:
-	class OpenSocket;
+	class State;
 
+	bool _MaySend() const;
 	ssize_t _Send(const void* data, size_t length, int flags) const;
+	ssize_t _SendWhole(const void* data, size_t length, int flags) const;
 
-	std::shared_ptr<OpenSocket> fSocket;
+	std::shared_ptr<State> fState;
 };
 
 
-#endif // SOCKET_REFERENCE_H
+#endif // SOCKET_H

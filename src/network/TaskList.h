@@ -51,7 +51,6 @@ public:
 
 	void AddTask(uint32 trans, uint32 type, const char* path, const char* extra);
 	std::unique_ptr<TaskInfo> TakeTask(uint32 trans);
-	void RemoveTask(uint32 trans) { TakeTask(trans); }
 	void MakeEmpty();
 
 	int32 CountTasks() const;

@@ -4,10 +4,8 @@
  */
 #include "TrackerFetch.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <new>
-#include <sys/socket.h>
 
 #include <Looper.h>
 #include <Message.h>
@@ -25,40 +23,14 @@ static const int kTimeoutSeconds = 10;
 static const bigtime_t kRecordsTimeout = 60 * 1000000LL;
 
 
-/*!	Receives, as recv() does; a signal is no error. */
-static ssize_t
-receive(int socket, void* buffer, size_t size)
-{
-	ssize_t received;
-	do {
-		received = recv(socket, buffer, size, 0);
-	} while (received < 0 && errno == EINTR);
-	return received;
-}
-
-
-/*!	Receives until the buffer is full or the other side closes. If the bytes come one at a time, it
-	is an error when they take longer than one of them may.
+/*!	Receives until the buffer is full or the tracker closes. If the bytes come one at a time, it is an
+	error when they take longer than one of them may.
 	\return The bytes received; -1 on an error or a time-out.
 */
 ssize_t
-recv_full(int socket, void* buffer, size_t length)
+recv_full(const Socket& socket, void* buffer, size_t length)
 {
-	const bigtime_t deadline = system_time() + kTimeoutSeconds * 1000000LL;
-	size_t total = 0;
-	while (total < length) {
-		const ssize_t received = receive(socket, static_cast<uint8*>(buffer) + total,
-			length - total);
-		if (received < 0)
-			return -1;
-		if (received == 0)
-			break;
-
-		total += static_cast<size_t>(received);
-		if (total < length && system_time() >= deadline)
-			return -1;
-	}
-	return static_cast<ssize_t>(total);
+	return socket.ReceiveAll(buffer, length, kTimeoutSeconds * 1000000LL);
 }
 
 
@@ -70,7 +42,8 @@ attempt_to(const char* address)
 {
 	BString host;
 	const uint16 port = TrackerListing::SplitAddress(address, &host);
-	return std::make_unique<ConnectionAttempt>(host.String(), port, kTimeoutSeconds);
+	return std::make_unique<ConnectionAttempt>(host.String(), port,
+		ConnectionOptions{kTimeoutSeconds, kTimeoutSeconds, Socket::kIgnoreSignals});
 }
 
 
@@ -131,7 +104,7 @@ TrackerFetch::_Fetch(Listing* _listing)
 			break;
 		case ConnectionAttempt::kConnected:
 			if (fRunning)
-				error = _ReadListing(fAttempt->Socket().Number(), _listing);
+				error = _ReadListing(fAttempt->OpenSocket(), _listing);
 			break;
 		case ConnectionAttempt::kCanceled:
 			break;
@@ -145,12 +118,11 @@ TrackerFetch::_Fetch(Listing* _listing)
 	\return What went wrong; NULL if nothing did.
 */
 const char*
-TrackerFetch::_ReadListing(int socket, Listing* _listing)
+TrackerFetch::_ReadListing(const Socket& socket, Listing* _listing)
 {
 	uint8 request[kTrackerRequestSize];
 	TrackerListing::BuildRequest(request);
-	if (send(socket, request, sizeof(request), MSG_NOSIGNAL)
-		!= static_cast<ssize_t>(sizeof(request)))
+	if (socket.Send(request, sizeof(request)) != static_cast<ssize_t>(sizeof(request)))
 		return "Failed to send handshake";
 
 	uint8 header[kTrackerHeaderSize];
@@ -170,7 +142,7 @@ TrackerFetch::_ReadListing(int socket, Listing* _listing)
 	out, or memory is short.
 */
 void
-TrackerFetch::_ReadRecords(int socket, Listing* _listing, size_t size)
+TrackerFetch::_ReadRecords(const Socket& socket, Listing* _listing, size_t size)
 {
 	_listing->bytes.reset(new (std::nothrow) uint8[size]);
 	if (_listing->bytes == NULL)
@@ -178,7 +150,7 @@ TrackerFetch::_ReadRecords(int socket, Listing* _listing, size_t size)
 
 	const bigtime_t deadline = system_time() + kRecordsTimeout;
 	while (_listing->size < size && fRunning && system_time() < deadline) {
-		const ssize_t received = receive(socket, _listing->bytes.get() + _listing->size,
+		const ssize_t received = socket.Receive(_listing->bytes.get() + _listing->size,
 			size - _listing->size);
 		if (received < 1)
 			return;

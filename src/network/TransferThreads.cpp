@@ -13,10 +13,10 @@
 #include <Message.h>
 
 #include "AppMessages.h"
+#include "ConnectionAttempt.h"
 #include "ConnectionMark.h"
 #include "FlattenedFile.h"
 #include "FlattenedFileReader.h"
-#include "TransferConnection.h"
 
 
 // File data moves in pieces of this size. Time-outs are in seconds.
@@ -38,25 +38,34 @@ post_outcome(BLooper* target, uint32 what, const BString& fileName, bool success
 }
 
 
+/*!	Connects to a server's transfer port, one above its control port. A signal is no error there.
+	\return A socket that is not set if it failed.
+*/
+static Socket
+connect_transfer(const BString& address, uint16 controlPort, int receiveTimeout, int sendTimeout)
+{
+	ConnectionAttempt attempt(address.String(), controlPort + 1u,
+		{receiveTimeout, sendTimeout, Socket::kIgnoreSignals});
+	return attempt.Run() == ConnectionAttempt::kConnected ? attempt.OpenSocket() : Socket();
+}
+
+
 // #pragma mark - download
 
 
-/*!	Connects, asks for the file, and reads up to the first byte of its data. */
+/*!	Asks for the file and reads up to the first byte of its data. */
 static bool
-open_download(TransferConnection& connection, FlattenedFileReader& reader, const DownloadInfo& info)
+open_download(const Socket& socket, FlattenedFileReader& reader, const DownloadInfo& info)
 {
-	if (!connection.ConnectTo(info.address.String(), info.port, kTransferTimeout, kNoTimeout))
-		return false;
-
 	uint8 request[kTransferRequestSize];
 	FlattenedFile::BuildTransferRequest(request, info.ref, 0);
-	if (connection.Send(request, sizeof(request)) != static_cast<ssize_t>(sizeof(request)))
+	if (socket.Send(request, sizeof(request)) != static_cast<ssize_t>(sizeof(request)))
 		return false;
 
 	uint8 piece[FlattenedFileReader::kMaxDescriptionPiece];
 	while (!reader.IsAtData()) {
 		const size_t size = reader.NextSize();
-		if (!connection.ReceiveExactly(piece, size))
+		if (socket.ReceiveAll(piece, size) != static_cast<ssize_t>(size))
 			return false;
 		reader.Take(piece, size);
 	}
@@ -68,12 +77,12 @@ open_download(TransferConnection& connection, FlattenedFileReader& reader, const
 	that cannot be written to, on a full disk, say, does not end the transfer.
 */
 static void
-receive_file_data(TransferConnection& connection, FlattenedFileReader& reader, BFile& file)
+receive_file_data(const Socket& socket, FlattenedFileReader& reader, BFile& file)
 {
 	alignas(kTransferBufferAlignment) uint8 buffer[kTransferBufferSize];
 	while (!reader.IsDone()) {
 		const size_t size = std::min(static_cast<size_t>(reader.NextSize()), sizeof(buffer));
-		const ssize_t received = connection.Receive(buffer, size);
+		const ssize_t received = socket.Receive(buffer, size);
 		if (received < 1)
 			return;
 		file.Write(buffer, static_cast<size_t>(received));
@@ -91,18 +100,18 @@ DownloadThread(void* data)
 {
 	const std::unique_ptr<DownloadInfo> info(static_cast<DownloadInfo*>(data));
 
-	TransferConnection connection;
+	Socket socket = connect_transfer(info->address, info->port, kTransferTimeout, kNoTimeout);
 	FlattenedFileReader reader;
-	if (!open_download(connection, reader, *info))
+	if (!open_download(socket, reader, *info))
 		return 1;
 
 	{
 		BFile file(info->localPath.String(), B_WRITE_ONLY | B_CREATE_FILE | B_ERASE_FILE);
 		if (file.InitCheck() != B_OK)
 			return 1;
-		receive_file_data(connection, reader, file);
+		receive_file_data(socket, reader, file);
 	}
-	connection.Close();
+	socket = Socket();
 
 	post_outcome(info->target, kMsgDownloadDone, info->filename, reader.IsDone());
 	return 0;
@@ -114,7 +123,7 @@ DownloadThread(void* data)
 
 /*!	Sends the request and everything of the file object that stands before the file's own bytes. */
 static bool
-send_file_description(TransferConnection& connection, const UploadInfo& info, off_t fileSize)
+send_file_description(const Socket& socket, const UploadInfo& info, off_t fileSize)
 {
 	const size_t nameLength = static_cast<size_t>(info.filename.Length());
 
@@ -131,23 +140,22 @@ send_file_description(TransferConnection& connection, const UploadInfo& info, of
 	uint8 dataHeader[kForkHeaderSize];
 	FlattenedFile::BuildDataForkHeader(dataHeader, static_cast<uint32>(fileSize));
 
-	return connection.SendAll(request, sizeof(request))
-		&& connection.SendAll(header, sizeof(header))
-		&& connection.SendAll(informationHeader, sizeof(informationHeader))
-		&& connection.SendAll(information, informationSize)
-		&& connection.SendAll(dataHeader, sizeof(dataHeader));
+	return socket.SendAll(request, sizeof(request)) && socket.SendAll(header, sizeof(header))
+		&& socket.SendAll(informationHeader, sizeof(informationHeader))
+		&& socket.SendAll(information, informationSize)
+		&& socket.SendAll(dataHeader, sizeof(dataHeader));
 }
 
 
 static bool
-send_file_data(TransferConnection& connection, BFile& file, off_t remaining)
+send_file_data(const Socket& socket, BFile& file, off_t remaining)
 {
 	alignas(kTransferBufferAlignment) uint8 buffer[kTransferBufferSize];
 	while (remaining > 0) {
 		const size_t piece = static_cast<size_t>(
 			std::min(remaining, static_cast<off_t>(sizeof(buffer))));
 		const ssize_t count = file.Read(buffer, piece);
-		if (count < 1 || !connection.SendAll(buffer, static_cast<size_t>(count)))
+		if (count < 1 || !socket.SendAll(buffer, static_cast<size_t>(count)))
 			return false;
 		remaining -= count;
 	}
@@ -166,17 +174,17 @@ UploadThread(void* data)
 	if (file.InitCheck() == B_OK && file.GetSize(&size) != B_OK)
 		size = 0;
 
-	TransferConnection connection;
-	if (file.InitCheck() != B_OK
-		|| !connection.ConnectTo(info->address.String(), info->port, kNoTimeout,
-			kTransferTimeout)) {
+	Socket socket;
+	if (file.InitCheck() == B_OK)
+		socket = connect_transfer(info->address, info->port, kNoTimeout, kTransferTimeout);
+	if (!socket.IsSet()) {
 		post_outcome(info->target, kMsgUploadDone, info->filename, false);
 		return 1;
 	}
 
-	const bool success = send_file_description(connection, *info, size)
-		&& send_file_data(connection, file, size);
-	connection.Close();
+	const bool success = send_file_description(socket, *info, size)
+		&& send_file_data(socket, file, size);
+	socket = Socket();
 
 	post_outcome(info->target, kMsgUploadDone, info->filename, success);
 	return 0;
@@ -194,11 +202,10 @@ BannerThread(void* data)
 {
 	const std::unique_ptr<BannerDLInfo> info(static_cast<BannerDLInfo*>(data));
 
-	TransferConnection connection;
+	Socket socket = connect_transfer(info->address, info->port, kBannerTimeout, kBannerTimeout);
 	uint8 request[kTransferRequestSize];
 	FlattenedFile::BuildTransferRequest(request, info->ref, 0);
-	if (!connection.ConnectTo(info->address.String(), info->port, kBannerTimeout, kBannerTimeout)
-		|| !connection.SendAll(request, sizeof(request)))
+	if (!socket.SendAll(request, sizeof(request)))
 		return 1;
 
 	const std::unique_ptr<uint8[]> bytes(new (std::nothrow) uint8[info->size]);
@@ -207,12 +214,12 @@ BannerThread(void* data)
 
 	size_t count = 0;
 	while (count < info->size) {
-		const ssize_t received = connection.Receive(bytes.get() + count, info->size - count);
+		const ssize_t received = socket.Receive(bytes.get() + count, info->size - count);
 		if (received < 1)
 			break;
 		count += static_cast<size_t>(received);
 	}
-	connection.Close();
+	socket = Socket();
 
 	if (count > 0) {
 		BMessage message(kMsgBannerData);

@@ -4,20 +4,19 @@
  */
 #include "TransactionBuilder.h"
 
-#include <cassert>
 #include <cstring>
 
 #include "HotlineProtocol.h"
 
 
-/*!	\param size The bytes of the buffer, at least \c kHeaderSize. */
-TransactionBuilder::TransactionBuilder(uint8* buffer, size_t size)
-	: fBuffer(buffer),
-	  fCapacity(size),
-	  fSize(kHeaderSize),
+TransactionBuilder::TransactionBuilder()
+	: fSize(kHeaderSize),
 	  fDataLength(sizeof(uint16)),
-	  fCount(0)
+	  fParamCount(0),
+	  fPieceCount(1),
+	  fIsPieceOpen(true)
 {
+	fPieces[0] = {fBuffer, kHeaderSize};
 }
 
 
@@ -25,12 +24,10 @@ TransactionBuilder::TransactionBuilder(uint8* buffer, size_t size)
 bool
 TransactionBuilder::BuildParam(uint16 type, const void* data, uint16 len)
 {
-	if (fCapacity - fSize < kParamHeaderSize + len || !BuildParamHeader(type, len))
+	if (!_Fits(kParamHeaderSize + len, fIsPieceOpen ? 0 : 1))
 		return false;
-
-	if (data != NULL && len > 0)
-		memcpy(fBuffer + fSize, data, len);
-	fSize += len;
+	_AppendParamHeader(type, len);
+	_Append(data, len);
 	return true;
 }
 
@@ -44,55 +41,47 @@ TransactionBuilder::BuildParamInt16(uint16 type, uint16 value)
 }
 
 
+/*!	Adds a parameter whose \a len bytes are sent from \a data. */
 bool
-TransactionBuilder::BuildParamInt32(uint16 type, uint32 value)
+TransactionBuilder::BorrowParam(uint16 type, const void* data, uint16 len)
 {
-	uint8 bytes[4];
-	HotlineWriteUInt32(bytes, value);
-	return BuildParam(type, bytes, sizeof(bytes));
-}
-
-
-/*!	Announces a parameter whose \a len bytes are sent from elsewhere, after what stands in the
-	buffer so far.
-*/
-bool
-TransactionBuilder::BuildParamHeader(uint16 type, uint16 len)
-{
-	if (fCapacity - fSize < kParamHeaderSize)
+	if (!_Fits(kParamHeaderSize, fIsPieceOpen ? 1 : 2))
 		return false;
-
-	HotlineWriteUInt16(fBuffer + fSize, type);
-	HotlineWriteUInt16(fBuffer + fSize + 2, len);
-	fSize += kParamHeaderSize;
-	fDataLength += kParamHeaderSize + len;
-	fCount++;
+	_AppendParamHeader(type, len);
+	fPieces[fPieceCount++] = {data, len};
+	fIsPieceOpen = false;
 	return true;
 }
 
 
-// #pragma mark -
-
-
-TransactionPieces::TransactionPieces()
-	: fCount(0)
+bool
+TransactionBuilder::_Fits(size_t size, int32 pieces) const
 {
+	return size <= kCapacity - fSize && pieces <= kMaxPieces - fPieceCount;
 }
 
 
-TransactionPieces::TransactionPieces(const void* data, size_t size)
-	: fCount(0)
-{
-	Add(data, size);
-}
-
-
-/*!	There is room for as many pieces as the longest request has. */
 void
-TransactionPieces::Add(const void* data, size_t size)
+TransactionBuilder::_Append(const void* data, size_t size)
 {
-	assert(fCount < kMaxPieces);
-	fData[fCount] = data;
-	fSizes[fCount] = size;
-	fCount++;
+	if (size == 0)
+		return;
+	if (!fIsPieceOpen)
+		fPieces[fPieceCount++] = {fBuffer + fSize, 0};
+	fIsPieceOpen = true;
+	fPieces[fPieceCount - 1].size += size;
+	memcpy(fBuffer + fSize, data, size);
+	fSize += size;
+}
+
+
+void
+TransactionBuilder::_AppendParamHeader(uint16 type, uint16 len)
+{
+	uint8 bytes[kParamHeaderSize];
+	HotlineWriteUInt16(bytes, type);
+	HotlineWriteUInt16(bytes + 2, len);
+	_Append(bytes, sizeof(bytes));
+	fDataLength += kParamHeaderSize + len;
+	fParamCount++;
 }

@@ -11,59 +11,57 @@
 #include <SupportDefs.h>
 
 
-/*!	Puts the parameters of a transaction behind one another, with room for its header in front, and
-	counts them.
-	Borrows the buffer and never writes past its size: what does not fit is refused and not counted.
-	A value may also be announced only, and be sent from where it stands.
+/*!	A transaction that is to be sent: room for its header, and its parameters, which are counted, in
+	the pieces in which they are written one after another.
+	What is built stands in a buffer of its own, one piece until something is borrowed: a borrowed
+	value is a piece by itself, sent from where it stands, and must outlive the builder's use. What
+	does not fit is refused and not counted.
 */
 class TransactionBuilder {
 public:
-	TransactionBuilder(uint8* buffer, size_t size);
+	// The most bytes that it holds, header included, borrowed values not counted.
+	static constexpr size_t kCapacity = 1024;
+
+	struct Piece {
+		const void* data;
+		size_t size;
+	};
+
+	TransactionBuilder();
+	TransactionBuilder(const TransactionBuilder&) = delete;
+
+	TransactionBuilder& operator=(const TransactionBuilder&) = delete;
 
 	bool BuildParam(uint16 type, const void* data, uint16 len);
 	bool BuildParamInt16(uint16 type, uint16 value);
-	bool BuildParamInt32(uint16 type, uint32 value);
-	bool BuildParamHeader(uint16 type, uint16 len);
+	bool BorrowParam(uint16 type, const void* data, uint16 len);
+	// What is built next begins a piece of its own.
+	void EndPiece() { fIsPieceOpen = false; }
 
 	// Where the header belongs.
 	uint8* Header() { return fBuffer; }
-	// The bytes in the buffer, with the header.
-	size_t Size() const { return fSize; }
 	// For the header: 2, and for each parameter 4 and the length of its value.
 	uint32 DataLength() const { return fDataLength; }
-	uint16 CountParams() const { return fCount; }
+	uint16 CountParams() const { return fParamCount; }
+
+	int32 CountPieces() const { return fPieceCount; }
+	const Piece& PieceAt(int32 index) const { return fPieces[index]; }
 
 private:
-	uint8* fBuffer;
-	size_t fCapacity;
-	size_t fSize;
-	uint32 fDataLength;
-	uint16 fCount;
-};
-
-
-/*!	The bytes of one transaction that is to be sent, in the pieces in which they are written one
-	after another.
-	They are borrowed and must outlive it.
-*/
-class TransactionPieces {
-public:
-	TransactionPieces();
-	TransactionPieces(const void* data, size_t size);
-
-	void Add(const void* data, size_t size);
-
-	int32 CountPieces() const { return fCount; }
-	const void* DataAt(int32 index) const { return fData[index]; }
-	size_t SizeAt(int32 index) const { return fSizes[index]; }
-
-private:
-	// A file request: the header, and three parameters in two pieces each.
+	// A request for a file: the header, and three parameters in two pieces each.
 	static const int32 kMaxPieces = 7;
 
-	const void* fData[kMaxPieces];
-	size_t fSizes[kMaxPieces];
-	int32 fCount;
+	bool _Fits(size_t size, int32 pieces) const;
+	void _Append(const void* data, size_t size);
+	void _AppendParamHeader(uint16 type, uint16 len);
+
+	uint8 fBuffer[kCapacity];
+	size_t fSize;
+	uint32 fDataLength;
+	uint16 fParamCount;
+	Piece fPieces[kMaxPieces];
+	int32 fPieceCount;
+	bool fIsPieceOpen;
 };
 
 

@@ -17,11 +17,6 @@ protected:
 };
 
 
-// What must be shown as it stands.
-static const char* const kOddTexts[] = {"<b>bold</b>", "&amp;", "&File", "%s%n", "[*]",
-	"\xFF\xFE\x80", "\x01\x07\x1B[31m\x7F", "\xE2\x80\x9Cquoted\xE2\x80\x9D"};
-
-
 TEST_F(ClientEventsTest, WhateverIsPosted_TellsItsClient)
 {
 	Send(106, wire_param(101, "a line"));
@@ -34,161 +29,29 @@ TEST_F(ClientEventsTest, WhateverIsPosted_TellsItsClient)
 }
 
 
-// #pragma mark - Chat
-
-
-TEST_F(ClientEventsTest, Chat_HasLineFeeds)
+TEST_F(ClientEventsTest, EachEvent_IsPosted)
 {
-	Send(106, wire_param(101, "a\rb"));
-	ExpectPosted("HLch text=CSTR a\nb chatRef=ULNG 0");
-	Send(106, wire_param(101, "\r\n"));
-	ExpectPosted("HLch text=CSTR \n\n chatRef=ULNG 0");
-}
-
-
-TEST_F(ClientEventsTest, ChatReference_OfTwoOrFourBytes)
-{
-	Send(106, wire_param(114, wire16(5)) + wire_param(101, "x"));
-	ExpectPosted("HLch text=CSTR x chatRef=ULNG 5");
-	Send(106, wire_param(101, "x") + wire_param(114, wire32(0xFEDCBA98)));
-	ExpectPosted("HLch text=CSTR x chatRef=ULNG 4275878552");
-	Send(106, wire_param(101, "x") + wire_param(114, "\x05"));
-	ExpectPosted("HLch text=CSTR x chatRef=ULNG 0");
-}
-
-
-TEST_F(ClientEventsTest, ChatWithoutAText_IsDropped)
-{
-	Send(106, wire_param(101, "") + wire_param(114, wire16(5)));
-	Send(106, wire_param(114, wire16(5)));
-	ExpectNothingPosted();
-}
-
-
-TEST_F(ClientEventsTest, OddChat_KeepsItsBytes)
-{
-	for (const char* text : kOddTexts) {
-		Send(106, wire_param(101, text));
-		ExpectPosted(std::string("HLch text=CSTR ") + text + " chatRef=ULNG 0");
-	}
-}
-
-
-TEST_F(ClientEventsTest, LongestChat_IsWhole)
-{
-	const std::string text(65535, 'x');
-	Send(106, wire_param(101, text));
-	ExpectPosted("HLch text=CSTR " + text + " chatRef=ULNG 0");
-}
-
-
-TEST_F(ClientEventsTest, LastOccurrence_Counts)
-{
-	Send(106, wire_param(101, "first") + wire_param(101, "second\r"));
-	ExpectPosted("HLch text=CSTR second\n chatRef=ULNG 0");
-}
-
-
-TEST_F(ClientEventsTest, OverrunningLength_EndsTheParametersThere)
-{
-	Send(106, wire_param(101, "kept") + wire16(114) + wire16(4) + "xyz");
-	ExpectPosted("HLch text=CSTR kept chatRef=ULNG 0");
-	Send(106, wire16(101) + wire16(65535) + "lost");
-	ExpectNothingPosted();
-}
-
-
-// #pragma mark - Messages
-
-
-TEST_F(ClientEventsTest, Message)
-{
-	Send(104,
-		wire_param(103, wire16(0xFEDC)) + wire_param(102, "Bert") + wire_param(104, wire16(0x8889))
-			+ wire_param(101, "a\rb"));
-	ExpectPosted("HLmg text=CSTR a\nb nick=CSTR Bert socket=USHT 65244 icon=USHT 34953");
-}
-
-
-TEST_F(ClientEventsTest, MessageOfTheServer_HasNoSender)
-{
-	Send(104, wire_param(101, "maintenance"));
-	ExpectPosted("HLmg text=CSTR maintenance nick=CSTR  socket=USHT 0 icon=USHT 0");
-}
-
-
-TEST_F(ClientEventsTest, MessageSocketOfFourBytes_IsTheLowSixteenBits)
-{
-	Send(104, wire_param(101, "x") + wire_param(103, wire32(0x00010002)));
-	ExpectPosted("HLmg text=CSTR x nick=CSTR  socket=USHT 2 icon=USHT 0");
-}
-
-
-TEST_F(ClientEventsTest, MessageWithoutAText_IsDropped)
-{
-	Send(104, wire_param(103, wire16(7)) + wire_param(102, "Bert"));
-	Send(104, wire_param(103, wire16(7)) + wire_param(101, ""));
-	ExpectNothingPosted();
-}
-
-
-TEST_F(ClientEventsTest, NickOf70Bytes_IsCutAtByte63)
-{
-	const std::string nick = std::string(62, 'n') + "\xC3\xA4" + std::string(6, 'm');
-	Send(104, wire_param(101, "x") + wire_param(102, nick));
-	ExpectPosted("HLmg text=CSTR x nick=CSTR " + nick.substr(0, 63) + " socket=USHT 0 icon=USHT 0");
-	Send(301, wire_param(102, nick));
-	ExpectPosted("HLuc socket=USHT 0 icon=USHT 0 color=USHT 0 nick=CSTR " + nick.substr(0, 63));
-}
-
-
-TEST_F(ClientEventsTest, ShortNumbers_AreIgnored)
-{
-	Send(104, wire_param(101, "x") + wire_param(103, "\x07") + wire_param(104, "\x07"));
-	ExpectPosted("HLmg text=CSTR x nick=CSTR  socket=USHT 0 icon=USHT 0");
-}
-
-
-// #pragma mark - Users
-
-
-TEST_F(ClientEventsTest, UserChange)
-{
-	Send(301,
-		wire_param(103, wire16(7)) + wire_param(104, wire16(128)) + wire_param(112, wire16(0xFFFF))
-			+ wire_param(102, "Bert"));
-	ExpectPosted("HLuc socket=USHT 7 icon=USHT 128 color=USHT 65535 nick=CSTR Bert");
-}
-
-
-TEST_F(ClientEventsTest, UserChangeWithoutANick_IsPosted)
-{
-	Send(301, wire_param(103, wire16(7)));
-	ExpectPosted("HLuc socket=USHT 7 icon=USHT 0 color=USHT 0 nick=CSTR ");
-	Send(301, wire_param(999, ""));
-	ExpectPosted("HLuc socket=USHT 0 icon=USHT 0 color=USHT 0 nick=CSTR ");
-}
-
-
-TEST_F(ClientEventsTest, OddNick_KeepsItsBytes)
-{
-	for (const char* nick : kOddTexts) {
-		Send(301, wire_param(102, nick));
-		ExpectPosted(std::string("HLuc socket=USHT 0 icon=USHT 0 color=USHT 0 nick=CSTR ") + nick);
-	}
-}
-
-
-TEST_F(ClientEventsTest, UserLeave)
-{
+	Send(106, wire_param(101, "a\rb") + wire_param(114, wire16(5)));
+	ExpectPosted("HLch text=CSTR a\nb chatRef=ULNG 5");
+	Send(104, wire_param(103, wire16(7)) + wire_param(102, "Bert") + wire_param(101, "x"));
+	ExpectPosted("HLmg text=CSTR x nick=CSTR Bert socket=USHT 7 icon=USHT 0");
+	Send(301, wire_param(103, wire16(7)) + wire_param(102, "Bert"));
+	ExpectPosted("HLuc socket=USHT 7 icon=USHT 0 color=USHT 0 nick=CSTR Bert");
 	Send(302, wire_param(103, wire16(7)));
 	ExpectPosted("HLul socket=USHT 7");
-	Send(302, wire_param(103, wire32(0x00010002)));
-	ExpectPosted("HLul socket=USHT 2");
-	Send(302, wire_param(103, "\x07"));
-	ExpectPosted("HLul socket=USHT 0");
-	Send(302, wire_param(103, "\x01\x02\x03"));
-	ExpectPosted("HLul socket=USHT 258");
+	// Whatever it says.
+	Send(111, wire_param(101, "Bye"));
+	ExpectPosted("HLpq");
+	Send(355, wire_param(101, "a\rb"));
+	ExpectPosted("HLbc text=CSTR a\rb");
+}
+
+
+TEST_F(ClientEventsTest, WithoutAText_NothingIsPosted)
+{
+	for (const uint32 type : {106u, 104u, 355u})
+		Send(type, wire_param(101, "") + wire_param(103, wire16(7)));
+	ExpectNothingPosted();
 }
 
 
@@ -220,34 +83,7 @@ TEST_F(ClientEventsTest, NothingToAgreeTo_IsAcceptedAtOnce)
 }
 
 
-TEST_F(ClientEventsTest, FlagWithoutAValue_IsNotSet)
-{
-	// The byte behind it is none of its own.
-	Send(109, wire_param(154, "") + wire_param(300, "") + wire_param(101, "Be nice."));
-	ExpectPosted("HLag text=CSTR Be nice.");
-	Send(109, wire_param(154, wire16(1)) + wire_param(101, "Be nice."));
-	ExpectPosted("HLag text=CSTR Be nice.");
-}
-
-
 // #pragma mark - The rest
-
-
-TEST_F(ClientEventsTest, PoliteQuit_WhateverItSays)
-{
-	Send(111, wire_param(101, "Bye"));
-	ExpectPosted("HLpq");
-}
-
-
-TEST_F(ClientEventsTest, Broadcast_KeepsItsCarriageReturns)
-{
-	Send(355, wire_param(101, "a\rb"));
-	ExpectPosted("HLbc text=CSTR a\rb");
-	Send(355, wire_param(101, ""));
-	Send(355, wire_param(102, "no text"));
-	ExpectNothingPosted();
-}
 
 
 TEST_F(ClientEventsTest, ServerBanner_IsPostedAndAskedFor)

@@ -50,8 +50,8 @@ TEST(TaskListTest, RemoveAndMakeEmpty)
 	TaskList tasks;
 	for (uint32 id = 1; id <= 50; id++)
 		tasks.AddTask(id, TaskList::kTaskUserList, NULL, NULL);
-	tasks.RemoveTask(25);
-	tasks.RemoveTask(99);
+	tasks.TakeTask(25);
+	tasks.TakeTask(99);
 	EXPECT_EQ(tasks.CountTasks(), 49);
 	EXPECT_EQ(tasks.TakeTask(25), nullptr);
 	tasks.MakeEmpty();

@@ -3,6 +3,7 @@
  * Distributed under the terms of the MIT License.
  */
 #include "TrackerFetch.h"
+#include "Socket.h"
 
 #include <cerrno>
 #include <cstring>
@@ -20,6 +21,7 @@
 #include "MessageRecorder.h"
 #include "ProcessCounts.h"
 #include "RawServer.h"
+#include "Socket.h"
 #include "TrackerRecords.h"
 #include "WaitFor.h"
 #include "WireBytes.h"
@@ -495,12 +497,12 @@ TEST_F(TrackerFetchTest, WindowGone_IsNoTrouble)
 
 class ReceiveFullTest : public testing::Test {
 protected:
-	ReceiveFullTest() { EXPECT_EQ(0, socketpair(AF_UNIX, SOCK_STREAM, 0, fSockets)); }
-	~ReceiveFullTest() override
+	ReceiveFullTest()
 	{
-		close(fSockets[0]);
-		CloseSender();
+		EXPECT_EQ(0, socketpair(AF_UNIX, SOCK_STREAM, 0, fSockets));
+		fReceiver = Socket(fSockets[0], Socket::kIgnoreSignals);
 	}
+	~ReceiveFullTest() override { CloseSender(); }
 
 	void Send(const std::string& bytes)
 	{
@@ -515,6 +517,7 @@ protected:
 	}
 
 	int fSockets[2];
+	Socket fReceiver;
 	char fBuffer[8] = ".......";
 };
 
@@ -522,9 +525,9 @@ protected:
 TEST_F(ReceiveFullTest, EnoughBytes_FillTheBufferAndNoMore)
 {
 	Send("abcdefgh");
-	EXPECT_EQ(5, recv_full(fSockets[0], fBuffer, 5));
+	EXPECT_EQ(5, recv_full(fReceiver, fBuffer, 5));
 	EXPECT_STREQ("abcde..", fBuffer);
-	EXPECT_EQ(3, recv_full(fSockets[0], fBuffer, 3));
+	EXPECT_EQ(3, recv_full(fReceiver, fBuffer, 3));
 	EXPECT_STREQ("fghde..", fBuffer);
 }
 
@@ -533,24 +536,24 @@ TEST_F(ReceiveFullTest, End_ReturnsWhatCameBefore)
 {
 	Send("abc");
 	CloseSender();
-	EXPECT_EQ(3, recv_full(fSockets[0], fBuffer, 5));
+	EXPECT_EQ(3, recv_full(fReceiver, fBuffer, 5));
 	EXPECT_STREQ("abc....", fBuffer);
-	EXPECT_EQ(0, recv_full(fSockets[0], fBuffer, 5));
+	EXPECT_EQ(0, recv_full(fReceiver, fBuffer, 5));
 }
 
 
 TEST_F(ReceiveFullTest, Failure_ReturnsAnErrorWhateverCameBefore)
 {
-	EXPECT_EQ(-1, recv_full(-1, fBuffer, 5));
+	EXPECT_EQ(-1, recv_full(Socket(), fBuffer, 5));
 
 	struct timeval timeout = {0, 1000};
 	setsockopt(fSockets[0], SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof(timeout));
 	Send("abc");
-	EXPECT_EQ(-1, recv_full(fSockets[0], fBuffer, 5));
+	EXPECT_EQ(-1, recv_full(fReceiver, fBuffer, 5));
 }
 
 
 TEST_F(ReceiveFullTest, NoLength_ReceivesNothing)
 {
-	EXPECT_EQ(0, recv_full(fSockets[0], fBuffer, 0));
+	EXPECT_EQ(0, recv_full(fReceiver, fBuffer, 0));
 }

@@ -16,7 +16,7 @@ class BView;
 class QAccessibleTextInterface;
 
 
-enum text_boundary { READ_CHARACTER, READ_WORD, READ_SENTENCE, READ_PARAGRAPH, READ_ROW, READ_ALL };
+enum text_boundary { kReadCharacter, kReadWord, kReadSentence, kReadParagraph, kReadRow, kReadAll };
 
 /*!	What a screen reader does with a text. Its positions are UTF-16 units; for texts in ASCII they
 	are bytes. It hears what its view tells; only the last one that was made does.

@@ -43,37 +43,37 @@ press_key(BView* view, user_key key, const char* text)
 	QWidget* widget = ViewPeer::Of(view)->FocusWidget();
 	const Qt::KeyboardModifiers both = Qt::ControlModifier | Qt::ShiftModifier;
 	switch (key) {
-		case KEY_CHARACTER:
+		case kKeyCharacter:
 			send_key(widget, 0, Qt::NoModifier, QString::fromUtf8(text));
 			break;
-		case KEY_RETURN:
+		case kKeyReturn:
 			send_key(widget, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
 			break;
-		case KEY_BACKSPACE:
+		case kKeyBackspace:
 			send_key(widget, Qt::Key_Backspace, Qt::NoModifier, QString());
 			break;
-		case KEY_UP:
+		case kKeyUp:
 			send_key(widget, Qt::Key_Up, Qt::NoModifier, QString());
 			break;
-		case KEY_DOWN:
+		case kKeyDown:
 			send_key(widget, Qt::Key_Down, Qt::NoModifier, QString());
 			break;
-		case KEY_HOME:
+		case kKeyHome:
 			send_key(widget, Qt::Key_Home, Qt::ControlModifier, QString());
 			break;
-		case KEY_END:
+		case kKeyEnd:
 			send_key(widget, Qt::Key_End, Qt::ControlModifier, QString());
 			break;
-		case KEY_SELECT_ALL:
+		case kKeySelectAll:
 			send_key(widget, Qt::Key_A, Qt::ControlModifier, QString());
 			break;
-		case KEY_SELECT_TO_START:
+		case kKeySelectToStart:
 			send_key(widget, Qt::Key_Home, both, QString());
 			break;
-		case KEY_SELECT_RIGHT:
+		case kKeySelectRight:
 			send_key(widget, Qt::Key_Right, Qt::ShiftModifier, QString());
 			break;
-		case KEY_PASTE:
+		case kKeyPaste:
 			send_key(widget, Qt::Key_V, Qt::ControlModifier, QString());
 			break;
 	}
@@ -85,7 +85,7 @@ void
 type_text(BView* view, const char* text)
 {
 	for (const QChar character : QString::fromUtf8(text))
-		press_key(view, KEY_CHARACTER, QString(character).toUtf8().constData());
+		press_key(view, kKeyCharacter, QString(character).toUtf8().constData());
 }
 
 

@@ -19,18 +19,18 @@ class BView;
 // windows.
 
 enum user_key {
-	KEY_CHARACTER,
-	KEY_RETURN,
-	KEY_BACKSPACE,
-	KEY_UP,
-	KEY_DOWN,
-	KEY_HOME,
-	KEY_END,
-	KEY_SELECT_ALL,
+	kKeyCharacter,
+	kKeyReturn,
+	kKeyBackspace,
+	kKeyUp,
+	kKeyDown,
+	kKeyHome,
+	kKeyEnd,
+	kKeySelectAll,
 	// With the shift key held.
-	KEY_SELECT_TO_START,
-	KEY_SELECT_RIGHT,
-	KEY_PASTE
+	kKeySelectToStart,
+	kKeySelectRight,
+	kKeyPaste
 };
 
 void press_key(BView* view, user_key key, const char* text = "");
@@ -67,7 +67,7 @@ struct ScrollState {
 ScrollState scroll_state(BView* view);
 // Where the user has dragged the knob to.
 void scroll_to(BView* view, int value);
-enum scroll_button { SCROLL_STEP_UP, SCROLL_STEP_DOWN, SCROLL_PAGE_UP, SCROLL_PAGE_DOWN };
+enum scroll_button { kScrollStepUp, kScrollStepDown, kScrollPageUp, kScrollPageDown };
 // Clicks an arrow of the scroll bar, or beside its knob.
 void click_scroll_bar(BView* view, scroll_button button);
 

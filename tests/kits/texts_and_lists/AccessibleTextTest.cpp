@@ -80,7 +80,7 @@ TEST_F(AccessibleTextTest, NoText_IsNoTrouble)
 {
 	EXPECT_EQ(fReader->CountCharacters(), 0);
 	for (const int position : {-2, -1, 0, 1, 50}) {
-		for (int boundary = READ_CHARACTER; boundary <= READ_ALL; boundary++) {
+		for (int boundary = kReadCharacter; boundary <= kReadAll; boundary++) {
 			const text_boundary kind = text_boundary(boundary);
 			EXPECT_EQ(fReader->Before(position, kind), "0..0 ") << position << " " << boundary;
 			EXPECT_EQ(fReader->At(position, kind), "0..0 ") << position << " " << boundary;
@@ -116,13 +116,13 @@ TEST_F(AccessibleTextTest, Text_IsCutOutByPositions)
 TEST_F(AccessibleTextTest, Parts_FollowOneAnother)
 {
 	Append("Bob: hi, you! Well.\n\ne\xcc\x81 \xf0\x9f\x98\x80 end");
-	EXPECT_EQ(ReadOn(READ_WORD),
+	EXPECT_EQ(ReadOn(kReadWord),
 		"Bob|: |hi|, |you|! |Well|.|\n|\n|e\xcc\x81| \xf0\x9f\x98\x80 |end|");
-	EXPECT_EQ(ReadOn(READ_SENTENCE), "Bob: hi, you! |Well.|\n|\n|e\xcc\x81 \xf0\x9f\x98\x80 end|");
-	EXPECT_EQ(ReadOn(READ_PARAGRAPH), "Bob: hi, you! Well.\n|\n|e\xcc\x81 \xf0\x9f\x98\x80 end|");
-	EXPECT_EQ(ReadOn(READ_ROW), ReadOn(READ_PARAGRAPH));
-	EXPECT_EQ(ReadOn(READ_ALL), "Bob: hi, you! Well.\n\ne\xcc\x81 \xf0\x9f\x98\x80 end|");
-	EXPECT_EQ(ReadOn(READ_CHARACTER),
+	EXPECT_EQ(ReadOn(kReadSentence), "Bob: hi, you! |Well.|\n|\n|e\xcc\x81 \xf0\x9f\x98\x80 end|");
+	EXPECT_EQ(ReadOn(kReadParagraph), "Bob: hi, you! Well.\n|\n|e\xcc\x81 \xf0\x9f\x98\x80 end|");
+	EXPECT_EQ(ReadOn(kReadRow), ReadOn(kReadParagraph));
+	EXPECT_EQ(ReadOn(kReadAll), "Bob: hi, you! Well.\n\ne\xcc\x81 \xf0\x9f\x98\x80 end|");
+	EXPECT_EQ(ReadOn(kReadCharacter),
 		"B|o|b|:| |h|i|,| |y|o|u|!| |W|e|l|l|.|\n|\n|e\xcc\x81| |\xf0\x9f\x98\x80| |e|n|d|");
 }
 
@@ -136,7 +136,7 @@ TEST_F(AccessibleTextTest, Rows_AreThoseOnTheScreen)
 			rows += "|";
 		rows += fText->Text()[i];
 	}
-	EXPECT_EQ(ReadOn(READ_ROW), rows + "|");
+	EXPECT_EQ(ReadOn(kReadRow), rows + "|");
 	EXPECT_NE(rows.find(" |word"), std::string::npos);
 }
 
@@ -144,26 +144,26 @@ TEST_F(AccessibleTextTest, Rows_AreThoseOnTheScreen)
 TEST_F(AccessibleTextTest, PartsBesidePositions_IncludeTheEdges)
 {
 	Append("one two\nthree");
-	EXPECT_EQ(fReader->Before(0, READ_WORD), "0..0 ");
-	EXPECT_EQ(fReader->Before(5, READ_WORD), "3..4  ");
-	EXPECT_EQ(fReader->At(5, READ_WORD), "4..7 two");
-	EXPECT_EQ(fReader->After(5, READ_WORD), "7..8 \n");
-	EXPECT_EQ(fReader->Before(9, READ_PARAGRAPH), "0..8 one two\n");
-	EXPECT_EQ(fReader->After(2, READ_PARAGRAPH), "8..13 three");
-	EXPECT_EQ(fReader->Before(13, READ_CHARACTER), "12..13 e");
-	EXPECT_EQ(fReader->At(7, READ_CHARACTER), "7..8 \n");
+	EXPECT_EQ(fReader->Before(0, kReadWord), "0..0 ");
+	EXPECT_EQ(fReader->Before(5, kReadWord), "3..4  ");
+	EXPECT_EQ(fReader->At(5, kReadWord), "4..7 two");
+	EXPECT_EQ(fReader->After(5, kReadWord), "7..8 \n");
+	EXPECT_EQ(fReader->Before(9, kReadParagraph), "0..8 one two\n");
+	EXPECT_EQ(fReader->After(2, kReadParagraph), "8..13 three");
+	EXPECT_EQ(fReader->Before(13, kReadCharacter), "12..13 e");
+	EXPECT_EQ(fReader->At(7, kReadCharacter), "7..8 \n");
 	// Behind the last character nothing follows, nor behind the last line.
 	for (const int position : {13, 14, 1000, -1}) {
-		EXPECT_EQ(fReader->At(position, READ_CHARACTER), "13..13 ") << position;
-		EXPECT_EQ(fReader->After(position, READ_CHARACTER), "13..13 ") << position;
-		EXPECT_EQ(fReader->At(position, READ_PARAGRAPH), "8..13 three") << position;
-		EXPECT_EQ(fReader->At(position, READ_ROW), "8..13 three") << position;
-		EXPECT_EQ(fReader->After(position, READ_PARAGRAPH), "13..13 ") << position;
+		EXPECT_EQ(fReader->At(position, kReadCharacter), "13..13 ") << position;
+		EXPECT_EQ(fReader->After(position, kReadCharacter), "13..13 ") << position;
+		EXPECT_EQ(fReader->At(position, kReadParagraph), "8..13 three") << position;
+		EXPECT_EQ(fReader->At(position, kReadRow), "8..13 three") << position;
+		EXPECT_EQ(fReader->After(position, kReadParagraph), "13..13 ") << position;
 	}
-	EXPECT_EQ(fReader->After(9, READ_ROW), "13..13 ");
+	EXPECT_EQ(fReader->After(9, kReadRow), "13..13 ");
 	// -2 stands for the caret.
 	SelectAt(5);
-	EXPECT_EQ(fReader->At(-2, READ_WORD), "4..7 two");
+	EXPECT_EQ(fReader->At(-2, kReadWord), "4..7 two");
 }
 
 

@@ -222,6 +222,6 @@ TEST_F(ListViewRowsTest, HugeText_IsDrawnAndDescribed)
 	fList->AddItem(Keep(new BStringItem(std::string(65535, 'x').c_str())));
 	ASSERT_TRUE(WaitForRows(1));
 	EXPECT_EQ(accessible_of_row(fList, 0).name.size(), 65535u);
-	press_key(fList, KEY_DOWN);
+	press_key(fList, kKeyDown);
 	EXPECT_EQ(fList->CurrentSelection(), 0);
 }

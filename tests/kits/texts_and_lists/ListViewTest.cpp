@@ -174,7 +174,7 @@ TEST_F(ListViewTest, DoubleClickBelowTheRows_InvokesNothing)
 	double_click(fList, BPoint(frame.left + 20, frame.bottom + 40));
 	EXPECT_EQ(fList->CurrentSelection(), -1);
 	fList->Select(0);
-	press_key(fList, KEY_RETURN);
+	press_key(fList, kKeyReturn);
 	ASSERT_TRUE(WaitFor([this]() {
 		return fWindow->Count(kMsgInvoked) > 0;
 	}));
@@ -190,16 +190,16 @@ TEST_F(ListViewTest, FirstArrowAfterGettingTheFocus_SelectsTheFirstRow)
 	ASSERT_TRUE(WaitFor([this]() {
 		return fList->IsFocus();
 	}));
-	press_key(fList, KEY_DOWN);
+	press_key(fList, kKeyDown);
 	EXPECT_EQ(fList->CurrentSelection(), 0);
-	press_key(fList, KEY_DOWN);
+	press_key(fList, kKeyDown);
 	EXPECT_EQ(fList->CurrentSelection(), 1);
 }
 
 
 TEST_F(ListViewTest, EndAfterGettingTheFocus_SelectsTheLastRow)
 {
-	press_key(fList, KEY_END);
+	press_key(fList, kKeyEnd);
 	EXPECT_EQ(fList->CurrentSelection(), -1);
 
 	AddStrings(3);
@@ -208,9 +208,9 @@ TEST_F(ListViewTest, EndAfterGettingTheFocus_SelectsTheLastRow)
 	ASSERT_TRUE(WaitFor([this]() {
 		return fList->IsFocus();
 	}));
-	press_key(fList, KEY_END);
+	press_key(fList, kKeyEnd);
 	EXPECT_EQ(fList->CurrentSelection(), 2);
-	press_key(fList, KEY_HOME);
+	press_key(fList, kKeyHome);
 	EXPECT_EQ(fList->CurrentSelection(), 0);
 }
 
@@ -218,10 +218,10 @@ TEST_F(ListViewTest, EndAfterGettingTheFocus_SelectsTheLastRow)
 TEST_F(ListViewTest, Return_InvokesTheSelectedRow)
 {
 	AddStrings(3);
-	press_key(fList, KEY_RETURN);
+	press_key(fList, kKeyReturn);
 	fList->Select(1);
-	press_key(fList, KEY_DOWN);
-	press_key(fList, KEY_RETURN);
+	press_key(fList, kKeyDown);
+	press_key(fList, kKeyReturn);
 	ASSERT_TRUE(WaitFor([this]() {
 		return fWindow->Count(kMsgInvoked) > 0;
 	}));
@@ -237,7 +237,7 @@ TEST_F(ListViewTest, ReturnWithADefaultButton_IsTheButtons)
 	button->MakeDefault(true);
 	AddStrings(2);
 	fList->Select(1);
-	press_key(fList, KEY_RETURN);
+	press_key(fList, kKeyReturn);
 	EXPECT_TRUE(WaitFor([this]() {
 		return fWindow->Count('butn') == 1;
 	}));

@@ -77,7 +77,7 @@ TEST_F(TextControlTest, WhatIsTyped_IsTheText)
 	EXPECT_TRUE(fControl->IsFocus());
 	type_text(fControl, " caf\xc3\xa9 ");
 	EXPECT_STREQ(fControl->Text(), " caf\xc3\xa9 ");
-	press_key(fControl, KEY_BACKSPACE);
+	press_key(fControl, kKeyBackspace);
 	EXPECT_STREQ(fControl->Text(), " caf\xc3\xa9");
 }
 
@@ -85,7 +85,7 @@ TEST_F(TextControlTest, WhatIsTyped_IsTheText)
 TEST_F(TextControlTest, LongPaste_IsNotCut)
 {
 	set_clipboard(std::string(70000, 'x').c_str());
-	press_key(fControl, KEY_PASTE);
+	press_key(fControl, kKeyPaste);
 	EXPECT_EQ(strlen(fControl->Text()), 70000u);
 }
 
@@ -95,7 +95,7 @@ TEST_F(TextControlTest, PastedLines_BecomeOne)
 	fControl->SetText("ab");
 	fControl->TextView()->Select(1, 1);
 	set_clipboard("one\ntwo\r\nthree\tfour\n");
-	press_key(fControl, KEY_PASTE);
+	press_key(fControl, kKeyPaste);
 	EXPECT_STREQ(fControl->Text(), "aone two  three\tfour b");
 	type_text(fControl, "|");
 	EXPECT_STREQ(fControl->Text(), "aone two  three\tfour |b");
@@ -116,13 +116,13 @@ TEST_F(TextControlTest, EditedText_IsWhatIsShown)
 TEST_F(TextControlTest, Return_SendsTheMessageOnce)
 {
 	fControl->SetText("text");
-	press_key(fControl, KEY_RETURN);
+	press_key(fControl, kKeyReturn);
 	ASSERT_TRUE(WaitFor([this]() {
 		return fWindow->Count(kMsgReturn) > 0;
 	}));
 	EXPECT_EQ(fWindow->Count(kMsgReturn), 1);
 	EXPECT_EQ(fWindow->Last().GetPointer("source"), static_cast<BControl*>(fControl));
-	press_key(fControl, KEY_RETURN);
+	press_key(fControl, kKeyReturn);
 	EXPECT_TRUE(WaitFor([this]() {
 		return fWindow->Count(kMsgReturn) == 2;
 	}));
@@ -132,11 +132,11 @@ TEST_F(TextControlTest, Return_SendsTheMessageOnce)
 TEST_F(TextControlTest, ReturnWithADefaultButton_IsTheButtons)
 {
 	fButton->MakeDefault(true);
-	press_key(fOther, KEY_RETURN);
+	press_key(fOther, kKeyReturn);
 	EXPECT_TRUE(WaitFor([this]() {
 		return fWindow->Count(kMsgButton) == 1;
 	}));
-	press_key(fControl, KEY_RETURN);
+	press_key(fControl, kKeyReturn);
 	EXPECT_TRUE(WaitFor([this]() {
 		return fWindow->Count(kMsgButton) == 2;
 	}));

@@ -87,7 +87,7 @@ TEST_F(TextScrollingTest, UpByRowsFromTheEnd_ShowsEachRowOnce)
 	AppendLines(60);
 	ScrollToEnd();
 	const std::vector<int32> tops = Tops([this]() {
-		click_scroll_bar(fText, SCROLL_STEP_UP);
+		click_scroll_bar(fText, kScrollStepUp);
 	});
 	std::vector<int32> rows = Rows();
 	ASSERT_GT(rows.size(), 150u);
@@ -101,7 +101,7 @@ TEST_F(TextScrollingTest, DownByRowsFromTheStart_ShowsEachRowOnce)
 {
 	AppendLines(60);
 	const std::vector<int32> tops = Tops([this]() {
-		click_scroll_bar(fText, SCROLL_STEP_DOWN);
+		click_scroll_bar(fText, kScrollStepDown);
 	});
 	EXPECT_TRUE(IsSeen(fText->TextLength()));
 	std::vector<int32> rows = Rows();
@@ -136,10 +136,10 @@ TEST_F(TextScrollingTest, ByPages_LeavesNoRowOut)
 	ScrollToEnd();
 	const int page = scroll_state(fText).page;
 	const std::vector<int32> up = Tops([this]() {
-		click_scroll_bar(fText, SCROLL_PAGE_UP);
+		click_scroll_bar(fText, kScrollPageUp);
 	});
 	const std::vector<int32> down = Tops([this]() {
-		click_scroll_bar(fText, SCROLL_PAGE_DOWN);
+		click_scroll_bar(fText, kScrollPageDown);
 	});
 	const std::vector<int32> rows = Rows();
 	for (size_t i = 1; i + 1 < up.size(); i++)
@@ -159,9 +159,9 @@ TEST_F(TextScrollingTest, PlacesAskedForAbove_DoNotMoveTheText)
 	// Only now it is known how many rows there are.
 	const std::vector<int32> rows = Rows();
 	EXPECT_EQ(Top(), top);
-	click_scroll_bar(fText, SCROLL_STEP_UP);
+	click_scroll_bar(fText, kScrollStepUp);
 	EXPECT_EQ(RowOf(rows, Top()), RowOf(rows, top) - 1);
-	click_scroll_bar(fText, SCROLL_STEP_DOWN);
+	click_scroll_bar(fText, kScrollStepDown);
 	EXPECT_EQ(Top(), top);
 }
 
@@ -172,7 +172,7 @@ TEST_F(TextScrollingTest, PlacesAskedForAbove_DoNotMoveTheTextWithTheNextStepDow
 	fText->ScrollToOffset(fText->TextLength() / 2);
 	const int32 top = Top();
 	const std::vector<int32> rows = Rows();
-	click_scroll_bar(fText, SCROLL_STEP_DOWN);
+	click_scroll_bar(fText, kScrollStepDown);
 	EXPECT_EQ(RowOf(rows, Top()), RowOf(rows, top) + 1);
 }
 
@@ -214,7 +214,7 @@ TEST_F(TextScrollingTest, Resized_TheSameTextIsAtTheTop)
 {
 	AppendLines(60);
 	fText->ScrollToOffset(2000);
-	click_scroll_bar(fText, SCROLL_PAGE_DOWN);
+	click_scroll_bar(fText, kScrollPageDown);
 	const int32 top = Top();
 	ASSERT_GT(top, 0);
 	for (const float width : {180.0f, 500.0f, 300.0f}) {
@@ -297,7 +297,7 @@ TEST_F(TextScrollingTest, RowsOfDifferentHeights_AreEachSeenOnce)
 	ScrollToEnd();
 	EXPECT_TRUE(IsSeen(fText->TextLength()));
 	for (int32 row = Top() / 13; row > 0; row--) {
-		click_scroll_bar(fText, SCROLL_STEP_UP);
+		click_scroll_bar(fText, kScrollStepUp);
 		EXPECT_EQ(Top(), (row - 1) * 13);
 	}
 	for (int32 i = 0; i < 30; i++) {
@@ -320,12 +320,12 @@ TEST_F(TextScrollingTest, PagesOfRowsOfDifferentHeights_LeaveNoRowOut)
 		int32 next = Top();
 		while (IsSeen(next))
 			next += 13;
-		click_scroll_bar(fText, SCROLL_PAGE_DOWN);
+		click_scroll_bar(fText, kScrollPageDown);
 		ASSERT_TRUE(IsSeen(next)) << next;
 	}
 	while (Top() > 0) {
 		const int32 last = Top() - 13;
-		click_scroll_bar(fText, SCROLL_PAGE_UP);
+		click_scroll_bar(fText, kScrollPageUp);
 		ASSERT_TRUE(IsSeen(last)) << last;
 	}
 	fText->Select(0, 0);
@@ -375,12 +375,12 @@ TEST_F(TextScrollingTest, RowHigherThanTheView_CanBeScrolledTo)
 	Append("after");
 	ScrollToEnd();
 	EXPECT_TRUE(IsSeen(fText->TextLength()));
-	click_scroll_bar(fText, SCROLL_STEP_UP);
+	click_scroll_bar(fText, kScrollStepUp);
 	EXPECT_EQ(Top(), 7);
-	click_scroll_bar(fText, SCROLL_STEP_UP);
+	click_scroll_bar(fText, kScrollStepUp);
 	EXPECT_EQ(Top(), 0);
-	click_scroll_bar(fText, SCROLL_STEP_DOWN);
-	click_scroll_bar(fText, SCROLL_STEP_DOWN);
+	click_scroll_bar(fText, kScrollStepDown);
+	click_scroll_bar(fText, kScrollStepDown);
 	EXPECT_TRUE(IsSeen(fText->TextLength()));
 }
 

@@ -97,10 +97,10 @@ TEST_F(TextViewChangesTest, AppendedBetweenTwoSteps_TheCaretKeepsItsColumn)
 {
 	Append("wide line\nx\nwide line\n");
 	fText->Select(6, 6);
-	press_key(fText, KEY_DOWN);
+	press_key(fText, kKeyDown);
 	ExpectSelection(11, 11);
 	Append("news\n");
-	press_key(fText, KEY_DOWN);
+	press_key(fText, kKeyDown);
 	ExpectSelection(18, 18);
 }
 

@@ -384,7 +384,7 @@ TEST_F(TextViewTest, SelectionOfEverything_DoesNotGrow)
 {
 	Append("one\ntwo\n");
 	ASSERT_TRUE(WaitUntilShown());
-	press_key(fText, KEY_SELECT_ALL);
+	press_key(fText, kKeySelectAll);
 	Append("three\n");
 	ASSERT_TRUE(WaitUntilShown());
 
@@ -403,8 +403,8 @@ TEST_F(TextViewTest, SelectionFromTheEnd_KeepsItsAnchor)
 {
 	Append("one\ntwo\n");
 	ASSERT_TRUE(WaitUntilShown());
-	press_key(fText, KEY_END);
-	press_key(fText, KEY_SELECT_TO_START);
+	press_key(fText, kKeyEnd);
+	press_key(fText, kKeySelectToStart);
 	Append("three\n");
 	ASSERT_TRUE(WaitUntilShown());
 
@@ -415,7 +415,7 @@ TEST_F(TextViewTest, SelectionFromTheEnd_KeepsItsAnchor)
 	EXPECT_EQ(end, 8);
 
 	// What moves is the side that the user had moved.
-	press_key(fText, KEY_SELECT_RIGHT);
+	press_key(fText, kKeySelectRight);
 	fText->GetSelection(&start, &end);
 	EXPECT_EQ(start, 1);
 	EXPECT_EQ(end, 8);
@@ -505,14 +505,14 @@ TEST_F(TextViewTest, ReadOnly_TakesNoKeysButHasACaret)
 	Append("text");
 	ASSERT_TRUE(WaitUntilShown());
 	type_text(fText, "more");
-	press_key(fText, KEY_BACKSPACE);
+	press_key(fText, kKeyBackspace);
 	EXPECT_STREQ(fText->Text(), "text");
 
 	const Accessible accessible = accessible_of(fText);
 	EXPECT_TRUE(accessible.isReadOnly);
 	EXPECT_TRUE(accessible.isMultiLine);
 	EXPECT_TRUE(accessible.isFocusable);
-	press_key(fText, KEY_SELECT_ALL);
+	press_key(fText, kKeySelectAll);
 	int32 start;
 	int32 end;
 	fText->GetSelection(&start, &end);
@@ -526,7 +526,7 @@ TEST_F(TextViewTest, Editable_TakesNoKeysEither)
 	fText->MakeEditable(true);
 	fText->SetText("text");
 	type_text(fText, "more");
-	press_key(fText, KEY_BACKSPACE);
+	press_key(fText, kKeyBackspace);
 	EXPECT_STREQ(fText->Text(), "text");
 	EXPECT_TRUE(accessible_of(fText).isReadOnly);
 }

@@ -26,69 +26,6 @@
 #include <ViewPeer.h>
 
 
-static void
-send_key(QWidget* widget, int key, Qt::KeyboardModifiers modifiers, const QString& text)
-{
-	QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
-	QApplication::sendEvent(widget, &press);
-	QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
-	QApplication::sendEvent(widget, &release);
-}
-
-
-/*!	Keys go to the focus widget of the view, whether or not its window is active. */
-void
-press_key(BView* view, user_key key, const char* text)
-{
-	QWidget* widget = ViewPeer::Of(view)->FocusWidget();
-	const Qt::KeyboardModifiers both = Qt::ControlModifier | Qt::ShiftModifier;
-	switch (key) {
-		case kKeyCharacter:
-			send_key(widget, 0, Qt::NoModifier, QString::fromUtf8(text));
-			break;
-		case kKeyReturn:
-			send_key(widget, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
-			break;
-		case kKeyBackspace:
-			send_key(widget, Qt::Key_Backspace, Qt::NoModifier, QString());
-			break;
-		case kKeyUp:
-			send_key(widget, Qt::Key_Up, Qt::NoModifier, QString());
-			break;
-		case kKeyDown:
-			send_key(widget, Qt::Key_Down, Qt::NoModifier, QString());
-			break;
-		case kKeyHome:
-			send_key(widget, Qt::Key_Home, Qt::ControlModifier, QString());
-			break;
-		case kKeyEnd:
-			send_key(widget, Qt::Key_End, Qt::ControlModifier, QString());
-			break;
-		case kKeySelectAll:
-			send_key(widget, Qt::Key_A, Qt::ControlModifier, QString());
-			break;
-		case kKeySelectToStart:
-			send_key(widget, Qt::Key_Home, both, QString());
-			break;
-		case kKeySelectRight:
-			send_key(widget, Qt::Key_Right, Qt::ShiftModifier, QString());
-			break;
-		case kKeyPaste:
-			send_key(widget, Qt::Key_V, Qt::ControlModifier, QString());
-			break;
-	}
-}
-
-
-/*!	Character by character. */
-void
-type_text(BView* view, const char* text)
-{
-	for (const QChar character : QString::fromUtf8(text))
-		press_key(view, kKeyCharacter, QString(character).toUtf8().constData());
-}
-
-
 void
 set_clipboard(const char* text)
 {

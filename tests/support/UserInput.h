@@ -11,30 +11,15 @@
 #include <Point.h>
 #include <SupportDefs.h>
 
+#include "Keyboard.h"
+
 
 class BView;
 
 
-// What a user does with the keyboard and the mouse, and what a screen reader finds. For suites with
+// What a user does with the mouse, and what a screen reader finds. For suites with
 // windows.
 
-enum user_key {
-	kKeyCharacter,
-	kKeyReturn,
-	kKeyBackspace,
-	kKeyUp,
-	kKeyDown,
-	kKeyHome,
-	kKeyEnd,
-	kKeySelectAll,
-	// With the shift key held.
-	kKeySelectToStart,
-	kKeySelectRight,
-	kKeyPaste
-};
-
-void press_key(BView* view, user_key key, const char* text = "");
-void type_text(BView* view, const char* text);
 void set_clipboard(const char* text);
 std::string clipboard();
 void click(BView* view, BPoint where);

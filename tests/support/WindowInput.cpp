@@ -4,15 +4,12 @@
  */
 #include "WindowInput.h"
 
-#include <cctype>
-
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QIcon>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
@@ -21,113 +18,18 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <InterfaceDefs.h>
 #include <ViewPeer.h>
 #include <Window.h>
 #include <WindowPeer.h>
 
-
-// What the toolkit's own tests use: looks the shortcut up, and says whether there was one.
-Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject* object, ulong timestamp, int key,
-	Qt::KeyboardModifiers modifiers, const QString& text = QString(), bool isRepeated = false,
-	ushort count = 1);
-
-
-static int
-toolkit_key(char key)
-{
-	switch (key) {
-		case B_ENTER:
-			return Qt::Key_Return;
-		case B_ESCAPE:
-			return Qt::Key_Escape;
-		case B_TAB:
-			return Qt::Key_Tab;
-		case B_LEFT_ARROW:
-			return Qt::Key_Left;
-		case B_RIGHT_ARROW:
-			return Qt::Key_Right;
-		case B_UP_ARROW:
-			return Qt::Key_Up;
-		case B_DOWN_ARROW:
-			return Qt::Key_Down;
-		case B_HOME:
-			return Qt::Key_Home;
-		case B_END:
-			return Qt::Key_End;
-		case B_PAGE_UP:
-			return Qt::Key_PageUp;
-		case B_PAGE_DOWN:
-			return Qt::Key_PageDown;
-		default:
-			return toupper(key);
-	}
-}
-
-
-static Qt::KeyboardModifiers
-toolkit_modifiers(uint32 modifiers)
-{
-	Qt::KeyboardModifiers keys;
-	keys.setFlag(Qt::ControlModifier, (modifiers & B_COMMAND_KEY) != 0);
-	keys.setFlag(Qt::ShiftModifier, (modifiers & B_SHIFT_KEY) != 0);
-	return keys;
-}
-
-
-/*!	Whether it moves something instead of being typed. */
-static bool
-is_moving_key(char key)
-{
-	return (key >= B_LEFT_ARROW && key <= B_DOWN_ARROW) || key == B_HOME || key == B_END
-		|| key == B_PAGE_UP || key == B_PAGE_DOWN;
-}
+#include "Keyboard.h"
 
 
 static QWidget*
 widget_of(BWindow* window)
 {
 	return WindowPeer::Of(window)->Widget();
-}
-
-
-static QWidget*
-key_target(BWindow* window)
-{
-	if (QApplication::activePopupWidget() != NULL)
-		return QApplication::activePopupWidget();
-	QWidget* focus = widget_of(window)->focusWidget();
-	return focus != NULL ? focus : widget_of(window);
-}
-
-
-static void
-send_key(QWidget* target, int key, Qt::KeyboardModifiers modifiers, const QString& text)
-{
-	QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
-	QApplication::sendEvent(target, &press);
-	QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
-	QApplication::sendEvent(target, &release);
-}
-
-
-/*!	Shortcuts come first, as for a user; the focus is where the window has it, active or not. */
-void
-press_window_key(BWindow* window, char key, uint32 modifiers)
-{
-	const Qt::KeyboardModifiers keys = toolkit_modifiers(modifiers);
-	QWidget* target = key_target(window);
-	const bool hasText = keys == Qt::NoModifier && !is_moving_key(key);
-	const QString text = hasText ? QString(QLatin1Char(key)) : QString();
-
-	if (!qt_sendShortcutOverrideEvent(target, 0, toolkit_key(key), keys, text))
-		send_key(target, toolkit_key(key), keys, text);
-}
-
-
-void
-press_menu_key(BWindow* window)
-{
-	send_key(key_target(window), Qt::Key_F10, Qt::NoModifier, QString());
 }
 
 
@@ -310,19 +212,14 @@ type_into_file_panel(const char* path)
 		return false;
 	field->selectAll();
 	field->insert(QFile::decodeName(path));
-	send_key(field, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
-	return true;
+	return press_file_panel_key(B_ENTER);
 }
 
 
 bool
 cancel_file_panel()
 {
-	QLineEdit* field = file_panel_field();
-	if (field == NULL)
-		return false;
-	send_key(field, Qt::Key_Escape, Qt::NoModifier, QString());
-	return true;
+	return press_file_panel_key(B_ESCAPE);
 }
 
 
@@ -353,7 +250,6 @@ press_file_panel_key(char key, uint32 modifiers)
 	QLineEdit* field = file_panel_field();
 	if (field == NULL)
 		return false;
-	if (!qt_sendShortcutOverrideEvent(field, 0, toolkit_key(key), toolkit_modifiers(modifiers)))
-		send_key(field, toolkit_key(key), toolkit_modifiers(modifiers), QString());
+	press_widget_key(field, key, modifiers);
 	return true;
 }

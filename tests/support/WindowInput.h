@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include <InterfaceDefs.h>
 #include <Point.h>
+#include <SupportDefs.h>
 
 
 class BView;
@@ -19,15 +19,6 @@ class BWindow;
 
 // What a user does to a window, and what the window manager is told. For suites with windows.
 
-/*!	Presses a key in the window, in the menu that is open or where its focus is; with B_COMMAND_KEY
-	and the like.
-	\param key A character, or one of B_ENTER, B_ESCAPE, B_TAB, B_SPACE, the arrows, B_HOME, B_END,
-	B_PAGE_UP and B_PAGE_DOWN.
-*/
-void press_window_key(BWindow* window, char key, uint32 modifiers = 0);
-
-/*!	Presses the key that opens the menu bar. */
-void press_menu_key(BWindow* window);
 /*!	The label, as the user reads it, of the item that Return would choose in the open menu; empty
 	when none is open.
 */
@@ -71,7 +62,7 @@ bool is_tool_tip_whole();
 bool type_into_file_panel(const char* path);
 bool cancel_file_panel();
 bool is_file_panel_active();
-bool press_file_panel_key(char key, uint32 modifiers);
+bool press_file_panel_key(char key, uint32 modifiers = 0);
 /*!	The columns that are seen, each name followed by a "|". */
 std::string file_panel_columns();
 

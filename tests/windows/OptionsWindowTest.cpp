@@ -20,6 +20,7 @@
 #include "DrawnRow.h"
 #include "HostileTexts.h"
 #include "IconItem.h"
+#include "Keyboard.h"
 #include "MessageRecorder.h"
 #include "TemporaryFolder.h"
 #include "WaitFor.h"

@@ -114,7 +114,7 @@ TEST_F(CleanupTest, Disconnected_IsDeletedByAThreadThatWaits)
 	Post(kMsgToolDisconnect);
 	EXPECT_EQ(std::vector<std::string>({"HL:Cleanup 5"}), sSpawned);
 	// The connection has ended, but the client is still there.
-	EXPECT_TRUE(fServer.WaitForHangUp());
+	EXPECT_TRUE(fServer.WaitForEnd());
 	EXPECT_TRUE(WaitFor([] {
 		return sSnoozed != 0;
 	}));
@@ -146,7 +146,7 @@ TEST_F(CleanupTest, NoThread_DeletesTheClientAtOnce)
 	Post(kMsgToolDisconnect);
 	EXPECT_EQ(1, sDeletedCount);
 	EXPECT_EQ(0, sSnoozed);
-	EXPECT_TRUE(fServer.WaitForHangUp());
+	EXPECT_TRUE(fServer.WaitForEnd());
 }
 
 
@@ -154,7 +154,7 @@ TEST_F(CleanupTest, NoThread_DeletesTheClientAtOnce)
 TEST_F(CleanupTest, FailedAttemptAndLostLine_KeepTheClient)
 {
 	LogIn();
-	fServer.HangUp();
+	fServer.Hangup();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
 	Post(kHLConnectFailed, "error", "no reason");
 	ExpectChat("*** Connection failed: no reason ***\n", 200, 0, 0);

@@ -20,6 +20,6 @@ ConnectedFixture::LogIn()
 	AwaitChat("*** Connected — logging in ***\n", 0, 128, 0);
 	AwaitChat("*** Server: Harbor (v190) ***\n", 0, 100, 0);
 	AwaitChat("*** Logged in ***\n", 0, 128, 0);
-	fServer.Read(300);
-	fServer.Read(300);
+	fServer.ReadRequest(300);
+	fServer.ReadRequest(300);
 }

@@ -7,7 +7,7 @@
 
 
 #include "ControllerFixture.h"
-#include "ScriptedServer.h"
+#include "RawServer.h"
 
 
 /*!	A controller that can be connected to a server of the test's own. */
@@ -16,7 +16,7 @@ protected:
 	// Up to the last line in the chat; what the client asks for by itself has been read.
 	void LogIn();
 
-	ScriptedServer fServer;
+	RawServer fServer;
 };
 
 

@@ -12,8 +12,10 @@
 #include "ControllerFixture.h"
 #include "HostileTexts.h"
 #include "HotlineNotifications.h"
-#include "ScriptedServer.h"
+#include "RawServer.h"
 #include "WaitFor.h"
+#include "WireBytes.h"
+#include "WireRecords.h"
 
 
 static const char* const kLineWhileConnecting = "*** Connected — logging in ***\n";
@@ -37,7 +39,7 @@ protected:
 	}
 
 	// Connects to the server and logs in, up to the last line of it.
-	void _LogIn(ScriptedServer& server, const std::string& name = "Harbor")
+	void _LogIn(RawServer& server, const std::string& name = "Harbor")
 	{
 		_Connect(server.Port());
 		AwaitChat(_ConnectingTo(server.Port()), 100, 100, 100);
@@ -45,8 +47,8 @@ protected:
 		AwaitChat(kLineWhileConnecting, 0, 128, 0);
 		AwaitChat("*** Server: " + name + " (v190) ***\n", 0, 100, 0);
 		AwaitChat("*** Logged in ***\n", 0, 128, 0);
-		server.Read(300);
-		server.Read(300);
+		server.ReadRequest(300);
+		server.ReadRequest(300);
 	}
 
 	void _AwaitStatus(const std::string& status)
@@ -60,7 +62,7 @@ protected:
 
 TEST_F(ConnectionTest, Connecting_IsAnnounced)
 {
-	ScriptedServer server;
+	RawServer server;
 	_Connect(server.Port());
 	EXPECT_EQ("Connecting to 127.0.0.1:" + std::to_string(server.Port()) + "…", Status());
 	AwaitChat(_ConnectingTo(server.Port()), 100, 100, 100);
@@ -71,7 +73,7 @@ TEST_F(ConnectionTest, Connecting_IsAnnounced)
 
 TEST_F(ConnectionTest, ConnectWindow_LeadsToALogin)
 {
-	ScriptedServer server;
+	RawServer server;
 	fMain.Invoke("connect");
 	WindowProbe window(find_window<ConnectWindow>());
 	window.SetText("address", "127.0.0.1");
@@ -83,9 +85,9 @@ TEST_F(ConnectionTest, ConnectWindow_LeadsToALogin)
 
 	server.Accept();
 	server.ShakeHands();
-	const WireTransaction login = server.Read(107);
+	const WireTransaction login = server.ReadRequest(107);
 	EXPECT_EQ("HaikuUser", login.Field(102));
-	EXPECT_EQ(wire_uint16(137), login.Field(104));
+	EXPECT_EQ(wire16(137), login.Field(104));
 	EXPECT_TRUE(login.HasField(105));
 	EXPECT_TRUE(login.HasField(106));
 	_AwaitStatus("Connected — logging in…");
@@ -94,7 +96,7 @@ TEST_F(ConnectionTest, ConnectWindow_LeadsToALogin)
 
 TEST_F(ConnectionTest, LogIn_GoesThroughEveryState)
 {
-	ScriptedServer server;
+	RawServer server;
 	_LogIn(server);
 	Settle();
 	EXPECT_EQ("Connected to Harbor", Status());
@@ -107,7 +109,7 @@ TEST_F(ConnectionTest, LogIn_GoesThroughEveryState)
 
 TEST_F(ConnectionTest, ServerWithoutAName_IsOnlyConnected)
 {
-	ScriptedServer server;
+	RawServer server;
 	_Connect(server.Port());
 	AwaitChat(_ConnectingTo(server.Port()), 100, 100, 100);
 	server.AcceptAndLogIn("");
@@ -121,11 +123,11 @@ TEST_F(ConnectionTest, ServerWithoutAName_IsOnlyConnected)
 // The client itself asks once, the controller once more.
 TEST_F(ConnectionTest, LogIn_AsksForTheUsersTwiceAndListsThemOnce)
 {
-	ScriptedServer server;
+	RawServer server;
 	_Connect(server.Port());
 	server.AcceptAndLogIn("Harbor");
 	for (int round = 0; round < 2; round++) {
-		const WireTransaction request = server.Read(300);
+		const WireTransaction request = server.ReadRequest(300);
 		server.Reply(request.id,
 			{{300, wire_user(1, 128, 0, "first")}, {300, wire_user(2, 129, 2, "second")}});
 	}
@@ -166,18 +168,18 @@ TEST_F(ConnectionTest, PortAbove32767_IsReadUnsigned)
 
 TEST_F(ConnectionTest, RefusedLogin_IsAnErrorAndNoLogin)
 {
-	ScriptedServer server;
+	RawServer server;
 	_Connect(server.Port());
 	AwaitChat(_ConnectingTo(server.Port()), 100, 100, 100);
 	server.Accept();
 	server.ShakeHands();
-	const WireTransaction login = server.Read(107);
+	const WireTransaction login = server.ReadRequest(107);
 	server.Reply(login.id, {{100, "Login incorrect"}}, 1);
 	AwaitChat(kLineWhileConnecting, 0, 128, 0);
 	AwaitChat("*** Error: Login incorrect ***\n", 200, 0, 0);
 	EXPECT_EQ("c----", Buttons());
 
-	server.HangUp();
+	server.Hangup();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
 	EXPECT_EQ("Disconnected", Status());
 }
@@ -185,17 +187,17 @@ TEST_F(ConnectionTest, RefusedLogin_IsAnErrorAndNoLogin)
 
 TEST_F(ConnectionTest, TypedChat_ReachesTheServer)
 {
-	ScriptedServer server;
+	RawServer server;
 	_LogIn(server);
 	fChat.SetText("chatinput", " hello there ");
 	fChat.Invoke("chatinput");
-	EXPECT_EQ(" hello there ", server.Read(105).Field(101));
+	EXPECT_EQ(" hello there ", server.ReadRequest(105).Field(101));
 
 	for (const std::string& text : hostile_texts()) {
 		SCOPED_TRACE(text);
 		fChat.SetText("chatinput", text.c_str());
 		fChat.Invoke("chatinput");
-		EXPECT_EQ(text, server.Read(105).Field(101));
+		EXPECT_EQ(text, server.ReadRequest(105).Field(101));
 	}
 	ExpectNoChat();
 }
@@ -203,18 +205,18 @@ TEST_F(ConnectionTest, TypedChat_ReachesTheServer)
 
 TEST_F(ConnectionTest, EventsOfTheServer_AreShown)
 {
-	ScriptedServer server;
+	RawServer server;
 	_LogIn(server);
 	server.Send(106, {{101, "\r one:  hi\rthere"}});
 	AwaitChat("\n one:  hi\nthere\n", 0, 0, 0);
 	server.Send(355, {{101, "noon\rbreak"}});
 	AwaitChat("\n*** Broadcast: noon\rbreak ***\n", 200, 100, 0);
-	server.Send(301, {{103, wire_uint16(5)}, {104, wire_uint16(1)}, {102, "five"}});
+	server.Send(301, {{103, wire16(5)}, {104, wire16(1)}, {102, "five"}});
 	EXPECT_TRUE(WaitFor([this] {
 		return CountUsers() == 1;
 	}));
 	EXPECT_EQ("five", Nick(0));
-	server.Send(302, {{103, wire_uint16(5)}});
+	server.Send(302, {{103, wire16(5)}});
 	EXPECT_TRUE(WaitFor([this] {
 		return CountUsers() == 0;
 	}));
@@ -223,7 +225,7 @@ TEST_F(ConnectionTest, EventsOfTheServer_AreShown)
 
 TEST_F(ConnectionTest, Agreement_IsAcceptedWithNickAndIcon)
 {
-	ScriptedServer server;
+	RawServer server;
 	_LogIn(server);
 	server.Send(109, {{101, "Be kind.\rStay long."}});
 	EXPECT_TRUE(WaitFor([] {
@@ -235,15 +237,15 @@ TEST_F(ConnectionTest, Agreement_IsAcceptedWithNickAndIcon)
 	window.WaitForEnd();
 
 	AwaitChat("*** Agreement accepted ***\n", 0, 128, 0);
-	const WireTransaction agreed = server.Read(121);
+	const WireTransaction agreed = server.ReadRequest(121);
 	EXPECT_EQ("HaikuUser", agreed.Field(102));
-	EXPECT_EQ(wire_uint16(137), agreed.Field(104));
+	EXPECT_EQ(wire16(137), agreed.Field(104));
 }
 
 
 TEST_F(ConnectionTest, AgreementDeclined_HangsUp)
 {
-	ScriptedServer server;
+	RawServer server;
 	_LogIn(server);
 	server.Send(109, {{101, "Be kind."}});
 	EXPECT_TRUE(WaitFor([] {
@@ -254,7 +256,7 @@ TEST_F(ConnectionTest, AgreementDeclined_HangsUp)
 	window.WaitForEnd();
 
 	AwaitChat("*** Agreement declined — disconnecting ***\n", 200, 0, 0);
-	EXPECT_TRUE(server.WaitForHangUp());
+	EXPECT_TRUE(server.WaitForEnd());
 	_AwaitStatus("Not connected");
 	EXPECT_EQ("Palimbra", Title());
 }
@@ -262,22 +264,22 @@ TEST_F(ConnectionTest, AgreementDeclined_HangsUp)
 
 TEST_F(ConnectionTest, PoliteQuit_HangsUp)
 {
-	ScriptedServer server;
+	RawServer server;
 	_LogIn(server);
 	server.Send(111, {{101, "Good night"}});
 	AwaitChat("\n*** Server requested disconnect ***\n", 200, 0, 0);
-	EXPECT_TRUE(server.WaitForHangUp());
+	EXPECT_TRUE(server.WaitForEnd());
 	_AwaitStatus("Not connected");
 }
 
 
 TEST_F(ConnectionTest, Disconnect_HangsUpAndReportsNoLoss)
 {
-	ScriptedServer server;
+	RawServer server;
 	_LogIn(server);
 	fMain.Invoke("disconnect");
 	AwaitChat("\n*** Disconnected ***\n", 180, 0, 0);
-	EXPECT_TRUE(server.WaitForHangUp());
+	EXPECT_TRUE(server.WaitForEnd());
 	Settle();
 	ExpectNoChat();
 	EXPECT_EQ("Not connected", Status());
@@ -286,9 +288,9 @@ TEST_F(ConnectionTest, Disconnect_HangsUpAndReportsNoLoss)
 
 TEST_F(ConnectionTest, LostLine_CanBeConnectedAgain)
 {
-	ScriptedServer server;
+	RawServer server;
 	_LogIn(server);
-	server.HangUp();
+	server.Hangup();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
 	_AwaitStatus("Disconnected");
 	EXPECT_EQ("Palimbra — Harbor", Title());
@@ -303,8 +305,8 @@ TEST_F(ConnectionTest, LostLine_CanBeConnectedAgain)
 
 TEST_F(ConnectionTest, ConnectingWhileConnected_EndsTheFirstConnection)
 {
-	ScriptedServer first;
-	ScriptedServer second;
+	RawServer first;
+	RawServer second;
 	_LogIn(first);
 	BMessage user(kHLUserJoined);
 	Post(&user);
@@ -315,7 +317,7 @@ TEST_F(ConnectionTest, ConnectingWhileConnected_EndsTheFirstConnection)
 	EXPECT_EQ("Connecting to 127.0.0.1:" + std::to_string(second.Port()) + "…", Status());
 	EXPECT_EQ("Palimbra", Title());
 	EXPECT_EQ(0, CountUsers());
-	EXPECT_TRUE(first.WaitForHangUp());
+	EXPECT_TRUE(first.WaitForEnd());
 
 	second.AcceptAndLogIn("Island");
 	AwaitChat(kLineWhileConnecting, 0, 128, 0);
@@ -326,35 +328,35 @@ TEST_F(ConnectionTest, ConnectingWhileConnected_EndsTheFirstConnection)
 
 TEST_F(ConnectionTest, UsersCommand_AsksAgainOnlyWhileConnected)
 {
-	ScriptedServer server;
+	RawServer server;
 	_LogIn(server);
 	Post(kMsgToolUsers);
-	server.Read(300);
+	server.ReadRequest(300);
 
 	Post(kMsgToolDisconnect);
 	Post(kMsgToolUsers);
-	EXPECT_TRUE(server.WaitForHangUp());
+	EXPECT_TRUE(server.WaitForEnd());
 }
 
 
 TEST_F(ConnectionTest, EmptyChat_IsNotSent)
 {
-	ScriptedServer server;
+	RawServer server;
 	_LogIn(server);
 	Post(kMsgSendChat, "text", "");
 	Post(kMsgSendChat);
 	Post(kMsgSendChat, "text", "next");
-	EXPECT_EQ("next", server.Read(105).Field(101));
+	EXPECT_EQ("next", server.ReadRequest(105).Field(101));
 }
 
 
 TEST_F(ConnectionTest, FailedAttempt_CanBeRepeated)
 {
-	ScriptedServer server;
+	RawServer server;
 	_Connect(server.Port());
 	AwaitChat(_ConnectingTo(server.Port()), 100, 100, 100);
 	server.Accept();
-	server.SendBytes("HTTP/1.0");
+	server.Send("HTTP/1.0");
 	AwaitChat("*** Connection failed: Invalid server response ***\n", 200, 0, 0);
 	EXPECT_EQ("Connection failed", Status());
 	_LogIn(server);
@@ -363,21 +365,21 @@ TEST_F(ConnectionTest, FailedAttempt_CanBeRepeated)
 
 TEST_F(ConnectionTest, WindowClosedWhileConnected_HangsUp)
 {
-	ScriptedServer server;
+	RawServer server;
 	_LogIn(server);
 	ASSERT_TRUE(fMain.Window()->Lock());
 	fMain.Window()->Quit();
-	EXPECT_TRUE(server.WaitForHangUp());
+	EXPECT_TRUE(server.WaitForEnd());
 }
 
 
 // The attempt waits for an answer that never comes.
 TEST_F(ConnectionTest, WindowClosedWhileConnecting_HangsUp)
 {
-	ScriptedServer server;
+	RawServer server;
 	_Connect(server.Port());
 	server.Accept();
 	ASSERT_TRUE(fMain.Window()->Lock());
 	fMain.Window()->Quit();
-	EXPECT_TRUE(server.WaitForHangUp());
+	EXPECT_TRUE(server.WaitForEnd());
 }

@@ -147,9 +147,9 @@ TEST_F(FilesTest, OpenedFolders_AreAskedFor)
 	_Open("early");
 	LogIn();
 	_Open("");
-	EXPECT_FALSE(fServer.Read(200).HasField(202));
+	EXPECT_FALSE(fServer.ReadRequest(200).HasField(202));
 	_Open("ab");
-	EXPECT_EQ(wire16(1) + wire16(0) + wire8(2) + "ab", fServer.Read(200).Field(202));
+	EXPECT_EQ(wire16(1) + wire16(0) + wire8(2) + "ab", fServer.ReadRequest(200).Field(202));
 }
 
 
@@ -164,7 +164,7 @@ TEST_F(FilesTest, FolderOpenedWhileConnecting_IsNotAskedFor)
 	_Open("a");
 	EXPECT_EQ(1, count_windows<FileListWindow>());
 	fServer.ShakeHands();
-	EXPECT_EQ(1u, fServer.Read(107).id);
+	EXPECT_EQ(1u, fServer.ReadRequest(107).id);
 }
 
 
@@ -235,7 +235,7 @@ TEST_F(FilesTest, LostLine_LeavesTheWindows)
 {
 	LogIn();
 	FileListWindow* window = _Open("a");
-	fServer.HangUp();
+	fServer.Hangup();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
 	WindowProbe::Settle(be_app);
 	ASSERT_EQ(1u, _Windows().size());
@@ -264,7 +264,7 @@ TEST_F(FilesTest, DownloadRequest_IsAnnouncedAndSent)
 	request.AddString("name", "read me");
 	Post(&request);
 	ExpectChat("*** Requesting download: read me ***\n", 100, 100, 100);
-	const WireTransaction sent = fServer.Read(202);
+	const WireTransaction sent = fServer.ReadRequest(202);
 	EXPECT_EQ("read me", sent.Field(201));
 	EXPECT_EQ(wire16(1) + wire16(0) + wire8(2) + "ab", sent.Field(202));
 }
@@ -284,7 +284,7 @@ TEST_F(FilesTest, RequestsWithoutNameOrConnection_AreDropped)
 	Post(kMsgUploadFile, "localpath", "/without/a/name");
 	ExpectNoChat();
 	Post(kMsgSendChat, "text", "next");
-	EXPECT_EQ("next", fServer.Read().Field(101));
+	EXPECT_EQ("next", fServer.ReadRequest().Field(101));
 }
 
 
@@ -301,7 +301,7 @@ TEST_F(FilesTest, UploadOfMoreThan32Bits_AnnouncesTheLowOnes)
 		upload.AddInt64("size", size);
 		Post(&upload);
 		ExpectChat("*** Requesting upload: big ***\n", 100, 100, 100);
-		const WireTransaction sent = fServer.Read(203);
+		const WireTransaction sent = fServer.ReadRequest(203);
 		EXPECT_EQ("big", sent.Field(201));
 		EXPECT_EQ(wire16(1) + wire16(0) + wire8(2) + "ab", sent.Field(202));
 		announced.push_back(sent.Field(108));
@@ -323,12 +323,12 @@ TEST_F(FilesTest, UploadThroughALink_AnnouncesItsFile)
 	ASSERT_EQ(B_OK, get_ref_for_path(folder.PathOf("link").c_str(), &ref));
 	LogIn();
 	FileListWindow* window = _Open("ab");
-	fServer.Read(200);
+	fServer.ReadRequest(200);
 	BMessage chosen(kMsgUploadFile);
 	chosen.AddRef("refs", &ref);
 	window->PostMessage(&chosen);
 	AwaitChat("*** Requesting upload: link ***\n", 100, 100, 100);
-	const WireTransaction sent = fServer.Read(203);
+	const WireTransaction sent = fServer.ReadRequest(203);
 	EXPECT_EQ("link", sent.Field(201));
 	EXPECT_EQ(wire32(5000 + kDescriptionSize + 4), sent.Field(108));
 }

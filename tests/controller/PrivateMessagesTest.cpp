@@ -13,6 +13,7 @@
 #include "HotlineNotifications.h"
 #include "MessageWindow.h"
 #include "WaitFor.h"
+#include "WireBytes.h"
 
 
 class PrivateMessagesTest : public ConnectedFixture {
@@ -290,7 +291,7 @@ TEST_F(PrivateMessagesTest, LostLine_LeavesEveryConversation)
 {
 	LogIn();
 	_Receive(5, "Ann", "hello");
-	fServer.HangUp();
+	fServer.Hangup();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
 	WindowProbe::Settle(be_app);
 	ASSERT_EQ(1, _CountOpen());
@@ -317,8 +318,8 @@ TEST_F(PrivateMessagesTest, TypedMessage_ReachesTheServer)
 	WindowProbe window(find_window<MessageWindow>());
 	window.SetText("pminput", "hi");
 	window.Invoke("pminput");
-	const WireTransaction sent = fServer.Read(108);
-	EXPECT_EQ(wire_uint16(5), sent.Field(103));
+	const WireTransaction sent = fServer.ReadRequest(108);
+	EXPECT_EQ(wire16(5), sent.Field(103));
 	EXPECT_EQ("hi", sent.Field(101));
 }
 
@@ -330,14 +331,14 @@ TEST_F(PrivateMessagesTest, NobodyOrNothing_IsNotSent)
 	_PostWithSocket(kMsgPMSend, 0, "text", "to nobody");
 	_PostWithSocket(kMsgPMSend, 5, "text", "");
 	_PostWithSocket(kMsgPMSend, 5, "text", "next");
-	EXPECT_EQ("next", fServer.Read(108).Field(101));
+	EXPECT_EQ("next", fServer.ReadRequest(108).Field(101));
 }
 
 
 TEST_F(PrivateMessagesTest, MessageFromTheWire_OpensAConversation)
 {
 	LogIn();
-	fServer.Send(104, {{103, wire_uint16(5)}, {102, "Ann"}, {101, "one\rtwo"}});
+	fServer.Send(104, {{103, wire16(5)}, {102, "Ann"}, {101, "one\rtwo"}});
 	EXPECT_TRUE(WaitFor([] {
 		return _CountOpen() == 1 && !_Transcript().empty();
 	}));

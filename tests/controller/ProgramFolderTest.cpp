@@ -23,13 +23,13 @@
 #include "ControllerFixture.h"
 #include "DrawnRow.h"
 #include "FileListWindow.h"
-#include "FileObject.h"
 #include "HotlineNotifications.h"
 #include "OptionsWindow.h"
 #include "RawServer.h"
 #include "TemporaryFolder.h"
 #include "UserInput.h"
 #include "WaitFor.h"
+#include "WireRecords.h"
 
 
 // Where the program finds its own file; empty when it does not.
@@ -302,7 +302,7 @@ TEST_F(ProgramFolderTest, Download_ArrivesUnderItsName)
 		window.Post(&ready);
 		window.ExpectChatBegins("*** Downloading " + name + " (4000000000 bytes) ***\n", 0, 100, 0);
 		ASSERT_TRUE(transfers.Accept());
-		transfers.Send(FileObject("data of " + name));
+		transfers.Send(wire_file_object("data of " + name));
 		window.AwaitChat("*** Download complete: " + name + " ***\n", 0, 128, 0);
 
 		std::ifstream file(fFolder.PathOf("Downloads/" + name), std::ios::binary);
@@ -322,7 +322,7 @@ TEST_F(ProgramFolderTest, NameTooLongForAFile_LeavesNothing)
 	window.Post(&ready);
 	window.ExpectChatBegins("*** Downloading " + name + " (4000000000 bytes) ***\n", 0, 100, 0);
 	ASSERT_TRUE(transfers.Accept());
-	transfers.Send(FileObject("data"));
+	transfers.Send(wire_file_object("data"));
 	EXPECT_TRUE(transfers.WaitForEnd());
 	EXPECT_EQ(std::set<std::string>(), names_in(fFolder.PathOf("Downloads")));
 }

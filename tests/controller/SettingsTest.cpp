@@ -14,6 +14,7 @@
 #include "RawServer.h"
 #include "TrackerWindow.h"
 #include "WaitFor.h"
+#include "WireBytes.h"
 
 
 class SettingsTest : public ConnectedFixture {
@@ -30,16 +31,16 @@ protected:
 
 	void _ExpectChange(const std::string& nick, uint16 icon)
 	{
-		const WireTransaction change = fServer.Read(304);
+		const WireTransaction change = fServer.ReadRequest(304);
 		EXPECT_EQ(nick, change.Field(102));
-		EXPECT_EQ(wire_uint16(icon), change.Field(104));
+		EXPECT_EQ(wire16(icon), change.Field(104));
 	}
 
 	// What was sent before the line of the chat, if anything, is in front of it.
 	void _ExpectNothingSent()
 	{
 		Post(kMsgSendChat, "text", "next");
-		EXPECT_EQ("next", fServer.Read().Field(101));
+		EXPECT_EQ("next", fServer.ReadRequest().Field(101));
 	}
 };
 
@@ -142,9 +143,9 @@ TEST_F(SettingsTest, SavedBeforeConnecting_IsWhatLogsIn)
 	Post(&connect);
 	fServer.Accept();
 	fServer.ShakeHands();
-	const WireTransaction login = fServer.Read(107);
+	const WireTransaction login = fServer.ReadRequest(107);
 	EXPECT_EQ("Ann", login.Field(102));
-	EXPECT_EQ(wire_uint16(5), login.Field(104));
+	EXPECT_EQ(wire16(5), login.Field(104));
 }
 
 
@@ -154,9 +155,9 @@ TEST_F(SettingsTest, SavedAfterTheLogin_IsWhatAgrees)
 	_Save("Ann", "", 5);
 	_ExpectChange("Ann", 5);
 	Post(kMsgAcceptAgreement);
-	const WireTransaction agreed = fServer.Read(121);
+	const WireTransaction agreed = fServer.ReadRequest(121);
 	EXPECT_EQ("Ann", agreed.Field(102));
-	EXPECT_EQ(wire_uint16(5), agreed.Field(104));
+	EXPECT_EQ(wire16(5), agreed.Field(104));
 }
 
 
@@ -195,7 +196,7 @@ TEST_F(SettingsTest, ServerPickedInTheTracker_IsConnectedTo)
 	window.Post(kMsgTrackerInvoke);
 	fServer.Accept();
 	fServer.ShakeHands();
-	EXPECT_EQ("HaikuUser", fServer.Read(107).Field(102));
+	EXPECT_EQ("HaikuUser", fServer.ReadRequest(107).Field(102));
 }
 
 

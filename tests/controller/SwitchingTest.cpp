@@ -326,7 +326,7 @@ TEST_F(SwitchingTest, FormerAgreementAccepted_IsNotSentToThePresentServer)
 	agreement.WaitForEnd();
 	ExpectConnectedToHarbor();
 	Post(kMsgSendChat, "text", "next");
-	EXPECT_EQ("next", fServer.Read().Field(101));
+	EXPECT_EQ("next", fServer.ReadRequest().Field(101));
 }
 
 
@@ -340,7 +340,7 @@ TEST_F(SwitchingTest, FormerAgreementDeclined_LeavesThePresentConnection)
 	agreement.WaitForEnd();
 	ExpectConnectedToHarbor();
 	Post(kMsgSendChat, "text", "next");
-	EXPECT_EQ("next", fServer.Read().Field(101));
+	EXPECT_EQ("next", fServer.ReadRequest().Field(101));
 }
 
 
@@ -428,7 +428,7 @@ TEST_F(SwitchingTest, WhatWasMeantForAnotherServer_IsNotSentToThisOne)
 	ExpectConnectedToHarbor();
 	EXPECT_EQ(0, count_windows<MessageWindow>());
 	Post(kMsgSendChat, "text", "next");
-	EXPECT_EQ("next", fServer.Read().Field(101));
+	EXPECT_EQ("next", fServer.ReadRequest().Field(101));
 }
 
 
@@ -437,7 +437,7 @@ TEST_F(SwitchingTest, TypedForThisServer_IsSentToIt)
 	LogIn();
 	fChat.SetText("chatinput", "hello");
 	fChat.Invoke("chatinput");
-	EXPECT_EQ("hello", fServer.Read(105).Field(101));
+	EXPECT_EQ("hello", fServer.ReadRequest(105).Field(101));
 }
 
 

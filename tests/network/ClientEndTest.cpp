@@ -105,11 +105,11 @@ void
 ClientEndTest::ExpectNothingLeft()
 {
 	client.reset();
-	const size_t posted = log->CountAll();
+	const int32 posted = log->CountMessages();
 	server->Hangup();
 	EndClient();
 	EXPECT_EQ(count_descriptors(), fDescriptors);
-	EXPECT_EQ(log->CountAll(), posted);
+	EXPECT_EQ(posted, log->CountMessages());
 }
 
 
@@ -151,7 +151,7 @@ TEST_F(ClientEndTest, WhileResolving_NothingIsDoneWithTheAddress)
 	mayGoOn.set_value();
 	deletion.join();
 	EXPECT_EQ(sockets, 0);
-	EXPECT_EQ(log->CountAll(), 0u);
+	EXPECT_EQ(0, log->CountMessages());
 	ExpectNothingLeft();
 }
 
@@ -170,7 +170,7 @@ TEST_F(ClientEndTest, WhileResolving_LeavesTheResolverBehind)
 	Connect();
 	isResolving.get_future().wait();
 	ExpectEndsByItself();
-	EXPECT_EQ(log->CountAll(), 0u);
+	EXPECT_EQ(0, log->CountMessages());
 	mayGoOn.set_value();
 	ExpectNothingLeft();
 	EXPECT_FALSE(server->HasCaller());
@@ -192,7 +192,7 @@ TEST_F(ClientEndTest, WhileResolvingInVain_SaysNothing)
 	std::thread deletion = BeginDeletion();
 	mayGoOn.set_value();
 	deletion.join();
-	EXPECT_EQ(log->CountAll(), 0u);
+	EXPECT_EQ(0, log->CountMessages());
 	ExpectNothingLeft();
 }
 
@@ -227,7 +227,7 @@ TEST_F(ClientEndTest, WhileConnecting_DoesNotWaitForTheNetwork)
 	isConnecting.get_future().wait();
 	ExpectEndsByItself();
 	EXPECT_EQ(result.get_future().get(), -1);
-	EXPECT_EQ(log->CountAll(), 0u);
+	EXPECT_EQ(0, log->CountMessages());
 	for (const int caller : callers)
 		close(caller);
 	ExpectNothingLeft();
@@ -252,7 +252,7 @@ TEST_F(ClientEndTest, JustConnected_NothingIsSent)
 	mayGoOn.set_value();
 	deletion.join();
 	EXPECT_EQ(server->ReadToEnd(), "");
-	EXPECT_EQ(log->CountAll(), 0u);
+	EXPECT_EQ(0, log->CountMessages());
 	ExpectNothingLeft();
 }
 
@@ -265,7 +265,7 @@ TEST_F(ClientEndTest, WhileTheServerIsSilent_WakesTheHandshake)
 	server->Read(12);
 	ExpectEndsByItself();
 	EXPECT_EQ(server->ReadToEnd(), "");
-	EXPECT_EQ(log->CountAll(), 0u);
+	EXPECT_EQ(0, log->CountMessages());
 	ExpectNothingLeft();
 }
 
@@ -293,7 +293,7 @@ TEST_F(ClientEndTest, BetweenHandshakeAndLogin_NothingIsStarted)
 	mayGoOn.set_value();
 	deletion.join();
 	EXPECT_EQ(server->ReadToEnd(), "");
-	EXPECT_EQ(log->CountAll(), 0u);
+	EXPECT_EQ(0, log->CountMessages());
 	ExpectNothingLeft();
 }
 
@@ -318,7 +318,7 @@ TEST_F(ClientEndTest, WhileSendingTheLogin_NothingFollows)
 	std::thread deletion = BeginDeletion();
 	mayGoOn.set_value();
 	deletion.join();
-	EXPECT_EQ(log->CountAll(), 0u);
+	EXPECT_EQ(0, log->CountMessages());
 	ExpectNothingLeft();
 }
 

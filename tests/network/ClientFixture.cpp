@@ -10,9 +10,8 @@
 
 ClientTest::ClientTest()
 	: server(new RawServer),
-	  log(new MessageLog)
+	  log(new MessageRecorder)
 {
-	log->Run();
 	fThreads = count_threads();
 	client.reset(new HotlineClient(log));
 }

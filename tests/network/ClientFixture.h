@@ -11,7 +11,7 @@
 #include <string>
 
 #include "HotlineClient.h"
-#include "MessageLog.h"
+#include "MessageRecorder.h"
 #include "ProcessCounts.h"
 #include "RawServer.h"
 #include "WireBytes.h"
@@ -54,7 +54,7 @@ protected:
 
 public:
 	std::unique_ptr<RawServer> server;
-	MessageLog* log;
+	MessageRecorder* log;
 	std::unique_ptr<HotlineClient> client;
 
 private:

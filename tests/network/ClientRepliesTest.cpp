@@ -4,6 +4,7 @@
  */
 #include "ClientFixture.h"
 #include "Interposed.h"
+#include "WireRecords.h"
 
 
 /*!	After the login the client has sent the ids 1 and 2, and the reply to the latter is still to
@@ -108,9 +109,12 @@ TEST_F(ClientLoginReplyTest, IdZeroAfterTheLogin_IsTakenForOneAgain)
 TEST_F(ClientRepliesTest, Error1_IsPostedAndTheRequestForgotten)
 {
 	client->RequestFileList("a");
-	Reply(3, wire_param(100, "Not allowed\r<b>%s") + wire_file("TEXT", "ttxt", 1, "name"), 1);
+	Reply(3,
+		wire_param(100, "Not allowed\r<b>%s")
+			+ wire_param(200, wire_file("TEXT", "ttxt", 1, "name")),
+		1);
 	ExpectPosted("HLte error=CSTR Not allowed\r<b>%s");
-	Reply(3, wire_file("TEXT", "ttxt", 1, "name"));
+	Reply(3, wire_param(200, wire_file("TEXT", "ttxt", 1, "name")));
 	ExpectNothingPosted();
 }
 
@@ -125,15 +129,15 @@ TEST_F(ClientRepliesTest, Error1ForAnUnknownId_IsPostedToo)
 TEST_F(ClientRepliesTest, OtherErrors_AreTakenForSuccess)
 {
 	client->RequestFileList("a");
-	Reply(3, wire_file("TEXT", "ttxt", 1, "name"), 5);
+	Reply(3, wire_param(200, wire_file("TEXT", "ttxt", 1, "name")), 5);
 	ExpectPosted("HLfl path=CSTR a name=CSTR name type=CSTR TEXT creator=CSTR ttxt size=LONG 1");
 }
 
 
 TEST_F(ClientRepliesTest, UnknownId_IsIgnored)
 {
-	Reply(99, wire_user(7, 137, 2, "Bert"));
-	Reply(0xFFFFFFFF, wire_user(7, 137, 2, "Bert"));
+	Reply(99, wire_param(300, wire_user(7, 137, 2, "Bert")));
+	Reply(0xFFFFFFFF, wire_param(300, wire_user(7, 137, 2, "Bert")));
 	ExpectNothingPosted();
 }
 
@@ -144,7 +148,7 @@ TEST_F(ClientRepliesTest, ReplyWithoutParameters_IsNotSeen)
 	Reply(3, "");
 	ExpectNothingPosted();
 	// The request still waits.
-	Reply(3, wire_file("TEXT", "ttxt", 1, "name"));
+	Reply(3, wire_param(200, wire_file("TEXT", "ttxt", 1, "name")));
 	ExpectPosted("HLfl path=CSTR a name=CSTR name type=CSTR TEXT creator=CSTR ttxt size=LONG 1");
 }
 
@@ -155,13 +159,15 @@ TEST_F(ClientRepliesTest, ReplyWithoutParameters_IsNotSeen)
 TEST_F(ClientRepliesTest, UserList_PostsEveryUserOnce)
 {
 	Reply(2,
-		wire_user(0xFEDC, 137, 2, "Anna") + wire_param(101, "unknown") + wire_user(2, 137, 2, "Ann")
-			+ wire_user(3, 137, 2, std::string(70, 'n')) + wire_user(4, 137, 2, "\xFF<b>%s"));
+		wire_param(300, wire_user(0xFEDC, 137, 2, "Anna")) + wire_param(101, "unknown")
+			+ wire_param(300, wire_user(2, 137, 2, "Ann"))
+			+ wire_param(300, wire_user(3, 137, 2, std::string(70, 'n')))
+			+ wire_param(300, wire_user(4, 137, 2, "\xFF<b>%s")));
 	ExpectPosted("HLuj socket=USHT 65244 icon=USHT 137 color=USHT 2 nick=CSTR Anna");
 	// One of 11 bytes is left out.
 	ExpectPosted("HLuj socket=USHT 3 icon=USHT 137 color=USHT 2 nick=CSTR " + std::string(63, 'n'));
 	ExpectPosted("HLuj socket=USHT 4 icon=USHT 137 color=USHT 2 nick=CSTR \xFF<b>%s");
-	Reply(2, wire_user(5, 137, 2, "Anna"));
+	Reply(2, wire_param(300, wire_user(5, 137, 2, "Anna")));
 	ExpectNothingPosted();
 }
 
@@ -170,8 +176,9 @@ TEST_F(ClientRepliesTest, FileList_IsOneMessageOfParallelFields)
 {
 	client->RequestFileList("//a/b");
 	Reply(3,
-		wire_file("fldr", "n/a ", 12, "docs") + wire_file("TEXT", "ttxt", 0xFFFFFFFF, "\xFF")
-			+ wire_file("????", "xxxx", 0, ""));
+		wire_param(200, wire_file("fldr", "n/a ", 12, "docs"))
+			+ wire_param(200, wire_file("TEXT", "ttxt", 0xFFFFFFFF, "\xFF"))
+			+ wire_param(200, wire_file("????", "xxxx", 0, "")));
 	ExpectPosted("HLfl path=CSTR //a/b name=CSTR docs \xFF  type=CSTR fldr TEXT ???? "
 				 "creator=CSTR n/a  ttxt xxxx size=LONG 12 -1 0");
 }

@@ -9,7 +9,7 @@
 #include <Message.h>
 
 #include "HotlineNotifications.h"
-#include "MessageLog.h"
+#include "MessageRecorder.h"
 
 
 static const std::chrono::seconds kDeadline(10);
@@ -135,9 +135,9 @@ RoundLog::_Count(const BMessage* message)
 	if (!fComplaint.empty())
 		return;
 	if (!fIsOpen)
-		fComplaint = "from a client that was deleted: " + MessageLog::Describe(message);
+		fComplaint = "from a client that was deleted: " + MessageRecorder::Describe(message);
 	else if (message->GetUInt32(kConnection, 0) != fConnection)
-		fComplaint = "not of the present client: " + MessageLog::Describe(message);
+		fComplaint = "not of the present client: " + MessageRecorder::Describe(message);
 	else if (fCounts.loggedIn > fCounts.connected || fCounts.disconnected > fCounts.connected)
-		fComplaint = "without a connection: " + MessageLog::Describe(message);
+		fComplaint = "without a connection: " + MessageRecorder::Describe(message);
 }

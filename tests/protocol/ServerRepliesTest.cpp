@@ -5,6 +5,7 @@
 #include "ServerReplies.h"
 
 #include "ReadingTest.h"
+#include "WireRecords.h"
 
 
 static bool
@@ -81,11 +82,12 @@ TEST(ServerRepliesTest, ServerInfo_KeepsWhatIsAbsent)
 
 TEST(ServerRepliesTest, Users_AreReadOneByOne)
 {
-	const std::string params = wire_user(0xFEDC, 137, 2, "Anna")
+	const std::string params = wire_param(300, wire_user(0xFEDC, 137, 2, "Anna"))
 		+ wire_param(101, "unknown")
 		// One of 11 bytes is left out.
-		+ wire_user(2, 137, 2, "Ann") + wire_user(3, 137, 2, std::string(70, 'n'))
-		+ wire_user(4, 137, 2, "\xFF<b>%s");
+		+ wire_param(300, wire_user(2, 137, 2, "Ann"))
+		+ wire_param(300, wire_user(3, 137, 2, std::string(70, 'n')))
+		+ wire_param(300, wire_user(4, 137, 2, "\xFF<b>%s"));
 	ParameterWalker walker(reinterpret_cast<const uint8*>(params.data()), params.size());
 	for (const std::string& expected :
 		{std::string("65244 icon=USHT 137 color=USHT 2 nick=CSTR Anna"),
@@ -93,11 +95,11 @@ TEST(ServerRepliesTest, Users_AreReadOneByOne)
 			std::string("4 icon=USHT 137 color=USHT 2 nick=CSTR \xFF<b>%s")}) {
 		BMessage message;
 		ASSERT_TRUE(ReadNextUser(&walker, &message));
-		EXPECT_EQ("HLuj socket=USHT " + expected, MessageLog::Describe(&message));
+		EXPECT_EQ("HLuj socket=USHT " + expected, MessageRecorder::Describe(&message));
 	}
 	BMessage message('none');
 	EXPECT_FALSE(ReadNextUser(&walker, &message));
-	EXPECT_EQ("none", MessageLog::Describe(&message));
+	EXPECT_EQ("none", MessageRecorder::Describe(&message));
 }
 
 
@@ -106,8 +108,9 @@ TEST(ServerRepliesTest, FileList_IsOneMessageOfParallelFields)
 	const std::string scripted = "TEXTttxt" + wire32(1) + wire32(0) + wire32(0x00010005);
 	expect_readings(read_list,
 		{
-			{wire_file("fldr", "n/a ", 12, "docs") + wire_file("TEXT", "ttxt", 0xFFFFFFFF, "\xFF")
-					+ wire_file("????", "xxxx", 0, ""),
+			{wire_param(200, wire_file("fldr", "n/a ", 12, "docs"))
+					+ wire_param(200, wire_file("TEXT", "ttxt", 0xFFFFFFFF, "\xFF"))
+					+ wire_param(200, wire_file("????", "xxxx", 0, "")),
 				"HLfl path=CSTR //a/b name=CSTR docs \xFF  type=CSTR fldr TEXT ???? "
 				"creator=CSTR n/a  ttxt xxxx size=LONG 12 -1 0"},
 			// What is too short is left out.
@@ -138,7 +141,8 @@ TEST(ServerRepliesTest, Download_HasTheNameBehindTheLastSlash)
 	const std::string params = transfer(1, 2);
 	ParameterWalker walker(reinterpret_cast<const uint8*>(params.data()), params.size());
 	ASSERT_TRUE(ReadDownload(walker, "name", &message));
-	EXPECT_EQ("HLdl ref=ULNG 1 size=ULNG 2 filename=CSTR name", MessageLog::Describe(&message));
+	EXPECT_EQ("HLdl ref=ULNG 1 size=ULNG 2 filename=CSTR name",
+		MessageRecorder::Describe(&message));
 }
 
 

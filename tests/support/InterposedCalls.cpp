@@ -14,6 +14,8 @@
 #include <sys/socket.h>
 #include <sys/time.h>
 
+#include "Interposed.h"
+
 
 static const int kNothing = -1;
 static const bigtime_t kLongSnooze = 100000;
@@ -42,35 +44,6 @@ struct Records {
 
 static Records& sRecords = *new Records;
 
-// The linker's names for a function and for what stands in its place; those of the kits are C++
-// ones.
-extern "C"
-{
-	int __real_socket(int family, int type, int protocol);
-	int __real_connect(int socket, const struct sockaddr* address, socklen_t length);
-	ssize_t __real_send(int socket, const void* data, size_t size, int flags);
-	ssize_t __real_recv(int socket, void* buffer, size_t size, int flags);
-	int __real_setsockopt(int socket, int level, int option, const void* value, socklen_t length);
-	int __real_getaddrinfo(const char* host, const char* port, const struct addrinfo* hints,
-		struct addrinfo** _result);
-	bigtime_t __real__Z11system_timev();
-	thread_id __real__Z12spawn_threadPFiPvEPKciS_(thread_func function, const char* name,
-		int32 priority, void* data);
-	status_t __real__Z6snoozel(bigtime_t microseconds);
-
-	int __wrap_socket(int family, int type, int protocol);
-	int __wrap_connect(int socket, const struct sockaddr* address, socklen_t length);
-	ssize_t __wrap_send(int socket, const void* data, size_t size, int flags);
-	ssize_t __wrap_recv(int socket, void* buffer, size_t size, int flags);
-	int __wrap_setsockopt(int socket, int level, int option, const void* value, socklen_t length);
-	int __wrap_getaddrinfo(const char* host, const char* port, const struct addrinfo* hints,
-		struct addrinfo** _result);
-	bigtime_t __wrap__Z11system_timev();
-	thread_id __wrap__Z12spawn_threadPFiPvEPKciS_(thread_func function, const char* name,
-		int32 priority, void* data);
-	status_t __wrap__Z6snoozel(bigtime_t microseconds);
-}
-
 
 /*!	Whether a failure was asked for, which is then used up. */
 static bool
@@ -81,59 +54,61 @@ take(std::atomic<int>& wanted, int* _value)
 }
 
 
-int
-__wrap_socket(int family, int type, int protocol)
+/*!	The same for the error of a call. */
+static bool
+fails(std::atomic<int>& wanted)
 {
 	int error;
-	if (take(sSocketError, &error)) {
-		errno = error;
-		return -1;
-	}
-	return __real_socket(family, type, protocol);
+	if (!take(wanted, &error))
+		return false;
+	errno = error;
+	return true;
 }
 
 
-int
-__wrap_connect(int socket, const struct sockaddr* address, socklen_t length)
+static int
+open_socket(int family, int type, int protocol)
 {
-	int error;
-	if (take(sConnectError, &error)) {
-		errno = error;
-		return -1;
-	}
-	return __real_connect(socket, address, length);
+	return fails(sSocketError) ? -1 : Interposed::RealSocket(family, type, protocol);
 }
 
 
-ssize_t
-__wrap_send(int socket, const void* data, size_t size, int flags)
+static int
+connect_socket(int socket, const sockaddr* address, socklen_t length)
+{
+	return fails(sConnectError) ? -1 : Interposed::RealConnect(socket, address, length);
+}
+
+
+static ssize_t
+send_bytes(int socket, const void* data, size_t size, int flags)
 {
 	int cut;
 	if (take(sSendSize, &cut))
-		size = std::min(size, size_t(cut));
+		size = std::min(size, static_cast<size_t>(cut));
 	if (sBreaksSend.exchange(false))
 		shutdown(socket, SHUT_WR);
-	return __real_send(socket, data, size, flags);
+	return Interposed::RealSend(socket, data, size, flags);
 }
 
 
-ssize_t
-__wrap_recv(int socket, void* buffer, size_t size, int flags)
+static ssize_t
+receive_bytes(int socket, void* buffer, size_t size, int flags)
 {
-	const ssize_t received = __real_recv(socket, buffer, size, flags);
+	const ssize_t received = Interposed::RealReceive(socket, buffer, size, flags);
 	if (received > 0)
-		sReceived += size_t(received);
+		sReceived += static_cast<size_t>(received);
 	return received;
 }
 
 
-int
-__wrap_setsockopt(int socket, int level, int option, const void* value, socklen_t length)
+static int
+set_option(int socket, int level, int option, const void* value, socklen_t length)
 {
 	if (level != SOL_SOCKET || (option != SO_RCVTIMEO && option != SO_SNDTIMEO))
-		return __real_setsockopt(socket, level, option, value, length);
+		return Interposed::RealSetOption(socket, level, option, value, length);
 
-	struct timeval timeout;
+	timeval timeout;
 	memcpy(&timeout, value, sizeof(timeout));
 	{
 		const std::lock_guard<std::mutex> lock(sRecords.lock);
@@ -142,13 +117,12 @@ __wrap_setsockopt(int socket, int level, int option, const void* value, socklen_
 	const long microseconds = (timeout.tv_sec * 1000000 + timeout.tv_usec) / sTimeoutDivisor;
 	timeout.tv_sec = microseconds / 1000000;
 	timeout.tv_usec = microseconds % 1000000;
-	return __real_setsockopt(socket, level, option, &timeout, length);
+	return Interposed::RealSetOption(socket, level, option, &timeout, length);
 }
 
 
-int
-__wrap_getaddrinfo(const char* host, const char* port, const struct addrinfo* hints,
-	struct addrinfo** _result)
+static int
+resolve(const char* host, const char* port, const addrinfo* hints, addrinfo** _result)
 {
 	{
 		std::unique_lock<std::mutex> lock(sRecords.lock);
@@ -158,37 +132,26 @@ __wrap_getaddrinfo(const char* host, const char* port, const struct addrinfo* hi
 				|| (!sRecords.heldHost.empty() && sRecords.heldHost != host);
 		});
 	}
-	struct addrinfo numericOnly = *hints;
+	addrinfo numericOnly = *hints;
 	numericOnly.ai_flags |= AI_NUMERICHOST;
-	return __real_getaddrinfo(host, port, &numericOnly, _result);
+	return Interposed::RealResolve(host, port, &numericOnly, _result);
 }
 
 
-bigtime_t
-__wrap__Z11system_timev()
-{
-	sClockOffset += sClockStep;
-	return __real__Z11system_timev() + sClockOffset;
-}
-
-
-thread_id
-__wrap__Z12spawn_threadPFiPvEPKciS_(thread_func function, const char* name, int32 priority,
-	void* data)
+static thread_id
+spawn(thread_func function, const char* name, int32 priority, void* data)
 {
 	{
 		const std::lock_guard<std::mutex> lock(sRecords.lock);
 		sRecords.threads.push_back({name, priority});
 	}
 	const status_t error = sSpawnError.exchange(B_OK);
-	if (error != B_OK)
-		return error;
-	return __real__Z12spawn_threadPFiPvEPKciS_(function, name, priority, data);
+	return error != B_OK ? error : Interposed::RealSpawn(function, name, priority, data);
 }
 
 
-status_t
-__wrap__Z6snoozel(bigtime_t microseconds)
+static status_t
+snooze_or_wait(bigtime_t microseconds)
 {
 	if (microseconds >= kLongSnooze) {
 		std::unique_lock<std::mutex> lock(sRecords.lock);
@@ -199,8 +162,36 @@ __wrap__Z6snoozel(bigtime_t microseconds)
 			return B_OK;
 		}
 	}
-	return __real__Z6snoozel(microseconds);
+	return Interposed::RealSnooze(microseconds);
 }
+
+
+static bigtime_t
+stepped_time()
+{
+	sClockOffset += sClockStep;
+	return Interposed::RealTime() + sClockOffset;
+}
+
+
+static bool
+interpose()
+{
+	Interposed::socket = open_socket;
+	Interposed::connect = connect_socket;
+	Interposed::send = send_bytes;
+	Interposed::receive = receive_bytes;
+	Interposed::setOption = set_option;
+	Interposed::resolve = resolve;
+	Interposed::spawn = spawn;
+	Interposed::snooze = snooze_or_wait;
+	Interposed::time = stepped_time;
+	return true;
+}
+
+
+// Before there is any thread, and for good.
+[[maybe_unused]] static const bool kIsInterposed = interpose();
 
 
 // #pragma mark -

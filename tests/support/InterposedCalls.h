@@ -13,9 +13,8 @@
 #include <OS.h>
 
 
-/*!	The system calls of the code under test, interposed when a suite is linked (palimbra_interpose()
-	of the build): a test makes one fail, or lets time pass faster. One at a time; when it goes, all
-	calls are as usual again.
+/*!	The same calls as in Interposed, for suites whose threads may outlive a test: it makes one fail,
+	or lets time pass faster. One at a time; when it goes, all calls are as usual again.
 	Without one, names are not looked up either: whatever is no numeric address is unknown, so that
 	no test asks the network.
 */

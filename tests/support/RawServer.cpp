@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <arpa/inet.h>
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <netinet/in.h>
@@ -16,19 +15,27 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
+#include <gtest/gtest.h>
 
-// In milliseconds.
-static const int kDeadline = 10000;
+#include "WaitFor.h"
+#include "WireBytes.h"
 
 
 static bool
-wait_for(int descriptor, short events, int milliseconds)
+is_ready(int descriptor, short events, int milliseconds)
 {
 	pollfd waiting = {descriptor, events, 0};
-	int result = poll(&waiting, 1, milliseconds);
-	while (result < 0 && errno == EINTR)
-		result = poll(&waiting, 1, milliseconds);
-	return result == 1;
+	return poll(&waiting, 1, milliseconds) == 1;
+}
+
+
+/*!	Looks for a millisecond at a time, so that what comes soon is not waited for any longer. */
+static bool
+wait_for(int descriptor, short events)
+{
+	return WaitFor([descriptor, events] {
+		return is_ready(descriptor, events, 1);
+	});
 }
 
 
@@ -55,21 +62,32 @@ send_bytes(int descriptor, const char* bytes, size_t size)
 }
 
 
-RawServer::RawServer()
-	: fListener(-1),
-	  fConnection(-1),
-	  fPort(0)
+static std::string
+wire_params(const WireFields& fields)
 {
-	_Listen(16);
+	std::string params;
+	for (const auto& [field, value] : fields)
+		params += wire_param(field, value);
+	return params;
 }
 
 
 RawServer::RawServer(int backlog)
-	: fListener(-1),
+	: fListener(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)),
 	  fConnection(-1),
 	  fPort(0)
 {
-	_Listen(backlog);
+	sockaddr_in address = {};
+	address.sin_family = AF_INET;
+	address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+	socklen_t length = sizeof(address);
+	if (bind(fListener, reinterpret_cast<sockaddr*>(&address), length) != 0
+		|| listen(fListener, backlog) != 0
+		|| getsockname(fListener, reinterpret_cast<sockaddr*>(&address), &length) != 0) {
+		perror("no listener on 127.0.0.1");
+		abort();
+	}
+	fPort = ntohs(address.sin_port);
 }
 
 
@@ -84,9 +102,9 @@ bool
 RawServer::Accept()
 {
 	Hangup();
-	if (!wait_for(fListener, POLLIN, kDeadline))
+	if (!wait_for(fListener, POLLIN))
 		return false;
-	fConnection = accept(fListener, nullptr, nullptr);
+	fConnection = accept4(fListener, nullptr, nullptr, SOCK_CLOEXEC);
 	const int on = 1;
 	setsockopt(fConnection, IPPROTO_TCP, TCP_NODELAY, &on, sizeof(on));
 	return fConnection >= 0;
@@ -96,7 +114,7 @@ RawServer::Accept()
 bool
 RawServer::HasCaller() const
 {
-	return wait_for(fListener, POLLIN, 0);
+	return is_ready(fListener, POLLIN, 0);
 }
 
 
@@ -104,7 +122,7 @@ std::string
 RawServer::Read(size_t size)
 {
 	std::string bytes;
-	while (bytes.size() < size && wait_for(fConnection, POLLIN, kDeadline)) {
+	while (bytes.size() < size && wait_for(fConnection, POLLIN)) {
 		char buffer[65536];
 		const size_t left = size - bytes.size();
 		const ssize_t received = receive_bytes(fConnection, buffer, std::min(left, sizeof(buffer)));
@@ -119,14 +137,10 @@ RawServer::Read(size_t size)
 std::string
 RawServer::ReadTransaction()
 {
-	std::string bytes = Read(22);
-	if (bytes.size() < 22)
-		return bytes;
-
-	size_t size = 0;
-	for (size_t i = 12; i < 16; i++)
-		size = size << 8 | static_cast<uint8_t>(bytes[i]);
-	return bytes + Read(size - 2);
+	const std::string header = Read(WireTransaction::kHeaderSize);
+	if (header.size() < WireTransaction::kHeaderSize)
+		return header;
+	return header + Read(wire_number_at(header, 12, 4));
 }
 
 
@@ -141,7 +155,7 @@ bool
 RawServer::WaitForEnd()
 {
 	char buffer[65536];
-	while (wait_for(fConnection, POLLIN, kDeadline)) {
+	while (wait_for(fConnection, POLLIN)) {
 		if (receive_bytes(fConnection, buffer, sizeof(buffer)) < 1)
 			return true;
 	}
@@ -153,7 +167,7 @@ void
 RawServer::DropInput()
 {
 	char buffer[65536];
-	while (wait_for(fConnection, POLLIN, 0)) {
+	while (is_ready(fConnection, POLLIN, 0)) {
 		if (receive_bytes(fConnection, buffer, sizeof(buffer)) < 1)
 			break;
 	}
@@ -165,7 +179,7 @@ RawServer::Send(const std::string& bytes)
 {
 	size_t sent = 0;
 	while (sent < bytes.size()) {
-		if (!wait_for(fConnection, POLLOUT, kDeadline))
+		if (!wait_for(fConnection, POLLOUT))
 			return false;
 		const ssize_t result = send_bytes(fConnection, bytes.data() + sent, bytes.size() - sent);
 		if (result < 1)
@@ -184,6 +198,56 @@ RawServer::SendOneByOne(const std::string& bytes)
 			return false;
 	}
 	return true;
+}
+
+
+void
+RawServer::ShakeHands()
+{
+	EXPECT_EQ(std::string("TRTPHOTL\0\1\0\2", 12), Read(12));
+	Send(std::string("TRTP\0\0\0\0", 8));
+}
+
+
+WireTransaction
+RawServer::ReadRequest()
+{
+	const std::string bytes = ReadTransaction();
+	EXPECT_GE(bytes.size(), WireTransaction::kHeaderSize + wire_number_at(bytes, 12, 4))
+		<< wire_dump(bytes);
+	return WireTransaction(bytes);
+}
+
+
+WireTransaction
+RawServer::ReadRequest(uint32_t type)
+{
+	const WireTransaction request = ReadRequest();
+	EXPECT_EQ(type, request.type);
+	return request;
+}
+
+
+void
+RawServer::Send(uint32_t type, const WireFields& fields)
+{
+	EXPECT_TRUE(Send(wire_transaction(type, 0, wire_params(fields))));
+}
+
+
+void
+RawServer::Reply(uint32_t id, const WireFields& fields, uint32_t error)
+{
+	EXPECT_TRUE(Send(wire_transaction(0x10000, id, wire_params(fields), error)));
+}
+
+
+void
+RawServer::AcceptAndLogIn(const std::string& serverName)
+{
+	EXPECT_TRUE(Accept());
+	ShakeHands();
+	Reply(ReadRequest(107).id, {{160, wire16(190)}, {162, serverName}});
 }
 
 
@@ -209,22 +273,4 @@ RawServer::Reset()
 	const linger immediately = {1, 0};
 	setsockopt(fConnection, SOL_SOCKET, SO_LINGER, &immediately, sizeof(immediately));
 	Hangup();
-}
-
-
-void
-RawServer::_Listen(int backlog)
-{
-	fListener = socket(AF_INET, SOCK_STREAM, 0);
-	sockaddr_in address = {};
-	address.sin_family = AF_INET;
-	address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-	socklen_t length = sizeof(address);
-	if (bind(fListener, reinterpret_cast<sockaddr*>(&address), length) != 0
-		|| listen(fListener, backlog) != 0
-		|| getsockname(fListener, reinterpret_cast<sockaddr*>(&address), &length) != 0) {
-		perror("no listener on 127.0.0.1");
-		abort();
-	}
-	fPort = ntohs(address.sin_port);
 }

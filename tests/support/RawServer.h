@@ -9,15 +9,18 @@
 #include <cstdint>
 #include <string>
 
+#include "WireTransaction.h"
 
-/*!	A listener on 127.0.0.1 with one connection at a time, driven by the test itself, byte by byte.
-	Every wait has a deadline of ten seconds; what has not come by then is missing in the result.
+
+/*!	A listener on 127.0.0.1 with one connection at a time, driven by the test itself, byte by byte
+	or transaction by transaction, without a thread.
+	Every wait has a deadline of ten seconds, and serves the windows of the suite meanwhile. Bytes
+	that have not come by then are missing in the result; a transaction that has not is a failure.
 */
 class RawServer {
 public:
-	RawServer();
-	// With room for so few waiting connections that further ones are left without an answer.
-	explicit RawServer(int backlog);
+	// A backlog may be so short that further connections are left without an answer.
+	explicit RawServer(int backlog = 16);
 	RawServer(const RawServer&) = delete;
 	~RawServer();
 
@@ -45,6 +48,16 @@ public:
 	// As many segments as there are bytes.
 	bool SendOneByOne(const std::string& bytes);
 
+	void ShakeHands();
+	WireTransaction ReadRequest();
+	// The next one, which has to be of this type.
+	WireTransaction ReadRequest(uint32_t type);
+	void Send(uint32_t type, const WireFields& fields);
+	void Reply(uint32_t id, const WireFields& fields, uint32_t error = 0);
+	// Accepts, shakes hands and answers the login. The user lists that are asked for are left
+	// unread.
+	void AcceptAndLogIn(const std::string& serverName);
+
 	// The client reads the end of what was sent, and may still be read from.
 	void SayNoMore();
 	void Hangup();
@@ -52,8 +65,6 @@ public:
 	void Reset();
 
 private:
-	void _Listen(int backlog);
-
 	int fListener;
 	int fConnection;
 	uint16_t fPort;

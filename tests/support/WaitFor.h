@@ -14,5 +14,8 @@
 */
 bool WaitFor(const std::function<bool()>& condition, int seconds = 10);
 
+// What is done between two looks at the condition, in place of a nap of a millisecond.
+void PassTimeWith(void (*pass)());
+
 
 #endif // WAIT_FOR_H

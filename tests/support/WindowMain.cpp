@@ -12,6 +12,17 @@
 #include <Application.h>
 #include <ApplicationPrivate.h>
 
+#include "WaitFor.h"
+
+
+static void
+serve()
+{
+	// In microseconds. A condition may also become true by what another thread does, without an
+	// event.
+	ApplicationPrivate::ProcessEvents(3000);
+}
+
 
 int
 main(int argumentCount, char** arguments)
@@ -23,5 +34,6 @@ main(int argumentCount, char** arguments)
 	setenv("QT_QPA_PLATFORM", "offscreen", 0);
 	BApplication application("application/x-vnd.Palimbra-tests");
 	ApplicationPrivate::Start(&application);
+	PassTimeWith(serve);
 	return RUN_ALL_TESTS();
 }

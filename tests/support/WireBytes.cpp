@@ -44,24 +44,6 @@ wire_param(unsigned int field, const std::string& value)
 
 
 std::string
-wire_user(unsigned int socket, unsigned int icon, unsigned int color, const std::string& nick)
-{
-	return wire_param(300,
-		wire16(socket) + wire16(icon) + wire16(color)
-			+ wire16(static_cast<unsigned int>(nick.size())) + nick);
-}
-
-
-std::string
-wire_file(const char* type, const char* creator, uint32_t size, const std::string& name)
-{
-	return wire_param(200,
-		type + std::string(creator) + wire32(size) + wire32(0)
-			+ wire32(static_cast<uint32_t>(name.size())) + name);
-}
-
-
-std::string
 wire_transaction(uint32_t type, uint32_t id, const std::string& params, uint32_t error)
 {
 	unsigned int count = 0;

@@ -21,12 +21,6 @@ std::string wire_zeros(size_t count);
 // One parameter.
 std::string wire_param(unsigned int field, const std::string& value);
 
-// The parameters that list a user and a file.
-std::string wire_user(unsigned int socket, unsigned int icon, unsigned int color,
-	const std::string& nick);
-std::string wire_file(const char* type, const char* creator, uint32_t size,
-	const std::string& name);
-
 // A whole transaction: the first word, the id, the error word and the parameters, which are
 // counted.
 std::string wire_transaction(uint32_t type, uint32_t id, const std::string& params,

@@ -22,9 +22,9 @@
 #include "ProcessCounts.h"
 #include "RawServer.h"
 #include "Socket.h"
-#include "TrackerRecords.h"
 #include "WaitFor.h"
 #include "WireBytes.h"
+#include "WireRecords.h"
 
 
 static const std::string kRequest = "HTRK" + wire16(1);
@@ -132,7 +132,7 @@ TEST_F(TrackerFetchTest, Request_IsSixBytesAndNothingFollows)
 	FetchRun run(Address(), fRecorder.get());
 	ASSERT_TRUE(fServer.Accept());
 	EXPECT_EQ("HTRK" + wire16(1), fServer.Read(6));
-	fServer.Send(TrackerHeader(5, 0) + "x");
+	fServer.Send(wire_tracker_header(5, 0) + "x");
 	EXPECT_EQ("", fServer.ReadToEnd());
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("done", Outcome());
@@ -141,8 +141,8 @@ TEST_F(TrackerFetchTest, Request_IsSixBytesAndNothingFollows)
 
 TEST_F(TrackerFetchTest, Server_IsPostedWithAllItsFields)
 {
-	const std::string record = ServerRecord("caf\xe9 <b>", "100 % &File", 65535, 40000);
-	EXPECT_EQ(0, Fetch(TrackerHeader(uint16(record.size() + 4), 1) + record));
+	const std::string record = wire_server_record("caf\xe9 <b>", "100 % &File", 65535, 40000);
+	EXPECT_EQ(0, Fetch(wire_tracker_header(uint16(record.size() + 4), 1) + record));
 
 	const std::vector<BMessage> messages = fRecorder->Messages();
 	ASSERT_EQ(2u, messages.size());
@@ -160,7 +160,7 @@ TEST_F(TrackerFetchTest, Server_IsPostedWithAllItsFields)
 
 TEST_F(TrackerFetchTest, EmptyName_IsPostedAsAnEmptyString)
 {
-	EXPECT_EQ(0, Fetch(TrackerHeader(0, 0) + ServerRecord("", "")));
+	EXPECT_EQ(0, Fetch(wire_tracker_header(0, 0) + wire_server_record("", "")));
 	const std::vector<BMessage> messages = fRecorder->Messages();
 	ASSERT_EQ(2u, messages.size());
 	EXPECT_STREQ("", messages[0].GetString("name", "none"));
@@ -170,11 +170,11 @@ TEST_F(TrackerFetchTest, EmptyName_IsPostedAsAnEmptyString)
 
 TEST_F(TrackerFetchTest, Size_EndsTheListingWithoutTheTrackerClosing)
 {
-	const std::string listing = ServerRecord("one", "") + ServerRecord("two", "");
+	const std::string listing = wire_server_record("one", "") + wire_server_record("two", "");
 	FetchRun run(Address(), fRecorder.get());
 	ASSERT_TRUE(fServer.Accept());
-	fServer.Send(
-		TrackerHeader(uint16(listing.size() + 4), 0) + listing + ServerRecord("beyond", ""));
+	fServer.Send(wire_tracker_header(uint16(listing.size() + 4), 0) + listing
+		+ wire_server_record("beyond", ""));
 	EXPECT_TRUE(fServer.WaitForEnd());
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("one two done", Outcome());
@@ -183,11 +183,11 @@ TEST_F(TrackerFetchTest, Size_EndsTheListingWithoutTheTrackerClosing)
 
 TEST_F(TrackerFetchTest, SizeThatSaysNothing_ReadsUntilTheTrackerCloses)
 {
-	const std::string listing = ServerRecord("one", "") + ServerRecord("two", "");
+	const std::string listing = wire_server_record("one", "") + wire_server_record("two", "");
 	std::string expected;
 	for (const uint16 size : {0, 3, 4}) {
 		SCOPED_TRACE(size);
-		EXPECT_EQ(0, Fetch(TrackerHeader(size, 2) + listing));
+		EXPECT_EQ(0, Fetch(wire_tracker_header(size, 2) + listing));
 		expected += "one two done";
 		EXPECT_EQ(expected, Outcome());
 	}
@@ -199,7 +199,7 @@ TEST_F(TrackerFetchTest, ListingWithoutEnd_IsReadUpTo64KiB)
 	FetchRun run(Address(), fRecorder.get());
 	ASSERT_TRUE(fServer.Accept());
 	fServer.Read(6);
-	fServer.Send(TrackerHeader(0, 0) + wire_zeros(70000));
+	fServer.Send(wire_tracker_header(0, 0) + wire_zeros(70000));
 	EXPECT_TRUE(fServer.WaitForEnd());
 	EXPECT_EQ(0, run.Result());
 	// Twelve bytes make a record, which leaves four of the 65,536.
@@ -212,12 +212,12 @@ TEST_F(TrackerFetchTest, ListingWithoutEnd_IsReadUpTo64KiB)
 
 TEST_F(TrackerFetchTest, ServerCount_LimitsTheRecords)
 {
-	const std::string listing = ServerRecord("one", "") + ServerRecord("two", "");
+	const std::string listing = wire_server_record("one", "") + wire_server_record("two", "");
 	std::string expected;
 	for (const auto& [count, outcome] : {std::pair<uint16, const char*>(0, "one two done"),
 			 {1, "one done"}, {2, "one two done"}, {65535, "one two done"}}) {
 		SCOPED_TRACE(count);
-		EXPECT_EQ(0, Fetch(TrackerHeader(uint16(listing.size() + 4), count) + listing));
+		EXPECT_EQ(0, Fetch(wire_tracker_header(uint16(listing.size() + 4), count) + listing));
 		expected += outcome;
 		EXPECT_EQ(expected, Outcome());
 	}
@@ -226,20 +226,20 @@ TEST_F(TrackerFetchTest, ServerCount_LimitsTheRecords)
 
 TEST_F(TrackerFetchTest, NoServers_IsNoError)
 {
-	EXPECT_EQ(0, Fetch(TrackerHeader(4, 0)));
+	EXPECT_EQ(0, Fetch(wire_tracker_header(4, 0)));
 	EXPECT_EQ("done", Outcome());
 }
 
 
 TEST_F(TrackerFetchTest, ListingCutAtAnyByte_KeepsWhatIsWhole)
 {
-	const std::string first = ServerRecord("one", "1");
-	const std::string listing = first + ServerRecord("two", "2");
+	const std::string first = wire_server_record("one", "1");
+	const std::string listing = first + wire_server_record("two", "2");
 	std::string expected;
 	for (size_t length = 0; length < listing.size(); length++) {
 		SCOPED_TRACE(length);
 		EXPECT_EQ(0,
-			Fetch(TrackerHeader(uint16(listing.size() + 4), 2) + listing.substr(0, length)));
+			Fetch(wire_tracker_header(uint16(listing.size() + 4), 2) + listing.substr(0, length)));
 		expected += length >= first.size() ? "one done" : "done";
 		EXPECT_EQ(expected, Outcome());
 	}
@@ -251,7 +251,8 @@ TEST_F(TrackerFetchTest, OneByteAtATime_MakesNoDifference)
 	FetchRun run(Address(), fRecorder.get());
 	ASSERT_TRUE(fServer.Accept());
 	EXPECT_EQ(kRequest, fServer.Read(kRequest.size()));
-	EXPECT_TRUE(fServer.SendOneByOne(TrackerHeader(0, 1) + ServerRecord("slow", "tracker")));
+	EXPECT_TRUE(
+		fServer.SendOneByOne(wire_tracker_header(0, 1) + wire_server_record("slow", "tracker")));
 	fServer.Hangup();
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("slow done", Outcome());
@@ -263,7 +264,7 @@ TEST_F(TrackerFetchTest, HeaderCutAtAnyByte_IsAnError)
 	std::string expected;
 	for (size_t length = 0; length < 14; length++) {
 		SCOPED_TRACE(length);
-		EXPECT_EQ(1, Fetch(TrackerHeader(100, 1).substr(0, length)));
+		EXPECT_EQ(1, Fetch(wire_tracker_header(100, 1).substr(0, length)));
 		expected += "error: Failed to read tracker response";
 		EXPECT_EQ(expected, Outcome());
 	}
@@ -309,7 +310,7 @@ TEST_F(TrackerFetchTest, TrackerGoneBeforeTheRequest_IsAnError)
 
 TEST_F(TrackerFetchTest, Lookup_IsForIPv4AndTheTrackersPort)
 {
-	EXPECT_EQ(0, Fetch(TrackerHeader(4, 0)));
+	EXPECT_EQ(0, Fetch(wire_tracker_header(4, 0)));
 	ASSERT_EQ(1u, fCalls.Lookups().size());
 	EXPECT_EQ(AF_INET, fCalls.Lookups()[0].family);
 	EXPECT_EQ(SOCK_STREAM, fCalls.Lookups()[0].socketType);
@@ -380,7 +381,7 @@ TEST_F(TrackerFetchTest, SilenceInTheListing_EndsIt)
 	fCalls.ShortenTimeouts(100);
 	FetchRun run(Address(), fRecorder.get());
 	ASSERT_TRUE(fServer.Accept());
-	fServer.Send(TrackerHeader(1000, 2) + ServerRecord("one", "") + "cut");
+	fServer.Send(wire_tracker_header(1000, 2) + wire_server_record("one", "") + "cut");
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("one done", Outcome());
 }
@@ -408,7 +409,7 @@ TEST_F(TrackerFetchTest, ListingThatDrips_EndsAfterAMinute)
 	fCalls.StepClock(11);
 	FetchRun run(Address(), fRecorder.get());
 	ASSERT_TRUE(fServer.Accept());
-	fServer.Send(TrackerHeader(65535, 0) + ServerRecord("one", ""));
+	fServer.Send(wire_tracker_header(65535, 0) + wire_server_record("one", ""));
 	EXPECT_TRUE(WaitFor([this, &run] {
 		return !fServer.Send("x") || run.HasEnded();
 	}));
@@ -438,7 +439,7 @@ TEST_F(TrackerFetchTest, StoppedBeforeItStarts_ConnectsToNobody)
 
 TEST_F(TrackerFetchTest, StoppedWhileTheTrackerIsSilent_EndsAtOnce)
 {
-	for (const std::string& answer : {std::string(), TrackerHeader(65535, 0)}) {
+	for (const std::string& answer : {std::string(), wire_tracker_header(65535, 0)}) {
 		SCOPED_TRACE(answer.size());
 		fRecorder.reset(new MessageRecorder);
 		FetchRun run(Address(), fRecorder.get());
@@ -465,7 +466,7 @@ TEST_F(TrackerFetchTest, StoppedInTheListing_EndsWithTheNextByteAndPostsNone)
 {
 	FetchRun run(Address(), fRecorder.get());
 	ASSERT_TRUE(fServer.Accept());
-	const std::string answer = TrackerHeader(65535, 0) + ServerRecord("one", "");
+	const std::string answer = wire_tracker_header(65535, 0) + wire_server_record("one", "");
 	fServer.Send(answer);
 	EXPECT_TRUE(WaitFor([this, &answer] {
 		return fCalls.CountReceived() == answer.size();
@@ -486,7 +487,8 @@ TEST_F(TrackerFetchTest, WindowGone_IsNoTrouble)
 	ASSERT_TRUE(fServer.Accept());
 	EXPECT_EQ(kRequest, fServer.Read(kRequest.size()));
 	fRecorder.reset();
-	fServer.Send(TrackerHeader(0, 0) + ServerRecord("one", "") + ServerRecord("two", ""));
+	fServer.Send(
+		wire_tracker_header(0, 0) + wire_server_record("one", "") + wire_server_record("two", ""));
 	fServer.Hangup();
 	EXPECT_EQ(0, run.Result());
 }

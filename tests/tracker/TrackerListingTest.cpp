@@ -11,8 +11,8 @@
 
 #include <String.h>
 
-#include "TrackerRecords.h"
 #include "WireBytes.h"
+#include "WireRecords.h"
 
 
 // The names and descriptions of all records that are whole. The bytes stand in memory of exactly
@@ -45,7 +45,7 @@ TEST(TrackerListingTest, Header_SaysHowMuchFollows)
 	for (const auto& [messageSize, expected] :
 		{std::pair<uint16, size_t>(0, 0), {3, 0}, {4, 0}, {5, 1}, {65535, 65531}}) {
 		SCOPED_TRACE(messageSize);
-		const std::string header = TrackerHeader(messageSize, 0x1234);
+		const std::string header = wire_tracker_header(messageSize, 0x1234);
 		size_t size = 77;
 		uint16 count = 77;
 		EXPECT_TRUE(TrackerListing::ReadHeader(reinterpret_cast<const uint8*>(header.data()), &size,
@@ -60,7 +60,7 @@ TEST(TrackerListingTest, HeaderWithoutTheMagic_IsNone)
 {
 	for (size_t i = 0; i < 4; i++) {
 		SCOPED_TRACE(i);
-		std::string header = TrackerHeader(100, 1);
+		std::string header = wire_tracker_header(100, 1);
 		header[i] = char(header[i] | 0x20);
 		size_t size = 0;
 		uint16 count = 0;
@@ -72,7 +72,7 @@ TEST(TrackerListingTest, HeaderWithoutTheMagic_IsNone)
 
 TEST(TrackerListingTest, Record_HasAllItsFields)
 {
-	const std::string bytes = ServerRecord("Name", "Description", 65535, 40000);
+	const std::string bytes = wire_server_record("Name", "Description", 65535, 40000);
 	TrackerListing listing(reinterpret_cast<const uint8*>(bytes.data()), bytes.size());
 	TrackerRecord record;
 	ASSERT_TRUE(listing.Next(&record));
@@ -97,15 +97,16 @@ TEST(TrackerListingTest, Texts_OfAnyLengthAreRead)
 		std::string both = name;
 		both.append("|").append(description);
 		const std::vector<std::string> expected = {both, "next|"};
-		EXPECT_EQ(expected, texts_of(ServerRecord(name, description) + ServerRecord("next", "")));
+		EXPECT_EQ(expected,
+			texts_of(wire_server_record(name, description) + wire_server_record("next", "")));
 	}
 }
 
 
 TEST(TrackerListingTest, ListingCutAtAnyByte_HasTheWholeRecordsBefore)
 {
-	const std::string first = ServerRecord("one", "first");
-	const std::string listing = first + ServerRecord("two", "second");
+	const std::string first = wire_server_record("one", "first");
+	const std::string listing = first + wire_server_record("two", "second");
 	for (size_t length = 0; length <= listing.size(); length++) {
 		SCOPED_TRACE(length);
 		size_t expected = 0;
@@ -118,7 +119,7 @@ TEST(TrackerListingTest, ListingCutAtAnyByte_HasTheWholeRecordsBefore)
 
 TEST(TrackerListingTest, LengthPastTheEnd_Stops)
 {
-	const std::string start = ServerRecord("one", "first") + std::string(10, 'x');
+	const std::string start = wire_server_record("one", "first") + std::string(10, 'x');
 	for (const std::string& rest : {wire8(255) + "short", wire8(5) + "short",
 			 wire8(5) + "short" + wire8(255) + "text", wire8(5) + "short" + wire8(5) + "text"}) {
 		SCOPED_TRACE(rest);

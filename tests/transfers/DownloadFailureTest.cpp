@@ -12,10 +12,10 @@
 #include <unistd.h>
 
 #include "AppMessages.h"
-#include "FileObject.h"
 #include "InterposedCalls.h"
 #include "WaitFor.h"
 #include "WireBytes.h"
+#include "WireRecords.h"
 
 
 /*!	Downloads that meet trouble on this side, or a server that is not there or says nothing. */
@@ -86,7 +86,7 @@ TEST_F(DownloadFailureTest, ServerGoneBeforeTheRequest_IsSilent)
 
 TEST_F(DownloadFailureTest, SilenceBeforeTheData_EndsAfterSixtySeconds)
 {
-	const std::string stream = FileObject("data");
+	const std::string stream = wire_file_object("data");
 	for (const size_t length : {size_t(0), size_t(39), size_t(60), stream.size() - 5}) {
 		SCOPED_TRACE(length);
 		InterposedCalls calls;
@@ -108,7 +108,8 @@ TEST_F(DownloadFailureTest, SilenceInTheData_IsAFailure)
 	fCalls.ShortenTimeouts(300);
 	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
 	ASSERT_TRUE(fServer->Accept());
-	fServer->Send(wire_zeros(24) + ForkHeader("INFO", 0) + ForkHeader("DATA", 4) + "dat");
+	fServer->Send(
+		wire_zeros(24) + wire_fork_header("INFO", 0) + wire_fork_header("DATA", 4) + "dat");
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("dat", ContentOf(PathOf("file")));
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", false);
@@ -122,7 +123,7 @@ TEST_F(DownloadFailureTest, LocalFileThatCannotBeMade_IsSilent)
 		SCOPED_TRACE(path);
 		TransferRun run(DownloadThread, NewDownload(path));
 		ASSERT_TRUE(fServer->Accept());
-		fServer->Send(FileObject("data"));
+		fServer->Send(wire_file_object("data"));
 		EXPECT_TRUE(fServer->WaitForEnd());
 		EXPECT_EQ(1, run.Result());
 		EXPECT_EQ(0, fRecorder->CountMessages());
@@ -134,7 +135,7 @@ TEST_F(DownloadFailureTest, FullDisk_IsNotNoticed)
 {
 	TransferRun run(DownloadThread, NewDownload("/dev/full"));
 	ASSERT_TRUE(fServer->Accept());
-	fServer->Send(FileObject("data"));
+	fServer->Send(wire_file_object("data"));
 	EXPECT_EQ(0, run.Result());
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
 }
@@ -144,7 +145,8 @@ TEST_F(DownloadFailureTest, LocalFileRemovedOnTheWay_IsNotNoticed)
 {
 	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
 	ASSERT_TRUE(fServer->Accept());
-	fServer->Send(wire_zeros(24) + ForkHeader("INFO", 0) + ForkHeader("DATA", 4) + "da");
+	fServer->Send(
+		wire_zeros(24) + wire_fork_header("INFO", 0) + wire_fork_header("DATA", 4) + "da");
 	EXPECT_TRUE(WaitFor([this] {
 		return std::filesystem::remove(PathOf("file"));
 	}));
@@ -160,7 +162,7 @@ TEST_F(DownloadFailureTest, ExistingFile_IsReplaced)
 	const std::string path = NewFile("file", "what was there before, and longer");
 	TransferRun run(DownloadThread, NewDownload(path));
 	ASSERT_TRUE(fServer->Accept());
-	fServer->Send(FileObject("data"));
+	fServer->Send(wire_file_object("data"));
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("data", ContentOf(path));
 }
@@ -169,7 +171,7 @@ TEST_F(DownloadFailureTest, ExistingFile_IsReplaced)
 TEST_F(DownloadFailureTest, ExistingFile_StaysUntilThereIsData)
 {
 	const std::string path = NewFile("file", "kept");
-	const std::string stream = FileObject("data");
+	const std::string stream = wire_file_object("data");
 	TransferRun run(DownloadThread, NewDownload(path));
 	ASSERT_TRUE(fServer->Accept());
 	EXPECT_EQ(16u, fServer->Read(16).size());
@@ -187,7 +189,7 @@ TEST_F(DownloadFailureTest, NameThatIsNotUtf8_KeepsItsBytes)
 		SCOPED_TRACE(name);
 		TransferRun run(DownloadThread, NewDownload(PathOf(name), name));
 		ASSERT_TRUE(fServer->Accept());
-		fServer->Send(FileObject("data"));
+		fServer->Send(wire_file_object("data"));
 		EXPECT_EQ(0, run.Result());
 		EXPECT_EQ("data", ContentOf(PathOf(name)));
 		EXPECT_EQ(name, fRecorder->Messages().back().GetString("filename"));
@@ -200,7 +202,7 @@ TEST_F(DownloadFailureTest, ControllerGone_IsNoTrouble)
 	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
 	ASSERT_TRUE(fServer->Accept());
 	QuitRecorder();
-	fServer->Send(FileObject("data"));
+	fServer->Send(wire_file_object("data"));
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("data", ContentOf(PathOf("file")));
 }
@@ -229,7 +231,7 @@ TEST_F(DownloadFailureTest, SignalsWhileWaiting_AreNoErrors)
 
 	TransferRun run(download_and_tell_thread, NewDownload(PathOf("file")));
 	ASSERT_TRUE(fServer->Accept());
-	const std::string stream = FileObject("data");
+	const std::string stream = wire_file_object("data");
 	for (size_t i = 0; i < stream.size(); i += 8) {
 		const int count = sSignals;
 		// Again and again: ThreadSanitizer keeps one that comes right before a call that blocks

@@ -8,11 +8,11 @@
 #include <sys/socket.h>
 
 #include "AppMessages.h"
-#include "FileObject.h"
 #include "InterposedCalls.h"
 #include "PatternBytes.h"
 #include "WaitFor.h"
 #include "WireBytes.h"
+#include "WireRecords.h"
 
 
 static const std::string kDownloadRequest = "HTXF"
@@ -40,7 +40,7 @@ TEST_F(DownloadThreadTest, Request_IsSixteenBytesAndNothingFollows)
 	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
 	ASSERT_TRUE(fServer->Accept());
 	EXPECT_EQ("HTXF" + wire32(0x01020304) + wire32(0) + wire32(0), fServer->Read(16));
-	fServer->Send(FileObject("data"));
+	fServer->Send(wire_file_object("data"));
 	EXPECT_EQ("", fServer->ReadToEnd());
 	EXPECT_EQ(0, run.Result());
 }
@@ -49,7 +49,7 @@ TEST_F(DownloadThreadTest, Request_IsSixteenBytesAndNothingFollows)
 TEST_F(DownloadThreadTest, TransferPort_IsTheNextOne)
 {
 	const InterposedCalls calls;
-	EXPECT_EQ(0, Download(NewDownload(PathOf("file")), FileObject("data")));
+	EXPECT_EQ(0, Download(NewDownload(PathOf("file")), wire_file_object("data")));
 	const std::vector<InterposedCalls::Lookup> lookups = calls.Lookups();
 	ASSERT_EQ(1u, lookups.size());
 	EXPECT_EQ("127.0.0.1", lookups[0].host);
@@ -78,7 +78,7 @@ TEST_F(DownloadThreadTest, Data_OfSizesAroundTheBufferArrives)
 		SCOPED_TRACE(size);
 		const std::string data = PatternBytes(size, size);
 		const std::string path = PathOf(std::to_string(size));
-		EXPECT_EQ(0, Download(NewDownload(path), FileObject(data)));
+		EXPECT_EQ(0, Download(NewDownload(path), wire_file_object(data)));
 		EXPECT_TRUE(data == ContentOf(path));
 		EXPECT_TRUE(fRecorder->Messages().back().GetBool("success"));
 	}
@@ -88,7 +88,7 @@ TEST_F(DownloadThreadTest, Data_OfSizesAroundTheBufferArrives)
 TEST_F(DownloadThreadTest, NoData_YieldsAnEmptyFileAndSuccess)
 {
 	const std::string path = PathOf("empty");
-	EXPECT_EQ(0, Download(NewDownload(path), FileObject("")));
+	EXPECT_EQ(0, Download(NewDownload(path), wire_file_object("")));
 	EXPECT_TRUE(std::filesystem::exists(path));
 	EXPECT_EQ("", ContentOf(path));
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
@@ -100,7 +100,7 @@ TEST_F(DownloadThreadTest, InformationFork_OfAnySizeIsSkipped)
 	for (const size_t size : {0, 1, 74, 511, 512, 513, 1024, 65535}) {
 		SCOPED_TRACE(size);
 		const std::string path = PathOf(std::to_string(size));
-		EXPECT_EQ(0, Download(NewDownload(path), FileObject("data", PatternBytes(0, size))));
+		EXPECT_EQ(0, Download(NewDownload(path), wire_file_object("data", PatternBytes(0, size))));
 		EXPECT_EQ("data", ContentOf(path));
 	}
 }
@@ -110,11 +110,11 @@ TEST_F(DownloadThreadTest, InformationForkOver65535_IsSkippedByItsLow16Bits)
 {
 	// 65,546 bytes are announced and sent. Ten are skipped, the next sixteen taken for the header
 	// of the data.
-	const std::string misread = ForkHeader("LOST", 3) + "abc";
+	const std::string misread = wire_fork_header("LOST", 3) + "abc";
 	const std::string information = wire_zeros(10) + misread
 		+ wire_zeros(65546 - 10 - misread.size());
 	const std::string path = PathOf("file");
-	EXPECT_EQ(0, Download(NewDownload(path), FileObject("data", information)));
+	EXPECT_EQ(0, Download(NewDownload(path), wire_file_object("data", information)));
 	EXPECT_EQ("abc", ContentOf(path));
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
 }
@@ -122,8 +122,8 @@ TEST_F(DownloadThreadTest, InformationForkOver65535_IsSkippedByItsLow16Bits)
 
 TEST_F(DownloadThreadTest, NoMagicOrType_IsLookedAt)
 {
-	std::string stream = wire_zeros(24) + ForkHeader("what", 3) + "abc" + ForkHeader("ever", 4)
-		+ "data";
+	std::string stream = wire_zeros(24) + wire_fork_header("what", 3) + "abc"
+		+ wire_fork_header("ever", 4) + "data";
 	const std::string path = PathOf("file");
 	EXPECT_EQ(0, Download(NewDownload(path), stream));
 	EXPECT_EQ("data", ContentOf(path));
@@ -135,7 +135,7 @@ TEST_F(DownloadThreadTest, OneByteAtATime_MakesNoDifference)
 	const std::string path = PathOf("file");
 	TransferRun run(DownloadThread, NewDownload(path));
 	ASSERT_TRUE(fServer->Accept());
-	EXPECT_TRUE(fServer->SendOneByOne(FileObject("byte by byte")));
+	EXPECT_TRUE(fServer->SendOneByOne(wire_file_object("byte by byte")));
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("byte by byte", ContentOf(path));
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
@@ -147,7 +147,7 @@ TEST_F(DownloadThreadTest, ResourceFork_IsNeverRead)
 	const std::string path = PathOf("file");
 	TransferRun run(DownloadThread, NewDownload(path));
 	ASSERT_TRUE(fServer->Accept());
-	fServer->Send(FileObject("data") + ForkHeader("MACR", 1000000));
+	fServer->Send(wire_file_object("data") + wire_fork_header("MACR", 1000000));
 	// The end comes without the million bytes.
 	EXPECT_TRUE(fServer->WaitForEnd());
 	EXPECT_EQ(0, run.Result());
@@ -159,7 +159,7 @@ TEST_F(DownloadThreadTest, ResourceFork_IsNeverRead)
 TEST_F(DownloadThreadTest, StreamCutAtAnyByte_IsSilentBeforeTheDataAndFailsInIt)
 {
 	const std::string data = "cut";
-	const std::string stream = FileObject(data);
+	const std::string stream = wire_file_object(data);
 	const size_t dataStart = stream.size() - data.size();
 	int32 outcomes = 0;
 	for (size_t length = 0; length < stream.size(); length++) {
@@ -186,7 +186,7 @@ TEST_F(DownloadThreadTest, ConnectionResetInTheData_Fails)
 	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
 	ASSERT_TRUE(fServer->Accept());
 	fServer->Read(kDownloadRequest.size());
-	fServer->Send(FileObject("data").substr(0, FileObject("data").size() - 1));
+	fServer->Send(wire_file_object("data").substr(0, wire_file_object("data").size() - 1));
 	EXPECT_TRUE(WaitFor([this] {
 		return ContentOf(PathOf("file")) == "dat";
 	}));
@@ -199,8 +199,8 @@ TEST_F(DownloadThreadTest, ConnectionResetInTheData_Fails)
 
 TEST_F(DownloadThreadTest, LengthOf4GiB_IsTakenAsItStands)
 {
-	const std::string stream = wire_zeros(24) + ForkHeader("INFO", 0)
-		+ ForkHeader("DATA", 0xffffffff);
+	const std::string stream = wire_zeros(24) + wire_fork_header("INFO", 0)
+		+ wire_fork_header("DATA", 0xffffffff);
 	EXPECT_EQ(0, Download(NewDownload(PathOf("file")), stream + "abc"));
 	EXPECT_EQ("abc", ContentOf(PathOf("file")));
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", false);
@@ -217,7 +217,7 @@ TEST_F(DownloadThreadTest, SixtyMebibytes_ArriveIdenticalInConstantMemory)
 	const std::string path = PathOf("large");
 	TransferRun run(DownloadThread, NewDownload(path));
 	ASSERT_TRUE(fServer->Accept());
-	fServer->Send(wire_zeros(24) + ForkHeader("INFO", 0) + ForkHeader("DATA", kSize));
+	fServer->Send(wire_zeros(24) + wire_fork_header("INFO", 0) + wire_fork_header("DATA", kSize));
 	const size_t peakBefore = PeakMemory();
 	for (uint32 sent = 0; sent + 1 < kSize; sent += kPiece)
 		ASSERT_TRUE(fServer->Send(piece));
@@ -245,7 +245,8 @@ TEST_F(DownloadThreadTest, TenAtOnce_AllArrive)
 		ASSERT_TRUE(servers[i].Accept());
 	}
 	for (RawServer& server : servers)
-		server.Send(wire_zeros(24) + ForkHeader("INFO", 0) + ForkHeader("DATA", 3 * kPiece));
+		server.Send(
+			wire_zeros(24) + wire_fork_header("INFO", 0) + wire_fork_header("DATA", 3 * kPiece));
 	for (size_t piece = 0; piece < 3; piece++) {
 		for (size_t i = 0; i < kCount; i++)
 			ASSERT_TRUE(servers[i].Send(PatternBytes(i * 1000 + piece * kPiece, kPiece)));

@@ -8,8 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include "FileObject.h"
 #include "WireBytes.h"
+#include "WireRecords.h"
 
 
 /*!	Feeds as much of a stream as the reader asks for.
@@ -51,7 +51,7 @@ TEST(FlattenedFileReaderTest, Start_AsksForBothHeaders)
 
 TEST(FlattenedFileReaderTest, Data_IsFoundWhateverThePieces)
 {
-	const std::string stream = FileObject("Hello, world!");
+	const std::string stream = wire_file_object("Hello, world!");
 	for (size_t piece = 1; piece <= 14; piece++) {
 		SCOPED_TRACE(piece);
 		FlattenedFileReader reader;
@@ -65,7 +65,7 @@ TEST(FlattenedFileReaderTest, Data_IsFoundWhateverThePieces)
 TEST(FlattenedFileReaderTest, InformationFork_IsAskedForInPiecesOf512)
 {
 	FlattenedFileReader reader;
-	const std::string headers = wire_zeros(24) + ForkHeader("INFO", 1025);
+	const std::string headers = wire_zeros(24) + wire_fork_header("INFO", 1025);
 	reader.Take(reinterpret_cast<const uint8*>(headers.data()), headers.size());
 	const std::string information = wire_zeros(512);
 	for (const uint32 size : {512, 512, 1}) {
@@ -81,7 +81,7 @@ TEST(FlattenedFileReaderTest, NoInformation_LeadsToTheDataHeader)
 	for (const uint32 size : {uint32(0), uint32(0x10000), uint32(0xffff0000)}) {
 		SCOPED_TRACE(size);
 		FlattenedFileReader reader;
-		const std::string headers = wire_zeros(24) + ForkHeader("INFO", size);
+		const std::string headers = wire_zeros(24) + wire_fork_header("INFO", size);
 		reader.Take(reinterpret_cast<const uint8*>(headers.data()), headers.size());
 		EXPECT_EQ(16u, reader.NextSize());
 		EXPECT_FALSE(reader.IsAtData());
@@ -92,7 +92,7 @@ TEST(FlattenedFileReaderTest, NoInformation_LeadsToTheDataHeader)
 TEST(FlattenedFileReaderTest, NoData_IsDoneAtOnce)
 {
 	FlattenedFileReader reader;
-	EXPECT_EQ("", feed(reader, FileObject(""), 1));
+	EXPECT_EQ("", feed(reader, wire_file_object(""), 1));
 	EXPECT_TRUE(reader.IsAtData());
 	EXPECT_TRUE(reader.IsDone());
 }
@@ -101,7 +101,8 @@ TEST(FlattenedFileReaderTest, NoData_IsDoneAtOnce)
 TEST(FlattenedFileReaderTest, LengthOf4GiB_IsTakenAsItStands)
 {
 	FlattenedFileReader reader;
-	feed(reader, wire_zeros(24) + ForkHeader("INFO", 0) + ForkHeader("DATA", 0xffffffff), 1);
+	feed(reader,
+		wire_zeros(24) + wire_fork_header("INFO", 0) + wire_fork_header("DATA", 0xffffffff), 1);
 	EXPECT_EQ(0xffffffffu, reader.NextSize());
 	EXPECT_FALSE(reader.IsDone());
 }
@@ -109,7 +110,7 @@ TEST(FlattenedFileReaderTest, LengthOf4GiB_IsTakenAsItStands)
 
 TEST(FlattenedFileReaderTest, StreamCutAnywhere_IsNotDone)
 {
-	const std::string stream = FileObject("data");
+	const std::string stream = wire_file_object("data");
 	for (size_t length = 0; length < stream.size(); length++) {
 		SCOPED_TRACE(length);
 		FlattenedFileReader reader;

@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "FileObject.h"
 #include "WireBytes.h"
+#include "WireRecords.h"
 
 
 static const uint8 kUntouched = 0xee;
@@ -48,7 +48,7 @@ TEST(FlattenedFileTest, InformationForkHeader_HasTheSizeForTheName)
 			 {128, 202}, {129, 202}, {100000, 202}}) {
 		SCOPED_TRACE(length);
 		const size_t nameLength = length;
-		EXPECT_EQ(ForkHeader("INFO", size), written(16, [nameLength](uint8* buffer) {
+		EXPECT_EQ(wire_fork_header("INFO", size), written(16, [nameLength](uint8* buffer) {
 			FlattenedFile::BuildInformationForkHeader(buffer, nameLength);
 		}));
 	}
@@ -60,7 +60,7 @@ TEST(FlattenedFileTest, InformationFork_HasTheNameAndNothingKnownElse)
 	for (const size_t length : {0, 1, 128, 129, 255}) {
 		SCOPED_TRACE(length);
 		const std::string name(length, '\xe9');
-		const std::string expected = InformationFork(name.substr(0, 128));
+		const std::string expected = wire_information_fork(name.substr(0, 128));
 		EXPECT_EQ(expected, written(expected.size(), [&](uint8* buffer) {
 			EXPECT_EQ(expected.size(),
 				FlattenedFile::BuildInformationFork(buffer, name.c_str(), name.size()));
@@ -72,7 +72,7 @@ TEST(FlattenedFileTest, InformationFork_HasTheNameAndNothingKnownElse)
 
 TEST(FlattenedFileTest, DataForkHeader_HasTheSize)
 {
-	EXPECT_EQ(ForkHeader("DATA", 0xfedcba98), written(16, [](uint8* buffer) {
+	EXPECT_EQ(wire_fork_header("DATA", 0xfedcba98), written(16, [](uint8* buffer) {
 		FlattenedFile::BuildDataForkHeader(buffer, 0xfedcba98);
 	}));
 }

@@ -15,5 +15,9 @@
 // doubled or moved shows.
 std::string PatternBytes(uint64_t offset, size_t count);
 
+// Whether a file holds the piece so many times, then the rest and no more. Reads it piece by piece.
+bool FileRepeats(const std::string& path, const std::string& piece, size_t times,
+	const std::string& rest);
+
 
 #endif // PATTERN_BYTES_H

@@ -8,10 +8,10 @@
 #include <sys/socket.h>
 
 #include "AppMessages.h"
-#include "FileObject.h"
 #include "InterposedCalls.h"
 #include "PatternBytes.h"
 #include "WireBytes.h"
+#include "WireRecords.h"
 
 
 class UploadThreadTest : public TransferTest {
@@ -29,7 +29,7 @@ protected:
 	// What it must be for a name that is not cut.
 	static std::string Expected(const std::string& name, const std::string& data)
 	{
-		const std::string object = FileObject(data, InformationFork(name));
+		const std::string object = wire_file_object(data, wire_information_fork(name));
 		return "HTXF" + wire32(0x01020304) + wire32(uint32(object.size())) + wire32(0) + object;
 	}
 };
@@ -94,7 +94,7 @@ TEST_F(UploadThreadTest, EmptyFile_SendsAnEmptyDataFork)
 	const std::string bytes = Upload(NewUpload(NewFile("file", ""), "empty"));
 	EXPECT_EQ(Expected("empty", ""), bytes);
 	EXPECT_EQ(wire32(74 + 5 + 56), bytes.substr(8, 4));
-	EXPECT_EQ(ForkHeader("DATA", 0), bytes.substr(bytes.size() - 16));
+	EXPECT_EQ(wire_fork_header("DATA", 0), bytes.substr(bytes.size() - 16));
 	ExpectOutcome(kMsgUploadDone, "empty", true);
 }
 
@@ -122,7 +122,7 @@ TEST_F(UploadThreadTest, LongerName_IsCutTo128Bytes)
 		SCOPED_TRACE(name);
 		const std::string bytes = Upload(NewUpload(path, name));
 		EXPECT_EQ(Expected(name.substr(0, 128), "data"), bytes);
-		EXPECT_EQ(ForkHeader("INFO", 202), bytes.substr(16 + 24, 16));
+		EXPECT_EQ(wire_fork_header("INFO", 202), bytes.substr(16 + 24, 16));
 		EXPECT_EQ(name, fRecorder->Messages().back().GetString("filename"));
 	}
 }
@@ -147,7 +147,7 @@ TEST_F(UploadThreadTest, FileOver4GiB_WrapsTheSizesAndGoesOn)
 	EXPECT_EQ("HTXF" + wire32(0x01020304) + wire32(74 + 4 + 10 + 56) + wire32(0),
 		fServer->Read(16));
 	fServer->Read(24 + 16 + 74 + 4);
-	EXPECT_EQ(ForkHeader("DATA", 10), fServer->Read(16));
+	EXPECT_EQ(wire_fork_header("DATA", 10), fServer->Read(16));
 	// The bytes do not end with the ten that are announced.
 	EXPECT_TRUE("sparse" + wire_zeros(1000000) == fServer->Read(1000006));
 	fServer->Hangup();
@@ -184,7 +184,7 @@ TEST_F(UploadThreadTest, SixtyMebibytes_ArriveIdenticalInConstantMemory)
 	TransferRun run(UploadThread, NewUpload(path, "name"));
 	ASSERT_TRUE(fServer->Accept());
 	fServer->Read(16 + 24 + 16 + 74 + 4);
-	EXPECT_EQ(ForkHeader("DATA", kPieces * kPiece + 1), fServer->Read(16));
+	EXPECT_EQ(wire_fork_header("DATA", kPieces * kPiece + 1), fServer->Read(16));
 	for (uint32 i = 0; i < kPieces; i++)
 		ASSERT_TRUE(piece == fServer->Read(kPiece)) << "piece " << i;
 	EXPECT_EQ("!", fServer->ReadToEnd());

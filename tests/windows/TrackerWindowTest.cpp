@@ -14,9 +14,9 @@
 #include "MessageRecorder.h"
 #include "RawServer.h"
 #include "ServerItem.h"
-#include "TrackerRecords.h"
 #include "WaitFor.h"
 #include "WindowProbe.h"
+#include "WireRecords.h"
 
 
 // The request of a client in bytes.
@@ -41,7 +41,7 @@ protected:
 
 	void _Answer(uint16_t count, const std::string& records)
 	{
-		fTracker.Send(TrackerHeader(uint16_t(records.size() + 4), count) + records);
+		fTracker.Send(wire_tracker_header(uint16_t(records.size() + 4), count) + records);
 		fTracker.Hangup();
 	}
 
@@ -90,7 +90,7 @@ TEST_F(TrackerWindowTest, EmptyListing_HasNoServers)
 
 TEST_F(TrackerWindowTest, OneServer_IsCountedInTheSingular)
 {
-	_Answer(1, ServerRecord("Harbor", "ships"));
+	_Answer(1, wire_server_record("Harbor", "ships"));
 	_AwaitStatus("1 server");
 	EXPECT_EQ("Harbor", _Name(0));
 }
@@ -98,7 +98,8 @@ TEST_F(TrackerWindowTest, OneServer_IsCountedInTheSingular)
 
 TEST_F(TrackerWindowTest, Servers_AreListedInTheirOrder)
 {
-	_Answer(3, ServerRecord("c", "1") + ServerRecord("a", "2") + ServerRecord("b", "3"));
+	_Answer(3,
+		wire_server_record("c", "1") + wire_server_record("a", "2") + wire_server_record("b", "3"));
 	_AwaitStatus("3 servers");
 	ASSERT_EQ(3, fList->CountItems());
 	EXPECT_EQ("c", _Name(0));
@@ -141,14 +142,14 @@ TEST_F(TrackerWindowTest, ErrorWithoutText_IsUnknown)
 
 TEST_F(TrackerWindowTest, Refresh_FetchesAgain)
 {
-	_Answer(1, ServerRecord("before", ""));
+	_Answer(1, wire_server_record("before", ""));
 	_AwaitStatus("1 server");
 	fWindow.Invoke("refresh");
 	EXPECT_EQ(0, fList->CountItems());
 	EXPECT_EQ("Loading…", fWindow.Label("status"));
 
 	ASSERT_TRUE(fTracker.Accept());
-	_Answer(2, ServerRecord("after", "") + ServerRecord("more", ""));
+	_Answer(2, wire_server_record("after", "") + wire_server_record("more", ""));
 	_AwaitStatus("2 servers");
 	EXPECT_EQ("after", _Name(0));
 }
@@ -171,7 +172,7 @@ TEST_F(TrackerWindowTest, RefreshWhileLoading_StartsNoSecondFetch)
 	fWindow.Invoke("refresh");
 	EXPECT_EQ(0, fList->CountItems());
 	EXPECT_EQ("Loading…", fWindow.Label("status"));
-	_Answer(1, ServerRecord("late", ""));
+	_Answer(1, wire_server_record("late", ""));
 	_AwaitStatus("1 server");
 	EXPECT_EQ("late", _Name(0));
 	EXPECT_FALSE(fTracker.HasCaller());
@@ -227,7 +228,7 @@ TEST_F(TrackerWindowTest, HostileName_IsKeptAsItStands)
 // The tracker keeps the line open and has said only half of its list.
 TEST_F(TrackerWindowTest, ClosedWhileLoading_EndsWithTheFetch)
 {
-	fTracker.Send(TrackerHeader(200, 2) + ServerRecord("half", ""));
+	fTracker.Send(wire_tracker_header(200, 2) + wire_server_record("half", ""));
 	fWindow.Window()->PostMessage(B_QUIT_REQUESTED);
 	EXPECT_TRUE(WaitFor([&] {
 		fTracker.Hangup();

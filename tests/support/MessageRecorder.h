@@ -6,8 +6,12 @@
 #define MESSAGE_RECORDER_H
 
 
+#include <condition_variable>
+#include <cstddef>
 #include <memory>
 #include <mutex>
+#include <set>
+#include <string>
 #include <vector>
 
 #include <Looper.h>
@@ -31,10 +35,24 @@ public:
 	// The only message so far; a test failure and an empty message if there are none or more.
 	BMessage OnlyMessage();
 
+	// The next message that was not asked for yet, described; waits for it up to ten seconds, then
+	// "nothing".
+	std::string Next();
+	// The messages that have come and were not asked for.
+	size_t CountWaiting() const;
+	// The numbers of the connections that have posted; 0 among them if a message had none.
+	std::set<uint32> Connections();
+
+	// The code and each field with its type and value, in the order of the fields, as in
+	// "HLul socket=USHT 5", but for the connection.
+	static std::string Describe(const BMessage* message);
+
 private:
 	// Under fRecordLock.
-	std::mutex fRecordLock;
+	mutable std::mutex fRecordLock;
+	std::condition_variable fAdded;
 	std::vector<BMessage> fMessages;
+	size_t fNext;
 	int32 fMarkersSeen;
 
 	int32 fMarkersPosted;

@@ -8,15 +8,31 @@
 #include <thread>
 
 
-/*	For suites without windows: looks at the condition every millisecond. */
+static void
+nap()
+{
+	std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
+
+
+static void (*sPass)() = nap;
+
+
 bool
 WaitFor(const std::function<bool()>& condition, int seconds)
 {
-	auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
+	const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
 	while (!condition()) {
 		if (std::chrono::steady_clock::now() >= deadline)
 			return condition();
-		std::this_thread::sleep_for(std::chrono::milliseconds(1));
+		sPass();
 	}
 	return true;
+}
+
+
+void
+PassTimeWith(void (*pass)())
+{
+	sPass = pass;
 }

@@ -6,32 +6,19 @@ import socket
 import struct
 import threading
 
+import wire
 from feeder import BLOCK, Feeder
+from wire import long, short, transaction
 
 NAME = "Bench"
 ICONS = (128, 137, 142, 150, 163, 171, 180, 189)
 FILE_NAME = "endless.bin"
 FILE_SIZE = 0xfffff000
 
-_CHAT, _LOGIN, _AGREEMENT, _AGREED, _FILES, _DOWNLOAD, _USERS = 106, 107, 109, 121, 200, 202, 300
-
-
-def transaction(kind, *fields, reply_to=None):
-    """The bytes of a transaction; fields are pairs of a number and a value in bytes."""
-    body = b"".join(struct.pack(">HH", field, len(value)) + value for field, value in fields)
-    is_reply = reply_to is not None
-    return struct.pack(">BBHIIIIH", 0, int(is_reply), 0 if is_reply else kind, reply_to or 0, 0, len(body) + 2,
-        len(body) + 2, len(fields)) + body
-
 
 def chat_lines(lines):
     """The bytes of chat lines, given as pairs of nick and text."""
-    return b"".join(transaction(_CHAT, (101, b"%s:  %s" % (nick.encode(), text.encode()))) for nick, text in lines)
-
-
-def user_entry(number, nick):
-    name = nick.encode()
-    return struct.pack(">HHHH", number, ICONS[number % len(ICONS)], 0, len(name)) + name
+    return b"".join(wire.chat(b"%s:  %s" % (nick.encode(), text.encode())) for nick, text in lines)
 
 
 def file_entry(name):
@@ -42,7 +29,8 @@ class HotlineFeeder(Feeder):
     """`users` are the nicks in the user list, which the client asks for twice; it can be made to wait for them."""
 
     def __init__(self, users=(), holds_users=False):
-        self._entries = [(300, user_entry(index + 1, nick)) for index, nick in enumerate(users)]
+        self._entries = [(wire.USER, wire.user_entry(index + 1, nick.encode(), ICONS[(index + 1) % len(ICONS)]))
+            for index, nick in enumerate(users)]
         self._holds_users = holds_users
         self._asked_for_users = []
         self._transfers = None
@@ -51,7 +39,7 @@ class HotlineFeeder(Feeder):
 
     def send_users(self):
         """Sends the user list as often as it has been asked for."""
-        self.send(b"".join(transaction(0, *self._entries, reply_to=number) for number in self._asked_for_users))
+        self.send(b"".join(transaction(wire.REPLY, self._entries, number) for number in self._asked_for_users))
 
     def serve_transfers(self):
         """Sends files from now on, as fast as they are taken, on the next port."""
@@ -81,21 +69,24 @@ class HotlineFeeder(Feeder):
             self._answer(kind, number)
 
     def _answer(self, kind, number):
-        if kind == _LOGIN:
-            self.send(transaction(0, (160, struct.pack(">H", 190)), (162, NAME.encode()), reply_to=number))
-            self.send(transaction(_AGREEMENT, (154, b"\x01")))
-        elif kind == _AGREED:
-            self.send(transaction(0, reply_to=number))
-        elif kind == _USERS:
+        if kind == wire.LOGIN:
+            self._reply(number, [(wire.VERSION, short(190)), (wire.SERVER_NAME, NAME.encode())])
+            self.send(transaction(wire.AGREEMENT, [(wire.NO_AGREEMENT, b"\x01")]))
+        elif kind == wire.AGREED:
+            self._reply(number, [])
+        elif kind == wire.USER_LIST:
             self._asked_for_users.append(number)
             if len(self._asked_for_users) == 2:
                 if not self._holds_users:
                     self.send_users()
                 self._ready.set()
-        elif kind == _FILES:
-            self.send(transaction(0, (200, file_entry(FILE_NAME)), reply_to=number))
-        elif kind == _DOWNLOAD:
-            self.send(transaction(0, (108, struct.pack(">I", FILE_SIZE)), (107, struct.pack(">I", 1)), reply_to=number))
+        elif kind == wire.FILES:
+            self._reply(number, [(wire.FILE, file_entry(FILE_NAME))])
+        elif kind == wire.DOWNLOAD:
+            self._reply(number, [(wire.TRANSFER_SIZE, long(FILE_SIZE)), (wire.REFERENCE, long(1))])
+
+    def _reply(self, number, fields):
+        self.send(transaction(wire.REPLY, fields, number))
 
     def _serve_transfers(self):
         while True:

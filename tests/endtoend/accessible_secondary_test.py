@@ -8,11 +8,7 @@ import os
 from client import is_inside
 from demo import SERVER_NAME
 from desktop import wait_until
-from support import PROGRAM_FOLDER, ClientCase, main, setUpModule  # noqa: F401
-
-
-def names(node, role):
-    return [child.name() for child in node.walk() if child.role() == role]
+from support import PROGRAM_FOLDER, ClientCase, main, names, setUpModule  # noqa: F401
 
 
 def style_at(text, offset):

@@ -3,10 +3,10 @@
 # Distributed under the terms of the MIT License.
 """What a screen reader finds in every window."""
 
-import hotline
+import wire
 from client import is_inside
 from desktop import wait_until
-from support import ClientCase, main, setUpModule  # noqa: F401
+from support import ServedCase, main, names, setUpModule  # noqa: F401
 
 TOOLBAR = ["Connect", "Disconnect", "Chat", "Users", "Files", "Tracker", "Options"]
 MENUS = {
@@ -15,22 +15,7 @@ MENUS = {
 }
 
 
-def names(node, role):
-    return [child.name() for child in node.walk() if child.role() == role]
-
-
-class AccessibleTest(ClientCase):
-    def setUp(self):
-        self.server = self.start_server()
-        self.client = self.start_client()
-
-    def log_in(self, users=()):
-        self.client.connect("127.0.0.1", self.server.port)
-        connection = self.server.accept()
-        connection.welcome(b"Scripted", users)
-        self.client.wait_for_login("Scripted")
-        return connection
-
+class AccessibleTest(ServedCase):
     def assert_colored(self, text, offset, color):
         self.assert_soon(lambda: text.attributes_at(offset)[0].get("fg-color"), "%d,%d,%d" % color)
 
@@ -68,7 +53,7 @@ class AccessibleTest(ClientCase):
 
     def test_the_transcript_is_read_only_text_with_its_colors(self):
         connection = self.log_in()
-        connection.send(hotline.chat(b"Adam: hello") + hotline.transaction(hotline.BROADCAST, [(hotline.DATA, b"Tea")]))
+        connection.send(wire.chat(b"Adam: hello") + wire.broadcast(b"Tea"))
         self.client.wait_for_chat("*** Broadcast: Tea ***\n")
         transcript = self.client.transcript()
         self.assertIn("read-only", transcript.states())
@@ -98,7 +83,7 @@ class AccessibleTest(ClientCase):
 
     def test_the_user_list(self):
         nicks = ["Adam", "Bobby", "Чарли", "デイジー"]
-        self.log_in([hotline.user_entry(number + 1, nick.encode()) for number, nick in enumerate(nicks)])
+        self.log_in([wire.user_entry(number + 1, nick.encode()) for number, nick in enumerate(nicks)])
         self.client.wait_for_users(lambda users: users == nicks, "all of them")
         node = self.client.node("Users Online")
         wait_until(lambda: node.name() == "Users Online (4)", "the counted title")
@@ -116,19 +101,19 @@ class AccessibleTest(ClientCase):
         self.assertEqual([row.extents()[3] for row in rows], [rows[0].extents()[3]] * 4)
 
     def test_rows_come_and_go(self):
-        connection = self.log_in([hotline.user_entry(1, b"Adam"), hotline.user_entry(2, b"Bobby")])
+        connection = self.log_in([wire.user_entry(1, b"Adam"), wire.user_entry(2, b"Bobby")])
         self.client.wait_for_users(lambda users: users == ["Adam", "Bobby"], "two")
-        connection.send(hotline.user_change(1, b"Countess"))
+        connection.send(wire.user_change(1, b"Countess"))
         self.client.wait_for_users(lambda users: users == ["Countess", "Bobby"], "the other name")
-        connection.send(hotline.user_change(3, b"Cy"))
+        connection.send(wire.user_change(3, b"Cy"))
         self.client.wait_for_users(lambda users: users == ["Countess", "Bobby", "Cy"], "one more")
-        connection.send(hotline.transaction(hotline.USER_LEAVE, [(hotline.SOCKET, hotline.short(1))]))
+        connection.send(wire.user_leave(1))
         self.client.wait_for_users(lambda users: users == ["Bobby", "Cy"], "one less")
         wait_until(lambda: names(self.client.node("Users Online"), "label") == ["2 users online"], "the new count")
 
     def test_the_agreement_window(self):
         connection = self.log_in()
-        connection.send(hotline.transaction(hotline.AGREEMENT, [(hotline.DATA, b"Be kind.\rStay.")]))
+        connection.send(wire.agreement(b"Be kind.\rStay."))
         self.client.window("Server Agreement")
         node = self.client.node("Server Agreement")
         self.assert_soon(lambda: names(node, "push button"), ["Decline", "Accept"])
@@ -149,7 +134,7 @@ class AccessibleTest(ClientCase):
             self.assert_soon(self.client.window(title).title, title)
             node = self.client.node(title)
             self.assertEqual((node.role(), node.name()), ("frame", title))
-        self.log_in([hotline.user_entry(1, b"Adam")])
+        self.log_in([wire.user_entry(1, b"Adam")])
         for title in ("Palimbra — Scripted", "Chat", "Users Online (1)"):
             window = self.client.window(title)
             self.assert_soon(window.title, title)

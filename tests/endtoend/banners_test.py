@@ -4,22 +4,20 @@
 """Banners that are larger than any screen."""
 
 import hotline
+import wire
 from desktop import wait_until
-from support import ClientCase, main, setUpModule  # noqa: F401
+from support import ServedCase, main, setUpModule  # noqa: F401
 
 MEGABYTE = 1024 * 1024
 
 
-class BannersTest(ClientCase):
+class BannersTest(ServedCase):
     def setUp(self):
         self.server, self.transfers = hotline.listen_on_two_ports()
         self.addCleanup(self.server.__exit__)
         self.addCleanup(self.transfers.close)
         self.client = self.start_client()
-        self.client.connect("127.0.0.1", self.server.port)
-        self.connection = self.server.accept()
-        self.connection.welcome()
-        self.client.wait_for_login("Scripted")
+        self.connection = self.log_in()
         self.window = self.client.main_window()
 
     def send_banner(self, content):
@@ -38,7 +36,7 @@ class BannersTest(ClientCase):
                 limits = self.smallest()
                 self.send_banner(hotline.picture(width, height))
                 wait_until(lambda: self.smallest() != limits, "the window to take the banner in")
-                self.connection.send(hotline.chat(b"beside %d" % width))
+                self.connection.send(wire.chat(b"beside %d" % width))
                 self.client.wait_for_chat("beside %d\n" % width)
                 self.client.bring_to_front(self.window)
                 self.desktop.key("ctrl+1")
@@ -48,8 +46,7 @@ class BannersTest(ClientCase):
         self.client.bring_to_front(self.window)
         self.desktop.key("ctrl+d")
         self.assert_soon(self.smallest, plain)
-        self.assertEqual(self.client.quit(), 0)
-        self.assert_ended_well(self.client)
+        self.assert_quits()
 
     def test_a_wide_banner_widens_the_window(self):
         width, height = self.smallest()

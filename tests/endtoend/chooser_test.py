@@ -5,16 +5,13 @@
 
 import os
 
-from support import ClientCase, main, setUpModule  # noqa: F401
+from support import ServedCase, main, names, setUpModule  # noqa: F401
 
 
-class ChooserTest(ClientCase):
+class ChooserTest(ServedCase):
     def setUp(self):
-        self.server = self.start_server()
-        self.client = self.start_client()
-        self.client.connect("127.0.0.1", self.server.port)
-        self.server.accept().welcome()
-        self.client.wait_for_login("Scripted")
+        super().setUp()
+        self.log_in()
 
     def open_chooser(self):
         """Opens it from a folder of which the server never says what is in it."""
@@ -44,8 +41,7 @@ class ChooserTest(ClientCase):
     def test_it_stores_nothing(self):
         before = self.stored()
         self.open_chooser()
-        self.desktop.key("Escape")
-        self.desktop.wait_without_window("Open")
+        self.escape("Open")
         self.assertEqual(self.client.quit(), 0)
         self.assertEqual(self.stored(), before)
 

@@ -40,8 +40,7 @@ class EnduranceTest(ClientCase):
         # The others have not waited for it.
         self.client.say("Still here")
         self.client.wait_for_chat("HaikuUser:  Still here\n")
-        self.assertEqual(self.client.quit(), 0)
-        self.assert_ended_well(self.client)
+        self.assert_quits()
 
     def test_500_connections_in_a_row_leave_nothing_behind(self):
         address = "localhost:%d" % self.demo.tracker_port
@@ -68,8 +67,7 @@ class EnduranceTest(ClientCase):
         self.disconnect()
         self.assert_soon(self.client.program.threads, threads)
         self.assert_soon(self.client.program.descriptors, descriptors)
-        self.assertEqual(self.client.quit(), 0)
-        self.assert_ended_well(self.client)
+        self.assert_quits()
 
     def count_connections(self):
         return self.count_lines("*** Connecting to 127.0.0.1:")

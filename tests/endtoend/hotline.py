@@ -7,37 +7,8 @@ import struct
 import threading
 import zlib
 
+import wire
 from desktop import PATIENCE
-
-REPLY = 0x00010000
-CHAT_SEND, LOGIN, AGREED, DOWNLOAD_BANNER, USER_LIST = 105, 107, 121, 212, 300
-CHAT, AGREEMENT, POLITE_QUIT, BANNER, USER_CHANGE, USER_LEAVE, BROADCAST = 106, 109, 111, 122, 301, 302, 355
-
-ERROR, DATA, NICK, SOCKET, ICON, REFERENCE, TRANSFER_SIZE, COLOR = 100, 101, 102, 103, 104, 107, 108, 112
-BANNER_TYPE, VERSION, SERVER_NAME, USER = 152, 160, 162, 300
-
-
-def short(value):
-    return struct.pack(">H", value)
-
-
-def transaction(kind, fields, number=0, error=0):
-    """The bytes of a transaction; fields are pairs of an id and the bytes of the value."""
-    body = b"".join(struct.pack(">HH", field, len(value)) + value for field, value in fields)
-    return struct.pack(">IIIIIH", kind, number, error, len(body) + 2, len(body) + 2, len(fields)) + body
-
-
-def chat(text):
-    return transaction(CHAT, [(DATA, text)])
-
-
-def user_change(number, nick, icon=128, color=0):
-    return transaction(USER_CHANGE, [(SOCKET, short(number)), (ICON, short(icon)), (COLOR, short(color)), (NICK, nick)])
-
-
-def user_entry(number, nick, icon=128, color=0):
-    return struct.pack(">HHHH", number, icon, color, len(nick)) + nick
-
 
 def picture(width, height):
     """A white PNG: however many pixels, it has few bytes."""
@@ -49,13 +20,6 @@ def picture(width, height):
     rows = b"".join(compressor.compress(row) for _ in range(height)) + compressor.flush()
     header = struct.pack(">IIBBBBB", width, height, 1, 0, 0, 0, 0)
     return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", rows) + chunk(b"IEND", b"")
-
-
-def tracker_listing(servers):
-    """What a tracker answers: pairs of a name and a port of 127.0.0.1."""
-    records = b"".join(bytes([127, 0, 0, 1]) + struct.pack(">HHHB", port, 1, 0, len(name)) + name + b"\0"
-        for name, port in servers)
-    return b"HTRK" + struct.pack(">HHHHH", 1, 1, len(records) + 4, len(servers), len(servers)) + records
 
 
 class Request:
@@ -81,6 +45,16 @@ class Connection:
             if not piece:
                 raise EOFError("the client closed the connection after %d of %d bytes" % (len(data), count))
             data += piece
+        return data
+
+    def read_to_end(self):
+        """Everything until the client closes the connection, in order or not."""
+        data = b""
+        try:
+            while piece := self.stream.recv(4096):
+                data += piece
+        except ConnectionResetError:
+            pass
         return data
 
     def handshake(self):
@@ -112,23 +86,23 @@ class Connection:
         self.stream.sendall(data)
 
     def reply(self, request, fields, error=0):
-        self.send(transaction(REPLY, fields, request.number, error))
+        self.send(wire.transaction(wire.REPLY, fields, request.number, error))
 
     def accept_login(self, request, name=b"Scripted"):
-        self.reply(request, [(VERSION, short(190)), (SERVER_NAME, name)])
+        self.reply(request, [(wire.VERSION, wire.short(190)), (wire.SERVER_NAME, name)])
 
     def welcome(self, name=b"Scripted", users=()):
         """Shakes hands, accepts the login and answers both requests for the user list."""
         self.handshake()
-        self.accept_login(self.read_until(LOGIN), name)
+        self.accept_login(self.read_until(wire.LOGIN), name)
         for _ in range(2):
-            self.reply(self.read_until(USER_LIST), [(USER, user) for user in users])
+            self.reply(self.read_until(wire.USER_LIST), [(wire.USER, user) for user in users])
 
     def begin_banner(self, transfers, size):
         """Offers a picture of that many bytes and returns the connection on which they are waited for."""
-        self.send(transaction(BANNER, [(BANNER_TYPE, b"PNGf")]))
-        self.reply(self.read_until(DOWNLOAD_BANNER), [(REFERENCE, struct.pack(">I", 5)),
-            (TRANSFER_SIZE, struct.pack(">I", size))])
+        self.send(wire.transaction(wire.BANNER, [(wire.BANNER_TYPE, b"PNGf")]))
+        self.reply(self.read_until(wire.DOWNLOAD_BANNER), [(wire.REFERENCE, wire.long(5)),
+            (wire.TRANSFER_SIZE, wire.long(size))])
         stream, _ = transfers.accept()
         transfer = Connection(stream)
         request = transfer.read_exactly(16)
@@ -162,6 +136,13 @@ class Server:
         stream, _ = self.listener.accept()
         self._open.append(stream)
         return Connection(stream)
+
+    def accept_question(self):
+        """Accepts what asks for a tracker's listing, and leaves it without an answer."""
+        connection = self.accept()
+        if connection.read_exactly(6) != b"HTRK\x00\x01":
+            raise AssertionError("not a question to a tracker")
+        return connection
 
     def take_in_little(self):
         """Leaves those who connect from now on with little room for what is not read."""

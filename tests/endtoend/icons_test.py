@@ -4,11 +4,9 @@
 """Folders with many icons, and with much that is none."""
 
 import os
-import shutil
-import tempfile
 
 from desktop import wait_until
-from support import PROGRAM_FOLDER, ClientCase, main, setUpModule  # noqa: F401
+from support import NOT_CONNECTED, PROGRAM_FOLDER, ClientCase, main, setUpModule  # noqa: F401
 
 COUNT_MANY = 2000
 FIRST_OF_MANY = 1000
@@ -16,11 +14,8 @@ FIRST_OF_MANY = 1000
 
 class IconsTest(ClientCase):
     def setUp(self):
-        parent = tempfile.mkdtemp(dir=self.desktop.folder)
-        self.addCleanup(shutil.rmtree, parent)
-        self.folder = os.path.join(parent, "palimbra")
+        self.folder = self.copy_program("assets")
         self.assets = os.path.join(self.folder, "assets")
-        shutil.copytree(PROGRAM_FOLDER, self.folder, ignore=shutil.ignore_patterns("Downloads", "assets"))
         os.mkdir(self.assets)
         with open(os.path.join(PROGRAM_FOLDER, "assets", "137.png"), "rb") as file:
             self.picture = file.read()
@@ -37,14 +32,13 @@ class IconsTest(ClientCase):
         client.open_options()
         rows = client.list("Options")
         self.assert_soon(rows.count_children, count)
-        names = [row.name() for row in rows.children()]
-        self.desktop.key("Escape")
-        self.desktop.wait_without_window("Options")
+        shown = [row.name() for row in rows.children()]
+        self.escape("Options")
         self.assertEqual(client.quit(), 0)
         # The toolkit's decoder complains by itself.
         complaints = client.program.output().splitlines()
         self.assertEqual([line for line in complaints if not line.startswith("libpng error: ")], [])
-        return names
+        return shown
 
     def test_two_thousand_icons(self):
         numbers = range(FIRST_OF_MANY, FIRST_OF_MANY + COUNT_MANY)
@@ -78,9 +72,8 @@ class IconsTest(ClientCase):
         for name in ("2000.png", "401.png", "210.png"):
             os.mkfifo(os.path.join(self.assets, name))
         client = self.start_client(self.folder)
-        wait_until(lambda: client.enabled_buttons() == ["Connect", "Tracker", "Options"], "the buttons")
-        self.assertEqual(client.quit(), 0)
-        self.assert_ended_well(client)
+        wait_until(lambda: client.enabled_buttons() == NOT_CONNECTED, "the buttons")
+        self.assert_quits(client)
 
 
 if __name__ == "__main__":

@@ -6,8 +6,9 @@
 import socket
 
 import hotline
+import wire
 from desktop import wait_until
-from support import ClientCase, main, setUpModule  # noqa: F401
+from support import ServedCase, main, setUpModule  # noqa: F401
 
 TCP_SYN_SENT = "02"
 
@@ -19,96 +20,58 @@ def is_connecting_to(port):
         return any(line.split()[2:4] == [address, TCP_SYN_SENT] for line in table)
 
 
-class QuitTest(ClientCase):
-    def setUp(self):
-        self.server = self.start_server()
-
-    def quit(self, client):
-        client.bring_to_front(client.main_window())
-        self.desktop.key("ctrl+q")
+class QuitTest(ServedCase):
+    def assert_quits(self):
+        self.shortcut("ctrl+q")
+        self.assert_ended_well(self.client)
 
     def test_while_connecting(self):
         with hotline.Server(backlog=0) as full:
             full.fill_up()
-            client = self.start_client()
-            client.connect("127.0.0.1", full.port)
-            client.wait_for_status("Connecting to 127.0.0.1:%d…" % full.port)
+            self.client.connect("127.0.0.1", full.port)
+            self.client.wait_for_status("Connecting to 127.0.0.1:%d…" % full.port)
             wait_until(lambda: is_connecting_to(full.port), "the client to be connecting")
-            self.quit(client)
-            self.assert_ended_well(client)
+            self.assert_quits()
 
     def test_while_a_server_accepts_and_says_nothing(self):
-        client = self.start_client()
-        client.connect("127.0.0.1", self.server.port)
-        connection = self.server.accept()
+        connection = self.connect()
         connection.read_exactly(12)
-        self.quit(client)
-        self.assert_ended_well(client)
+        self.assert_quits()
         self.assertEqual(connection.stream.recv(1), b"")
 
     def test_while_the_login_goes_unanswered(self):
-        client = self.start_client()
-        client.connect("127.0.0.1", self.server.port)
-        connection = self.server.accept()
+        connection = self.connect()
         connection.handshake()
-        connection.read_until(hotline.LOGIN)
-        client.wait_for_status("Connected — logging in…")
-        self.quit(client)
-        self.assert_ended_well(client)
+        connection.read_until(wire.LOGIN)
+        self.client.wait_for_status("Connected — logging in…")
+        self.assert_quits()
 
     def test_while_a_flood_arrives(self):
-        client = self.start_client()
-        client.connect("127.0.0.1", self.server.port)
-        connection = self.server.accept()
-        connection.welcome(users=[hotline.user_entry(number, b"nick %d" % number) for number in range(1, 51)])
-        client.wait_for_login("Scripted")
-        block = b"".join(hotline.user_change(1 + number % 50, b"nick %d" % number) + hotline.chat(b"line %d" % number)
+        connection = self.log_in([wire.user_entry(number, b"nick %d" % number) for number in range(1, 51)])
+        block = b"".join(wire.user_change(1 + number % 50, b"nick %d" % number) + wire.chat(b"line %d" % number)
             for number in range(20000))
         with hotline.Flood(connection, block) as flood:
             wait_until(lambda: flood.sent > len(block), "the flood to arrive")
-            self.quit(client)
-            self.assert_ended_well(client)
+            self.assert_quits()
 
     def test_while_the_agreement_is_open(self):
-        client = self.start_client()
-        client.connect("127.0.0.1", self.server.port)
-        connection = self.server.accept()
+        connection = self.connect()
         connection.welcome()
-        connection.send(hotline.transaction(hotline.AGREEMENT, [(hotline.DATA, b"Be kind.")]))
-        client.window("Server Agreement")
-        self.quit(client)
-        self.assert_ended_well(client)
+        connection.send(wire.agreement(b"Be kind."))
+        self.client.window("Server Agreement")
+        self.assert_quits()
         # Quitting is no acceptance.
-        rest = b""
-        while True:
-            try:
-                piece = connection.stream.recv(4096)
-            except ConnectionResetError:
-                break
-            if not piece:
-                break
-            rest += piece
-        self.assertNotIn(hotline.AGREED.to_bytes(4, "big"), rest)
+        self.assertNotIn(wire.AGREED.to_bytes(4, "big"), connection.read_to_end())
 
     def test_after_the_line_was_lost(self):
-        client = self.start_client()
-        client.connect("127.0.0.1", self.server.port)
-        connection = self.server.accept()
-        connection.welcome()
-        client.wait_for_login("Scripted")
-        connection.stream.shutdown(socket.SHUT_RDWR)
-        client.wait_for_status("Disconnected")
-        self.quit(client)
-        self.assert_ended_well(client)
+        self.log_in().stream.shutdown(socket.SHUT_RDWR)
+        self.client.wait_for_status("Disconnected")
+        self.assert_quits()
 
     def test_right_after_disconnecting(self):
-        client = self.start_client()
-        client.connect("127.0.0.1", self.server.port)
-        self.server.accept().welcome()
-        client.wait_for_login("Scripted")
-        client.bring_to_front(client.main_window())
-        self.desktop.key("ctrl+d", "ctrl+q")
-        self.assert_ended_well(client)
+        self.log_in()
+        self.shortcut("ctrl+d", "ctrl+q")
+        self.assert_ended_well(self.client)
 
 
 if __name__ == "__main__":

@@ -3,25 +3,21 @@
 # Distributed under the terms of the MIT License.
 """Rows that have no room for their text: it ends in an ellipsis, and is the tool tip."""
 
-import hotline
+import wire
 from client import is_inside
 from desktop import SCREEN_HEIGHT, SCREEN_WIDTH, wait_until
-from support import ClientCase, main, setUpModule  # noqa: F401
+from support import ServedCase, main, setUpModule  # noqa: F401
 
 LONG = "<b>Bartholomew</b> & the forty thieves of the old harbor"
 # Of the widest letters, as many as a nick has bytes at most.
 LONGEST = "W" * 63
 
 
-class RowsTest(ClientCase):
+class RowsTest(ServedCase):
     def setUp(self):
-        self.server = self.start_server()
-        self.client = self.start_client()
-        self.client.connect("127.0.0.1", self.server.port)
-        self.connection = self.server.accept()
+        super().setUp()
         users = [b"Adam", LONG.encode(), LONGEST.encode(), b"Zoey"]
-        self.connection.welcome(users=[hotline.user_entry(number + 1, nick) for number, nick in enumerate(users)])
-        self.client.wait_for_login("Scripted")
+        self.connection = self.log_in([wire.user_entry(number + 1, nick) for number, nick in enumerate(users)])
         self.window = self.client.users_window()
         wait_until(lambda: not self.window.is_minimized(), "the login to reveal the users")
         self.client.bring_to_front(self.window)
@@ -56,7 +52,7 @@ class RowsTest(ClientCase):
     def test_a_user_who_leaves_takes_it_along(self):
         self.rest_on(LONG)
         self.assert_soon(self.shown, [LONG])
-        self.connection.send(hotline.transaction(hotline.USER_LEAVE, [(hotline.SOCKET, hotline.short(2))]))
+        self.connection.send(wire.user_leave(2))
         self.assert_soon(self.client.users, ["Adam", LONGEST, "Zoey"])
         self.assert_soon(self.shown, [])
 

@@ -4,7 +4,7 @@
 """A whole evening at the demo server."""
 
 from demo import SERVER_NAME
-from support import ClientCase, main, setUpModule  # noqa: F401
+from support import CONNECTED, NOT_CONNECTED, ClientCase, main, setUpModule  # noqa: F401
 
 NICK = "HaikuUser"
 
@@ -32,7 +32,7 @@ class SessionTest(ClientCase):
             "Welcome to the %s, %s!" % (SERVER_NAME, NICK),
         ]
         self.assertEqual(self.client.chat_lines()[:len(expected)], expected)
-        self.assert_soon(self.client.enabled_buttons, ["Disconnect", "Chat", "Users", "Files", "Tracker", "Options"])
+        self.assert_soon(self.client.enabled_buttons, CONNECTED)
         self.client.wait_for_status("Connected to " + SERVER_NAME)
         self.client.window("Users Online (12)")
 
@@ -71,7 +71,7 @@ class SessionTest(ClientCase):
                 self.client.window("Users Online (0)")
                 # Only a disconnect takes the server's name away.
                 self.client.window("Palimbra — " + SERVER_NAME)
-                self.assert_soon(self.client.enabled_buttons, ["Connect", "Tracker", "Options"])
+                self.assert_soon(self.client.enabled_buttons, NOT_CONNECTED)
                 self.assert_soon(lambda: self.client.entry().has("enabled"), False)
 
     def test_a_polite_quit_disconnects(self):
@@ -89,12 +89,11 @@ class SessionTest(ClientCase):
                 if way == "button":
                     self.client.press("Disconnect")
                 else:
-                    self.client.bring_to_front(self.client.main_window())
-                    self.desktop.key("ctrl+d")
+                    self.shortcut("ctrl+d")
                 self.client.wait_for_status("Not connected")
                 self.client.window("Palimbra")
                 self.client.wait_for_chat("\n*** Disconnected ***\n")
-                self.assert_soon(self.client.enabled_buttons, ["Connect", "Tracker", "Options"])
+                self.assert_soon(self.client.enabled_buttons, NOT_CONNECTED)
 
     def test_a_password_is_checked(self):
         for password, outcome in (("lamp", "*** Error: "), ("lantern", "*** Logged in ***\n")):
@@ -119,8 +118,7 @@ class SessionTest(ClientCase):
     def test_quitting_in_the_middle_of_it(self):
         self.enter()
         self.client.say("/flood 100000")
-        self.assertEqual(self.client.quit(), 0)
-        self.assert_ended_well(self.client)
+        self.assert_quits()
 
 
 if __name__ == "__main__":

@@ -4,11 +4,9 @@
 """The first thing that a user sees, and the ways out of it."""
 
 import os
-import shutil
-import tempfile
 
 from desktop import wait_until
-from support import PROGRAM_FOLDER, ClientCase, main, setUpModule  # noqa: F401
+from support import NOT_CONNECTED, ClientCase, main, setUpModule  # noqa: F401
 
 
 class StartTest(ClientCase):
@@ -23,9 +21,8 @@ class StartTest(ClientCase):
         self.assertFalse(main_window.is_minimized())
         self.assert_soon(lambda: sorted(client.titles()), ["Chat", "Palimbra", "Users Online"])
         self.assert_soon(client.status, "Not connected")
-        self.assert_soon(client.enabled_buttons, ["Connect", "Tracker", "Options"])
-        self.assertEqual(client.quit(), 0)
-        self.assert_ended_well(client)
+        self.assert_soon(client.enabled_buttons, NOT_CONNECTED)
+        self.assert_quits(client)
 
     def test_the_close_box_of_the_main_window_quits(self):
         client = self.start_client()
@@ -50,46 +47,34 @@ class StartTest(ClientCase):
 
 
 class ProgramFolderTest(ClientCase):
-    def copy_program(self, *left_out):
-        parent = tempfile.mkdtemp(prefix="palimbra elsewhere é ")
-        self.addCleanup(shutil.rmtree, parent)
-        folder = os.path.join(parent, "a folder")
-        shutil.copytree(PROGRAM_FOLDER, folder, ignore=shutil.ignore_patterns("Downloads", *left_out))
-        return folder
-
     def test_a_copy_of_the_program_folder_runs_anywhere(self):
         folder = self.copy_program()
         client = self.start_client(folder)
         self.assert_soon(client.status, "Not connected")
         self.assertTrue(os.path.isdir(os.path.join(folder, "Downloads")))
-        client.quit()
-        self.assert_ended_well(client)
+        self.assert_quits(client)
 
     def test_every_window_has_the_icon_that_lies_beside_the_program(self):
         client = self.start_client(self.copy_program())
         client.open_connect()
         wait_until(lambda: [window.has_icon() for window in self.desktop.windows()] == [True] * 4, "four icons")
-        self.desktop.key("Escape")
-        self.desktop.wait_without_window("Connect to Server")
-        client.quit()
-        self.assert_ended_well(client)
+        self.escape("Connect to Server")
+        self.assert_quits(client)
 
     def test_without_an_icon_the_windows_have_none(self):
         client = self.start_client(self.copy_program("palimbra.png"))
         windows = (client.main_window(), client.chat_window(), client.users_window())
         self.assertEqual([window.has_icon() for window in windows], [False] * 3)
-        client.quit()
-        self.assert_ended_well(client)
+        self.assert_quits(client)
 
     def test_without_assets_the_buttons_show_their_labels_alone(self):
         pictures = []
         for left_out in ((), (), ("assets",)):
             client = self.start_client(self.copy_program(*left_out))
             client.wait_for_focus_on(client.main_window())
-            self.assert_soon(client.enabled_buttons, ["Connect", "Tracker", "Options"])
+            self.assert_soon(client.enabled_buttons, NOT_CONNECTED)
             pictures.append(self.picture(client.button("Options")))
-            client.quit()
-            self.assert_ended_well(client)
+            self.assert_quits(client)
         self.assertEqual(pictures[0], pictures[1])
         self.assertNotEqual(pictures[0], pictures[2])
 

@@ -6,6 +6,7 @@ One file by hand: PYTHONPATH=driver PALIMBRA_BUILD=build /usr/bin/python3 tests/
 """
 
 import os
+import shutil
 import tempfile
 import unittest
 
@@ -16,6 +17,10 @@ from desktop import Desktop, NotHappened, wait_until
 
 BUILD = os.path.abspath(os.environ["PALIMBRA_BUILD"])
 PROGRAM_FOLDER = os.path.join(BUILD, "palimbra")
+
+# The buttons of the main window that can be pressed.
+NOT_CONNECTED = ["Connect", "Tracker", "Options"]
+CONNECTED = ["Disconnect", "Chat", "Users", "Files", "Tracker", "Options"]
 
 _desktop = None
 
@@ -52,6 +57,14 @@ class ClientCase(unittest.TestCase):
     def desktop(self):
         return _desktop
 
+    def copy_program(self, *left_out):
+        """A folder of its own for the program, far from the build, for it to write to."""
+        parent = tempfile.mkdtemp(prefix="palimbra elsewhere é ")
+        self.addCleanup(shutil.rmtree, parent)
+        folder = os.path.join(parent, "a folder")
+        shutil.copytree(PROGRAM_FOLDER, folder, ignore=shutil.ignore_patterns("Downloads", *left_out))
+        return folder
+
     def start_client(self, folder=PROGRAM_FOLDER, environment=None):
         client = Client(self.desktop, folder, environment)
         self.addCleanup(client.program.stop)
@@ -82,6 +95,31 @@ class ClientCase(unittest.TestCase):
         self.assertEqual(client.program.output(), "")
         self.assertEqual(processes_of_session(client.program.pid), [])
 
+    def assert_quits(self, client=None):
+        """Has the program quit by its main window."""
+        client = client or self.client
+        self.assertEqual(client.quit(), 0)
+        self.assert_ended_well(client)
+
+    def shortcut(self, *keys):
+        """Presses keys in the main window."""
+        self.client.bring_to_front(self.client.main_window())
+        self.desktop.key(*keys)
+
+    def escape(self, title):
+        """Closes the window with the focus, which has that title."""
+        self.desktop.key("Escape")
+        self.desktop.wait_without_window(title)
+
+    def open_and_close_a_dialog(self):
+        self.shortcut("ctrl+k")
+        self.client.wait_for_focus_on(self.client.window("Connect to Server"))
+        self.escape("Connect to Server")
+
+    def revealed(self):
+        """The windows that a login reveals, each behind the shortcut that does so as well."""
+        return ("ctrl+1", self.client.chat_window()), ("ctrl+2", self.client.users_window())
+
     def picture(self, node):
         """That part of the screen as a picture, to be compared with another."""
         path = os.path.join(self.desktop.folder, "part.ppm")
@@ -97,6 +135,24 @@ class ClientCase(unittest.TestCase):
         path = os.path.join(folder, self.id().replace("__main__.", "") + ".png")
         self.desktop.screenshot(path)
         return path
+
+
+class ServedCase(ClientCase):
+    """A case whose client meets a server that does what the test tells it to."""
+
+    def setUp(self):
+        self.server = self.start_server()
+        self.client = self.start_client()
+
+    def connect(self):
+        self.client.connect("127.0.0.1", self.server.port)
+        return self.server.accept()
+
+    def log_in(self, users=(), name=b"Scripted"):
+        connection = self.connect()
+        connection.welcome(name, users)
+        self.client.wait_for_login(name.decode("utf-8", "replace"))
+        return connection
 
 
 class Result(unittest.TextTestResult):
@@ -129,6 +185,11 @@ def processes_of_session(session):
         except (FileNotFoundError, ProcessLookupError):
             continue
     return processes
+
+
+def names(node, role):
+    """The names of what lies below a node in that role."""
+    return [child.name() for child in node.walk() if child.role() == role]
 
 
 def main():

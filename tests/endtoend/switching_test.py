@@ -8,24 +8,22 @@ import socket
 import threading
 
 import hotline
+import wire
 from desktop import wait_until
-from support import ClientCase, SlowNames, main, setUpModule  # noqa: F401
+from support import CONNECTED, NOT_CONNECTED, ClientCase, SlowNames, main, setUpModule  # noqa: F401
 
 # Seconds, in place of the usual patience: what happens at once does not wait for a socket's time-out, which takes ten.
 AT_ONCE = 6
 
-NOT_CONNECTED = ["Connect", "Tracker", "Options"]
-CONNECTED = ["Disconnect", "Chat", "Users", "Files", "Tracker", "Options"]
-
 FORMER = b"of the first"
-FORMER_USERS = [hotline.user_entry(number, FORMER) for number in range(1, 3001)]
+FORMER_USERS = [wire.user_entry(number, FORMER) for number in range(1, 3001)]
 
 
 def much_of_the_former():
     """More than the windows can follow: the later a user stands in the list, the longer a change takes."""
-    changes = b"".join(hotline.user_change(len(FORMER_USERS) - number, FORMER) for number in range(8)) * 2
-    broadcast = hotline.transaction(hotline.BROADCAST, [(hotline.DATA, FORMER)])
-    return (changes + hotline.chat(FORMER) + broadcast) * 3000
+    changes = b"".join(wire.user_change(len(FORMER_USERS) - number, FORMER) for number in range(8)) * 2
+    broadcast = wire.broadcast(FORMER)
+    return (changes + wire.chat(FORMER) + broadcast) * 3000
 
 
 @contextlib.contextmanager
@@ -57,7 +55,7 @@ class Host:
             while True:
                 connection = self._server.accept()
                 try:
-                    connection.welcome(b"Late", [hotline.user_entry(1, FORMER)])
+                    connection.welcome(b"Late", [wire.user_entry(1, FORMER)])
                 except (EOFError, OSError):
                     # It has changed its mind.
                     pass
@@ -75,28 +73,49 @@ class SwitchingCase(ClientCase):
 
     def fill_dialog(self, address, port):
         """Fills in the connect dialog, which the keyboard opens while connected as well; Return connects then."""
-        self.client.bring_to_front(self.client.main_window())
-        self.desktop.key("ctrl+k")
+        self.shortcut("ctrl+k")
         self.client.wait_for_focus_on(self.client.window("Connect to Server"))
         self.client.fill_connect(address, port)
 
-    def log_in(self, server, name, users):
-        self.fill_dialog("127.0.0.1", server.port)
+    def dial(self, address, port):
+        self.fill_dialog(address, port)
         self.desktop.key("Return")
-        connection = server.accept()
-        connection.welcome(name, users)
-        self.client.wait_for_login(name.decode())
+
+    def welcome_first(self):
+        former = self.first.accept()
+        former.welcome(b"First", FORMER_USERS)
+        return former
+
+    def accept_second(self, server=None):
+        connection = (server or self.second).accept()
+        connection.welcome(b"Second", [wire.user_entry(1, b"Sammy")])
+        return connection
+
+    def welcome_second(self, server=None):
+        connection = self.accept_second(server)
+        self.client.wait_for_login("Second")
         return connection
 
     def log_in_to_first(self):
-        return self.log_in(self.first, b"First", FORMER_USERS)
+        self.dial("127.0.0.1", self.first.port)
+        connection = self.welcome_first()
+        self.client.wait_for_login("First")
+        return connection
 
     def log_in_to_second(self):
-        return self.log_in(self.second, b"Second", [hotline.user_entry(1, b"Sammy")])
+        self.dial("127.0.0.1", self.second.port)
+        return self.welcome_second()
+
+    def begin_late_banner(self):
+        """The connection on which the first server is to send a banner, and the size of the window without it."""
+        self.first, transfers = hotline.listen_on_two_ports()
+        self.addCleanup(self.first.__exit__)
+        self.addCleanup(transfers.close)
+        plain = self.client.main_window().size_limits()
+        return self.log_in_to_first().begin_banner(transfers, len(hotline.picture(468, 60))), plain
 
     def disconnect(self):
-        self.client.bring_to_front(self.client.main_window())
-        self.desktop.key("ctrl+d")
+        self.shortcut("ctrl+d")
 
     def wait_for_the_former(self, left=()):
         """Waits until no thread of a connection is left but these: all has been posted then that ever will be."""
@@ -104,11 +123,7 @@ class SwitchingCase(ClientCase):
 
     def wait_for_the_main_window(self):
         """Waits until the main window has dealt with what was posted before: a dialog opens when its turn has come."""
-        self.client.bring_to_front(self.client.main_window())
-        self.desktop.key("ctrl+k")
-        self.client.wait_for_focus_on(self.client.window("Connect to Server"))
-        self.desktop.key("Escape")
-        self.desktop.wait_without_window("Connect to Server")
+        self.open_and_close_a_dialog()
 
     def chat_since(self, line):
         """What the chat says behind the last such line."""
@@ -121,7 +136,7 @@ class SwitchingCase(ClientCase):
         port = (server or self.second).port
         self.wait_for_the_former(left=["HL:Receive"])
         # They are dealt with in the order in which they arrive, so these are the last ones.
-        connection.send(hotline.user_change(2, b"Last") + hotline.chat(b"the last line"))
+        connection.send(wire.user_change(2, b"Last") + wire.chat(b"the last line"))
         self.client.wait_for_chat("the last line\n")
         self.client.wait_for_users(lambda users: users[-1:] == ["Last"], "the last one")
         self.assertEqual(self.client.users(), ["Sammy", "Last"])
@@ -149,7 +164,7 @@ class LeavingTest(SwitchingCase):
     def test_a_kick_has_the_last_word(self):
         connection = self.log_in_to_first()
         # The main window is busy: it meets the end of the connection before it has dealt with the kick.
-        connection.send(much_of_the_former() + hotline.transaction(hotline.POLITE_QUIT, [(hotline.DATA, b"Goodbye")]))
+        connection.send(much_of_the_former() + wire.polite_quit(b"Goodbye"))
         connection.close()
         self.client.wait_for_chat("*** Server requested disconnect ***\n")
         self.assert_not_connected()
@@ -160,11 +175,11 @@ class LeavingTest(SwitchingCase):
     def test_disconnecting_in_the_middle_of_a_long_list(self):
         connection = self.log_in_to_first()
         self.client.press("Users")
-        request = connection.read_until(hotline.USER_LIST)
+        request = connection.read_until(wire.USER_LIST)
         users = self.client.users_list()
         self.client.bring_to_front(self.client.main_window())
         # More than wait for the windows at any one time: the rest is still on its way through the program.
-        connection.reply(request, [(hotline.USER, hotline.user_entry(number, b"nick")) for number in range(1, 60001)])
+        connection.reply(request, [(wire.USER, wire.user_entry(number, b"nick")) for number in range(1, 60001)])
         wait_until(lambda: users.count_children() > len(FORMER_USERS), "the list to arrive")
         self.desktop.key("ctrl+d")
         self.client.wait_for_status("Not connected")
@@ -172,8 +187,7 @@ class LeavingTest(SwitchingCase):
         self.assertEqual(self.chat_since("*** Logged in ***\n"), "\n*** Disconnected ***\n")
 
     def test_disconnecting_before_the_name_is_found(self):
-        self.fill_dialog("slow.test", self.first.port)
-        self.desktop.key("Return")
+        self.dial("slow.test", self.first.port)
         self.names.wait_until_asked()
         status = self.client.node("Palimbra").find(role="label")
         with Host(self.first):
@@ -186,11 +200,7 @@ class LeavingTest(SwitchingCase):
             "\n*** Disconnected ***\n")
 
     def test_a_banner_that_comes_after_disconnecting(self):
-        self.first, transfers = hotline.listen_on_two_ports()
-        self.addCleanup(self.first.__exit__)
-        self.addCleanup(transfers.close)
-        plain = self.client.main_window().size_limits()
-        transfer = self.log_in_to_first().begin_banner(transfers, len(hotline.picture(468, 60)))
+        transfer, plain = self.begin_late_banner()
         self.disconnect()
         self.client.wait_for_status("Not connected")
         transfer.send(hotline.picture(468, 60))
@@ -205,17 +215,11 @@ class SwitchingTest(SwitchingCase):
         self.fill_dialog("127.0.0.1", self.second.port)
         with talking(former):
             self.desktop.key("Return")
-            connection = self.second.accept()
-            connection.welcome(b"Second", [hotline.user_entry(1, b"Sammy")])
-            self.client.wait_for_login("Second")
+            connection = self.welcome_second()
         self.assert_second_alone(connection)
 
     def test_a_banner_that_comes_late(self):
-        self.first, transfers = hotline.listen_on_two_ports()
-        self.addCleanup(self.first.__exit__)
-        self.addCleanup(transfers.close)
-        plain = self.client.main_window().size_limits()
-        transfer = self.log_in_to_first().begin_banner(transfers, len(hotline.picture(468, 60)))
+        transfer, plain = self.begin_late_banner()
         connection = self.log_in_to_second()
         transfer.send(hotline.picture(468, 60))
         transfer.close()
@@ -224,7 +228,7 @@ class SwitchingTest(SwitchingCase):
 
     def answer_former_agreement(self, answer):
         """Presses a button of the first server's agreement while connected to the second; returns that connection."""
-        self.log_in_to_first().send(hotline.transaction(hotline.AGREEMENT, [(hotline.DATA, FORMER)]))
+        self.log_in_to_first().send(wire.agreement(FORMER))
         agreement = self.client.open_agreement()
         connection = self.log_in_to_second()
         self.client.press_in(agreement, answer)
@@ -239,17 +243,14 @@ class SwitchingTest(SwitchingCase):
         connection = self.answer_former_agreement("Accept")
         self.assert_second_alone(connection)
         self.client.say("hello")
-        self.assertEqual(connection.read().kind, hotline.CHAT_SEND)
+        self.assertEqual(connection.read().kind, wire.CHAT_SEND)
 
     def switch_before_the_name_is_found(self, port):
         """Leaves a name for the second server, and has it found as soon as that is logged in to."""
-        self.fill_dialog("slow.test", port)
-        self.desktop.key("Return")
+        self.dial("slow.test", port)
         self.names.wait_until_asked()
-        self.fill_dialog("127.0.0.1", self.second.port)
-        self.desktop.key("Return")
-        connection = self.second.accept()
-        connection.welcome(b"Second", [hotline.user_entry(1, b"Sammy")])
+        self.dial("127.0.0.1", self.second.port)
+        connection = self.accept_second()
         self.names.open_gate()
         return connection
 
@@ -270,16 +271,14 @@ class TrackerRowsTest(SwitchingCase):
         tracker = self.start_server()
         address = "127.0.0.1:%d" % tracker.port
         self.client.use_tracker(address)
-        for key, window, left, top in (("ctrl+1", self.client.chat_window(), 440, 230),
-                ("ctrl+2", self.client.users_window(), 780, 230)):
-            self.client.bring_to_front(self.client.main_window())
-            self.desktop.key(key)
-            self.client.place(self.client.wait_for_focus_on(window), left, top)
+        for (key, window), left in zip(self.revealed(), (440, 780)):
+            self.shortcut(key)
+            self.client.place(self.client.wait_for_focus_on(window), left, 230)
         self.window = self.client.open_tracker(address)
         self.client.place(self.window, 20, 40)
         connection = tracker.accept()
         connection.read_exactly(6)
-        connection.send(hotline.tracker_listing(servers))
+        connection.send(wire.tracker_listing(servers))
         self.client.bring_to_front(self.window)
         self.client.row(self.window.title(), servers[-1][0].decode())
 
@@ -291,24 +290,13 @@ class TrackerRowsTest(SwitchingCase):
     def double_click(self, place):
         self.desktop.click(*place, count=2)
 
-    def welcome_first(self):
-        former = self.first.accept()
-        former.welcome(b"First", FORMER_USERS)
-        return former
-
-    def welcome_second(self, server):
-        connection = server.accept()
-        connection.welcome(b"Second", [hotline.user_entry(1, b"Sammy")])
-        self.client.wait_for_login("Second")
-        return connection
-
     def test_two_rows_at_once(self):
         self.open_listing([(b"First", self.first.port), (b"Second", self.second.port)])
         places = self.place_of("First"), self.place_of("Second")
         for place in places:
             self.double_click(place)
         former = self.first.accept()
-        self.assert_second_alone(self.welcome_second(self.second))
+        self.assert_second_alone(self.welcome_second())
         self.assertEqual(former.read_exactly(12)[:4], b"TRTP")
         self.assertEqual(former.stream.recv(1), b"")
 
@@ -318,7 +306,7 @@ class TrackerRowsTest(SwitchingCase):
         self.double_click(places[0])
         with talking(self.welcome_first()):
             self.double_click(places[1])
-            connection = self.welcome_second(self.second)
+            connection = self.welcome_second()
         self.assert_second_alone(connection)
 
     def test_one_row_twice(self):
@@ -338,8 +326,7 @@ class AtOnceTest(SwitchingCase):
         self.assert_soon(self.client.enabled_buttons, NOT_CONNECTED)
 
     def quit_at_once(self):
-        self.client.bring_to_front(self.client.main_window())
-        self.desktop.key("ctrl+q")
+        self.shortcut("ctrl+q")
         self.assert_ended_well(self.client, AT_ONCE)
 
     def close_at_once(self):
@@ -349,8 +336,7 @@ class AtOnceTest(SwitchingCase):
     # A name that is never found
 
     def ask_for_a_name(self):
-        self.fill_dialog("slow.test", self.first.port)
-        self.desktop.key("Return")
+        self.dial("slow.test", self.first.port)
         self.names.wait_until_asked()
         self.client.wait_for_status("Connecting to slow.test:%d…" % self.first.port)
 
@@ -413,10 +399,7 @@ class AtOnceTest(SwitchingCase):
 
     def open_silent_tracker(self):
         """A tracker window whose question has arrived, and the connection on which nobody answers it."""
-        window = self.open_tracker("127.0.0.1")
-        connection = self.first.accept()
-        self.assertEqual(connection.read_exactly(6), b"HTRK\x00\x01")
-        return window, connection
+        return self.open_tracker("127.0.0.1"), self.first.accept_question()
 
     def close_tracker_at_once(self, window):
         window.close()

@@ -21,15 +21,11 @@ class TrackerTest(ClientCase):
 
     def open_silent(self, client):
         """A tracker window whose question has arrived, and the connection on which nobody answers it."""
-        window = client.open_tracker(self.address)
-        connection = self.server.accept()
-        self.assertEqual(connection.read_exactly(6), b"HTRK\x00\x01")
-        return window, connection
+        return client.open_tracker(self.address), self.server.accept_question()
 
     def assert_others_react(self, client):
         client.open_connect()
-        self.desktop.key("Escape")
-        self.desktop.wait_without_window("Connect to Server")
+        self.escape("Connect to Server")
         client.bring_to_front(client.main_window())
         self.desktop.key("ctrl+1")
         client.wait_for_focus_on(client.chat_window())
@@ -51,8 +47,7 @@ class TrackerTest(ClientCase):
                 self.assert_soon(client.program.threads, threads)
                 for _, connection in opened:
                     connection.close()
-        self.assertEqual(client.quit(), 0)
-        self.assert_ended_well(client)
+        self.assert_quits(client)
 
     def test_a_window_closes_while_the_name_is_resolved(self):
         names = SlowNames(self.desktop.folder)
@@ -66,8 +61,7 @@ class TrackerTest(ClientCase):
         # Only the resolver is left, which nobody waits for.
         self.assertEqual(client.program.threads().count("HL:Resolve"), 1)
         self.assert_others_react(client)
-        self.assertEqual(client.quit(), 0)
-        self.assert_ended_well(client)
+        self.assert_quits(client)
 
 
 if __name__ == "__main__":

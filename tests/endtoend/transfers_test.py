@@ -4,13 +4,11 @@
 """Downloads and uploads: large ones, many at once, and the end of the program in the middle of one."""
 
 import os
-import shutil
 import signal
-import tempfile
 
 from demo import MEBIBYTE, SERVER_NAME, pattern
 from desktop import wait_until
-from support import PROGRAM_FOLDER, ClientCase, main, setUpModule  # noqa: F401
+from support import ClientCase, main, setUpModule  # noqa: F401
 
 LARGE = "1 GiB"
 LARGE_SIZE = 1024 * MEBIBYTE
@@ -20,10 +18,8 @@ PARTS = 10
 class TransfersTest(ClientCase):
     def setUp(self):
         self.demo = self.start_demo("--still", "--answer-delay", "10", "--no-agreement", "--no-welcome", "--no-banner")
-        # A folder of its own, for the downloads to lie beside the program.
-        self.folder = os.path.join(tempfile.mkdtemp(dir=self.desktop.folder), "palimbra")
-        self.addCleanup(shutil.rmtree, os.path.dirname(self.folder))
-        shutil.copytree(PROGRAM_FOLDER, self.folder, ignore=shutil.ignore_patterns("Downloads"))
+        # The downloads lie beside the program.
+        self.folder = self.copy_program()
         self.client = self.start_client(self.folder)
         self.client.connect("localhost", self.demo.port)
         self.client.wait_for_login(SERVER_NAME)
@@ -144,8 +140,7 @@ class TransfersTest(ClientCase):
         self.stop_the_server()
         self.assertLess(self.size_of_download(LARGE), LARGE_SIZE)
         self.assertIn("HL:Download", self.client.program.threads())
-        self.assertEqual(self.client.quit(), 0)
-        self.assert_ended_well(self.client)
+        self.assert_quits()
 
     def test_quitting_in_the_middle_of_an_upload(self):
         path = os.path.join(self.desktop.folder, "sparse.bin")
@@ -156,8 +151,7 @@ class TransfersTest(ClientCase):
         wait_until(lambda: "HL:Upload" in self.client.program.threads(), "the upload to start")
         self.stop_the_server()
         self.assertIn("HL:Upload", self.client.program.threads())
-        self.assertEqual(self.client.quit(), 0)
-        self.assert_ended_well(self.client)
+        self.assert_quits()
 
     def test_quitting_while_a_transfer_is_silent(self):
         trouble = self.open_folder("Trouble", "Files — Trouble (7)")

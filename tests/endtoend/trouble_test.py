@@ -6,8 +6,9 @@
 import itertools
 
 import hotline
+import wire
 from desktop import wait_until
-from support import ClientCase, main, setUpModule  # noqa: F401
+from support import ServedCase, main, setUpModule  # noqa: F401
 
 MEGABYTE = 1024 * 1024
 
@@ -15,17 +16,16 @@ MEGABYTE = 1024 * 1024
 MARKUP = b"<b>bold</b> &amp; &File %s %n [*] \\n {}"
 
 
-class TroubleCase(ClientCase):
-    def setUp(self):
-        self.server = self.start_server()
-        self.client = self.start_client()
-
-    def log_in(self, name=b"Scripted", users=()):
-        self.client.connect("127.0.0.1", self.server.port)
-        connection = self.server.accept()
-        connection.welcome(name, users)
-        self.client.wait_for_login(name.decode("utf-8", "replace"))
-        return connection
+class TroubleCase(ServedCase):
+    def select_a_line(self, connection):
+        """The transcript with a line that the server has sent, and where that is selected."""
+        connection.send(wire.chat(b"the selected line"))
+        self.client.wait_for_chat("the selected line\n")
+        transcript = self.client.transcript()
+        start = transcript.text().index("the selected line")
+        transcript.select_text(start, start + 17)
+        self.assert_soon(transcript.selection, (start, start + 17))
+        return transcript, (start, start + 17)
 
     def assert_alive(self):
         """Typing arrives, and is painted, and dialogs open and close."""
@@ -39,69 +39,59 @@ class TroubleCase(ClientCase):
         self.desktop.key("ctrl+a", "BackSpace")
         wait_until(lambda: entry.text() == "", "the text to be deleted")
 
-        self.client.bring_to_front(self.client.main_window())
-        self.desktop.key("ctrl+k")
-        self.client.wait_for_focus_on(self.client.window("Connect to Server"))
-        self.desktop.key("Escape")
-        self.desktop.wait_without_window("Connect to Server")
+        self.open_and_close_a_dialog()
 
 
 class StrangeTextTest(TroubleCase):
     def test_markup_appears_as_it_stands(self):
         shown = MARKUP.decode()
-        connection = self.log_in(MARKUP, [hotline.user_entry(1, MARKUP)])
+        connection = self.log_in([wire.user_entry(1, MARKUP)], MARKUP)
         self.client.window("Palimbra — " + shown)
         self.client.wait_for_users(lambda users: users == [shown], "the nick")
-        connection.send(hotline.chat(MARKUP) + hotline.transaction(hotline.BROADCAST, [(hotline.DATA, MARKUP)]))
+        connection.send(wire.chat(MARKUP) + wire.broadcast(MARKUP))
         self.client.wait_for_chat("\n%s\n\n*** Broadcast: %s ***\n" % (shown, shown))
         self.assertIn("*** Server: %s (v190) ***" % shown, self.client.chat_lines())
-        connection.send(hotline.transaction(hotline.AGREEMENT, [(hotline.DATA, MARKUP)]))
+        connection.send(wire.agreement(MARKUP))
         self.client.window("Server Agreement")
         agreement = self.client.node("Server Agreement").find(role="text", having=("multi-line",))
         self.assert_soon(agreement.text, shown)
 
     def test_a_refusal_appears_as_it_stands(self):
-        self.client.connect("127.0.0.1", self.server.port)
-        connection = self.server.accept()
+        connection = self.connect()
         connection.handshake()
-        connection.reply(connection.read_until(hotline.LOGIN), [(hotline.ERROR, MARKUP)], 1)
+        connection.reply(connection.read_until(wire.LOGIN), [(wire.ERROR, MARKUP)], 1)
         self.client.wait_for_chat("*** Error: %s ***\n" % MARKUP.decode())
 
     def test_bytes_that_are_not_text_and_control_characters(self):
-        connection = self.log_in(users=[hotline.user_entry(1, b"caf\xe9\xff")])
+        connection = self.log_in([wire.user_entry(1, b"caf\xe9\xff")])
         self.client.wait_for_users(lambda users: users == ["caf\ufffd\ufffd"], "the nick")
-        connection.send(hotline.chat(b"a\xff\xfeb\x01\x1b[31m\x7fc") + hotline.chat("日本 🎉 ß".encode()))
+        connection.send(wire.chat(b"a\xff\xfeb\x01\x1b[31m\x7fc") + wire.chat("日本 🎉 ß".encode()))
         self.client.wait_for_chat("a\ufffd\ufffdb\x01\x1b[31m\x7fc\n日本 🎉 ß\n")
 
     def test_a_long_nick_is_cut(self):
-        self.log_in(users=[hotline.user_entry(1, b"n" * 70)])
+        self.log_in([wire.user_entry(1, b"n" * 70)])
         self.client.wait_for_users(lambda users: users == ["n" * 63], "the nick, cut")
 
     def test_twenty_words_of_65535_letters(self):
         connection = self.log_in()
-        connection.send(hotline.chat(b"the selected line"))
-        self.client.wait_for_chat("the selected line\n")
-        transcript = self.client.transcript()
-        start = transcript.text().index("the selected line")
-        transcript.select_text(start, start + 17)
-        wait_until(lambda: transcript.selection() == (start, start + 17), "the selection")
+        transcript, selection = self.select_a_line(connection)
         for letter in range(20):
-            connection.send(hotline.chat(bytes([ord("a") + letter]) * 65535))
+            connection.send(wire.chat(bytes([ord("a") + letter]) * 65535))
         self.assert_alive()
-        connection.send(hotline.chat(b"the end"))
+        connection.send(wire.chat(b"the end"))
         self.client.wait_for_chat("\nthe end\n")
         lines = self.client.chat_lines()
         self.assertEqual([line[:1] for line in lines if len(line) == 65535], [chr(ord("a") + i) for i in range(20)])
-        self.assert_soon(transcript.selection, (start, start + 17))
+        self.assert_soon(transcript.selection, selection)
 
 
 class FloodTest(TroubleCase):
     def test_a_flood_of_changes_keeps_memory_bounded_and_windows_alive(self):
         # The later a user stands in the list, the longer a change takes: the window cannot follow.
         count = 3000
-        connection = self.log_in(users=[hotline.user_entry(number, b"nick") for number in range(1, count + 1)])
+        connection = self.log_in([wire.user_entry(number, b"nick") for number in range(1, count + 1)])
         self.client.window("Users Online (%d)" % count)
-        block = b"".join(hotline.user_change(count - number % 8, b"nick %d" % (number % 1000)) for number in range(40000))
+        block = b"".join(wire.user_change(count - number % 8, b"nick %d" % (number % 1000)) for number in range(40000))
         before = self.client.program.memory()
         with hotline.Flood(connection, block) as flood:
             wait_until(lambda: flood.sent > 5 * len(block), "the flood to arrive")
@@ -113,37 +103,29 @@ class FloodTest(TroubleCase):
 
     def test_a_flood_of_chat_loses_nothing_and_leaves_the_selection_alone(self):
         connection = self.log_in()
-        connection.send(hotline.chat(b"the selected line"))
-        self.client.wait_for_chat("the selected line\n")
-        transcript = self.client.transcript()
-        start = transcript.text().index("the selected line")
-        transcript.select_text(start, start + 17)
-        wait_until(lambda: transcript.selection() == (start, start + 17), "the selection")
+        transcript, selection = self.select_a_line(connection)
         before = self.client.program.memory()
         count = 60000
-        block = b"".join(hotline.chat(b"line %d of the flood" % number) for number in range(count))
+        block = b"".join(wire.chat(b"line %d of the flood" % number) for number in range(count))
         connection.send(block[:len(block) // 2])
         self.assert_alive()
         connection.send(block[len(block) // 2:])
         self.client.wait_for_chat("line %d of the flood\n" % (count - 1))
         lines = [line for line in self.client.chat_lines() if line.endswith("of the flood")]
         self.assertEqual(lines, ["line %d of the flood" % number for number in range(count)])
-        self.assert_soon(transcript.selection, (start, start + 17))
+        self.assert_soon(transcript.selection, selection)
         self.assertLess((self.client.program.memory() - before) / count, 2048)
 
 
 class SilenceTest(TroubleCase):
     def test_a_silent_server_keeps_no_window_waiting(self):
-        self.client.connect("127.0.0.1", self.server.port)
-        connection = self.server.accept()
+        connection = self.connect()
         connection.read_exactly(12)
-        for key, window in (("ctrl+1", self.client.chat_window()), ("ctrl+2", self.client.users_window())):
-            self.client.bring_to_front(self.client.main_window())
-            self.desktop.key(key)
+        for key, window in self.revealed():
+            self.shortcut(key)
             self.client.wait_for_focus_on(window)
         self.client.open_connect()
-        self.desktop.key("Escape")
-        self.desktop.wait_without_window("Connect to Server")
+        self.escape("Connect to Server")
         self.client.wait_for_status("Connecting to 127.0.0.1:%d…" % self.server.port)
         # The silence is still going on.
         connection.send(b"HTTP/1.1")
@@ -153,9 +135,9 @@ class SilenceTest(TroubleCase):
     def test_a_server_that_does_not_read_keeps_no_window_waiting(self):
         connection = self.log_in()
         # Each announcement is answered with a request of 22 bytes, until there is no room for more of them on the way.
-        announcements = hotline.transaction(hotline.BANNER, [(hotline.DATA, b"JPEG")]) * 4000
+        announcements = wire.transaction(wire.BANNER, [(wire.DATA, b"JPEG")]) * 4000
         for number in itertools.count():
-            connection.send(announcements + hotline.chat(b"block %d" % number))
+            connection.send(announcements + wire.chat(b"block %d" % number))
             self.client.wait_for_chat("block %d\n" % number)
             if "HL:Send" in self.client.program.threads():
                 break
@@ -166,19 +148,17 @@ class SilenceTest(TroubleCase):
 
     def test_a_server_that_never_reads_is_lost(self):
         connection = self.log_in()
-        announcements = hotline.transaction(hotline.BANNER, [(hotline.DATA, b"JPEG")]) * 1000
+        announcements = wire.transaction(wire.BANNER, [(wire.DATA, b"JPEG")]) * 1000
         with hotline.Flood(connection, announcements):
             self.client.wait_for_chat("*** Connection lost ***\n")
         self.client.wait_for_status("Disconnected")
-        self.client.bring_to_front(self.client.main_window())
-        self.desktop.key("ctrl+k")
+        self.shortcut("ctrl+k")
         self.client.wait_for_focus_on(self.client.window("Connect to Server"))
 
     def test_connecting_again_leaves_the_silent_server(self):
-        self.client.connect("127.0.0.1", self.server.port)
-        silent = self.server.accept()
+        silent = self.connect()
         silent.read_exactly(12)
-        self.log_in(b"Second")
+        self.log_in(name=b"Second")
         self.assertEqual(silent.stream.recv(1), b"")
         self.client.window("Palimbra — Second")
 

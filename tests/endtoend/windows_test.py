@@ -3,32 +3,20 @@
 # Distributed under the terms of the MIT License.
 """The windows under a window manager: minimizing, focus, dialogs, titles."""
 
-import hotline
+import wire
 from desktop import wait_until
-from support import ClientCase, main, setUpModule  # noqa: F401
+from support import ServedCase, main, setUpModule  # noqa: F401
 
 
-class WindowsTest(ClientCase):
-    def setUp(self):
-        self.server = self.start_server()
-        self.client = self.start_client()
-
-    def log_in(self, users=()):
-        self.client.connect("127.0.0.1", self.server.port)
-        connection = self.server.accept()
-        connection.welcome(users=users)
-        self.client.wait_for_login("Scripted")
-        return connection
-
+class WindowsTest(ServedCase):
     def assert_in_front(self, window):
         wait_until(lambda: not window.is_minimized(), "\"%s\" to be restored" % window.listed_title)
         self.client.wait_for_focus_on(window)
 
     def test_the_menu_reveals_the_two_windows_also_without_a_connection(self):
-        for key, window in (("ctrl+1", self.client.chat_window()), ("ctrl+2", self.client.users_window())):
+        for key, window in self.revealed():
             with self.subTest(key):
-                self.client.bring_to_front(self.client.main_window())
-                self.desktop.key(key)
+                self.shortcut(key)
                 self.assert_in_front(window)
 
     def test_the_keyboard_opens_the_menus(self):
@@ -46,7 +34,7 @@ class WindowsTest(ClientCase):
             self.client.wait_for_focus_on(self.client.window("Connect to Server"))
 
     def test_the_close_boxes_of_the_two_windows_minimize_them(self):
-        self.log_in([hotline.user_entry(1, b"Adam")])
+        self.log_in([wire.user_entry(1, b"Adam")])
         cases = (("Chat", "ctrl+1", self.client.chat_window()), ("Users", "ctrl+2", self.client.users_window()))
         for button, key, window in cases:
             with self.subTest(button):
@@ -59,17 +47,17 @@ class WindowsTest(ClientCase):
                     self.assert_in_front(window)
 
     def test_titles_and_text_change_while_minimized(self):
-        connection = self.log_in([hotline.user_entry(1, b"Adam")])
+        connection = self.log_in([wire.user_entry(1, b"Adam")])
         chat, users = self.client.chat_window(), self.client.users_window()
         self.client.window("Users Online (1)")
         for window in (chat, users, self.client.main_window()):
             window.minimize()
             wait_until(window.is_minimized, "the window to be minimized")
-        connection.send(hotline.user_change(2, b"Bobby") + hotline.chat(b"Adam: anybody here?"))
+        connection.send(wire.user_change(2, b"Bobby") + wire.chat(b"Adam: anybody here?"))
         self.client.window("Users Online (2)")
         self.client.wait_for_chat("Adam: anybody here?\n")
         self.assert_soon(self.client.users, ["Adam", "Bobby"])
-        connection.send(hotline.transaction(hotline.POLITE_QUIT, [(hotline.DATA, b"Bye")]))
+        connection.send(wire.polite_quit(b"Bye"))
         self.client.window("Palimbra")
         self.client.window("Users Online (0)")
         for window in (chat, users):
@@ -92,11 +80,7 @@ class WindowsTest(ClientCase):
                     lambda: "size %s, not %s" % (smallest, window.frame()))
 
 
-class DialogTest(ClientCase):
-    def setUp(self):
-        self.server = self.start_server()
-        self.client = self.start_client()
-
+class DialogTest(ServedCase):
     def focused(self, node):
         return next((child for child in node.walk() if {"focused", "focusable"} <= child.states()), None)
 
@@ -162,7 +146,7 @@ class DialogTest(ClientCase):
         connection = self.server.accept()
         connection.handshake()
         login = connection.read()
-        self.assertEqual(login.kind, hotline.LOGIN)
+        self.assertEqual(login.kind, wire.LOGIN)
         decoded = [bytes(255 - byte for byte in login.fields[field]) for field in (105, 106)]
         self.assertEqual(decoded, [b" guest", b"s3cret "])
 
@@ -194,8 +178,7 @@ class DialogTest(ClientCase):
     def test_a_new_dialog_starts_afresh(self):
         self.client.open_connect()
         self.client.fill_connect("somewhere", 7)
-        self.desktop.key("Escape")
-        self.desktop.wait_without_window("Connect to Server")
+        self.escape("Connect to Server")
         self.client.open_connect()
         fields = [node for node in self.client.node("Connect to Server").walk() if node.has("editable")]
         self.assertEqual([(node.name(), node.text()) for node in fields],
@@ -215,40 +198,36 @@ class DialogTest(ClientCase):
         wait_until(lambda: "x" in address.text(), "typing into the dialog")
         self.assert_soon(self.count_dialogs, 1)
         self.assertTrue(self.client.chat_window().is_minimized())
-        self.desktop.key("Escape")
-        self.desktop.wait_without_window("Connect to Server")
+        self.escape("Connect to Server")
         self.client.bring_to_front(main_window)
         self.desktop.key("ctrl+1")
         self.client.wait_for_focus_on(self.client.chat_window())
 
     def test_escape_declines_the_agreement(self):
-        self.client.connect("127.0.0.1", self.server.port)
-        connection = self.server.accept()
+        connection = self.connect()
         connection.welcome()
-        connection.send(hotline.transaction(hotline.AGREEMENT, [(hotline.DATA, b"Be kind.\rStay.")]))
+        connection.send(wire.agreement(b"Be kind.\rStay."))
         window = self.client.window("Server Agreement")
         self.client.wait_for_focus_on(window)
         text = self.client.node("Server Agreement").find(role="text", having=("multi-line",))
         self.assert_soon(text.text, "Be kind.\nStay.")
-        self.desktop.key("Escape")
-        self.desktop.wait_without_window("Server Agreement")
+        self.escape("Server Agreement")
         self.client.wait_for_chat("*** Agreement declined — disconnecting ***\n")
         self.client.wait_for_status("Not connected")
         self.assertEqual(connection.stream.recv(1), b"")
 
     def test_the_agreement_comes_up_in_front_and_return_accepts_it(self):
-        self.client.connect("127.0.0.1", self.server.port)
-        connection = self.server.accept()
+        connection = self.connect()
         connection.handshake()
-        connection.accept_login(connection.read_until(hotline.LOGIN))
+        connection.accept_login(connection.read_until(wire.LOGIN))
         # At once, as servers do: the windows that the login reveals are on their way to the front themselves.
-        connection.send(hotline.transaction(hotline.AGREEMENT, [(hotline.DATA, b"Be kind.")]))
+        connection.send(wire.agreement(b"Be kind."))
         self.client.wait_for_login("Scripted")
         for window in (self.client.chat_window(), self.client.users_window()):
             wait_until(lambda: not window.is_minimized(), "\"%s\" to be revealed" % window.listed_title)
         self.client.open_agreement()
         self.desktop.key("Return")
-        self.assertEqual(connection.read_until(hotline.AGREED).fields[hotline.NICK], b"HaikuUser")
+        self.assertEqual(connection.read_until(wire.AGREED).fields[wire.NICK], b"HaikuUser")
         self.client.wait_for_chat("*** Agreement accepted ***\n")
         self.desktop.wait_without_window("Server Agreement")
 

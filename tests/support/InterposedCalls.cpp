@@ -37,7 +37,7 @@ struct Records {
 	bool holdsLookups = false;
 	std::string heldHost;
 	bool holdsSnoozes = false;
-	std::vector<InterposedCalls::Timeout> timeouts;
+	InterposedCalls::Timeouts timeouts;
 	std::vector<InterposedCalls::Lookup> lookups;
 	std::vector<InterposedCalls::Thread> threads;
 };
@@ -270,8 +270,8 @@ InterposedCalls::StepClock(int seconds)
 }
 
 
-std::vector<InterposedCalls::Timeout>
-InterposedCalls::Timeouts() const
+InterposedCalls::Timeouts
+InterposedCalls::SetTimeouts() const
 {
 	const std::lock_guard<std::mutex> lock(sRecords.lock);
 	return sRecords.timeouts;

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <OS.h>
@@ -20,11 +21,8 @@
 */
 class InterposedCalls {
 public:
-	// A time-out of a socket, as the code asked for it.
-	struct Timeout {
-		int option;
-		long seconds;
-	};
+	// Time-outs of sockets, as the code asked for them: the option and the seconds.
+	using Timeouts = std::vector<std::pair<int, long>>;
 
 	struct Lookup {
 		std::string host;
@@ -59,7 +57,7 @@ public:
 	// Everybody who looks at the clock of the kits finds it so many seconds later than the last
 	// time.
 	void StepClock(int seconds);
-	std::vector<Timeout> Timeouts() const;
+	Timeouts SetTimeouts() const;
 
 	// The bytes that all recv() calls together have returned, the test's own included.
 	size_t CountReceived() const;

@@ -34,12 +34,18 @@ value_text(const BMessage* message, const char* name, type_code type, int32 inde
 	switch (type) {
 		case B_STRING_TYPE:
 			return message->GetString(name, index, "?");
+		case B_BOOL_TYPE:
+			return message->GetBool(name, index, false) ? "true" : "false";
+		case B_INT16_TYPE:
+			return std::to_string(message->GetInt16(name, index, 0));
 		case B_UINT16_TYPE:
 			return std::to_string(message->GetUInt16(name, index, 0));
-		case B_UINT32_TYPE:
-			return std::to_string(message->GetUInt32(name, index, 0));
 		case B_INT32_TYPE:
 			return std::to_string(message->GetInt32(name, index, 0));
+		case B_UINT32_TYPE:
+			return std::to_string(message->GetUInt32(name, index, 0));
+		case B_INT64_TYPE:
+			return std::to_string(message->GetInt64(name, index, 0));
 		default:
 			return "?";
 	}
@@ -95,6 +101,24 @@ MessageRecorder::OnlyMessage()
 	const std::vector<BMessage> messages = Messages();
 	EXPECT_EQ(1u, messages.size());
 	return messages.size() == 1 ? messages[0] : BMessage();
+}
+
+
+std::string
+MessageRecorder::OnlyText()
+{
+	const BMessage message = OnlyMessage();
+	return Describe(&message);
+}
+
+
+void
+MessageRecorder::Clear()
+{
+	Messages();
+	const std::lock_guard<std::mutex> lock(fRecordLock);
+	fMessages.clear();
+	fNext = 0;
 }
 
 

@@ -34,6 +34,10 @@ public:
 
 	// The only message so far; a test failure and an empty message if there are none or more.
 	BMessage OnlyMessage();
+	// The same, described.
+	std::string OnlyText();
+	// Forgets them all.
+	void Clear();
 
 	// The next message that was not asked for yet, described; waits for it up to ten seconds, then
 	// "nothing".

@@ -22,12 +22,14 @@
 #include "ProcessCounts.h"
 #include "RawServer.h"
 #include "Socket.h"
+#include "ThreadRun.h"
 #include "WaitFor.h"
 #include "WireBytes.h"
 #include "WireRecords.h"
 
 
 static const std::string kRequest = "HTRK" + wire16(1);
+static const char* const kNotRead = "error: Failed to read tracker response";
 
 
 /*!	A fetch on a thread of its own, as the window has it. */
@@ -35,30 +37,14 @@ class FetchRun {
 public:
 	FetchRun(const std::string& address, BLooper* target)
 		: fFetch(address.c_str(), running, target),
-		  fResult(-1),
-		  fHasEnded(false)
+		  fRun("TrackerFetch", [this] {
+			  return fFetch.Run();
+		  })
 	{
-		resume_thread(spawn_thread(_Entry, "TrackerFetch", B_NORMAL_PRIORITY, this));
 	}
 
-	~FetchRun()
-	{
-		EXPECT_TRUE(WaitFor(
-			[this] {
-				return HasEnded();
-			},
-			60));
-	}
-
-	bool HasEnded() const { return fHasEnded; }
-	status_t Result()
-	{
-		return WaitFor([this] {
-			return HasEnded();
-		})
-			? fResult
-			: -1;
-	}
+	bool HasEnded() const { return fRun.HasEnded(); }
+	status_t Result(int seconds = 10) const { return fRun.Result(seconds); }
 
 	void Stop()
 	{
@@ -69,17 +55,8 @@ public:
 	std::atomic<bool> running{true};
 
 private:
-	static status_t _Entry(void* data)
-	{
-		FetchRun* run = static_cast<FetchRun*>(data);
-		run->fResult = run->fFetch.Run();
-		run->fHasEnded = true;
-		return B_OK;
-	}
-
 	TrackerFetch fFetch;
-	status_t fResult;
-	std::atomic<bool> fHasEnded;
+	ThreadRun fRun;
 };
 
 
@@ -103,6 +80,22 @@ protected:
 		return run.Result();
 	}
 
+	// Lets a fetch come to an end with that result and outcome by itself.
+	void ExpectOutcome(status_t result, const std::string& outcome, const std::string& address)
+	{
+		fRecorder->Clear();
+		EXPECT_EQ(result, FetchRun(address, fRecorder.get()).Result());
+		EXPECT_EQ(outcome, Outcome());
+	}
+
+	// The same for one that meets an answer.
+	void ExpectOutcomeOf(const std::string& answer, status_t result, const std::string& outcome)
+	{
+		fRecorder->Clear();
+		EXPECT_EQ(result, Fetch(answer));
+		EXPECT_EQ(outcome, Outcome());
+	}
+
 	// The names of the servers that were posted so far, each with a blank behind it, then how it
 	// ended.
 	std::string Outcome()
@@ -124,6 +117,7 @@ protected:
 	InterposedCalls fCalls;
 	RawServer fServer;
 	RecorderOwner fRecorder;
+	const std::string fTwo = wire_server_record("one", "") + wire_server_record("two", "");
 };
 
 
@@ -144,17 +138,16 @@ TEST_F(TrackerFetchTest, Server_IsPostedWithAllItsFields)
 	const std::string record = wire_server_record("caf\xe9 <b>", "100 % &File", 65535, 40000);
 	EXPECT_EQ(0, Fetch(wire_tracker_header(uint16(record.size() + 4), 1) + record));
 
-	const std::vector<BMessage> messages = fRecorder->Messages();
-	ASSERT_EQ(2u, messages.size());
-	EXPECT_EQ(uint32(kMsgTrackerServer), messages[0].what);
-	EXPECT_EQ(5, messages[0].CountNames(B_ANY_TYPE));
-	EXPECT_STREQ("caf\xe9 <b>", messages[0].GetString("name"));
-	EXPECT_STREQ("100 % &File", messages[0].GetString("desc"));
-	EXPECT_STREQ("10.20.30.40", messages[0].GetString("ip"));
-	EXPECT_EQ(int16(65535), messages[0].GetInt16("port", 0));
-	EXPECT_EQ(int16(40000), messages[0].GetInt16("users", 0));
-	EXPECT_EQ(uint32(kMsgTrackerDone), messages[1].what);
-	EXPECT_TRUE(messages[1].IsEmpty());
+	BMessage server(kMsgTrackerServer);
+	server.AddString("name", "caf\xe9 <b>");
+	server.AddString("desc", "100 % &File");
+	server.AddString("ip", "10.20.30.40");
+	server.AddInt16("port", static_cast<int16>(65535));
+	server.AddInt16("users", static_cast<int16>(40000));
+	EXPECT_EQ(MessageRecorder::Describe(&server), fRecorder->Next());
+	const BMessage done(kMsgTrackerDone);
+	EXPECT_EQ(MessageRecorder::Describe(&done), fRecorder->Next());
+	EXPECT_EQ(2, fRecorder->CountMessages());
 }
 
 
@@ -170,11 +163,10 @@ TEST_F(TrackerFetchTest, EmptyName_IsPostedAsAnEmptyString)
 
 TEST_F(TrackerFetchTest, Size_EndsTheListingWithoutTheTrackerClosing)
 {
-	const std::string listing = wire_server_record("one", "") + wire_server_record("two", "");
 	FetchRun run(Address(), fRecorder.get());
 	ASSERT_TRUE(fServer.Accept());
-	fServer.Send(wire_tracker_header(uint16(listing.size() + 4), 0) + listing
-		+ wire_server_record("beyond", ""));
+	fServer.Send(
+		wire_tracker_header(uint16(fTwo.size() + 4), 0) + fTwo + wire_server_record("beyond", ""));
 	EXPECT_TRUE(fServer.WaitForEnd());
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("one two done", Outcome());
@@ -183,13 +175,9 @@ TEST_F(TrackerFetchTest, Size_EndsTheListingWithoutTheTrackerClosing)
 
 TEST_F(TrackerFetchTest, SizeThatSaysNothing_ReadsUntilTheTrackerCloses)
 {
-	const std::string listing = wire_server_record("one", "") + wire_server_record("two", "");
-	std::string expected;
 	for (const uint16 size : {0, 3, 4}) {
 		SCOPED_TRACE(size);
-		EXPECT_EQ(0, Fetch(wire_tracker_header(size, 2) + listing));
-		expected += "one two done";
-		EXPECT_EQ(expected, Outcome());
+		ExpectOutcomeOf(wire_tracker_header(size, 2) + fTwo, 0, "one two done");
 	}
 }
 
@@ -212,22 +200,11 @@ TEST_F(TrackerFetchTest, ListingWithoutEnd_IsReadUpTo64KiB)
 
 TEST_F(TrackerFetchTest, ServerCount_LimitsTheRecords)
 {
-	const std::string listing = wire_server_record("one", "") + wire_server_record("two", "");
-	std::string expected;
 	for (const auto& [count, outcome] : {std::pair<uint16, const char*>(0, "one two done"),
 			 {1, "one done"}, {2, "one two done"}, {65535, "one two done"}}) {
 		SCOPED_TRACE(count);
-		EXPECT_EQ(0, Fetch(wire_tracker_header(uint16(listing.size() + 4), count) + listing));
-		expected += outcome;
-		EXPECT_EQ(expected, Outcome());
+		ExpectOutcomeOf(wire_tracker_header(uint16(fTwo.size() + 4), count) + fTwo, 0, outcome);
 	}
-}
-
-
-TEST_F(TrackerFetchTest, NoServers_IsNoError)
-{
-	EXPECT_EQ(0, Fetch(wire_tracker_header(4, 0)));
-	EXPECT_EQ("done", Outcome());
 }
 
 
@@ -235,13 +212,11 @@ TEST_F(TrackerFetchTest, ListingCutAtAnyByte_KeepsWhatIsWhole)
 {
 	const std::string first = wire_server_record("one", "1");
 	const std::string listing = first + wire_server_record("two", "2");
-	std::string expected;
 	for (size_t length = 0; length < listing.size(); length++) {
 		SCOPED_TRACE(length);
-		EXPECT_EQ(0,
-			Fetch(wire_tracker_header(uint16(listing.size() + 4), 2) + listing.substr(0, length)));
-		expected += length >= first.size() ? "one done" : "done";
-		EXPECT_EQ(expected, Outcome());
+		ExpectOutcomeOf(wire_tracker_header(uint16(listing.size() + 4), 2)
+				+ listing.substr(0, length),
+			0, length >= first.size() ? "one done" : "done");
 	}
 }
 
@@ -261,12 +236,9 @@ TEST_F(TrackerFetchTest, OneByteAtATime_MakesNoDifference)
 
 TEST_F(TrackerFetchTest, HeaderCutAtAnyByte_IsAnError)
 {
-	std::string expected;
 	for (size_t length = 0; length < 14; length++) {
 		SCOPED_TRACE(length);
-		EXPECT_EQ(1, Fetch(wire_tracker_header(100, 1).substr(0, length)));
-		expected += "error: Failed to read tracker response";
-		EXPECT_EQ(expected, Outcome());
+		ExpectOutcomeOf(wire_tracker_header(100, 1).substr(0, length), 1, kNotRead);
 	}
 }
 
@@ -278,39 +250,29 @@ TEST_F(TrackerFetchTest, Reset_IsAnError)
 	fServer.Read(6);
 	fServer.Reset();
 	EXPECT_EQ(1, run.Result());
-	EXPECT_EQ("error: Failed to read tracker response", Outcome());
+	EXPECT_EQ(kNotRead, Outcome());
 }
 
 
 TEST_F(TrackerFetchTest, WrongMagic_IsAnError)
 {
-	EXPECT_EQ(1, Fetch("HTTP/1.1 400 Bad Request"));
-	EXPECT_EQ("error: Invalid tracker response", Outcome());
+	ExpectOutcomeOf("HTTP/1.1 400 Bad Request", 1, "error: Invalid tracker response");
 }
 
 
-TEST_F(TrackerFetchTest, RequestSentInPart_IsAnError)
+TEST_F(TrackerFetchTest, RequestNotSentAsAWhole_IsAnError)
 {
 	fCalls.CutNextSend(5);
-	FetchRun run(Address(), fRecorder.get());
-	EXPECT_EQ(1, run.Result());
-	EXPECT_EQ("error: Failed to send handshake", Outcome());
-}
-
-
-// Without a signal, which would end the program.
-TEST_F(TrackerFetchTest, TrackerGoneBeforeTheRequest_IsAnError)
-{
+	ExpectOutcome(1, "error: Failed to send handshake", Address());
+	// The tracker has gone before; without a signal, which would end the program.
 	fCalls.BreakNextSend();
-	FetchRun run(Address(), fRecorder.get());
-	EXPECT_EQ(1, run.Result());
-	EXPECT_EQ("error: Failed to send handshake", Outcome());
+	ExpectOutcome(1, "error: Failed to send handshake", Address());
 }
 
 
-TEST_F(TrackerFetchTest, Lookup_IsForIPv4AndTheTrackersPort)
+TEST_F(TrackerFetchTest, TrackerWithoutServers_IsLookedUpForIPv4AndItsPort)
 {
-	EXPECT_EQ(0, Fetch(wire_tracker_header(4, 0)));
+	ExpectOutcomeOf(wire_tracker_header(4, 0), 0, "done");
 	ASSERT_EQ(1u, fCalls.Lookups().size());
 	EXPECT_EQ(AF_INET, fCalls.Lookups()[0].family);
 	EXPECT_EQ(SOCK_STREAM, fCalls.Lookups()[0].socketType);
@@ -322,41 +284,23 @@ TEST_F(TrackerFetchTest, UnknownHost_IsTheResolversError)
 {
 	for (const char* address : {"no.such.host", "", "127.0.0.1:99999", "127.0.0.1:port", ":5498"}) {
 		SCOPED_TRACE(address);
-		fRecorder.reset(new MessageRecorder);
-		FetchRun run(address, fRecorder.get());
-		EXPECT_EQ(1, run.Result());
-		EXPECT_EQ(std::string("error: ") + gai_strerror(EAI_NONAME), Outcome());
+		ExpectOutcome(1, std::string("error: ") + gai_strerror(EAI_NONAME), address);
 		EXPECT_EQ(address, fCalls.Lookups().back().host);
 		EXPECT_EQ("5498", fCalls.Lookups().back().port);
 	}
 }
 
 
-TEST_F(TrackerFetchTest, NoSocket_IsTheSystemsError)
+TEST_F(TrackerFetchTest, NoConnection_IsTheSystemsError)
 {
 	fCalls.FailNextSocket(EMFILE);
-	FetchRun run(Address(), fRecorder.get());
-	EXPECT_EQ(1, run.Result());
-	EXPECT_EQ(std::string("error: ") + strerror(EMFILE), Outcome());
-}
-
-
-TEST_F(TrackerFetchTest, RefusedConnection_IsTheSystemsError)
-{
+	ExpectOutcome(1, std::string("error: ") + strerror(EMFILE), Address());
 	// Nobody listens on a port that was free a moment ago.
-	const std::string address = "127.0.0.1:" + std::to_string(RawServer().Port());
-	FetchRun run(address, fRecorder.get());
-	EXPECT_EQ(1, run.Result());
-	EXPECT_EQ(std::string("error: ") + strerror(ECONNREFUSED), Outcome());
-}
-
-
-TEST_F(TrackerFetchTest, ConnectTimeout_IsCalledOne)
-{
+	const std::string closed = "127.0.0.1:" + std::to_string(RawServer().Port());
+	ExpectOutcome(1, std::string("error: ") + strerror(ECONNREFUSED), closed);
+	// A time-out is called one.
 	fCalls.FailNextConnect(EINPROGRESS);
-	FetchRun run(Address(), fRecorder.get());
-	EXPECT_EQ(1, run.Result());
-	EXPECT_EQ(std::string("error: ") + strerror(ETIMEDOUT), Outcome());
+	ExpectOutcome(1, std::string("error: ") + strerror(ETIMEDOUT), Address());
 }
 
 
@@ -366,13 +310,10 @@ TEST_F(TrackerFetchTest, SilentTracker_TimesOutAfterTenSeconds)
 	FetchRun run(Address(), fRecorder.get());
 	ASSERT_TRUE(fServer.Accept());
 	EXPECT_EQ(1, run.Result());
-	EXPECT_EQ("error: Failed to read tracker response", Outcome());
+	EXPECT_EQ(kNotRead, Outcome());
 
-	ASSERT_EQ(2u, fCalls.Timeouts().size());
-	EXPECT_EQ(SO_RCVTIMEO, fCalls.Timeouts()[0].option);
-	EXPECT_EQ(10, fCalls.Timeouts()[0].seconds);
-	EXPECT_EQ(SO_SNDTIMEO, fCalls.Timeouts()[1].option);
-	EXPECT_EQ(10, fCalls.Timeouts()[1].seconds);
+	EXPECT_EQ((InterposedCalls::Timeouts{{SO_RCVTIMEO, 10}, {SO_SNDTIMEO, 10}}),
+		fCalls.SetTimeouts());
 }
 
 
@@ -394,13 +335,8 @@ TEST_F(TrackerFetchTest, HeaderThatDrips_IsGivenUpAfterTenSeconds)
 	ASSERT_TRUE(fServer.Accept());
 	// One byte, and the time is over; the next one would have another ten seconds of the socket's.
 	fServer.Send("H");
-	EXPECT_TRUE(WaitFor(
-		[&run] {
-			return run.HasEnded();
-		},
-		5));
-	EXPECT_EQ(1, run.Result());
-	EXPECT_EQ("error: Failed to read tracker response", Outcome());
+	EXPECT_EQ(1, run.Result(5));
+	EXPECT_EQ(kNotRead, Outcome());
 }
 
 
@@ -451,12 +387,7 @@ TEST_F(TrackerFetchTest, StoppedWhileTheTrackerIsSilent_EndsAtOnce)
 			return fCalls.CountReceived() == before + answer.size();
 		}));
 		run.Stop();
-		EXPECT_TRUE(WaitFor(
-			[&run] {
-				return run.HasEnded();
-			},
-			5));
-		EXPECT_EQ(0, run.Result());
+		EXPECT_EQ(0, run.Result(5));
 		EXPECT_EQ("done", Outcome());
 	}
 }
@@ -487,8 +418,7 @@ TEST_F(TrackerFetchTest, WindowGone_IsNoTrouble)
 	ASSERT_TRUE(fServer.Accept());
 	EXPECT_EQ(kRequest, fServer.Read(kRequest.size()));
 	fRecorder.reset();
-	fServer.Send(
-		wire_tracker_header(0, 0) + wire_server_record("one", "") + wire_server_record("two", ""));
+	fServer.Send(wire_tracker_header(0, 0) + fTwo);
 	fServer.Hangup();
 	EXPECT_EQ(0, run.Result());
 }

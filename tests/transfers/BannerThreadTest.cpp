@@ -4,6 +4,7 @@
  */
 #include "TransferTest.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <sys/socket.h>
 
@@ -18,15 +19,9 @@ static const uint32 kLargestBanner = 524288;
 
 class BannerThreadTest : public TransferTest {
 protected:
-	// Lets a request for a banner meet an answer, which is all that the server says.
 	status_t Fetch(uint32 size, const std::string& answer)
 	{
-		TransferRun run(BannerThread, NewBanner(size));
-		EXPECT_TRUE(fServer->Accept());
-		EXPECT_EQ("HTXF" + wire32(0x01020304) + wire32(0) + wire32(0), fServer->Read(16));
-		fServer->Send(answer);
-		fServer->Hangup();
-		return run.Result();
+		return Serve(BannerThread, NewBanner(size), answer);
 	}
 
 	void ExpectData(const std::string& expected)
@@ -49,14 +44,19 @@ protected:
 };
 
 
-TEST_F(BannerThreadTest, Banner_IsPostedByteForByte)
+TEST_F(BannerThreadTest, Banner_IsPostedByteForByteUpToItsSize)
 {
-	for (const uint32 size : {uint32(1), uint32(70000), kLargestBanner}) {
-		SCOPED_TRACE(size);
+	static const struct {
+		uint32 announced;
+		uint32 sent;
+	} kBanners[] = {{1, 1}, {70000, 70000}, {kLargestBanner, kLargestBanner}, {2000, 1000},
+		{1000, 3000}};
+
+	for (const auto& banner : kBanners) {
+		SCOPED_TRACE(banner.sent);
 		fRecorder.reset(new MessageRecorder);
-		const std::string banner = PatternBytes(0, size);
-		EXPECT_EQ(0, Fetch(size, banner));
-		ExpectData(banner);
+		EXPECT_EQ(0, Fetch(banner.announced, PatternBytes(0, banner.sent)));
+		ExpectData(PatternBytes(0, std::min(banner.announced, banner.sent)));
 	}
 }
 
@@ -71,31 +71,11 @@ TEST_F(BannerThreadTest, BytesOneByOne_AreOneBanner)
 }
 
 
-TEST_F(BannerThreadTest, SizeOfNothing_ReadsAndPostsNothing)
+TEST_F(BannerThreadTest, NothingAnnouncedOrSent_PostsNothing)
 {
 	EXPECT_EQ(0, Fetch(0, "unasked"));
-	EXPECT_EQ(0, fRecorder->CountMessages());
-}
-
-
-TEST_F(BannerThreadTest, HalfABanner_IsPostedAsItIs)
-{
-	EXPECT_EQ(0, Fetch(2000, PatternBytes(0, 1000)));
-	ExpectData(PatternBytes(0, 1000));
-}
-
-
-TEST_F(BannerThreadTest, NoBanner_PostsNothing)
-{
 	EXPECT_EQ(0, Fetch(2000, ""));
 	EXPECT_EQ(0, fRecorder->CountMessages());
-}
-
-
-TEST_F(BannerThreadTest, MoreThanAnnounced_IsNotRead)
-{
-	EXPECT_EQ(0, Fetch(1000, PatternBytes(0, 3000)));
-	ExpectData(PatternBytes(0, 1000));
 }
 
 
@@ -119,11 +99,8 @@ TEST_F(BannerThreadTest, SilentServer_TimesOutAfterThirtySeconds)
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ(0, fRecorder->CountMessages());
 
-	ASSERT_EQ(2u, calls.Timeouts().size());
-	EXPECT_EQ(SO_RCVTIMEO, calls.Timeouts()[0].option);
-	EXPECT_EQ(30, calls.Timeouts()[0].seconds);
-	EXPECT_EQ(SO_SNDTIMEO, calls.Timeouts()[1].option);
-	EXPECT_EQ(30, calls.Timeouts()[1].seconds);
+	EXPECT_EQ((InterposedCalls::Timeouts{{SO_RCVTIMEO, 30}, {SO_SNDTIMEO, 30}}),
+		calls.SetTimeouts());
 }
 
 
@@ -148,7 +125,7 @@ TEST_F(BannerThreadTest, RequestSentInParts_ArrivesWhole)
 }
 
 
-TEST_F(BannerThreadTest, NoConnection_IsSilent)
+TEST_F(BannerThreadTest, NoWayToTheServer_IsSilent)
 {
 	InterposedCalls calls;
 	calls.FailNextSocket(EMFILE);
@@ -156,17 +133,12 @@ TEST_F(BannerThreadTest, NoConnection_IsSilent)
 	calls.FailNextConnect(ECONNREFUSED);
 	ExpectSilentFailure(NewBanner(10));
 
+	calls.CutNextSend(0);
+	ExpectSilentFailure(NewBanner(10));
+
 	BannerDLInfo* info = NewBanner(10);
 	info->address = "no.such.host";
 	ExpectSilentFailure(info);
-}
-
-
-TEST_F(BannerThreadTest, RequestNotSent_IsSilent)
-{
-	InterposedCalls calls;
-	calls.CutNextSend(0);
-	ExpectSilentFailure(NewBanner(10));
 }
 
 

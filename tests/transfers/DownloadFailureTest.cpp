@@ -54,16 +54,14 @@ TEST_F(DownloadFailureTest, RefusedConnection_IsSilent)
 }
 
 
-TEST_F(DownloadFailureTest, NoSocket_IsSilent)
+TEST_F(DownloadFailureTest, NoWayToTheServer_IsSilent)
 {
 	fCalls.FailNextSocket(EMFILE);
 	ExpectSilentFailure(NewDownload(PathOf("file")));
-}
-
-
-TEST_F(DownloadFailureTest, NoConnection_IsSilent)
-{
 	fCalls.FailNextConnect(ENETUNREACH);
+	ExpectSilentFailure(NewDownload(PathOf("file")));
+	// The server has gone before the request.
+	fCalls.BreakNextSend();
 	ExpectSilentFailure(NewDownload(PathOf("file")));
 }
 
@@ -74,13 +72,6 @@ TEST_F(DownloadFailureTest, RequestSentInPart_IsSilent)
 	ExpectSilentFailure(NewDownload(PathOf("file")));
 	ASSERT_TRUE(fServer->Accept());
 	EXPECT_EQ("HTXF" + wire32(0x01020304) + wire32(0) + wire_zeros(3), fServer->ReadToEnd());
-}
-
-
-TEST_F(DownloadFailureTest, ServerGoneBeforeTheRequest_IsSilent)
-{
-	fCalls.BreakNextSend();
-	ExpectSilentFailure(NewDownload(PathOf("file")));
 }
 
 
@@ -96,9 +87,7 @@ TEST_F(DownloadFailureTest, SilenceBeforeTheData_EndsAfterSixtySeconds)
 		fServer->Send(stream.substr(0, length));
 		EXPECT_EQ(1, run.Result());
 		EXPECT_EQ(0, fRecorder->CountMessages());
-		ASSERT_EQ(1u, calls.Timeouts().size());
-		EXPECT_EQ(SO_RCVTIMEO, calls.Timeouts()[0].option);
-		EXPECT_EQ(60, calls.Timeouts()[0].seconds);
+		EXPECT_EQ((InterposedCalls::Timeouts{{SO_RCVTIMEO, 60}}), calls.SetTimeouts());
 	}
 }
 
@@ -133,10 +122,7 @@ TEST_F(DownloadFailureTest, LocalFileThatCannotBeMade_IsSilent)
 
 TEST_F(DownloadFailureTest, FullDisk_IsNotNoticed)
 {
-	TransferRun run(DownloadThread, NewDownload("/dev/full"));
-	ASSERT_TRUE(fServer->Accept());
-	fServer->Send(wire_file_object("data"));
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, Serve(DownloadThread, NewDownload("/dev/full"), wire_file_object("data")));
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
 }
 
@@ -160,10 +146,7 @@ TEST_F(DownloadFailureTest, LocalFileRemovedOnTheWay_IsNotNoticed)
 TEST_F(DownloadFailureTest, ExistingFile_IsReplaced)
 {
 	const std::string path = NewFile("file", "what was there before, and longer");
-	TransferRun run(DownloadThread, NewDownload(path));
-	ASSERT_TRUE(fServer->Accept());
-	fServer->Send(wire_file_object("data"));
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, Serve(DownloadThread, NewDownload(path), wire_file_object("data")));
 	EXPECT_EQ("data", ContentOf(path));
 }
 
@@ -172,12 +155,7 @@ TEST_F(DownloadFailureTest, ExistingFile_StaysUntilThereIsData)
 {
 	const std::string path = NewFile("file", "kept");
 	const std::string stream = wire_file_object("data");
-	TransferRun run(DownloadThread, NewDownload(path));
-	ASSERT_TRUE(fServer->Accept());
-	EXPECT_EQ(16u, fServer->Read(16).size());
-	fServer->Send(stream.substr(0, stream.size() - 5));
-	fServer->Hangup();
-	EXPECT_EQ(1, run.Result());
+	EXPECT_EQ(1, Serve(DownloadThread, NewDownload(path), stream.substr(0, stream.size() - 5)));
 	EXPECT_EQ("kept", ContentOf(path));
 }
 
@@ -187,10 +165,8 @@ TEST_F(DownloadFailureTest, NameThatIsNotUtf8_KeepsItsBytes)
 	for (const std::string& name : {std::string("caf\xe9 100%"), std::string("\x83\x65\x83\x58"),
 			 std::string(255, '\xff'), std::string("\xf0\x9f\x8e\xa8")}) {
 		SCOPED_TRACE(name);
-		TransferRun run(DownloadThread, NewDownload(PathOf(name), name));
-		ASSERT_TRUE(fServer->Accept());
-		fServer->Send(wire_file_object("data"));
-		EXPECT_EQ(0, run.Result());
+		EXPECT_EQ(0,
+			Serve(DownloadThread, NewDownload(PathOf(name), name), wire_file_object("data")));
 		EXPECT_EQ("data", ContentOf(PathOf(name)));
 		EXPECT_EQ(name, fRecorder->Messages().back().GetString("filename"));
 	}

@@ -5,60 +5,35 @@
 #include "TransferTest.h"
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 
 #include <Message.h>
 
+#include "ProcessCounts.h"
 #include "RecordWatch.h"
 #include "WaitFor.h"
+#include "WireBytes.h"
 
 
 static const uint32 kReference = 0x01020304;
 
 
 TransferRun::TransferRun(thread_func entry, void* record)
-	: fEntry(entry),
-	  fRecord(record),
-	  fWatch(WatchRecord(record)),
-	  fResult(-1),
-	  fHasEnded(false)
+	: fWatch(WatchRecord(record)),
+	  fRun("transfer", [entry, record] {
+		  return entry(record);
+	  })
 {
-	EXPECT_EQ(B_OK, resume_thread(spawn_thread(_Entry, "transfer", B_NORMAL_PRIORITY, this)));
-}
-
-
-TransferRun::~TransferRun()
-{
-	EXPECT_TRUE(WaitFor(
-		[this] {
-			return HasEnded();
-		},
-		60))
-		<< "a transfer that does not end";
 }
 
 
 status_t
-TransferRun::Result()
+TransferRun::Result() const
 {
-	if (!WaitFor([this] {
-			return HasEnded();
-		}))
-		return -1;
+	const status_t result = fRun.Result();
 	EXPECT_FALSE(IsRecordWatched(fWatch)) << "the record is left behind";
-	return fResult;
-}
-
-
-status_t
-TransferRun::_Entry(void* data)
-{
-	TransferRun* run = static_cast<TransferRun*>(data);
-	run->fResult = run->fEntry(run->fRecord);
-	run->fHasEnded = true;
-	return B_OK;
+	return result;
 }
 
 
@@ -71,26 +46,16 @@ TransferTest::TransferTest()
 	  fDescriptorsBefore(0),
 	  fThreadsBefore(0)
 {
-	std::string folder = testing::TempDir() + "transfers.XXXXXX";
-	if (mkdtemp(folder.data()) != NULL)
-		fFolder = folder;
-}
-
-
-TransferTest::~TransferTest()
-{
-	std::filesystem::remove_all(fFolder);
 }
 
 
 void
 TransferTest::SetUp()
 {
-	ASSERT_FALSE(fFolder.empty());
 	// The recorder's thread runs once it has answered.
 	ASSERT_EQ(0, fRecorder->CountMessages());
-	fDescriptorsBefore = _CountDescriptors();
-	fThreadsBefore = _CountThreads();
+	fDescriptorsBefore = count_descriptors();
+	fThreadsBefore = count_threads();
 }
 
 
@@ -101,10 +66,10 @@ TransferTest::TearDown()
 		fThreadsBefore--;
 	fServer->Hangup();
 	EXPECT_TRUE(WaitFor([this] {
-		return _CountThreads() == fThreadsBefore;
-	})) << _CountThreads()
+		return count_threads() == fThreadsBefore;
+	})) << count_threads()
 		<< " threads, before " << fThreadsBefore;
-	EXPECT_EQ(fDescriptorsBefore, _CountDescriptors());
+	EXPECT_EQ(fDescriptorsBefore, count_descriptors());
 }
 
 
@@ -132,10 +97,22 @@ TransferTest::NewBanner(uint32 size)
 }
 
 
+status_t
+TransferTest::Serve(thread_func entry, void* record, const std::string& answer)
+{
+	const TransferRun run(entry, record);
+	EXPECT_TRUE(fServer->Accept());
+	EXPECT_EQ("HTXF" + wire32(kReference) + wire_zeros(8), fServer->Read(16));
+	fServer->Send(answer);
+	fServer->Hangup();
+	return run.Result();
+}
+
+
 std::string
 TransferTest::NewFile(const std::string& name, const std::string& content) const
 {
-	std::ofstream(PathOf(name), std::ios::binary) << content;
+	fFolder.AddFile(name, content);
 	return PathOf(name);
 }
 
@@ -153,12 +130,10 @@ TransferTest::ContentOf(const std::string& path)
 void
 TransferTest::ExpectOutcome(uint32 what, const std::string& name, bool success)
 {
-	const BMessage message = fRecorder->OnlyMessage();
-	EXPECT_EQ(what, message.what);
-	EXPECT_EQ(2, message.CountNames(B_ANY_TYPE));
-	EXPECT_EQ(name, message.GetString("filename", "nothing"));
-	EXPECT_TRUE(message.HasData("success", B_BOOL_TYPE));
-	EXPECT_EQ(success, message.GetBool("success", !success));
+	BMessage expected(what);
+	expected.AddString("filename", name.c_str());
+	expected.AddBool("success", success);
+	EXPECT_EQ(MessageRecorder::Describe(&expected), fRecorder->OnlyText());
 }
 
 
@@ -179,26 +154,4 @@ TransferTest::PeakMemory()
 			return strtoul(line.c_str() + 6, NULL, 10) * 1024;
 	}
 	return 0;
-}
-
-
-static size_t
-count_entries(const char* folder)
-{
-	const std::filesystem::directory_iterator entries(folder);
-	return size_t(std::distance(begin(entries), end(entries)));
-}
-
-
-size_t
-TransferTest::_CountDescriptors()
-{
-	return count_entries("/proc/self/fd");
-}
-
-
-size_t
-TransferTest::_CountThreads()
-{
-	return count_entries("/proc/self/task");
 }

@@ -6,7 +6,6 @@
 #define TRANSFER_TEST_H
 
 
-#include <atomic>
 #include <memory>
 #include <string>
 
@@ -16,6 +15,8 @@
 
 #include "MessageRecorder.h"
 #include "RawServer.h"
+#include "TemporaryFolder.h"
+#include "ThreadRun.h"
 #include "TransferThreads.h"
 
 
@@ -23,24 +24,14 @@
 class TransferRun {
 public:
 	TransferRun(thread_func entry, void* record);
-	TransferRun(const TransferRun&) = delete;
-	~TransferRun();
 
-	TransferRun& operator=(const TransferRun&) = delete;
-
-	bool HasEnded() const { return fHasEnded; }
 	// Waits for the end of the thread, which must have deleted its record; -1 if there is none
 	// within ten seconds.
-	status_t Result();
+	status_t Result() const;
 
 private:
-	static status_t _Entry(void* data);
-
-	thread_func fEntry;
-	void* fRecord;
 	uint64 fWatch;
-	status_t fResult;
-	std::atomic<bool> fHasEnded;
+	ThreadRun fRun;
 };
 
 
@@ -50,19 +41,24 @@ private:
 class TransferTest : public testing::Test {
 protected:
 	TransferTest();
-	~TransferTest() override;
 
 	void SetUp() override;
 	void TearDown() override;
 
 	// Of the server whose transfer port fServer listens on.
-	static uint16 ControlPortOf(const RawServer& server) { return uint16(server.Port() - 1); }
+	static uint16 ControlPortOf(const RawServer& server)
+	{
+		return static_cast<uint16>(server.Port() - 1);
+	}
 
 	DownloadInfo* NewDownload(const std::string& localPath, const std::string& name = "notes.txt");
 	UploadInfo* NewUpload(const std::string& localPath, const std::string& name = "notes.txt");
 	BannerDLInfo* NewBanner(uint32 size);
 
-	std::string PathOf(const std::string& name) const { return fFolder + "/" + name; }
+	// Lets a transfer meet a server that sends this and hangs up.
+	status_t Serve(thread_func entry, void* record, const std::string& answer);
+
+	std::string PathOf(const std::string& name) const { return fFolder.PathOf(name); }
 	std::string NewFile(const std::string& name, const std::string& content) const;
 	static std::string ContentOf(const std::string& path);
 
@@ -74,12 +70,9 @@ protected:
 
 	std::unique_ptr<RawServer> fServer;
 	RecorderOwner fRecorder;
-	std::string fFolder;
+	TemporaryFolder fFolder;
 
 private:
-	static size_t _CountDescriptors();
-	static size_t _CountThreads();
-
 	size_t fDescriptorsBefore;
 	size_t fThreadsBefore;
 };

@@ -27,6 +27,21 @@ protected:
 		TransferRun run(UploadThread, info);
 		EXPECT_EQ(result, run.Result());
 		ExpectOutcome(kMsgUploadDone, "notes.txt", false);
+		fRecorder->Clear();
+	}
+
+	// An upload of a large file that the server has read the description of.
+	void StartLarge(const std::string& path)
+	{
+		fRun = std::make_unique<TransferRun>(UploadThread, NewUpload(path));
+		ASSERT_TRUE(fServer->Accept());
+		EXPECT_EQ(kDescriptionSize, fServer->Read(kDescriptionSize).size());
+	}
+
+	void ExpectEnd(bool success)
+	{
+		EXPECT_EQ(0, fRun->Result());
+		ExpectOutcome(kMsgUploadDone, "notes.txt", success);
 	}
 
 	// Takes up no room on the disk.
@@ -38,58 +53,41 @@ protected:
 	}
 
 	InterposedCalls fCalls;
+	std::unique_ptr<TransferRun> fRun;
 };
 
 
-TEST_F(UploadFailureTest, MissingFile_IsReportedWithoutConnecting)
+TEST_F(UploadFailureTest, MissingFileOrNoPath_IsReportedWithoutConnecting)
 {
 	ExpectFailure(NewUpload(PathOf("missing")), 1);
+	ExpectFailure(NewUpload(""), 1);
 	EXPECT_TRUE(fCalls.Lookups().empty());
 	EXPECT_FALSE(fServer->HasCaller());
 }
 
 
-TEST_F(UploadFailureTest, NoPath_IsReported)
-{
-	ExpectFailure(NewUpload(""), 1);
-}
-
-
 TEST_F(UploadFailureTest, Folder_IsReported)
 {
-	TransferRun run(UploadThread, NewUpload(fFolder));
+	TransferRun run(UploadThread, NewUpload(fFolder.Path()));
 	EXPECT_LE(0, run.Result());
 	ExpectOutcome(kMsgUploadDone, "notes.txt", false);
 }
 
 
-TEST_F(UploadFailureTest, UnknownHost_IsReported)
+TEST_F(UploadFailureTest, NoWayToTheServer_IsReported)
 {
-	UploadInfo* info = NewUpload(NewFile("file", "data"));
-	info->address = "no.such.host";
-	ExpectFailure(info, 1);
-}
-
-
-TEST_F(UploadFailureTest, RefusedConnection_IsReported)
-{
-	UploadInfo* info = NewUpload(NewFile("file", "data"));
-	info->port = ControlPortOf(RawServer());
-	ExpectFailure(info, 1);
-}
-
-
-TEST_F(UploadFailureTest, NoSocket_IsReported)
-{
+	const std::string path = NewFile("file", "data");
 	fCalls.FailNextSocket(EMFILE);
-	ExpectFailure(NewUpload(NewFile("file", "data")), 1);
-}
-
-
-TEST_F(UploadFailureTest, NoConnection_IsReported)
-{
+	ExpectFailure(NewUpload(path), 1);
 	fCalls.FailNextConnect(ETIMEDOUT);
-	ExpectFailure(NewUpload(NewFile("file", "data")), 1);
+	ExpectFailure(NewUpload(path), 1);
+
+	UploadInfo* unknown = NewUpload(path);
+	unknown->address = "no.such.host";
+	ExpectFailure(unknown, 1);
+	UploadInfo* refused = NewUpload(path);
+	refused->port = ControlPortOf(RawServer());
+	ExpectFailure(refused, 1);
 }
 
 
@@ -113,10 +111,8 @@ TEST_F(UploadFailureTest, ServerGoneAtAnyStage_IsReportedWithoutASignal)
 		EXPECT_EQ(length, fServer->Read(length).size());
 		fServer->Hangup();
 		EXPECT_EQ(0, run.Result());
-		outcomes++;
-		const std::vector<BMessage> messages = fRecorder->Messages();
-		ASSERT_EQ(size_t(outcomes), messages.size());
-		EXPECT_FALSE(messages.back().GetBool("success", true));
+		ASSERT_EQ(++outcomes, fRecorder->CountMessages());
+		EXPECT_FALSE(fRecorder->Messages().back().GetBool("success", true));
 	}
 }
 
@@ -134,38 +130,30 @@ TEST_F(UploadFailureTest, ServerThatReadsNothing_TimesOut)
 TEST_F(UploadFailureTest, FileThatShrinks_IsReported)
 {
 	const std::string path = NewLargeFile();
-	TransferRun run(UploadThread, NewUpload(path));
-	ASSERT_TRUE(fServer->Accept());
-	EXPECT_EQ(kDescriptionSize, fServer->Read(kDescriptionSize).size());
+	StartLarge(path);
 	std::filesystem::resize_file(path, 1000);
 	EXPECT_LT(fServer->ReadToEnd().size(), kLargeSize);
-	EXPECT_EQ(0, run.Result());
-	ExpectOutcome(kMsgUploadDone, "notes.txt", false);
+	ExpectEnd(false);
 }
 
 
 TEST_F(UploadFailureTest, FileThatGrows_IsSentAsLongAsItWas)
 {
 	const std::string path = NewLargeFile();
-	TransferRun run(UploadThread, NewUpload(path));
-	ASSERT_TRUE(fServer->Accept());
-	EXPECT_EQ(kDescriptionSize, fServer->Read(kDescriptionSize).size());
+	StartLarge(path);
 	std::ofstream(path, std::ios::app) << "more";
 	EXPECT_EQ(kLargeSize, fServer->ReadToEnd().size());
-	EXPECT_EQ(0, run.Result());
-	ExpectOutcome(kMsgUploadDone, "notes.txt", true);
+	ExpectEnd(true);
 }
 
 
 TEST_F(UploadFailureTest, FileThatVanishes_IsSentToItsEnd)
 {
 	const std::string path = NewLargeFile();
-	TransferRun run(UploadThread, NewUpload(path));
-	ASSERT_TRUE(fServer->Accept());
+	StartLarge(path);
 	std::filesystem::remove(path);
-	EXPECT_EQ(kDescriptionSize + kLargeSize, fServer->ReadToEnd().size());
-	EXPECT_EQ(0, run.Result());
-	ExpectOutcome(kMsgUploadDone, "notes.txt", true);
+	EXPECT_EQ(kLargeSize, fServer->ReadToEnd().size());
+	ExpectEnd(true);
 }
 
 

@@ -146,7 +146,7 @@ BApplication::CountWindows() const
 {
 	std::vector<BLooper*> windows;
 	MainServer::Default()->GetWindows(windows);
-	return int32(windows.size());
+	return static_cast<int32>(windows.size());
 }
 
 
@@ -156,9 +156,9 @@ BApplication::WindowAt(int32 index) const
 {
 	std::vector<BLooper*> windows;
 	MainServer::Default()->GetWindows(windows);
-	if (index < 0 || index >= int32(windows.size()))
+	if (index < 0 || index >= static_cast<int32>(windows.size()))
 		return NULL;
-	return static_cast<BWindow*>(windows[size_t(index)]);
+	return static_cast<BWindow*>(windows[index]);
 }
 
 

@@ -19,7 +19,7 @@ const size_t kMaxBlockSize = UINT32_MAX - 8;
 size_t
 aligned(size_t size)
 {
-	return (size + 7) & ~size_t(7);
+	return (size + 7) & ~static_cast<size_t>(7);
 }
 
 
@@ -159,14 +159,14 @@ MessageBlock::Add(const char* name, type_code type, const void* data, size_t siz
 
 	Value* value = _ValueAt(fSize);
 	value->nextValue = 0;
-	value->size = uint32(size);
+	value->size = static_cast<uint32>(size);
 	memcpy(value->Data(), data, size);
 
 	if (field->lastValue != 0)
 		_ValueAt(field->lastValue)->nextValue = fSize;
 	field->lastValue = fSize;
 	field->count++;
-	fSize += uint32(valueSize);
+	fSize += static_cast<uint32>(valueSize);
 
 	free(outgrown);
 	return B_OK;
@@ -284,7 +284,8 @@ MessageBlock::_MakeRoom(uint64 size, bool keepsOld, uint8** _outgrown)
 	if (needed > kMaxBlockSize)
 		return false;
 
-	needed = std::min<uint64>(std::max<uint64>(needed, uint64(fCapacity) * 2), kMaxBlockSize);
+	needed = std::min<uint64>(std::max<uint64>(needed, static_cast<uint64>(fCapacity) * 2),
+		kMaxBlockSize);
 	// Large memory grows in place, without being copied.
 	const bool inPlace = fBytes != fInside && !keepsOld;
 	uint8* grown = static_cast<uint8*>(inPlace ? realloc(fBytes, needed) : malloc(needed));
@@ -297,7 +298,7 @@ MessageBlock::_MakeRoom(uint64 size, bool keepsOld, uint8** _outgrown)
 			*_outgrown = fBytes;
 	}
 	fBytes = grown;
-	fCapacity = uint32(needed);
+	fCapacity = static_cast<uint32>(needed);
 	return true;
 }
 
@@ -341,14 +342,14 @@ MessageBlock::_NextField(const Field* field) const
 MessageBlock::Value*
 MessageBlock::_FirstValue(const Field* field) const
 {
-	return _ValueAt(_OffsetOf(field) + uint32(Field::SizeFor(field->nameLength)));
+	return _ValueAt(_OffsetOf(field) + static_cast<uint32>(Field::SizeFor(field->nameLength)));
 }
 
 
 uint32
 MessageBlock::_OffsetOf(const void* inside) const
 {
-	return uint32(static_cast<const uint8*>(inside) - fBytes);
+	return static_cast<uint32>(static_cast<const uint8*>(inside) - fBytes);
 }
 
 
@@ -389,7 +390,7 @@ MessageBlock::_NewField(const char* name, size_t length, type_code type, Field* 
 	Field* field = _FieldAt(fSize);
 	if (last != NULL)
 		last->nextField = fSize;
-	fSize += uint32(Field::SizeFor(length));
+	fSize += static_cast<uint32>(Field::SizeFor(length));
 
 	field->type = type;
 	field->nextField = 0;
@@ -397,7 +398,7 @@ MessageBlock::_NewField(const char* name, size_t length, type_code type, Field* 
 	field->count = 0;
 	field->cursorIndex = 0;
 	field->cursorValue = fSize;
-	field->nameLength = uint16(length);
+	field->nameLength = static_cast<uint16>(length);
 	char* fieldName = reinterpret_cast<char*>(field) + offsetof(Field, name);
 	memcpy(fieldName, name, length);
 	fieldName[length] = 0;

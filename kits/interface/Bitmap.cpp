@@ -65,14 +65,14 @@ BBitmap::Bits() const
 int32
 BBitmap::BitsLength() const
 {
-	return int32(fPeer->Image().sizeInBytes());
+	return static_cast<int32>(fPeer->Image().sizeInBytes());
 }
 
 
 int32
 BBitmap::BytesPerRow() const
 {
-	return int32(fPeer->Image().bytesPerLine());
+	return static_cast<int32>(fPeer->Image().bytesPerLine());
 }
 
 

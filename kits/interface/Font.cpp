@@ -111,7 +111,7 @@ BFont::TruncateString(BString* inOut, uint32 mode, float width) const
 	const QString text = text_from_bytes(inOut->String());
 	const QString shown = shown_text(text);
 	const QFontMetricsF& metrics = metrics_of_font(*this);
-	if (float(metrics.horizontalAdvance(shown)) <= width)
+	if (static_cast<float>(metrics.horizontalAdvance(shown)) <= width)
 		return;
 
 	Qt::TextElideMode elide = Qt::ElideRight;

@@ -55,7 +55,7 @@ make_box(orientation orientation)
 int
 pixels_of_spacing(float spacing)
 {
-	return int(std::ceil(resolve_spacing(spacing)));
+	return static_cast<int>(std::ceil(resolve_spacing(spacing)));
 }
 
 

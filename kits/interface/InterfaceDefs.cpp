@@ -58,8 +58,8 @@ tint_color(rgb_color color, float tint)
 {
 	const auto shade = [tint](uint8 value) {
 		if (tint < 1)
-			return uint8(255 - (255 - value) * tint);
-		return uint8(value * (2 - tint));
+			return static_cast<uint8>(255 - (255 - value) * tint);
+		return static_cast<uint8>(value * (2 - tint));
 	};
 	return make_color(shade(color.red), shade(color.green), shade(color.blue), color.alpha);
 }

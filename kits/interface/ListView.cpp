@@ -59,7 +59,7 @@ BListView::RemoveItem(int32 index)
 BListItem*
 BListView::ItemAt(int32 index) const
 {
-	return index >= 0 && index < CountItems() ? fListPeer->Items()[size_t(index)] : NULL;
+	return index >= 0 && index < CountItems() ? fListPeer->Items()[index] : NULL;
 }
 
 
@@ -74,7 +74,7 @@ BListView::IndexOf(BPoint point) const
 int32
 BListView::CountItems() const
 {
-	return int32(fListPeer->Items().size());
+	return static_cast<int32>(fListPeer->Items().size());
 }
 
 
@@ -148,7 +148,8 @@ int32
 BListView::CurrentSelection(int32 index) const
 {
 	const std::vector<int32> selection = fListPeer->Selection();
-	return index >= 0 && size_t(index) < selection.size() ? selection[size_t(index)] : -1;
+	const int32 count = static_cast<int32>(selection.size());
+	return index >= 0 && index < count ? selection[index] : -1;
 }
 
 

@@ -83,7 +83,7 @@ BMenu::AddSeparatorItem()
 BMenuItem*
 BMenu::ItemAt(int32 index) const
 {
-	return index >= 0 && index < CountItems() ? fItems[size_t(index)] : NULL;
+	return index >= 0 && index < CountItems() ? fItems[index] : NULL;
 }
 
 
@@ -99,7 +99,7 @@ int32
 BMenu::IndexOf(BMenuItem* item) const
 {
 	const auto found = std::find(fItems.begin(), fItems.end(), item);
-	return found != fItems.end() ? int32(found - fItems.begin()) : -1;
+	return found != fItems.end() ? static_cast<int32>(found - fItems.begin()) : -1;
 }
 
 

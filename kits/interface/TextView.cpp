@@ -59,7 +59,8 @@ BTextView::Insert(int32 offset, const char* text, int32 length, const text_run_a
 {
 	if (text == NULL || length <= 0)
 		return;
-	fTextPeer->Insert(_Clamp(offset), text, int32(strnlen(text, size_t(length))));
+	fTextPeer->Insert(_Clamp(offset), text,
+		static_cast<int32>(strnlen(text, static_cast<size_t>(length))));
 }
 
 

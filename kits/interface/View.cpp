@@ -103,7 +103,7 @@ BView::AddChild(BView* child, BView* before)
 BView*
 BView::ChildAt(int32 index) const
 {
-	return index >= 0 && index < CountChildren() ? fChildren[static_cast<size_t>(index)] : NULL;
+	return index >= 0 && index < CountChildren() ? fChildren[index] : NULL;
 }
 
 

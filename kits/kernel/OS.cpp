@@ -306,8 +306,8 @@ snooze(bigtime_t microseconds)
 		return B_OK;
 
 	timespec left;
-	left.tv_sec = time_t(microseconds / 1000000);
-	left.tv_nsec = long(microseconds % 1000000) * 1000;
+	left.tv_sec = static_cast<time_t>(microseconds / 1000000);
+	left.tv_nsec = static_cast<long>(microseconds % 1000000) * 1000;
 	while (clock_nanosleep(CLOCK_MONOTONIC, 0, &left, &left) == EINTR)
 		continue;
 	return B_OK;
@@ -320,7 +320,7 @@ system_time()
 {
 	timespec now;
 	clock_gettime(CLOCK_MONOTONIC, &now);
-	return bigtime_t(now.tv_sec) * 1000000 + now.tv_nsec / 1000;
+	return static_cast<bigtime_t>(now.tv_sec) * 1000000 + now.tv_nsec / 1000;
 }
 
 

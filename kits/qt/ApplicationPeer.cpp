@@ -213,6 +213,6 @@ ApplicationPeer::ProcessEvents(bigtime_t timeout)
 {
 	QTimer timer;
 	timer.setSingleShot(true);
-	timer.start(int((timeout + 999) / 1000));
+	timer.start(static_cast<int>((timeout + 999) / 1000));
 	ProcessEvents();
 }

@@ -92,7 +92,7 @@ ButtonPeer::SetIcon(const BBitmap* icon)
 		const QImage& image = BitmapPeer::Of(icon)->Image();
 		const QSize size = icon_size(image.size());
 		QPixmap pixmap = QPixmap::fromImage(image);
-		pixmap.setDevicePixelRatio(qreal(image.width()) / size.width());
+		pixmap.setDevicePixelRatio(static_cast<qreal>(image.width()) / size.width());
 		fButton->setIcon(QIcon(pixmap));
 		fButton->setIconSize(size);
 	}

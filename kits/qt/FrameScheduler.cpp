@@ -28,7 +28,10 @@ public:
 	}
 
 	bool IsRunning() const { return fTimer.isActive(); }
-	void Start(bigtime_t delay) { fTimer.start(int((delay + 999) / 1000), Qt::PreciseTimer, this); }
+	void Start(bigtime_t delay)
+	{
+		fTimer.start(static_cast<int>((delay + 999) / 1000), Qt::PreciseTimer, this);
+	}
 
 protected:
 	void timerEvent(QTimerEvent* /*event*/) override
@@ -157,5 +160,5 @@ FrameScheduler::_Start()
 		return;
 
 	const bigtime_t due = std::max(fLastStart + kFrame, fLastEnd + kLeastPause);
-	fTimer->Start(std::max(bigtime_t(0), due - system_time()));
+	fTimer->Start(std::max(static_cast<bigtime_t>(0), due - system_time()));
 }

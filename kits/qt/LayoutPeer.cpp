@@ -44,7 +44,7 @@ void
 LayoutPeer::AddItem(QLayoutItem* item, float weight)
 {
 	fBox->addItem(item);
-	fBox->setStretch(fBox->count() - 1, int(std::lround(weight * kWeightFactor)));
+	fBox->setStretch(fBox->count() - 1, static_cast<int>(std::lround(weight * kWeightFactor)));
 }
 
 
@@ -52,7 +52,7 @@ void
 LayoutPeer::AddLayout(LayoutPeer* peer, float weight)
 {
 	peer->fOuter = this;
-	fBox->addLayout(peer->fBox, int(std::lround(weight * kWeightFactor)));
+	fBox->addLayout(peer->fBox, static_cast<int>(std::lround(weight * kWeightFactor)));
 }
 
 

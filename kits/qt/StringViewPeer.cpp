@@ -47,7 +47,7 @@ protected:
 		QString text = _ShownText();
 		if (fElide != Qt::ElideNone)
 			text = fontMetrics().elidedText(text, fElide, width(), Qt::TextSingleLine);
-		painter.drawText(rect(), int(alignment()) | Qt::TextSingleLine, text);
+		painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine, text);
 	}
 
 private:

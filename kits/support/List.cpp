@@ -58,5 +58,5 @@ BList::MakeEmpty()
 void*
 BList::ItemAt(int32 index) const
 {
-	return index < 0 || index >= CountItems() ? NULL : fItems[static_cast<size_t>(index)];
+	return index < 0 || index >= CountItems() ? NULL : fItems[index];
 }

@@ -24,7 +24,7 @@ RowCounts::SetCountLines(int32 count)
 {
 	if (count < CountLines()) {
 		fRowCount = FirstRowOf(count);
-		fSums.resize(size_t(count) + 1);
+		fSums.resize(static_cast<size_t>(count) + 1);
 	}
 	while (CountLines() < count)
 		_AddLine();
@@ -53,7 +53,7 @@ RowCounts::SetRowsOf(int32 line, int32 rows)
 	const int32 added = rows - RowsOf(line);
 	if (added == 0)
 		return;
-	for (size_t i = size_t(line) + 1; i < fSums.size(); i += lowest_bit(i))
+	for (size_t i = static_cast<size_t>(line) + 1; i < fSums.size(); i += lowest_bit(i))
 		fSums[i] += added;
 	fRowCount += added;
 }
@@ -64,7 +64,7 @@ int32
 RowCounts::FirstRowOf(int32 line) const
 {
 	int32 rows = 0;
-	for (size_t i = size_t(line); i > 0; i -= lowest_bit(i))
+	for (size_t i = static_cast<size_t>(line); i > 0; i -= lowest_bit(i))
 		rows += fSums[i];
 	return rows;
 }
@@ -84,7 +84,7 @@ RowCounts::LineAtRow(int32 row) const
 			row -= fSums[line];
 		}
 	}
-	return int32(line);
+	return static_cast<int32>(line);
 }
 
 

@@ -19,7 +19,7 @@ class RowCounts {
 public:
 	RowCounts();
 
-	int32 CountLines() const { return int32(fSums.size()) - 1; }
+	int32 CountLines() const { return static_cast<int32>(fSums.size()) - 1; }
 	int32 CountRows() const { return fRowCount; }
 
 	// What is cut off and added again has one row.

@@ -21,14 +21,14 @@ StyleRuns::RunAt(int32 offset) const
 		[](int32 value, const Run& run) {
 			return value < run.offset;
 		});
-	return int32(above - fRuns.begin()) - 1;
+	return static_cast<int32>(above - fRuns.begin()) - 1;
 }
 
 
 int32
 StyleRuns::EndOf(int32 run) const
 {
-	return run + 1 < CountRuns() ? fRuns[size_t(run) + 1].offset : fByteCount;
+	return run + 1 < CountRuns() ? fRuns[run + 1].offset : fByteCount;
 }
 
 
@@ -71,7 +71,7 @@ StyleRuns::_SplitAt(int32 offset)
 {
 	if (offset >= fByteCount)
 		return fRuns.size();
-	const size_t run = size_t(RunAt(offset));
+	const size_t run = static_cast<size_t>(RunAt(offset));
 	if (fRuns[run].offset == offset)
 		return run;
 	fRuns.insert(fRuns.begin() + std::ptrdiff_t(run) + 1, {offset, fRuns[run].style});

@@ -25,11 +25,11 @@ public:
 	StyleRuns();
 
 	int32 CountBytes() const { return fByteCount; }
-	int32 CountRuns() const { return int32(fRuns.size()); }
+	int32 CountRuns() const { return static_cast<int32>(fRuns.size()); }
 
 	// The run that an offset lies in, and where a run ends.
 	int32 RunAt(int32 offset) const;
-	const Run& operator[](int32 run) const { return fRuns[size_t(run)]; }
+	const Run& operator[](int32 run) const { return fRuns[run]; }
 	int32 EndOf(int32 run) const;
 
 	void Replace(int32 offset, int32 removed, int32 length, int32 style);

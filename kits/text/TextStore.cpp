@@ -27,7 +27,7 @@ static int32
 character_length(const char* bytes, int32 size)
 {
 	char32_t code;
-	return std::max<int32>(int32(decode_utf8(bytes, size_t(size), &code)), 1);
+	return std::max<int32>(decode_utf8(bytes, static_cast<size_t>(size), &code), 1);
 }
 
 
@@ -50,12 +50,13 @@ TextStore::Replace(int32 offset, int32 removed, const char* bytes, int32 length)
 
 	int32 first = LineAtOffset(offset);
 	// A line feed that comes to stand behind a carriage return belongs to it.
-	if (first > 0 && fBytes[size_t(OffsetOf(first)) - 1] == '\r')
+	if (first > 0 && fBytes[OffsetOf(first) - 1] == '\r')
 		first--;
-	fBytes.replace(size_t(offset), size_t(removed), bytes, size_t(length));
-	fLines.resize(size_t(first) + 1);
+	fBytes.replace(static_cast<size_t>(offset), static_cast<size_t>(removed), bytes,
+		static_cast<size_t>(length));
+	fLines.resize(static_cast<size_t>(first) + 1);
 	fPositionCount = PositionOf(first);
-	_FindLines(size_t(OffsetOf(first)));
+	_FindLines(static_cast<size_t>(OffsetOf(first)));
 	return first;
 }
 
@@ -68,17 +69,18 @@ TextStore::_Append(const char* bytes, int32 length)
 {
 	const int32 last = CountLines() - 1;
 	const size_t end = fBytes.size();
-	fBytes.append(bytes, size_t(length));
+	fBytes.append(bytes, static_cast<size_t>(length));
 	if (length == 0)
 		return last;
-	if (OffsetOf(last) == int32(end) && end > 0 && fBytes[end - 1] == '\r' && bytes[0] == '\n') {
+	if (OffsetOf(last) == static_cast<int32>(end) && end > 0 && fBytes[end - 1] == '\r'
+		&& bytes[0] == '\n') {
 		fLines.back().offset++;
 		_FindLines(end + 1);
 		return last - 1;
 	}
-	const size_t lineLength = end - size_t(OffsetOf(last));
+	const size_t lineLength = end - static_cast<size_t>(OffsetOf(last));
 	const size_t tail = unfinished_tail(fBytes.data() + OffsetOf(last), lineLength);
-	fPositionCount -= int32(tail);
+	fPositionCount -= static_cast<int32>(tail);
 	_FindLines(end - tail);
 	return last;
 }
@@ -106,7 +108,7 @@ TextStore::_FindLines(size_t from)
 		if (byte == '\r' && at < size && fBytes[at] == '\n')
 			at++;
 		if (byte == '\n' || byte == '\r' || (length == 3 && code == kParagraphSeparator))
-			fLines.push_back({int32(at), fPositionCount});
+			fLines.push_back({static_cast<int32>(at), fPositionCount});
 	}
 }
 
@@ -118,7 +120,7 @@ TextStore::LineAtOffset(int32 offset) const
 		[](int32 value, const Place& line) {
 			return value < line.offset;
 		});
-	return int32(above - fLines.begin()) - 1;
+	return static_cast<int32>(above - fLines.begin()) - 1;
 }
 
 
@@ -129,7 +131,7 @@ TextStore::LineAtPosition(int32 position) const
 		[](int32 value, const Place& line) {
 			return value < line.position;
 		});
-	return int32(above - fLines.begin()) - 1;
+	return static_cast<int32>(above - fLines.begin()) - 1;
 }
 
 
@@ -140,11 +142,11 @@ TextStore::CountBytesOf(int32 line) const
 	if (line == CountLines() - 1)
 		return CountBytes() - start;
 	const int32 end = OffsetOf(line + 1);
-	switch (fBytes[size_t(end) - 1]) {
+	switch (fBytes[end - 1]) {
 		case '\r':
 			return end - 1 - start;
 		case '\n':
-			return end - 1 - start - (end - 1 > start && fBytes[size_t(end) - 2] == '\r' ? 1 : 0);
+			return end - 1 - start - (end - 1 > start && fBytes[end - 2] == '\r' ? 1 : 0);
 		default:
 			// A paragraph separator.
 			return end - 3 - start;
@@ -165,7 +167,7 @@ TextStore::CountPositionsOf(int32 line) const
 std::u16string
 TextStore::TextOf(int32 line) const
 {
-	return to_utf16(fBytes.data() + OffsetOf(line), size_t(CountBytesOf(line)));
+	return to_utf16(fBytes.data() + OffsetOf(line), static_cast<size_t>(CountBytesOf(line)));
 }
 
 
@@ -176,7 +178,7 @@ int32
 TextStore::PositionAt(int32 offset) const
 {
 	const int32 line = LineAtOffset(offset);
-	return PlaceAt(line, fLines[size_t(line)], offset).position;
+	return PlaceAt(line, fLines[line], offset).position;
 }
 
 

@@ -33,9 +33,9 @@ public:
 
 	TextStore();
 
-	int32 CountBytes() const { return int32(fBytes.size()); }
+	int32 CountBytes() const { return static_cast<int32>(fBytes.size()); }
 	int32 CountPositions() const { return fPositionCount; }
-	int32 CountLines() const { return int32(fLines.size()); }
+	int32 CountLines() const { return static_cast<int32>(fLines.size()); }
 	// Followed by a NUL. Stay until the text is changed.
 	const char* Bytes() const { return fBytes.c_str(); }
 
@@ -44,8 +44,8 @@ public:
 	int32 LineAtOffset(int32 offset) const;
 	int32 LineAtPosition(int32 position) const;
 	// Where a line begins.
-	int32 OffsetOf(int32 line) const { return fLines[size_t(line)].offset; }
-	int32 PositionOf(int32 line) const { return fLines[size_t(line)].position; }
+	int32 OffsetOf(int32 line) const { return fLines[line].offset; }
+	int32 PositionOf(int32 line) const { return fLines[line].position; }
 
 	// Of a line, without its end.
 	int32 CountBytesOf(int32 line) const;

@@ -54,11 +54,11 @@ void
 append_units(std::u16string& units, char32_t code)
 {
 	if (code < 0x10000) {
-		units.push_back(char16_t(code));
+		units.push_back(static_cast<char16_t>(code));
 		return;
 	}
-	units.push_back(char16_t(0xd7c0 + (code >> 10)));
-	units.push_back(char16_t(0xdc00 + (code & 0x3ff)));
+	units.push_back(static_cast<char16_t>(0xd7c0 + (code >> 10)));
+	units.push_back(static_cast<char16_t>(0xdc00 + (code & 0x3ff)));
 }
 
 
@@ -67,7 +67,7 @@ size_t
 unfinished_tail(const char* text, size_t size)
 {
 	for (size_t length = 1; length <= 3 && length <= size; length++) {
-		const uint8 byte = uint8(text[size - length]);
+		const uint8 byte = static_cast<uint8>(text[size - length]);
 		if ((byte & 0xc0) != 0x80)
 			return sequence_length(byte) > length ? length : 0;
 	}

@@ -18,7 +18,7 @@
 
 // Of pixels, and of the file as well, in bytes.
 static const int kMaxMegabytes = 64;
-static const qint64 kMaxSize = qint64(kMaxMegabytes) * 1024 * 1024;
+static const qint64 kMaxSize = static_cast<qint64>(kMaxMegabytes) * 1024 * 1024;
 static const int kBytesPerPixel = 4;
 
 // How a PNG file begins.
@@ -50,7 +50,7 @@ static bool
 is_bearable(QSize size)
 {
 	const qint64 width = size.width();
-	const qint64 height = std::abs(qint64(size.height()));
+	const qint64 height = std::abs(static_cast<qint64>(size.height()));
 	return width > 0 && height > 0 && width * height <= kMaxSize / kBytesPerPixel;
 }
 

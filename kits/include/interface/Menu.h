@@ -29,7 +29,7 @@ public:
 	bool AddSeparatorItem();
 	BMenuItem* ItemAt(int32 index) const;
 	BMenu* SubmenuAt(int32 index) const;
-	int32 CountItems() const { return int32(fItems.size()); }
+	int32 CountItems() const { return static_cast<int32>(fItems.size()); }
 	int32 IndexOf(BMenuItem* item) const;
 	BMenuItem* FindItem(const char* label) const;
 	BMenuItem* FindItem(uint32 command) const;

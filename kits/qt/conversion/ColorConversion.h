@@ -21,8 +21,8 @@ color_to_toolkit(rgb_color color)
 inline rgb_color
 color_from_toolkit(const QColor& color)
 {
-	return make_color(uint8(color.red()), uint8(color.green()), uint8(color.blue()),
-		uint8(color.alpha()));
+	return make_color(static_cast<uint8>(color.red()), static_cast<uint8>(color.green()),
+		static_cast<uint8>(color.blue()), static_cast<uint8>(color.alpha()));
 }
 
 

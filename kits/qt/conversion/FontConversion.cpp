@@ -41,7 +41,7 @@ make_font(const BFont& font)
 	// lacks, instead of when the first one is shown. Without the family it goes by the hint.
 	result.setFamilies({QStringLiteral("Noto Sans")});
 	result.setStyleHint(QFont::SansSerif);
-	result.setPixelSize(std::max(1, int(std::lround(font.Size()))));
+	result.setPixelSize(std::max(1, static_cast<int>(std::lround(font.Size()))));
 	result.setBold((font.Face() & B_BOLD_FACE) != 0);
 	result.setItalic((font.Face() & B_ITALIC_FACE) != 0);
 	return result;
@@ -53,9 +53,9 @@ font_height
 height_of(const QFontMetricsF& metrics)
 {
 	font_height height;
-	height.ascent = float(std::ceil(metrics.ascent()));
-	height.descent = float(std::ceil(metrics.descent()));
-	height.leading = float(std::max(0.0, std::ceil(metrics.leading())));
+	height.ascent = static_cast<float>(std::ceil(metrics.ascent()));
+	height.descent = static_cast<float>(std::ceil(metrics.descent()));
+	height.leading = static_cast<float>(std::max(0.0, std::ceil(metrics.leading())));
 	return height;
 }
 
@@ -111,7 +111,7 @@ init_fonts()
 {
 	const qreal dotsPerInch = QGuiApplication::primaryScreen()->logicalDotsPerInchY();
 	BFont* plain = new BFont;
-	plain->SetSize(std::round(kDefaultSize * float(dotsPerInch / kUsualDotsPerInch)));
+	plain->SetSize(std::round(kDefaultSize * static_cast<float>(dotsPerInch / kUsualDotsPerInch)));
 	BFont* bold = new BFont(*plain);
 	bold->SetFace(B_BOLD_FACE);
 

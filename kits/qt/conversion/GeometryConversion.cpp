@@ -15,24 +15,25 @@
 static int
 pixels_of_length(float length)
 {
-	if (length >= float(QWIDGETSIZE_MAX))
+	if (length >= static_cast<float>(QWIDGETSIZE_MAX))
 		return QWIDGETSIZE_MAX;
-	return std::max(0, int(std::ceil(length)) + 1);
+	return std::max(0, static_cast<int>(std::ceil(length)) + 1);
 }
 
 
 static float
 length_of_pixels(int pixels)
 {
-	return pixels >= QWIDGETSIZE_MAX ? B_SIZE_UNLIMITED : float(pixels - 1);
+	return pixels >= QWIDGETSIZE_MAX ? B_SIZE_UNLIMITED : static_cast<float>(pixels - 1);
 }
 
 
 BRect
 rect_from_toolkit(const QRect& rect)
 {
-	return BRect(float(rect.left()), float(rect.top()), float(rect.left() + rect.width() - 1),
-		float(rect.top() + rect.height() - 1));
+	return BRect(static_cast<float>(rect.left()), static_cast<float>(rect.top()),
+		static_cast<float>(rect.left() + rect.width() - 1),
+		static_cast<float>(rect.top() + rect.height() - 1));
 }
 
 
@@ -40,10 +41,10 @@ rect_from_toolkit(const QRect& rect)
 QRect
 rect_to_toolkit(BRect rect)
 {
-	const int left = int(std::floor(rect.left + 0.5f));
-	const int top = int(std::floor(rect.top + 0.5f));
-	const int right = int(std::floor(rect.right + 0.5f));
-	const int bottom = int(std::floor(rect.bottom + 0.5f));
+	const int left = static_cast<int>(std::floor(rect.left + 0.5f));
+	const int top = static_cast<int>(std::floor(rect.top + 0.5f));
+	const int right = static_cast<int>(std::floor(rect.right + 0.5f));
+	const int bottom = static_cast<int>(std::floor(rect.bottom + 0.5f));
 	return QRect(left, top, right - left + 1, bottom - top + 1);
 }
 
@@ -51,7 +52,7 @@ rect_to_toolkit(BRect rect)
 BPoint
 point_from_toolkit(const QPointF& point)
 {
-	return BPoint(float(point.x()), float(point.y()));
+	return BPoint(static_cast<float>(point.x()), static_cast<float>(point.y()));
 }
 
 
@@ -92,7 +93,7 @@ float
 resolve_spacing(float spacing)
 {
 	const float standard = std::ceil(be_plain_font->Size() * 0.85f);
-	switch (int(spacing)) {
+	switch (static_cast<int>(spacing)) {
 		case B_USE_DEFAULT_SPACING:
 		case B_USE_ITEM_SPACING:
 		case B_USE_WINDOW_SPACING:

@@ -109,13 +109,13 @@ ListViewPeer::Sort(int (*compare)(const void*, const void*))
 	std::stable_sort(fItems.begin(), fItems.end(), [compare](BListItem* a, BListItem* b) {
 		return compare(&a, &b) < 0;
 	});
-	fShownCount = int32(fItems.size());
+	fShownCount = static_cast<int32>(fItems.size());
 	fModel->EndReset();
 
 	fSelected.clear();
 	for (BListItem* item : selected) {
 		const auto found = std::find(fItems.begin(), fItems.end(), item);
-		Select(int32(found - fItems.begin()), true);
+		Select(static_cast<int32>(found - fItems.begin()), true);
 	}
 }
 
@@ -277,7 +277,7 @@ ListViewPeer::DrawRow(QPainter* painter, const QRect& frame, int32 index)
 	// One row's colors and font are not the next one's.
 	const Canvas canvas = *GetCanvas();
 	fIsDrawing = true;
-	fItems[size_t(index)]->DrawItem(_List(), rect_from_toolkit(frame));
+	fItems[index]->DrawItem(_List(), rect_from_toolkit(frame));
 	fIsDrawing = false;
 	*GetCanvas() = canvas;
 }
@@ -286,7 +286,7 @@ ListViewPeer::DrawRow(QPainter* painter, const QRect& frame, int32 index)
 int
 ListViewPeer::HeightOf(int32 index) const
 {
-	return int(std::ceil(fItems[size_t(index)]->Height()));
+	return static_cast<int>(std::ceil(fItems[index]->Height()));
 }
 
 
@@ -294,7 +294,7 @@ ListViewPeer::HeightOf(int32 index) const
 QString
 ListViewPeer::NameOf(int32 index)
 {
-	const BStringItem* item = dynamic_cast<BStringItem*>(fItems[size_t(index)]);
+	const BStringItem* item = dynamic_cast<BStringItem*>(fItems[index]);
 	if (item != NULL)
 		return text_from_bytes(item->Text());
 	const std::vector<std::string> strings = _StringsOf(index);
@@ -365,7 +365,7 @@ ListViewPeer::Flush()
 void
 ListViewPeer::_TellRows()
 {
-	const int32 count = int32(fItems.size()) - fShownCount;
+	const int32 count = static_cast<int32>(fItems.size()) - fShownCount;
 	if (count == 0)
 		return;
 	fModel->BeginInsert(fShownCount, count);
@@ -379,7 +379,7 @@ void
 ListViewPeer::_Update(BListItem* item, bool isFirst)
 {
 	item->Update(_List(), &GetCanvas()->font);
-	const int height = int(std::ceil(item->Height()));
+	const int height = static_cast<int>(std::ceil(item->Height()));
 	if (isFirst)
 		fRowHeight = height;
 	if (isFirst || height != fRowHeight)
@@ -395,7 +395,7 @@ ListViewPeer::_SelectionChanged()
 		item->Deselect();
 	fSelected.clear();
 	for (int32 index : Selection()) {
-		fSelected.push_back(fItems[size_t(index)]);
+		fSelected.push_back(fItems[index]);
 		fSelected.back()->Select();
 	}
 	fHasSelected = true;
@@ -418,8 +418,9 @@ ListViewPeer::_StringsOf(int32 index)
 	const Canvas canvas = *GetCanvas();
 	fIsDrawing = true;
 	GetCanvas()->SetRecorder(&strings);
-	fItems[size_t(index)]->DrawItem(_List(),
-		BRect(0, 0, float(fRows->viewport()->width() - 1), float(HeightOf(index) - 1)));
+	fItems[index]->DrawItem(_List(),
+		BRect(0, 0, static_cast<float>(fRows->viewport()->width() - 1),
+			static_cast<float>(HeightOf(index) - 1)));
 	fIsDrawing = false;
 	*GetCanvas() = canvas;
 	return strings;

@@ -28,7 +28,7 @@ look_up_fonts(void* /*data*/)
 {
 	// The toolkit sets the process' locale meanwhile.
 	const locale_t locale = newlocale(LC_ALL_MASK, "C", NULL);
-	if (locale == locale_t(0))
+	if (locale == NULL)
 		return B_NO_MEMORY;
 	const locale_t before = uselocale(locale);
 	const bool found = FcInit() == FcTrue;

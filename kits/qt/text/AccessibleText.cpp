@@ -315,12 +315,12 @@ AccessibleText::_PartOfLine(int32 line, int32 offset, QAccessible::TextBoundaryT
 		while (finder.toPreviousBoundary() > 0 && !isCharacter && !is_edge(finder))
 			continue;
 	}
-	const int32 start = std::max(int32(finder.position()), 0);
+	const int32 start = std::max(static_cast<int32>(finder.position()), 0);
 	finder.setPosition(offset);
 	while (finder.toNextBoundary() >= 0 && !isCharacter && !is_edge(finder))
 		continue;
-	const int32 end = finder.position() < 0 ? int32(text.size()) : int32(finder.position());
-	return {start, end};
+	const qsizetype end = finder.position() < 0 ? text.size() : finder.position();
+	return {start, static_cast<int32>(end)};
 }
 
 

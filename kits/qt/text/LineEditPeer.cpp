@@ -114,7 +114,7 @@ LineEditPeer::Text()
 int32
 LineEditPeer::TextLength()
 {
-	return int32(fBytes.size());
+	return static_cast<int32>(fBytes.size());
 }
 
 
@@ -225,7 +225,7 @@ LineEditPeer::_TextEdited(QString text)
 int
 LineEditPeer::_PositionAt(int32 offset) const
 {
-	return int(to_utf16(fBytes.constData(), size_t(offset)).size());
+	return static_cast<int>(to_utf16(fBytes.constData(), static_cast<size_t>(offset)).size());
 }
 
 
@@ -233,12 +233,12 @@ int32
 LineEditPeer::_OffsetAt(int position) const
 {
 	size_t offset = 0;
-	while (position > 0 && offset < size_t(fBytes.size())) {
+	while (position > 0 && offset < static_cast<size_t>(fBytes.size())) {
 		char32_t code = kReplacementCharacter;
 		const size_t length = decode_utf8(fBytes.constData() + offset,
-			size_t(fBytes.size()) - offset, &code);
+			static_cast<size_t>(fBytes.size()) - offset, &code);
 		position -= length == 4 ? 2 : 1;
 		offset += length == 0 ? 1 : length;
 	}
-	return int32(offset);
+	return static_cast<int32>(offset);
 }

@@ -236,8 +236,8 @@ TextCaret::_UnitAt(int32 position) const
 		at--;
 	QTextBoundaryFinder finder(QTextBoundaryFinder::Word, text);
 	finder.setPosition(at);
-	const int from = finder.isAtBoundary() ? at : int(finder.toPreviousBoundary());
+	const int from = finder.isAtBoundary() ? at : static_cast<int>(finder.toPreviousBoundary());
 	finder.setPosition(at);
-	const int to = int(finder.toNextBoundary());
+	const int to = static_cast<int>(finder.toNextBoundary());
 	return {start + std::max(from, 0), start + (to < 0 ? length : to)};
 }

@@ -74,7 +74,7 @@ TextControlPeer::Divider() const
 		return fDivider;
 	if (fLabel->text().isEmpty())
 		return 0;
-	return float(fLabel->sizeHint().width() + kLabelSpacing);
+	return static_cast<float>(fLabel->sizeHint().width() + kLabelSpacing);
 }
 
 
@@ -113,7 +113,7 @@ TextControlPeer::FlagsChanged()
 void
 TextControlPeer::_PlaceLabel()
 {
-	fLabel->setFixedWidth(int(std::lround(Divider())));
+	fLabel->setFixedWidth(static_cast<int>(std::lround(Divider())));
 	fLabel->setVisible(Divider() > 0);
 	InvalidateLayout();
 }

@@ -78,10 +78,10 @@ TextLayout::SetWraps(bool wraps)
 void
 TextLayout::SetFormatOf(int32 style, const QTextCharFormat& format)
 {
-	if (size_t(style) == fFormats.size())
+	if (static_cast<size_t>(style) == fFormats.size())
 		fFormats.push_back(format);
 	else
-		fFormats[size_t(style)] = format;
+		fFormats[style] = format;
 }
 
 

@@ -33,7 +33,7 @@ public:
 	void SetWidth(qreal width);
 	void SetWraps(bool wraps);
 
-	const QTextCharFormat& FormatOf(int32 style) const { return fFormats[size_t(style)]; }
+	const QTextCharFormat& FormatOf(int32 style) const { return fFormats[style]; }
 	void SetFormatOf(int32 style, const QTextCharFormat& format);
 
 	// After a change of the text, from a line on; after one of the styles, up to a line.

@@ -57,7 +57,7 @@ TextPage::IsAtEnd()
 int32
 TextPage::CountRowsPerPage() const
 {
-	return std::max<int32>(int32(_PageHeight() / fLayout->RowHeight()), 1);
+	return std::max<int32>(static_cast<int32>(_PageHeight() / fLayout->RowHeight()), 1);
 }
 
 

@@ -101,7 +101,7 @@ TextViewPeer::StyleAt(int32 offset)
 	if (offset >= TextLength())
 		return fStyle;
 	const StyleRuns& runs = fText->Styles();
-	return fStyles[size_t(runs[runs.RunAt(offset)].style)];
+	return fStyles[runs[runs.RunAt(offset)].style];
 }
 
 
@@ -183,7 +183,7 @@ TextViewPeer::FontChanged()
 {
 	// Formats say what differs from the view's font.
 	for (size_t i = 0; i < fStyles.size(); i++)
-		fText->SetFormatOf(int32(i), _FormatOf(fStyles[i]));
+		fText->SetFormatOf(static_cast<int32>(i), _FormatOf(fStyles[i]));
 	TextPeer::FontChanged();
 }
 
@@ -220,7 +220,7 @@ int32
 TextViewPeer::_NumberOf(const TextStyle& style)
 {
 	const auto found = std::find(fStyles.begin(), fStyles.end(), style);
-	const int32 number = int32(found - fStyles.begin());
+	const int32 number = static_cast<int32>(found - fStyles.begin());
 	if (found == fStyles.end()) {
 		fStyles.push_back(style);
 		fText->SetFormatOf(number, _FormatOf(style));

@@ -341,7 +341,7 @@ void
 TextWidget::_Append(const char* bytes, int32 length, int32 style)
 {
 	const int32 offset = fText.CountBytes();
-	const bool mayComplete = offset > 0 && uint8(fText.Bytes()[offset - 1]) >= 0x80;
+	const bool mayComplete = offset > 0 && static_cast<uint8>(fText.Bytes()[offset - 1]) >= 0x80;
 	const int32 first = fText.Replace(offset, 0, bytes, length);
 	fStyles.Replace(offset, 0, length, style);
 	fLayout.LinesChanged(first);

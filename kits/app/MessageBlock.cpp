@@ -9,24 +9,17 @@
 #include <cstring>
 
 
-namespace {
+static const size_t kMaxNameLength = 255;
+static const size_t kMaxBlockSize = UINT32_MAX - 8;
 
 
-const size_t kMaxNameLength = 255;
-const size_t kMaxBlockSize = UINT32_MAX - 8;
-
-
-size_t
+static size_t
 aligned(size_t size)
 {
 	return (size + 7) & ~static_cast<size_t>(7);
 }
 
-
-} // namespace
-
-
-/*	A field begins with this and its name, which ends with a zero byte; its first value follows at
+/*!	A field begins with this and its name, which ends with a zero byte; its first value follows at
 	the next multiple of 8.
 	Offsets count from the start of the block; 0 is none. The cursor is the value that was looked at
 	last, so that walking through many values never starts over.
@@ -53,7 +46,7 @@ struct MessageBlock::Field {
 };
 
 
-/*	A value's size, and its data right behind. */
+/*!	A value's size, and its data right behind. */
 struct MessageBlock::Value {
 	uint32 nextValue;
 	uint32 size;

@@ -15,9 +15,6 @@
 #include <ViewLayoutItem.h>
 
 
-namespace {
-
-
 /*!	The place of nothing. It limits nothing around it, either. */
 class EmptyItem : public QLayoutItem {
 public:
@@ -44,7 +41,7 @@ private:
 };
 
 
-QBoxLayout*
+static QBoxLayout*
 make_box(orientation orientation)
 {
 	return new QBoxLayout(
@@ -52,15 +49,11 @@ make_box(orientation orientation)
 }
 
 
-int
+static int
 pixels_of_spacing(float spacing)
 {
 	return static_cast<int>(std::ceil(resolve_spacing(spacing)));
 }
-
-
-} // namespace
-
 
 /*!	\param spacing Between two items, in pixels or as one of the B_USE_* constants. */
 BGroupLayout::BGroupLayout(orientation orientation, float spacing)

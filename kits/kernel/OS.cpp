@@ -19,9 +19,6 @@
 #include <ThreadPrivate.h>
 
 
-namespace {
-
-
 struct Thread {
 	thread_id id = -1;
 	std::string name;
@@ -41,7 +38,7 @@ struct Thread {
 typedef std::shared_ptr<Thread> ThreadRef;
 
 
-/*	All threads that have not ended. Never destroyed, as threads may still run when the process
+/*!	All threads that have not ended. Never destroyed, as threads may still run when the process
 	ends.
 */
 struct ThreadTable {
@@ -56,7 +53,7 @@ struct ThreadTable {
 };
 
 
-thread_local ThreadRef sSelf;
+static thread_local ThreadRef sSelf;
 
 
 ThreadTable*
@@ -68,7 +65,7 @@ ThreadTable::Default()
 
 
 /*!	With the lock held. The thread is suspended until it is resumed. */
-ThreadRef
+static ThreadRef
 add_thread(ThreadTable* table, const char* name)
 {
 	ThreadRef thread = std::make_shared<Thread>();
@@ -79,7 +76,7 @@ add_thread(ThreadTable* table, const char* name)
 }
 
 
-/*	A thread that was not made by spawn_thread() gets an id when it first asks, and gives it back
+/*!	A thread that was not made by spawn_thread() gets an id when it first asks, and gives it back
 	when it ends.
 */
 struct ForeignThread {
@@ -89,7 +86,7 @@ struct ForeignThread {
 };
 
 
-Thread*
+static Thread*
 current_thread()
 {
 	if (sSelf)
@@ -109,7 +106,7 @@ current_thread()
 }
 
 
-void
+static void
 end_thread(Thread* thread, status_t returnValue)
 {
 	ThreadTable* table = ThreadTable::Default();
@@ -130,7 +127,7 @@ ForeignThread::~ForeignThread()
 }
 
 
-void*
+static void*
 thread_entry(void* data)
 {
 	{
@@ -154,7 +151,7 @@ thread_entry(void* data)
 
 
 /*!	With the lock held. */
-void
+static void
 resume(Thread* thread)
 {
 	thread->isResumed = true;
@@ -162,17 +159,13 @@ resume(Thread* thread)
 }
 
 
-bool
+static bool
 has_ended(void* cookie)
 {
 	ThreadTable* table = ThreadTable::Default();
 	std::lock_guard<std::mutex> locker(table->lock);
 	return static_cast<Thread*>(cookie)->hasEnded;
 }
-
-
-} // namespace
-
 
 /*!	Makes a thread, which does nothing until it is resumed.
 	Differs from Haiku: the priority is not used; the system's scheduler is fair among a process'

@@ -11,16 +11,9 @@
 #include <TickTable.h>
 
 
-namespace {
-
-
 // What stands in the place of the lock's owner when there is none.
-const thread_id kNobody = -1;
-const thread_id kWhoWaits = -2;
-
-
-} // namespace
-
+static const thread_id kNobody = -1;
+static const thread_id kWhoWaits = -2;
 
 /*!	As on Haiku a new looper is locked by the thread that makes it, until it runs. */
 LooperRecord::LooperRecord(BLooper* looper, int32 token)

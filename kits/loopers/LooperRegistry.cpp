@@ -8,11 +8,8 @@
 #include <ThreadPrivate.h>
 
 
-namespace {
-
-
 // Somebody waits for a thread, which may have to stop waiting for room itself.
-void
+static void
 wake_posters()
 {
 	std::vector<LooperRecordRef> loopers;
@@ -20,10 +17,6 @@ wake_posters()
 	for (const LooperRecordRef& record : loopers)
 		record->WakePosters();
 }
-
-
-} // namespace
-
 
 LooperRegistry::LooperRegistry()
 	: fLastToken(0)

@@ -12,22 +12,15 @@
 #include <ThreadPrivate.h>
 
 
-namespace {
-
-
 // In microseconds. Long enough to get through a burst, short enough that a click is never late.
-const bigtime_t kSlice = 4000;
+static const bigtime_t kSlice = 4000;
 
 
-void
+static void
 wake_server()
 {
 	MainServer::Default()->Wake();
 }
-
-
-} // namespace
-
 
 MainServer::MainServer()
 	: fWakeDescriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),

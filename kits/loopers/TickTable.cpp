@@ -10,15 +10,8 @@
 #include <LooperRegistry.h>
 
 
-namespace {
-
-
 // In microseconds; a shorter interval is taken for this one.
-const bigtime_t kMinInterval = 50000;
-
-
-} // namespace
-
+static const bigtime_t kMinInterval = 50000;
 
 TickTable::TickTable()
 	: fLastToken(0),

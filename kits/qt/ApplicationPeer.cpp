@@ -31,21 +31,18 @@
 #include <TranslationUtils.h>
 
 
-namespace {
-
-
 // In milliseconds: how long a burst gathers before it is served.
-const int kPause = 1;
+static const int kPause = 1;
 
 
 // The toolkit gets the program's path, which the window manager names its windows by, and none of
 // its arguments.
-char sProgramPath[PATH_MAX] = "application";
-char* sArguments[] = {sProgramPath, NULL};
-int sArgumentCount = 1;
+static char sProgramPath[PATH_MAX] = "application";
+static char* sArguments[] = {sProgramPath, NULL};
+static int sArgumentCount = 1;
 
 
-std::unique_ptr<QApplication>
+static std::unique_ptr<QApplication>
 make_application()
 {
 	const ssize_t length = readlink("/proc/self/exe", sProgramPath, sizeof(sProgramPath) - 1);
@@ -63,7 +60,7 @@ make_application()
 /*!	The picture beside the program that has its name, in the sizes in which title bars and task bars
 	show it: they scale worse. Programs without one have no icon.
 */
-void
+static void
 set_icon()
 {
 	BString path;
@@ -160,16 +157,12 @@ private:
 
 
 /*!	How wait_for_thread() waits. Windows and timers go on meanwhile. */
-void
+static void
 wait_on_main_thread(bool (*done)(void*), void* cookie)
 {
 	while (!done(cookie))
 		ApplicationPeer::ProcessEvents();
 }
-
-
-} // namespace
-
 
 ApplicationPeer::ApplicationPeer()
 	: fApplication(make_application())

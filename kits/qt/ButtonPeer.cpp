@@ -25,9 +25,6 @@ static const int kRingInset = 3;
 static const int kRingRadius = 2;
 
 
-namespace {
-
-
 /*!	Shows by a ring of its own that it has the keyboard: the toolkit draws the border of the default
 	button in the same color, and Space presses the one, Return the other. Only for who uses the
 	keyboard, as the toolkit does.
@@ -53,10 +50,6 @@ protected:
 		painter.drawRoundedRect(ring.adjusted(0.5, 0.5, -0.5, -0.5), kRingRadius, kRingRadius);
 	}
 };
-
-
-} // namespace
-
 
 /*!	Larger pictures are meant for screens with twice the pixels. */
 static QSize

@@ -27,9 +27,6 @@ static const int kNameColumn = 0;
 static const int kTypeColumn = 2;
 
 
-namespace {
-
-
 /*!	Says itself when there is no such file, as the toolkit would do in an event loop of its own,
 	below which the panel and the window that it belongs to cannot be deleted. Has the keys of any
 	window.
@@ -86,10 +83,6 @@ private:
 		box->open();
 	}
 };
-
-
-} // namespace
-
 
 FilePanelPeer::FilePanelPeer(const BMessenger* target, const entry_ref* directory,
 	bool allowMultipleSelection, const BMessage* message, bool modal, bool hideWhenDone)

@@ -12,9 +12,6 @@
 #include <MenuItem.h>
 
 
-namespace {
-
-
 /*!	Shows which item the keyboard is at while no menu is open; the toolkit's style would not. */
 class MenuBarWidget : public QMenuBar {
 protected:
@@ -25,10 +22,6 @@ protected:
 			option->state |= QStyle::State_Sunken;
 	}
 };
-
-
-} // namespace
-
 
 static QWidget*
 make_menu(bool isBar)

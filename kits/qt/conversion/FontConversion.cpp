@@ -12,12 +12,9 @@
 #include <QScreen>
 
 
-namespace {
-
-
 // In pixels, where the desktop shows text in its usual size.
-const float kDefaultSize = 12;
-const qreal kUsualDotsPerInch = 96;
+static const float kDefaultSize = 12;
+static const qreal kUsualDotsPerInch = 96;
 
 
 struct CachedFont {
@@ -30,10 +27,10 @@ struct CachedFont {
 };
 
 // There are few: each size that is used, plain and bold.
-std::vector<std::unique_ptr<CachedFont>> sCache;
+static std::vector<std::unique_ptr<CachedFont>> sCache;
 
 
-QFont
+static QFont
 make_font(const BFont& font)
 {
 	QFont result;
@@ -49,7 +46,7 @@ make_font(const BFont& font)
 
 
 /*!	Whole pixels, so that baselines are sharp. */
-font_height
+static font_height
 height_of(const QFontMetricsF& metrics)
 {
 	font_height height;
@@ -69,7 +66,7 @@ CachedFont::CachedFont(const BFont& bfont)
 }
 
 
-const CachedFont&
+static const CachedFont&
 find(const BFont& font)
 {
 	for (const auto& cached : sCache) {
@@ -79,10 +76,6 @@ find(const BFont& font)
 	sCache.push_back(std::make_unique<CachedFont>(font));
 	return *sCache.back();
 }
-
-
-} // namespace
-
 
 const QFont&
 font_to_toolkit(const BFont& font)

@@ -14,16 +14,13 @@
 #include <OS.h>
 
 
-namespace {
-
-
 // The toolkit takes it out of the environment when it has read it.
-const char* const kStartupVariable = "DESKTOP_STARTUP_ID";
+static const char* const kStartupVariable = "DESKTOP_STARTUP_ID";
 
-thread_id sThread = -1;
+static thread_id sThread = -1;
 
 
-status_t
+static status_t
 look_up_fonts(void* /*data*/)
 {
 	// The toolkit sets the process' locale meanwhile.
@@ -39,7 +36,7 @@ look_up_fonts(void* /*data*/)
 
 
 /*!	What follows a variable that is taken out moves up, and is missed by who reads it just then. */
-void
+static void
 move_to_end_of_environment(const char* name)
 {
 	const char* value = getenv(name);
@@ -52,15 +49,11 @@ move_to_end_of_environment(const char* name)
 }
 
 
-void
+static void
 wait_for_fonts()
 {
 	wait_for_thread(sThread, NULL);
 }
-
-
-} // namespace
-
 
 void
 prepare_fonts()

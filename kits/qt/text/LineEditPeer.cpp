@@ -21,8 +21,6 @@
 static const int kMaxLength = 1024 * 1024;
 
 
-namespace {
-
 class LineEdit : public QLineEdit {
 public:
 	explicit LineEdit(BTextControl* control)
@@ -68,9 +66,6 @@ protected:
 private:
 	BTextControl* fControl;
 };
-
-} // namespace
-
 
 LineEditPeer::LineEditPeer(BTextControl* control)
 	: TextPeer(new LineEdit(control)),

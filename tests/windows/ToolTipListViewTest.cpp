@@ -122,11 +122,7 @@ protected:
 	}
 
 	/*!	\return Whether the list has a tool tip that shows, or would. */
-	bool _HasToolTip()
-	{
-		BToolTip* tip;
-		return fList->BListView::GetToolTipAt(BPoint(0, 0), &tip);
-	}
+	bool _HasToolTip() { return fList->ToolTip() != NULL; }
 
 	RecorderOwner fTarget;
 	std::unique_ptr<WindowProbe> fWindow;

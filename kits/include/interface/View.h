@@ -63,7 +63,7 @@ public:
 	uint32 Flags() const { return fFlags; }
 	void SetToolTip(const char* text);
 	void SetToolTip(BToolTip* tip) = delete;
-	virtual bool GetToolTipAt(BPoint point, BToolTip** _tip);
+	BToolTip* ToolTip() const { return fToolTip; }
 
 	virtual void SetDrawingMode(drawing_mode mode);
 	void SetBlendingMode(source_alpha sourceAlpha, alpha_function alphaFunction);
@@ -104,6 +104,8 @@ public:
 	void InvalidateLayout(bool descendants = false);
 
 protected:
+	virtual bool GetToolTipAt(BPoint point, BToolTip** _tip);
+
 	// For the kits' own views, which bring what stands for them in the toolkit. The view owns it.
 	BView(ViewPeer* peer, const char* name, uint32 flags);
 

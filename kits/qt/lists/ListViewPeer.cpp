@@ -335,7 +335,7 @@ ListViewPeer::ShowToolTip(QHelpEvent* event, const QRect& frame)
 		return;
 	BToolTip* tip = NULL;
 	const QPoint place = event->pos() + fRows->viewport()->pos();
-	if (View()->GetToolTipAt(point_from_toolkit(place), &tip))
+	if (_List()->GetToolTipAt(point_from_toolkit(place), &tip))
 		tip->Show(event->globalPos(), fRows->viewport(), frame);
 }
 

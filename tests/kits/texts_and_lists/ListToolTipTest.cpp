@@ -19,6 +19,14 @@
 namespace {
 
 
+/*!	Says what it answers when it is asked. */
+class AskableList : public BListView {
+public:
+	using BListView::BListView;
+	using BListView::GetToolTipAt;
+};
+
+
 /*!	Its rows have their text as a tool tip, but for those that say nothing. */
 class TalkingList : public BListView {
 public:
@@ -141,7 +149,7 @@ TEST_F(ListToolTipTest, ToolTipOfARow_SaysNothingAboutTheList)
 
 TEST_F(ListToolTipTest, ListThatIsNotAsked_HasItsOwn)
 {
-	BListView list("list");
+	AskableList list("list");
 	BToolTip* tip;
 	EXPECT_FALSE(list.GetToolTipAt(BPoint(1, 1), &tip));
 	EXPECT_EQ(nullptr, tip);

@@ -47,11 +47,11 @@ make_color(uint8 red, uint8 green, uint8 blue, uint8 alpha = 255)
 // The pixels of a bitmap: blue, green, red and alpha, a byte each in this order.
 enum color_space { B_NO_COLOR_SPACE = 0x0000, B_RGB32 = 0x0008, B_RGBA32 = 0x2008 };
 
-enum drawing_mode { B_OP_COPY = 0, B_OP_OVER = 1, B_OP_ALPHA = 10 };
+enum drawing_mode { B_OP_COPY = 0, B_OP_ALPHA = 10 };
 
-enum source_alpha { B_PIXEL_ALPHA = 0, B_CONSTANT_ALPHA = 1 };
+enum source_alpha { B_PIXEL_ALPHA = 0 };
 
-enum alpha_function { B_ALPHA_OVERLAY = 0, B_ALPHA_COMPOSITE = 1 };
+enum alpha_function { B_ALPHA_OVERLAY = 0 };
 
 
 #endif // GRAPHICS_DEFS_H

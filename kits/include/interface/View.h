@@ -27,10 +27,8 @@ class ViewPeer;
 const uint32 B_FULL_UPDATE_ON_RESIZE = 0x80000000;
 const uint32 B_WILL_DRAW = 0x20000000;
 const uint32 B_PULSE_NEEDED = 0x10000000;
-const uint32 B_NAVIGABLE_JUMP = 0x08000000;
 const uint32 B_FRAME_EVENTS = 0x04000000;
 const uint32 B_NAVIGABLE = 0x02000000;
-const uint32 B_SUPPORTS_LAYOUT = 0x00100000;
 
 
 /*!	An area of a window that draws and is used. A view owns its children; places are in pixels from

@@ -17,13 +17,7 @@ typedef status_t (*thread_func)(void* data);
 #define B_OS_NAME_LENGTH 32
 #define B_INFINITE_TIMEOUT (9223372036854775807LL)
 
-enum {
-	B_LOWEST_ACTIVE_PRIORITY = 1,
-	B_LOW_PRIORITY = 5,
-	B_NORMAL_PRIORITY = 10,
-	B_DISPLAY_PRIORITY = 15,
-	B_URGENT_DISPLAY_PRIORITY = 20
-};
+enum { B_LOW_PRIORITY = 5, B_NORMAL_PRIORITY = 10, B_URGENT_DISPLAY_PRIORITY = 20 };
 
 
 thread_id spawn_thread(thread_func function, const char* name, int32 priority, void* data);

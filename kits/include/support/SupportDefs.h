@@ -38,7 +38,6 @@ typedef uint32 type_code;
 #define B_PRIi32 PRIi32
 #define B_PRIu32 PRIu32
 #define B_PRIx32 PRIx32
-#define B_PRIX32 PRIX32
 #define B_PRId64 PRId64
 #define B_PRIu64 PRIu64
 #define B_PRIx64 PRIx64

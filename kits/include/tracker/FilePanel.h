@@ -18,7 +18,7 @@ class BRefFilter;
 class FilePanelPeer;
 
 
-enum file_panel_mode { B_OPEN_PANEL, B_SAVE_PANEL };
+enum file_panel_mode { B_OPEN_PANEL };
 
 
 /*!	A window in which the user chooses a file, or types its path. What was chosen goes to the target

@@ -27,7 +27,7 @@ BMenuItem::BMenuItem(const char* label, BMessage* message, char shortcut, uint32
 	  fShortcut(shortcut),
 	  fModifiers(shortcut != 0 ? modifiers | B_COMMAND_KEY : 0)
 {
-	fPeer->Action()->setText(text_from_bytes(label, MNEMONIC_TEXT));
+	fPeer->Action()->setText(text_from_bytes(label, kMnemonicText));
 	fPeer->Action()->setShortcut(keys_of_shortcut(fShortcut, fModifiers));
 }
 
@@ -42,7 +42,7 @@ BMenuItem::BMenuItem(BMenu* menu, BMessage* message)
 	  fModifiers(0)
 {
 	menu->fSuperitem = this;
-	fPeer->Action()->setText(text_from_bytes(menu->Name(), MNEMONIC_TEXT));
+	fPeer->Action()->setText(text_from_bytes(menu->Name(), kMnemonicText));
 }
 
 

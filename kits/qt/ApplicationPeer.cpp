@@ -35,7 +35,7 @@
 static const int kPause = 1;
 
 
-// The toolkit gets the program's path, which the window manager names its windows by, and none of
+// Qt gets the program's path, which the window manager names its windows by, and none of
 // its arguments.
 static char sProgramPath[PATH_MAX] = "application";
 static char* sArguments[] = {sProgramPath, NULL};
@@ -109,7 +109,7 @@ public:
 };
 
 
-/*!	Gives the main server its turns from the toolkit's event loop.
+/*!	Gives the main server its turns from Qt's event loop.
 	In a burst, when another thread posts as fast as the main one serves, each message would wake it
 	anew. So a turn that comes right after one which left nothing waits for a moment, and serves
 	what has gathered by then. Input, painting and timers do not wait.
@@ -167,7 +167,7 @@ wait_on_main_thread(bool (*done)(void*), void* cookie)
 ApplicationPeer::ApplicationPeer()
 	: fApplication(make_application())
 {
-	// The toolkit sets the user's locale. Formats in the client keep their decimal point.
+	// QApplication sets the user's locale. Formats in the client keep their decimal point.
 	setlocale(LC_NUMERIC, "C");
 	prepare_start();
 

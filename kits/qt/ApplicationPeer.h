@@ -15,7 +15,7 @@ class QApplication;
 class QObject;
 
 
-/*!	The toolkit's application, set up as the kits need it, and the main thread's event loops. There
+/*!	The QApplication, set up as the kits need it, and the main thread's event loops. There
 	is one.
 */
 class ApplicationPeer {

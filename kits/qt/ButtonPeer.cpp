@@ -25,9 +25,9 @@ static const int kRingInset = 3;
 static const int kRingRadius = 2;
 
 
-/*!	Shows by a ring of its own that it has the keyboard: the toolkit draws the border of the default
+/*!	Shows by a ring of its own that it has the keyboard: QStyle draws the border of the default
 	button in the same color, and Space presses the one, Return the other. Only for who uses the
-	keyboard, as the toolkit does.
+	keyboard, as Qt does.
 */
 class PushButton : public QPushButton {
 protected:
@@ -143,7 +143,7 @@ ButtonPeer::ToolTipChanged(const char* text)
 void
 ButtonPeer::Flush()
 {
-	fButton->setText(text_from_bytes(_Button()->Label(), MNEMONIC_TEXT));
+	fButton->setText(text_from_bytes(_Button()->Label(), kMnemonicText));
 	fButton->setEnabled(_Button()->IsEnabled());
 	_UpdateName();
 }

@@ -15,7 +15,7 @@ class BButton;
 class QPushButton;
 
 
-/*!	A button of the toolkit. Its label and its state reach it once per frame. */
+/*!	A QPushButton. Its label and its state reach it once per frame. */
 class ButtonPeer : public ViewPeer {
 public:
 	ButtonPeer();

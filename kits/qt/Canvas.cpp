@@ -73,7 +73,7 @@ Canvas::StrokeRect(BRect rect, const pattern& ink)
 	if (fPainter == NULL || !rect.IsValid())
 		return;
 
-	// The toolkit's outline goes around its rectangle, one pixel further to the right and the
+	// QPainter's outline goes around its rectangle, one pixel further to the right and the
 	// bottom.
 	fPainter->setPen(QPen(color_to_toolkit(_Ink(ink)), 1));
 	fPainter->setBrush(Qt::NoBrush);

@@ -18,8 +18,8 @@ class BBitmap;
 class QPainter;
 
 
-/*!	What a view draws with: its colors, font and modes, and, while it is being painted, the
-	toolkit's painter.
+/*!	What a view draws with: its colors, font and modes, and, while it is being painted, a
+	QPainter.
 	Without a painter nothing is drawn. Main thread only.
 */
 class Canvas {

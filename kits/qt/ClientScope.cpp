@@ -15,7 +15,7 @@
 std::vector<BWindow*> WindowLife::sWaiting;
 
 
-/*!	Whether an event loop of the toolkit's own is running, as while something is dragged: widgets
+/*!	Whether an event loop of Qt's own is running, as while something is dragged: widgets
 	are in use below it.
 */
 static bool

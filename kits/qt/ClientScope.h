@@ -30,7 +30,7 @@ public:
 	// Around every handler. The window may be gone after LeaveHandler().
 	void EnterHandler() { fDepth++; }
 	void LeaveHandler();
-	// Around the client's code in an event of the toolkit, where the window may not be deleted.
+	// Around the client's code in an event of Qt's, where the window may not be deleted.
 	void LeaveEvent();
 
 	// Could not be asked to quit now; the application is asked again when it can.
@@ -38,7 +38,7 @@ public:
 	// Could not be painted now.
 	void RepaintLater(QWidget* widget);
 
-	// Those whose end had to wait for the toolkit. For the event loops, which are inside of no
+	// Those whose end had to wait for Qt. For the event loops, which are inside of no
 	// event then.
 	static void DeleteWaiting();
 
@@ -55,7 +55,7 @@ private:
 };
 
 
-/*!	While it lives the client's code runs for a window in an event of the toolkit. */
+/*!	While it lives the client's code runs for a window in an event of Qt's. */
 class ClientScope {
 public:
 	// NULL for a view that is in no window.

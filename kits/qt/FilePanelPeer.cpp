@@ -22,12 +22,12 @@
 #include <Path.h>
 
 
-// Columns of the toolkit's list of files.
+// Columns of the list of files in a QFileDialog.
 static const int kNameColumn = 0;
 static const int kTypeColumn = 2;
 
 
-/*!	Says itself when there is no such file, as the toolkit would do in an event loop of its own,
+/*!	Says itself when there is no such file, as QFileDialog would do in an event loop of its own,
 	below which the panel and the window that it belongs to cannot be deleted. Has the keys of any
 	window.
 */
@@ -118,7 +118,7 @@ FilePanelPeer::IsShowing() const
 }
 
 
-/*!	The toolkit's own dialog, not the desktop's: it takes a typed path and looks the same
+/*!	Qt's own dialog, not the desktop's: it takes a typed path and looks the same
 	everywhere.
 */
 void

@@ -19,7 +19,7 @@ class QFileDialog;
 struct entry_ref;
 
 
-/*!	The toolkit's file dialog behind a file panel. There is one only while it is shown: its list of
+/*!	The QFileDialog behind a file panel. There is one only while it is shown: its list of
 	completions comes up when a folder has been read, also after the choice, and would take the
 	keyboard from all windows. Main thread only.
 */

@@ -9,7 +9,7 @@
 #include <QPainter>
 
 
-// In percent, as the toolkit's style darkens the color for fields.
+// In percent, as Qt's Fusion style darkens the color for fields.
 static const int kDarkness = 125;
 
 

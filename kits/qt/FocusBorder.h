@@ -10,9 +10,9 @@ class QEvent;
 class QFrame;
 
 
-/*!	Shows by the color of its border whether what scrolls has the keyboard, as Haiku does; the
-	toolkit does so for fields and buttons only. For a frame's event(), after the toolkit has
-	handled the event. Nothing for frames without a border.
+/*!	Shows by the color of its border whether what scrolls has the keyboard, as Haiku does; QStyle
+	does so for fields and buttons only. For a frame's event(), after Qt has handled the event.
+	Nothing for frames without a border.
 */
 void show_focus_by_border(QFrame* frame, const QEvent* event);
 

@@ -19,7 +19,7 @@ static const bigtime_t kFrame = 16000;
 static const bigtime_t kLeastPause = 4000;
 
 
-/*!	The toolkit's timer, running while something waits. */
+/*!	A QBasicTimer that runs while something waits. */
 class FrameTimer : public QObject {
 public:
 	explicit FrameTimer(FrameScheduler* scheduler)

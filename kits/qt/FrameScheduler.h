@@ -15,7 +15,7 @@
 class FrameTimer;
 
 
-/*!	Something that collects changes and hands them to the toolkit once per frame. Main thread only.
+/*!	Something that collects changes and hands them to Qt once per frame. Main thread only.
 */
 class FrameClient {
 public:

@@ -9,7 +9,7 @@
 #include <QBoxLayout>
 
 
-// The toolkit has whole numbers for weights.
+// QBoxLayout has whole numbers for weights.
 static const float kWeightFactor = 100;
 
 

@@ -13,7 +13,7 @@ class QBoxLayout;
 class QLayoutItem;
 
 
-/*!	What stands for a layout in the toolkit. The layout owns it. */
+/*!	The QBoxLayout that stands for a layout. The layout owns it. */
 class LayoutPeer {
 public:
 	explicit LayoutPeer(QBoxLayout* layout);

@@ -12,7 +12,7 @@
 #include <MenuItem.h>
 
 
-/*!	Shows which item the keyboard is at while no menu is open; the toolkit's style would not. */
+/*!	Shows which item the keyboard is at while no menu is open; QStyle would not. */
 class MenuBarWidget : public QMenuBar {
 protected:
 	void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override

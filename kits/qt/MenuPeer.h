@@ -13,7 +13,7 @@ class BMenuItem;
 class QAction;
 
 
-/*!	A menu of the toolkit, or a menu bar. */
+/*!	A QMenu, or a QMenuBar. */
 class MenuPeer : public ViewPeer {
 public:
 	explicit MenuPeer(bool isBar);
@@ -32,7 +32,7 @@ private:
 };
 
 
-/*!	An item of a menu of the toolkit. */
+/*!	A QAction, which is an item of a menu. */
 class MenuItemPeer {
 public:
 	// The entrance of the item's submenu belongs to that; NULL for an item without one.

@@ -9,7 +9,7 @@
 class QPalette;
 
 
-// The toolkit's colors, from those of ui_color(): one light scheme on every desktop.
+// The QPalette, from those of ui_color(): one light scheme on every desktop.
 QPalette make_palette();
 
 

@@ -12,7 +12,7 @@
 #include <TextConversion.h>
 
 
-/*!	The toolkit's label for screen readers, but drawn here: in one line, whatever is in the text,
+/*!	A QLabel for screen readers, but drawn here: in one line, whatever is in the text,
 	and cut where it says so.
 */
 class LabelWidget : public QLabel {

@@ -13,7 +13,7 @@ class BStringView;
 class LabelWidget;
 
 
-/*!	A label of one line. Its text reaches the toolkit once per frame. */
+/*!	A label of one line. Its text reaches the QLabel once per frame. */
 class StringViewPeer : public ViewPeer {
 public:
 	StringViewPeer();

@@ -10,7 +10,7 @@
 
 
 BToolTip::BToolTip(const char* text)
-	: fMarkup(text_from_bytes(text, TOOL_TIP_TEXT))
+	: fMarkup(text_from_bytes(text, kToolTipText))
 {
 }
 
@@ -24,7 +24,7 @@ BToolTip::~BToolTip()
 void
 BToolTip::SetText(const char* text)
 {
-	const QString markup = text_from_bytes(text, TOOL_TIP_TEXT);
+	const QString markup = text_from_bytes(text, kToolTipText);
 	if (markup == fMarkup)
 		return;
 	Hide();

@@ -101,7 +101,7 @@ ViewPeer::FlagsChanged()
 void
 ViewPeer::ToolTipChanged(const char* text)
 {
-	fWidget->setToolTip(text_from_bytes(text, TOOL_TIP_TEXT));
+	fWidget->setToolTip(text_from_bytes(text, kToolTipText));
 	// Screen readers would be given the markup that keeps the tool tip from being taken for some.
 	fWidget->setAccessibleDescription(text_from_bytes(text));
 }

@@ -23,10 +23,10 @@ class QPaintEvent;
 class QWidget;
 
 
-/*!	What stands for a view in the toolkit: a widget, what the view draws with, and what it wants of
+/*!	What stands for a view: a QWidget, what the view draws with, and what it wants of
 	the next frame.
 	The view owns its peer, the peer its widget. This class serves plain views, which draw
-	themselves; views that the toolkit draws have a peer of their own. Main thread only.
+	themselves; views that Qt draws have a peer of their own. Main thread only.
 */
 class ViewPeer : public FrameClient {
 public:

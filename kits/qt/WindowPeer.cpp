@@ -375,7 +375,7 @@ WindowPeer::Flush()
 
 	if (fTitleChanged) {
 		fTitleChanged = false;
-		fWidget->setWindowTitle(text_from_bytes(fTitle.String(), TITLE_TEXT));
+		fWidget->setWindowTitle(text_from_bytes(fTitle.String(), kTitleText));
 		// Minimized windows would have no name for a screen reader, and others one without "[*]".
 		fWidget->setAccessibleName(text_from_bytes(fTitle.String()));
 	}

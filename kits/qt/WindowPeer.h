@@ -18,7 +18,7 @@ class QKeyEvent;
 class QWidget;
 
 
-/*!	What stands for a window in the toolkit: the top-level widget, which is also its top view's, and
+/*!	What stands for a window: the top-level QWidget, which is also its top view's, and
 	what the window wants to be with the next frame. The window owns it. Main thread only.
 */
 class WindowPeer : public FrameClient {

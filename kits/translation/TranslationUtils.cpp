@@ -68,7 +68,7 @@ BTranslationUtils::GetBitmap(BPositionIO* stream)
 		return NULL;
 
 	QImageReader::setAllocationLimit(kMaxMegabytes);
-	// Told the format, the toolkit need not look for it in the bytes. Most pictures are of this
+	// Told the format, QImageReader need not look for it in the bytes. Most pictures are of this
 	// one.
 	QImageReader reader(&buffer, bytes.startsWith(kSignature) ? "png" : QByteArray());
 	if (!is_bearable(reader.size()))

@@ -34,7 +34,7 @@ static QFont
 make_font(const BFont& font)
 {
 	QFont result;
-	// With a second family the toolkit would at once look for fonts with the letters that this one
+	// With a second family QFont would at once look for fonts with the letters that this one
 	// lacks, instead of when the first one is shown. Without the family it goes by the hint.
 	result.setFamilies({QStringLiteral("Noto Sans")});
 	result.setStyleHint(QFont::SansSerif);

@@ -12,12 +12,12 @@
 #include <Font.h>
 
 
-// The toolkit's font and its metrics, from a cache: the same few are asked for all the time.
+// The QFont and its QFontMetricsF, from a cache: the same few are asked for all the time.
 const QFont& font_to_toolkit(const BFont& font);
 const QFontMetricsF& metrics_of_font(const BFont& font);
 const font_height& height_of_font(const BFont& font);
 
-// Makes the kits' and the toolkit's own default fonts; the application does, before any view. And
+// Makes the kits' and Qt's own default fonts; the application does, before any view. And
 // forgets them.
 void init_fonts();
 void exit_fonts();

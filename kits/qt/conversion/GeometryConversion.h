@@ -13,7 +13,7 @@
 #include <Rect.h>
 
 
-// Between the kits' sizes, one less than the pixels that they cover, and the toolkit's. What is
+// Between the kits' sizes, one less than the pixels that they cover, and Qt's. What is
 // unlimited stays unlimited.
 BRect rect_from_toolkit(const QRect& rect);
 QRect rect_to_toolkit(BRect rect);

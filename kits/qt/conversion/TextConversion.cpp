@@ -48,17 +48,17 @@ text_from_bytes(const char* bytes, text_use use)
 
 	QString text = decode(bytes);
 	switch (use) {
-		case PLAIN_TEXT:
+		case kPlainText:
 			break;
-		case MNEMONIC_TEXT:
+		case kMnemonicText:
 			text.replace(QLatin1Char('&'), QLatin1String("&&"));
 			// What follows a tab would stand in the column of the shortcuts.
 			text.replace(QLatin1Char('\t'), QLatin1Char(' '));
 			break;
-		case TITLE_TEXT:
+		case kTitleText:
 			text.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
 			break;
-		case TOOL_TIP_TEXT:
+		case kToolTipText:
 			text = as_markup(shown_text(text));
 			break;
 	}

@@ -10,26 +10,26 @@
 #include <QString>
 
 
-// Where a text is shown, and so what the toolkit would take for more than text.
+// Where a text is shown, and so what Qt would take for more than text.
 enum text_use {
 	// Nothing is special.
-	PLAIN_TEXT,
+	kPlainText,
 	// '&' would underline a letter: buttons, menus, labels with a field.
-	MNEMONIC_TEXT,
+	kMnemonicText,
 	// "[*]" would mark a changed document.
-	TITLE_TEXT,
+	kTitleText,
 	// '<' would start markup, and blanks and ends of lines would be one blank.
-	TOOL_TIP_TEXT
+	kToolTipText
 };
 
 
 /*!	The characters of bytes that should be UTF-8, one U+FFFD for every byte that is not, prepared so
 	that they are shown as they stand; in tool tips by shown_text(). NULL is the empty text.
 */
-QString text_from_bytes(const char* bytes, text_use use = PLAIN_TEXT);
+QString text_from_bytes(const char* bytes, text_use use = kPlainText);
 
 /*!	What is drawn of a text, with as many UTF-16 units: U+FFFD stands for control characters and
-	those that Unicode keeps free, as the toolkit would look for them in every font there is, and
+	those that Unicode keeps free, as Qt would look for them in every font there is, and
 	for marks that pile up on a letter, which it takes long to place.
 	Tabs and line ends stay.
 */

@@ -115,7 +115,7 @@ void
 ListWidget::keyPressEvent(QKeyEvent* event)
 {
 	if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
-		// The toolkit makes the first row the current one when the list gets the focus. The arrows
+		// QListView makes the first row the current one when the list gets the focus. The arrows
 		// would go on from there, though the user sees no row selected.
 		const bool isSpace = event->key() == Qt::Key_Space;
 		if (!isSpace && !selectionModel()->hasSelection())

@@ -16,7 +16,7 @@
 class ListViewPeer;
 
 
-/*!	What the toolkit knows of the rows. Texts are only for screen readers and for finding a row by
+/*!	What Qt knows of the rows. Texts are only for screen readers and for finding a row by
 	typing.
 */
 class ListModel : public QAbstractListModel {

@@ -78,7 +78,7 @@ ListViewPeer::Add(BListItem* item)
 }
 
 
-/*!	A row that the toolkit has not heard of just goes. */
+/*!	A row that Qt has not heard of just goes. */
 void
 ListViewPeer::Remove(int32 index)
 {
@@ -86,7 +86,7 @@ ListViewPeer::Remove(int32 index)
 		fItems.erase(fItems.begin() + index);
 		return;
 	}
-	// The toolkit would select another row instead.
+	// QListView would select another row instead.
 	if (fRows->currentIndex().row() == index)
 		fRows->selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
 

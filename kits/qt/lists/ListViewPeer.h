@@ -22,7 +22,7 @@ class QHelpEvent;
 class QPainter;
 
 
-/*!	The rows of a list. What is appended or has changed is told to the toolkit with the next frame,
+/*!	The rows of a list. What is appended or has changed is told to Qt with the next frame,
 	what is removed at once: its owner deletes it next. Items are borrowed.
 */
 class ListViewPeer : public ViewPeer {
@@ -31,7 +31,7 @@ public:
 	~ListViewPeer() override;
 
 	const std::vector<BListItem*>& Items() const { return fItems; }
-	// How many of them the toolkit knows.
+	// How many of them Qt knows.
 	int32 CountShown() const { return fShownCount; }
 
 	void Add(BListItem* item);

@@ -14,7 +14,7 @@
 #include <OS.h>
 
 
-// The toolkit takes it out of the environment when it has read it.
+// Qt takes it out of the environment when it has read it.
 static const char* const kStartupVariable = "DESKTOP_STARTUP_ID";
 
 static thread_id sThread = -1;
@@ -23,7 +23,7 @@ static thread_id sThread = -1;
 static status_t
 look_up_fonts(void* /*data*/)
 {
-	// The toolkit sets the process' locale meanwhile.
+	// QApplication sets the process' locale meanwhile.
 	const locale_t locale = newlocale(LC_ALL_MASK, "C", NULL);
 	if (locale == NULL)
 		return B_NO_MEMORY;

@@ -7,7 +7,7 @@
 
 
 /*!	Has the system's fonts looked up by a thread of its own, which takes about as long as connecting
-	to the screen and need not wait for it. To be called before the toolkit's application is made,
+	to the screen and need not wait for it. To be called before the QApplication is made,
 	which waits for the thread before it needs a font.
 */
 void prepare_fonts();

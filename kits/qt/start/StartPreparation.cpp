@@ -18,7 +18,7 @@ static thread_id sThread = -1;
 static void
 load_picture_readers()
 {
-	// Asked about any picture, the toolkit loads them all.
+	// Asked about any picture, QImageReader loads them all.
 	QBuffer nothing;
 	nothing.open(QIODevice::ReadOnly);
 	QImageReader(&nothing, "png").canRead();

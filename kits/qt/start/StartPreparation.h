@@ -7,12 +7,12 @@
 
 
 /*!	Has done by a thread of its own what the first window needs and what takes its time elsewhere:
-	the toolkit loads whatever reads pictures and connects to the session bus, which screen readers
+	Qt loads whatever reads pictures and connects to the session bus, which screen readers
 	are on. The main thread sees to its fonts meanwhile.
-	To be called on the main thread as soon as the toolkit's application is made.
+	To be called on the main thread as soon as the QApplication is made.
 */
 void prepare_start();
-/*!	Waits for that thread, which must not outlive the toolkit's application. */
+/*!	Waits for that thread, which must not outlive the QApplication. */
 void end_start_preparation();
 
 

@@ -31,7 +31,7 @@ private:
 
 	QBasicTimer fTimer;
 	int fRestAfter;
-	// In milliseconds: what the toolkit goes back to, below 0 while carets blink.
+	// In milliseconds: what QStyleHints go back to, below 0 while carets blink.
 	int fBlinkTime;
 };
 

@@ -16,7 +16,7 @@
 #include <Window.h>
 
 
-// In UTF-16 units. What the toolkit allows by itself is less than what fits into a field of the
+// In UTF-16 units. What a QLineEdit allows by itself is less than what fits into a field of the
 // protocol.
 static const int kMaxLength = 1024 * 1024;
 

@@ -45,7 +45,7 @@ TextControlPeer::SetField(QWidget* field)
 void
 TextControlPeer::SetLabel(const char* label)
 {
-	fLabel->setText(text_from_bytes(label, MNEMONIC_TEXT));
+	fLabel->setText(text_from_bytes(label, kMnemonicText));
 	if (fField != NULL)
 		fField->setAccessibleName(text_from_bytes(label));
 	_PlaceLabel();

@@ -25,7 +25,7 @@ struct TextStyle {
 };
 
 
-/*!	What stands for a BTextView in the toolkit: a text of many lines, or the field of a text
+/*!	What stands for a BTextView: a text of many lines, or the field of a text
 	control. The latter has no styles, and does not scroll. Offsets and lengths are in bytes and lie
 	within the text. Main thread only.
 */

@@ -18,8 +18,8 @@
 
 
 /*!	Shows a text of many lines, to be read, selected and copied. It is a widget of its own because
-	the toolkit's documents take most of the time and of the memory that a line of a transcript
-	costs; laying out, shaping and drawing are the toolkit's.
+	QTextDocument takes most of the time and of the memory that a line of a transcript
+	costs; laying out, shaping and drawing are QTextLayout's.
 	A text that was scrolled to its end stays there when its size changes. Offsets are in bytes,
 	positions are the text's.
 */

@@ -95,22 +95,3 @@ LooperPrivate::_DeliverNext(const LooperRecordRef& record)
 	if (handler != NULL && handler->Looper() == looper)
 		looper->DispatchMessage(message.get(), handler);
 }
-
-
-// #pragma mark - LooperScope
-
-
-LooperScope::LooperScope(BLooper* looper)
-	: fRecord(LooperRegistry::Default()->Find(looper)),
-	  fIsEntered(fRecord != NULL && fRecord->Enter()),
-	  fMightServe(MainServer::Default()->_BeginHandler())
-{
-}
-
-
-LooperScope::~LooperScope()
-{
-	if (fIsEntered)
-		fRecord->Leave();
-	MainServer::Default()->_EndHandler(fMightServe);
-}

@@ -20,7 +20,6 @@
 
 #include <Bitmap.h>
 #include <BitmapPeer.h>
-#include <ClientScope.h>
 #include <FontConversion.h>
 #include <FontPreparation.h>
 #include <FrameScheduler.h>
@@ -29,6 +28,7 @@
 #include <StartPreparation.h>
 #include <String.h>
 #include <TranslationUtils.h>
+#include <WindowLife.h>
 
 
 // In milliseconds: how long a burst gathers before it is served.

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPaintEvent>
 
+#include <ClientScope.h>
 #include <ColorConversion.h>
 #include <FontConversion.h>
 #include <GeometryConversion.h>

@@ -8,10 +8,10 @@
 
 #include <QRect>
 
-#include <ClientScope.h>
 #include <FrameScheduler.h>
 #include <String.h>
 #include <Window.h>
+#include <WindowLife.h>
 
 
 class QKeyEvent;

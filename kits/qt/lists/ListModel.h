@@ -6,9 +6,7 @@
 #define LIST_MODEL_H
 
 
-#include <QAbstractItemDelegate>
 #include <QAbstractListModel>
-#include <QListView>
 
 #include <SupportDefs.h>
 
@@ -33,40 +31,6 @@ public:
 	void EndRemove() { endRemoveRows(); }
 	void BeginReset() { beginResetModel(); }
 	void EndReset() { endResetModel(); }
-
-private:
-	ListViewPeer* fPeer;
-};
-
-
-/*!	Has the rows draw themselves, and the list say what shows while the mouse rests over one. */
-class ListDelegate : public QAbstractItemDelegate {
-public:
-	explicit ListDelegate(ListViewPeer* peer);
-
-	void paint(QPainter* painter, const QStyleOptionViewItem& option,
-		const QModelIndex& index) const override;
-	bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-		const QModelIndex& index) override;
-	QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-
-private:
-	ListViewPeer* fPeer;
-};
-
-
-/*!	The widget of a list. */
-class ListWidget : public QListView {
-public:
-	explicit ListWidget(ListViewPeer* peer);
-
-protected:
-	bool event(QEvent* event) override;
-	void keyPressEvent(QKeyEvent* event) override;
-	void mouseDoubleClickEvent(QMouseEvent* event) override;
-	void resizeEvent(QResizeEvent* event) override;
-	void scrollContentsBy(int dx, int dy) override;
-	QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
 	ListViewPeer* fPeer;

@@ -14,7 +14,9 @@
 #include <ColorConversion.h>
 #include <GeometryConversion.h>
 #include <InterfaceDefs.h>
+#include <ListDelegate.h>
 #include <ListModel.h>
+#include <ListWidget.h>
 #include <TextConversion.h>
 #include <ToolTipPrivate.h>
 #include <WindowPeer.h>

@@ -8,21 +8,8 @@
 
 #include <QRect>
 
-#include <Font.h>
-#include <GraphicsDefs.h>
+#include <TextStyle.h>
 #include <ViewPeer.h>
-
-
-/*!	How a part of a text looks. */
-struct TextStyle {
-	BFont font;
-	rgb_color color;
-
-	bool operator==(const TextStyle& other) const
-	{
-		return font == other.font && color == other.color;
-	}
-};
 
 
 /*!	What stands for a BTextView: a text of many lines, or the field of a text

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 #include <LooperPrivate.h>
+#include <LooperScope.h>
 #include <LooperRegistry.h>
 #include <Messenger.h>
 #include <poll.h>

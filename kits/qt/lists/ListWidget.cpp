@@ -1,0 +1,94 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include <ListWidget.h>
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include <FocusBorder.h>
+#include <ListViewPeer.h>
+#include <Window.h>
+
+
+ListWidget::ListWidget(ListViewPeer* peer)
+	: fPeer(peer)
+{
+	setFrameShape(QFrame::NoFrame);
+	setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+	setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+	setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+	setEditTriggers(QAbstractItemView::NoEditTriggers);
+	setUniformItemSizes(true);
+}
+
+
+bool
+ListWidget::event(QEvent* event)
+{
+	const bool result = QListView::event(event);
+	show_focus_by_border(this, event);
+	return result;
+}
+
+
+/*!	Return invokes the selected rows, unless the window has a default button: then it is that one's.
+*/
+void
+ListWidget::keyPressEvent(QKeyEvent* event)
+{
+	if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+		// QListView makes the first row the current one when the list gets the focus. The arrows
+		// would go on from there, though the user sees no row selected.
+		const bool isSpace = event->key() == Qt::Key_Space;
+		if (!isSpace && !selectionModel()->hasSelection())
+			selectionModel()->clearCurrentIndex();
+		QListView::keyPressEvent(event);
+		return;
+	}
+	const BWindow* window = fPeer->View()->Window();
+	if (window != NULL && window->DefaultButton() != NULL) {
+		event->ignore();
+		return;
+	}
+	if (!event->isAutoRepeat())
+		fPeer->InvokeSelection();
+}
+
+
+/*!	Below the last row nothing is selected any more, and so nothing invoked. */
+void
+ListWidget::mouseDoubleClickEvent(QMouseEvent* event)
+{
+	QListView::mouseDoubleClickEvent(event);
+	if (event->button() == Qt::LeftButton)
+		fPeer->InvokeSelection();
+}
+
+
+void
+ListWidget::resizeEvent(QResizeEvent* event)
+{
+	QListView::resizeEvent(event);
+	fPeer->Resize();
+}
+
+
+/*!	Another row is under the mouse. */
+void
+ListWidget::scrollContentsBy(int dx, int dy)
+{
+	QListView::scrollContentsBy(dx, dy);
+	fPeer->Scrolled();
+}
+
+
+/*!	While no row is the current one, any key would go to the first. */
+QModelIndex
+ListWidget::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+	if (action == MoveEnd && !currentIndex().isValid())
+		return model()->index(model()->rowCount() - 1, 0);
+	return QListView::moveCursor(action, modifiers);
+}

@@ -16,11 +16,12 @@
 #include <Path.h>
 #include <ScrollView.h>
 #include <StringView.h>
-#include <TranslationUtils.h>
 
 #include "AppMessages.h"
 #include "ConnectionMark.h"
 #include "FileItem.h"
+#include "ListRows.h"
+#include "ProgramFolder.h"
 #include "ToolTipListView.h"
 
 
@@ -41,9 +42,9 @@ FileListWindow::FileListWindow(BRect frame, BLooper* target, const char* path,
 	  fPath(path),
 	  fAssetsPath(assetsPath),
 	  fConnection(connection),
-	  fFolderIcon(_LoadIcon("401.png")),
-	  fStuffItIcon(_LoadIcon("403.png")),
-	  fImageIcon(_LoadIcon("406.png"))
+	  fFolderIcon(load_picture(assetsPath, kFolderPicture)),
+	  fStuffItIcon(load_picture(assetsPath, kStuffItPicture)),
+	  fImageIcon(load_picture(assetsPath, kImagePicture))
 {
 	_InitButtons();
 	fFileList->SetInvocationMessage(new BMessage(kMsgFileInvoked));
@@ -67,7 +68,7 @@ FileListWindow::FileListWindow(BRect frame, BLooper* target, const char* path,
 
 FileListWindow::~FileListWindow()
 {
-	_RemoveAll();
+	delete_rows(fFileList);
 }
 
 
@@ -79,7 +80,7 @@ FileListWindow::MessageReceived(BMessage* message)
 			_HandleEntries(message);
 			break;
 		case kMsgFileClear:
-			_RemoveAll();
+			delete_rows(fFileList);
 			_UpdateCount();
 			break;
 		case kMsgFileInvoked:
@@ -117,13 +118,8 @@ FileListWindow::_InitButtons()
 {
 	fDownloadBtn->SetToolTip("Download");
 	fUploadBtn->SetToolTip("Upload");
-
-	const std::unique_ptr<BBitmap> download = _LoadIcon("210.png");
-	if (download != NULL)
-		fDownloadBtn->SetIcon(download.get(), 0);
-	const std::unique_ptr<BBitmap> upload = _LoadIcon("211.png");
-	if (upload != NULL)
-		fUploadBtn->SetIcon(upload.get(), 0);
+	show_picture(fDownloadBtn, fAssetsPath.String(), kDownloadPicture);
+	show_picture(fUploadBtn, fAssetsPath.String(), kUploadPicture);
 }
 
 
@@ -147,22 +143,11 @@ FileListWindow::_InitLayout()
 }
 
 
-std::unique_ptr<BBitmap>
-FileListWindow::_LoadIcon(const char* fileName) const
-{
-	if (fAssetsPath.IsEmpty())
-		return NULL;
-	BString path;
-	path << fAssetsPath << "/" << fileName;
-	return std::unique_ptr<BBitmap>(BTranslationUtils::GetBitmapFile(path.String()));
-}
-
-
 /*!	A listing replaces what was shown. */
 void
 FileListWindow::_HandleEntries(const BMessage* message)
 {
-	_RemoveAll();
+	delete_rows(fFileList);
 
 	const char* name;
 	for (int32 i = 0; message->FindString("name", i, &name) == B_OK; i++) {
@@ -177,7 +162,7 @@ FileListWindow::_HandleEntries(const BMessage* message)
 void
 FileListWindow::_HandleInvoked()
 {
-	const FileItem* item = _SelectedItem();
+	const FileItem* item = selected_row<FileItem>(fFileList);
 	if (item == NULL)
 		return;
 	if (!item->IsFolder()) {
@@ -198,7 +183,7 @@ FileListWindow::_HandleInvoked()
 void
 FileListWindow::_HandleDownload()
 {
-	const FileItem* item = _SelectedItem();
+	const FileItem* item = selected_row<FileItem>(fFileList);
 	if (item != NULL && !item->IsFolder())
 		_RequestDownload(item);
 }
@@ -229,14 +214,6 @@ FileListWindow::_HandleUploadChosen(const BMessage* message)
 }
 
 
-/*!	\return \c NULL without a selection. */
-FileItem*
-FileListWindow::_SelectedItem() const
-{
-	return dynamic_cast<FileItem*>(fFileList->ItemAt(fFileList->CurrentSelection()));
-}
-
-
 void
 FileListWindow::_RequestDownload(const FileItem* item)
 {
@@ -252,14 +229,6 @@ FileListWindow::_PostRequest(BMessage* request)
 {
 	AddConnection(request, fConnection);
 	fTarget->PostMessage(request);
-}
-
-
-void
-FileListWindow::_RemoveAll()
-{
-	for (int32 i = fFileList->CountItems() - 1; i >= 0; i--)
-		delete fFileList->RemoveItem(i);
 }
 
 

@@ -41,15 +41,12 @@ public:
 private:
 	void _InitButtons();
 	void _InitLayout();
-	std::unique_ptr<BBitmap> _LoadIcon(const char* fileName) const;
 	void _HandleEntries(const BMessage* message);
 	void _HandleInvoked();
 	void _HandleDownload();
 	void _HandleUploadChosen(const BMessage* message);
-	FileItem* _SelectedItem() const;
 	void _RequestDownload(const FileItem* item);
 	void _PostRequest(BMessage* request);
-	void _RemoveAll();
 	void _UpdateCount();
 
 	BListView* fFileList;

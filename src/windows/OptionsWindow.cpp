@@ -13,7 +13,6 @@
 #include <Entry.h>
 #include <Font.h>
 #include <LayoutBuilder.h>
-#include <ListView.h>
 #include <Looper.h>
 #include <Message.h>
 #include <Path.h>
@@ -26,6 +25,7 @@
 
 #include "AppMessages.h"
 #include "IconItem.h"
+#include "ListRows.h"
 
 
 static const float kLabelSpacing = 8.0f;
@@ -86,8 +86,7 @@ OptionsWindow::OptionsWindow(BRect frame, BLooper* target, const char* nick, uin
 
 OptionsWindow::~OptionsWindow()
 {
-	for (int32 i = fIconList->CountItems() - 1; i >= 0; i--)
-		delete fIconList->RemoveItem(i);
+	delete_rows(fIconList);
 }
 
 
@@ -193,7 +192,8 @@ OptionsWindow::_ScrollToSelected()
 {
 	const int32 count = fIconList->CountItems();
 	for (int32 i = 0; i < count; i++) {
-		if (static_cast<IconItem*>(fIconList->ItemAt(i))->IconID() == fSelectedIcon) {
+		const IconItem* icon = row_cast<IconItem>(fIconList->ItemAt(i));
+		if (icon != NULL && icon->IconID() == fSelectedIcon) {
 			fIconList->Select(i);
 			fIconList->ScrollToSelection();
 			return;
@@ -215,10 +215,10 @@ OptionsWindow::_UpdateIconLabel()
 void
 OptionsWindow::_HandleIconSelected()
 {
-	const BListItem* item = fIconList->ItemAt(fIconList->CurrentSelection());
-	if (item == NULL)
+	const IconItem* icon = selected_row<IconItem>(fIconList);
+	if (icon == NULL)
 		return;
-	fSelectedIcon = static_cast<const IconItem*>(item)->IconID();
+	fSelectedIcon = icon->IconID();
 	_UpdateIconLabel();
 }
 

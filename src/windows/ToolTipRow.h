@@ -14,7 +14,7 @@ class BString;
 */
 class ToolTipRow {
 public:
-	virtual ~ToolTipRow();
+	virtual ~ToolTipRow() = default;
 
 	// The whole of each text that has no room, in lines; empty if all have. The width is that of
 	// the frame that is drawn in.

@@ -4,8 +4,6 @@
  */
 #include "TrackerWindow.h"
 
-#include <typeinfo>
-
 #include <Button.h>
 #include <Font.h>
 #include <LayoutBuilder.h>
@@ -16,6 +14,7 @@
 
 #include "AppMessages.h"
 #include "HotlineProtocol.h"
+#include "ListRows.h"
 #include "ServerItem.h"
 #include "ToolTipListView.h"
 #include "TrackerFetch.h"
@@ -53,7 +52,7 @@ TrackerWindow::~TrackerWindow()
 		status_t result;
 		wait_for_thread(fFetchThread, &result);
 	}
-	_RemoveAll();
+	delete_rows(fServerList);
 }
 
 
@@ -168,7 +167,7 @@ TrackerWindow::_ShowError(const char* error)
 void
 TrackerWindow::_HandleRefresh()
 {
-	_RemoveAll();
+	delete_rows(fServerList);
 	fStatusLabel->SetText("Loading…");
 	if (fFetchThread < 0) {
 		fRunning = true;
@@ -180,25 +179,16 @@ TrackerWindow::_HandleRefresh()
 void
 TrackerWindow::_HandleInvoke()
 {
-	BListItem* item = fServerList->ItemAt(fServerList->CurrentSelection());
-	if (item == NULL || typeid(*item) != typeid(ServerItem))
+	const ServerItem* server = selected_row<ServerItem>(fServerList);
+	if (server == NULL)
 		return;
 
-	const ServerItem* server = static_cast<ServerItem*>(item);
 	BMessage request(kMsgConnectServer);
 	request.AddString("address", server->Address());
 	request.AddInt16("port", static_cast<int16>(server->Port()));
 	request.AddString("login", "");
 	request.AddString("password", "");
 	fTarget->PostMessage(&request);
-}
-
-
-void
-TrackerWindow::_RemoveAll()
-{
-	for (int32 i = fServerList->CountItems() - 1; i >= 0; i--)
-		delete fServerList->RemoveItem(i);
 }
 
 

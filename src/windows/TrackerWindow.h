@@ -43,7 +43,6 @@ private:
 	void _ShowError(const char* error);
 	void _HandleRefresh();
 	void _HandleInvoke();
-	void _RemoveAll();
 
 	// The fetch thread's.
 	static status_t _FetchThreadEntry(void* data);

@@ -5,35 +5,21 @@
 #include "UserListWindow.h"
 
 #include <cstring>
-#include <typeinfo>
 
-#include <Application.h>
 #include <Bitmap.h>
-#include <Entry.h>
 #include <Font.h>
 #include <LayoutBuilder.h>
 #include <Looper.h>
 #include <Message.h>
-#include <Path.h>
-#include <Roster.h>
 #include <ScrollView.h>
 #include <StringView.h>
-#include <TranslationUtils.h>
 
 #include "AppMessages.h"
 #include "ConnectionMark.h"
+#include "ListRows.h"
+#include "ProgramFolder.h"
 #include "ToolTipListView.h"
 #include "UserItem.h"
-
-
-/*!	\return Whether the item is a user's row.
-	Comparing exact types instead of asking for a cast keeps the walk over some thousand rows short.
-*/
-static bool
-is_user(const BListItem* item)
-{
-	return typeid(*item) == typeid(UserItem);
-}
 
 
 UserListWindow::UserListWindow(BRect frame, BLooper* target)
@@ -45,10 +31,9 @@ UserListWindow::UserListWindow(BRect frame, BLooper* target)
 	  fTarget(target),
 	  fConnection(0),
 	  fIconCache(),
-	  fIconCacheCount(0)
+	  fIconCacheCount(0),
+	  fAssetsDir(ProgramFolder().AssetsPath())
 {
-	_FindAssets();
-
 	fUserList->SetInvocationMessage(new BMessage(kMsgUserInvoked));
 	fUserList->SetTarget(this);
 	fCountLabel->SetFont(be_bold_font, B_FONT_ALL);
@@ -67,7 +52,7 @@ UserListWindow::UserListWindow(BRect frame, BLooper* target)
 
 UserListWindow::~UserListWindow()
 {
-	_RemoveAll();
+	delete_rows(fUserList);
 }
 
 
@@ -82,7 +67,7 @@ UserListWindow::MessageReceived(BMessage* message)
 			_HandleRemove(message);
 			break;
 		case kMsgRemoveAll:
-			_RemoveAll();
+			delete_rows(fUserList);
 			_UpdateTitle();
 			break;
 		case kMsgUserInvoked:
@@ -116,28 +101,14 @@ UserListWindow::IconForID(uint16 id)
 	}
 
 	if (fIconCacheCount == kMaxCachedIcons) {
-		fUncachedIcon.reset(_LoadIcon(id));
+		fUncachedIcon = _LoadIcon(id);
 		return fUncachedIcon.get();
 	}
 
 	IconEntry& entry = fIconCache[fIconCacheCount++];
 	entry.id = id;
-	entry.bitmap.reset(_LoadIcon(id));
+	entry.bitmap = _LoadIcon(id);
 	return entry.bitmap.get();
-}
-
-
-/*!	The pictures lie in the folder "assets" beside the program. */
-void
-UserListWindow::_FindAssets()
-{
-	app_info info;
-	if (be_app->GetAppInfo(&info) != B_OK)
-		return;
-
-	BPath path(&info.ref);
-	if (path.GetParent(&path) == B_OK && path.Append("assets") == B_OK)
-		fAssetsDir = path.Path();
 }
 
 
@@ -179,10 +150,9 @@ UserListWindow::_HandleRemove(const BMessage* message)
 void
 UserListWindow::_HandleInvoked()
 {
-	const BListItem* item = fUserList->ItemAt(fUserList->CurrentSelection());
-	if (item == NULL || !is_user(item))
+	const UserItem* user = selected_row<UserItem>(fUserList);
+	if (user == NULL)
 		return;
-	const UserItem* user = static_cast<const UserItem*>(item);
 
 	BMessage request(kMsgOpenPM);
 	request.AddUInt16("socket", user->Socket());
@@ -192,23 +162,10 @@ UserListWindow::_HandleInvoked()
 }
 
 
-void
-UserListWindow::_RemoveAll()
-{
-	for (int32 i = fUserList->CountItems() - 1; i >= 0; i--)
-		delete fUserList->RemoveItem(i);
-}
-
-
-/*!	\return A new picture for the caller, \c NULL if there is none that can be read. */
-BBitmap*
+std::unique_ptr<BBitmap>
 UserListWindow::_LoadIcon(uint16 id) const
 {
-	if (fAssetsDir.IsEmpty())
-		return NULL;
-	BString path;
-	path.SetToFormat("%s/%u.png", fAssetsDir.String(), id);
-	return BTranslationUtils::GetBitmapFile(path.String());
+	return load_picture(fAssetsDir.String(), id);
 }
 
 
@@ -219,7 +176,8 @@ UserListWindow::_FindUser(uint16 socket, int32* _index) const
 	const int32 count = fUserList->CountItems();
 	const BListItem** items = fUserList->Items();
 	for (int32 i = 0; i < count; i++) {
-		if (is_user(items[i]) && static_cast<const UserItem*>(items[i])->Socket() == socket) {
+		const UserItem* user = row_cast<UserItem>(items[i]);
+		if (user != NULL && user->Socket() == socket) {
 			*_index = i;
 			return static_cast<UserItem*>(fUserList->ItemAt(i));
 		}

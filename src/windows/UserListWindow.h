@@ -42,12 +42,10 @@ private:
 
 	static const int32 kMaxCachedIcons = 256;
 
-	void _FindAssets();
 	void _HandleAdd(const BMessage* message);
 	void _HandleRemove(const BMessage* message);
 	void _HandleInvoked();
-	void _RemoveAll();
-	BBitmap* _LoadIcon(uint16 id) const;
+	std::unique_ptr<BBitmap> _LoadIcon(uint16 id) const;
 	UserItem* _FindUser(uint16 socket, int32* _index) const;
 	void _UpdateTitle();
 

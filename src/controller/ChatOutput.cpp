@@ -1,0 +1,80 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "ChatOutput.h"
+
+#include <Looper.h>
+#include <Message.h>
+#include <String.h>
+
+#include "AppMessages.h"
+#include "ChatColors.h"
+#include "ConnectionMark.h"
+
+
+ChatOutput::ChatOutput(BLooper* chatWindow)
+	: fChatWindow(chatWindow)
+{
+}
+
+
+void
+ChatOutput::Append(const char* text, rgb_color color)
+{
+	const uint32 packed = static_cast<uint32>(color.red) << 24
+		| static_cast<uint32>(color.green) << 16 | static_cast<uint32>(color.blue) << 8
+		| color.alpha;
+	BMessage message(kMsgAppendChat);
+	message.AddString("text", text);
+	message.AddInt32("color", static_cast<int32>(packed));
+	fChatWindow->PostMessage(&message);
+}
+
+
+/*!	Appends a line of the program's own. */
+void
+ChatOutput::Announce(const char* what, const char* detail, rgb_color color)
+{
+	BString line;
+	line << "*** " << what << ": " << detail << " ***\n";
+	Append(line.String(), color);
+}
+
+
+/*!	\param connection The number of the connection that what is typed from now on is meant for. */
+void
+ChatOutput::Enable(bool enabled, uint32 connection)
+{
+	BMessage message(kMsgEnableChat);
+	message.AddBool("enabled", enabled);
+	AddConnection(&message, connection);
+	fChatWindow->PostMessage(&message);
+}
+
+
+void
+ChatOutput::ShowChat(const BMessage* message)
+{
+	BString line(message->GetString("text", ""));
+	line << "\n";
+	Append(line.String(), kChatColor);
+}
+
+
+void
+ChatOutput::ShowBroadcast(const BMessage* message)
+{
+	BString line;
+	line << "\n*** Broadcast: " << message->GetString("text", "") << " ***\n";
+	Append(line.String(), kBroadcastColor);
+}
+
+
+void
+ChatOutput::ShowServerMessage(const BMessage* message)
+{
+	BString line;
+	line << "\n*** Server message ***\n" << message->GetString("text", "") << "\n";
+	Append(line.String(), kServerMessageColor);
+}

@@ -1,0 +1,36 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef CHAT_OUTPUT_H
+#define CHAT_OUTPUT_H
+
+
+#include <GraphicsDefs.h>
+
+
+class BLooper;
+class BMessage;
+
+
+/*!	What the controller says in the chat window, which shows nothing else. Lives in the main window's
+	thread; borrows the chat window.
+*/
+class ChatOutput {
+public:
+	explicit ChatOutput(BLooper* chatWindow);
+
+	void Append(const char* text, rgb_color color);
+	void Announce(const char* what, const char* detail, rgb_color color);
+	void Enable(bool enabled, uint32 connection);
+
+	void ShowChat(const BMessage* message);
+	void ShowBroadcast(const BMessage* message);
+	void ShowServerMessage(const BMessage* message);
+
+private:
+	BLooper* fChatWindow;
+};
+
+
+#endif // CHAT_OUTPUT_H

@@ -1,0 +1,63 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#ifndef PROGRAM_FOLDER_H
+#define PROGRAM_FOLDER_H
+
+
+#include <memory>
+
+#include <String.h>
+#include <SupportDefs.h>
+
+
+class BBitmap;
+class BButton;
+
+
+/*!	The pictures of the assets folder that the program itself shows, by their numbers. Those of users
+	lie there, too, under any other number.
+*/
+enum Picture : uint16 {
+	kDownloadPicture = 210,
+	kUploadPicture = 211,
+	kFilesPicture = 235,
+	kChatPicture = 238,
+	kUsersPicture = 242,
+	kFolderPicture = 401,
+	kStuffItPicture = 403,
+	kImagePicture = 406,
+	kDisconnectPicture = 412,
+	kOptionsPicture = 419,
+	kTrackerPicture = 431,
+	kConnectPicture = 2000
+};
+
+
+std::unique_ptr<BBitmap> load_picture(const char* assetsPath, uint16 number);
+void show_picture(BButton* button, const char* assetsPath, Picture picture);
+
+
+/*!	The folder that the program itself lies in, and beside it the pictures and the downloads. Looked
+	up once, in whatever thread makes it, and then the same from all. Every path is empty where the
+	folder is unknown.
+*/
+class ProgramFolder {
+public:
+	ProgramFolder();
+
+	const char* AppRootPath() const { return fAppRootPath.String(); }
+	const char* AssetsPath() const { return fAssetsPath.String(); }
+	const char* DownloadsPath() const { return fDownloadsPath.String(); }
+
+	void CreateDownloads() const;
+
+private:
+	BString fAppRootPath;
+	BString fAssetsPath;
+	BString fDownloadsPath;
+};
+
+
+#endif // PROGRAM_FOLDER_H

@@ -28,8 +28,7 @@ new_button(const char* name, const char* label, uint32 what, const char* assetsP
 
 /*!	\param assetsPath Where the pictures of the buttons are, empty for nowhere. */
 ConnectionBar::ConnectionBar(const char* assetsPath)
-	: fConnectBtn(
-		new_button("connect", "Connect", kMsgToolConnect, assetsPath, kConnectPicture)),
+	: fConnectBtn(new_button("connect", "Connect", kMsgToolConnect, assetsPath, kConnectPicture)),
 	  fDisconnectBtn(new_button("disconnect", "Disconnect", kMsgToolDisconnect, assetsPath,
 		  kDisconnectPicture)),
 	  fChatBtn(new_button("chat", "Chat", kMsgToolChat, assetsPath, kChatPicture)),

@@ -5,31 +5,46 @@
 #include "MainWindow.h"
 
 #include <Application.h>
-#include <Button.h>
-#include <Directory.h>
-#include <Entry.h>
+#include <LayoutBuilder.h>
+#include <Menu.h>
+#include <MenuBar.h>
+#include <MenuItem.h>
 #include <Message.h>
-#include <Path.h>
-#include <Roster.h>
-#include <StringView.h>
 
+#include "AboutWindow.h"
+#include "AgreementWindow.h"
 #include "AppMessages.h"
 #include "BannerView.h"
+#include "ChatColors.h"
 #include "ChatWindow.h"
 #include "ConnectionMark.h"
+#include "ConnectWindow.h"
 #include "HotlineClient.h"
+#include "MessageWindow.h"
+#include "OptionsWindow.h"
+#include "TrackerWindow.h"
 #include "UserListWindow.h"
 
 
-static const uint16 kDefaultIcon = 137;
-static const char* const kDefaultTracker = "hltracker.com";
-static const int32 kWindowBlockSize = 20;
-
 const char* const MainWindow::kTitle = "Palimbra";
-const char* const MainWindow::kDefaultNickname = "HaikuUser";
 
 
-/*!	Quits a window that may be gone already. */
+static BMenuItem*
+new_item(const char* label, uint32 what, char shortcut = 0)
+{
+	return new BMenuItem(label, new BMessage(what), shortcut);
+}
+
+
+/*!	Shows a window that nobody will ask for any more: it closes itself. */
+static void
+open_window(BWindow* window)
+{
+	window->Show();
+}
+
+
+/*!	Quits a window that refuses to when it is asked to. */
 static void
 quit_window(BWindow* window)
 {
@@ -41,34 +56,24 @@ quit_window(BWindow* window)
 MainWindow::MainWindow()
 	: BWindow(BRect(100, 60, 700, 140), kTitle, B_TITLED_WINDOW,
 		B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS),
-	  fChatWindow(NULL),
-	  fUserListWindow(NULL),
-	  fFileWindows(kWindowBlockSize),
-	  fMsgWindows(kWindowBlockSize),
-	  fMenuBar(NULL),
-	  fConnectBtn(NULL),
-	  fDisconnectBtn(NULL),
-	  fChatBtn(NULL),
-	  fUsersBtn(NULL),
-	  fFilesBtn(NULL),
-	  fTrackerBtn(NULL),
-	  fOptionsBtn(NULL),
-	  fStatusView(NULL),
-	  fBannerView(NULL),
-	  fNickname(kDefaultNickname),
-	  fIconID(kDefaultIcon),
-	  fTrackerAddress(kDefaultTracker)
+	  fChatWindow(new ChatWindow(BRect(100, 180, 650, 550), this)),
+	  fUserListWindow(new UserListWindow(BRect(660, 180, 880, 550), this)),
+	  fChat(fChatWindow),
+	  fRequests(fClient, &fChat),
+	  fConversations(this),
+	  fFolders(this, fFolder.AssetsPath()),
+	  fTransfers(this, &fChat, fFolder.DownloadsPath()),
+	  fMenuBar(new BMenuBar("menubar", B_ITEMS_IN_ROW, B_WILL_DRAW | B_FRAME_EVENTS)),
+	  fBanner(this),
+	  fBar(fFolder.AssetsPath())
 {
-	_FindFolders();
+	fFolder.CreateDownloads();
 	_InitMenu();
 	_InitToolbar();
-	_EnableButtons(false);
 
 	// Both start out of sight and are only ever revealed.
-	fChatWindow = new ChatWindow(BRect(100, 180, 650, 550), this);
 	fChatWindow->Show();
 	fChatWindow->Minimize(true);
-	fUserListWindow = new UserListWindow(BRect(660, 180, 880, 550), this);
 	fUserListWindow->Show();
 	fUserListWindow->Minimize(true);
 }
@@ -78,13 +83,10 @@ MainWindow::~MainWindow()
 {
 	fClient.reset();
 
-	// They refuse to quit when they are asked to.
 	quit_window(fChatWindow);
 	quit_window(fUserListWindow);
-	for (BList* windows : {&fFileWindows, &fMsgWindows}) {
-		for (int32 i = windows->CountItems() - 1; i >= 0; i--)
-			quit_window(static_cast<BWindow*>(windows->ItemAt(i)));
-	}
+	fFolders.QuitAll();
+	fConversations.QuitAll();
 }
 
 
@@ -107,6 +109,38 @@ MainWindow::QuitRequested()
 		fClient->Disconnect();
 	be_app->PostMessage(B_QUIT_REQUESTED);
 	return true;
+}
+
+
+void
+MainWindow::_InitMenu()
+{
+	BMenu* server = new BMenu("Server");
+	server->AddItem(new_item("Connect…", kMsgToolConnect, 'K'));
+	server->AddItem(new_item("Disconnect", kMsgToolDisconnect, 'D'));
+	server->AddSeparatorItem();
+	server->AddItem(new_item("Options…", kMsgToolOptions));
+	server->AddItem(new_item("About Palimbra", kMsgToolAbout));
+	server->AddSeparatorItem();
+	server->AddItem(new_item("Quit", B_QUIT_REQUESTED, 'Q'));
+	fMenuBar->AddItem(server);
+
+	BMenu* windows = new BMenu("Windows");
+	windows->AddItem(new_item("Chat", kMsgToolChat, '1'));
+	windows->AddItem(new_item("Users", kMsgToolUsers, '2'));
+	windows->AddItem(new_item("Files", kMsgToolFiles, '3'));
+	windows->AddItem(new_item("Tracker", kMsgToolTracker, 'T'));
+	fMenuBar->AddItem(windows);
+}
+
+
+/*!	Lays the window out, with the toolbar below the menus and the banner. */
+void
+MainWindow::_InitToolbar()
+{
+	BLayoutBuilder::Group<> layout(this, B_VERTICAL, 0);
+	layout.Add(fMenuBar).Add(fBanner.View());
+	fBar.AddTo(&layout);
 }
 
 
@@ -134,13 +168,13 @@ MainWindow::_DispatchNotification(const BMessage* message)
 			_HandleServerInfo(message);
 			return true;
 		case kHLChatReceived:
-			_HandleChatReceived(message);
+			fChat.ShowChat(message);
 			return true;
 		case kHLBroadcast:
-			_HandleBroadcast(message);
+			fChat.ShowBroadcast(message);
 			return true;
 		case kHLTaskError:
-			_HandleTaskError(message);
+			fChat.Announce("Error", message->GetString("error", "Unknown error"), kFailureColor);
 			return true;
 		case kHLPoliteQuit:
 			_HandlePoliteQuit();
@@ -153,13 +187,14 @@ MainWindow::_DispatchNotification(const BMessage* message)
 			_HandleUserLeft(message);
 			return true;
 		case kHLAgreement:
-			_HandleAgreement(message);
+			open_window(new AgreementWindow(BRect(150, 150, 600, 500), this,
+				message->GetString("text"), _CurrentConnection()));
 			return true;
 		case kHLMsgReceived:
 			_HandleMessageReceived(message);
 			return true;
 		case kHLFileListReceived:
-			_HandleFileList(message);
+			fFolders.PassOn(message);
 			return true;
 		default:
 			return false;
@@ -173,7 +208,7 @@ MainWindow::_DispatchCommand(const BMessage* message)
 {
 	switch (message->what) {
 		case kMsgToolConnect:
-			_HandleToolConnect();
+			open_window(new ConnectWindow(BRect(200, 200, 550, 420), this));
 			return true;
 		case kMsgToolDisconnect:
 			_HandleToolDisconnect();
@@ -182,19 +217,22 @@ MainWindow::_DispatchCommand(const BMessage* message)
 			_RevealChat();
 			return true;
 		case kMsgToolUsers:
-			_HandleToolUsers();
+			_RevealUsers();
+			fRequests.ListUsers();
 			return true;
 		case kMsgToolFiles:
 			_OpenFileList(NULL);
 			return true;
 		case kMsgToolTracker:
-			_HandleToolTracker();
+			open_window(
+				new TrackerWindow(BRect(150, 100, 650, 450), this, fSettings.TrackerAddress()));
 			return true;
 		case kMsgToolOptions:
-			_HandleToolOptions();
+			open_window(new OptionsWindow(BRect(200, 150, 520, 550), this, fSettings.Nickname(),
+				fSettings.IconID(), fSettings.TrackerAddress(), fFolder.AssetsPath()));
 			return true;
 		case kMsgToolAbout:
-			_HandleToolAbout();
+			open_window(new AboutWindow(fFolder.AppRootPath()));
 			return true;
 		default:
 			return false;
@@ -211,7 +249,7 @@ MainWindow::_DispatchRequest(const BMessage* message)
 			_Connect(message);
 			return true;
 		case kMsgSendChat:
-			_HandleSendChat(message);
+			fRequests.SendChat(message);
 			return true;
 		case kMsgAcceptAgreement:
 			_HandleAcceptAgreement();
@@ -223,25 +261,27 @@ MainWindow::_DispatchRequest(const BMessage* message)
 			_HandleOpenMessages(message);
 			return true;
 		case kMsgPMSend:
-			_HandleSendMessage(message);
+			fRequests.SendPrivateMessage(message);
 			return true;
 		case kMsgPMWinClosed:
-			_HandleMessageWindowClosed(message);
+			fConversations.Forget(message);
 			return true;
 		case kMsgOpenFolder:
-			_HandleOpenFolder(message);
+			if (message->GetString("path", "")[0] != '\0')
+				_OpenFileList(message->GetString("path"));
 			return true;
 		case kMsgFileWinClosed:
-			_HandleFileWindowClosed(message);
+			fFolders.Forget(message);
 			return true;
 		case kMsgDownloadFile:
-			_HandleDownloadFile(message);
+			fRequests.Download(message);
 			return true;
 		case kMsgUploadFile:
-			_HandleUploadFile(message);
+			fRequests.Upload(message);
 			return true;
 		case kMsgOptionsSave:
-			_HandleOptionsSave(message);
+			if (fSettings.Apply(message))
+				fRequests.ChangeUser(fSettings);
 			return true;
 		default:
 			return false;
@@ -255,22 +295,22 @@ MainWindow::_DispatchTransfer(const BMessage* message)
 {
 	switch (message->what) {
 		case kHLDownloadReady:
-			_HandleDownloadReady(message);
+			fTransfers.StartDownload(message);
 			return true;
 		case kHLUploadReady:
-			_HandleUploadReady(message);
+			fTransfers.StartUpload(message);
 			return true;
 		case kHLBannerReady:
-			_HandleBannerReady(message);
+			fBanner.Fetch(message, _CurrentConnection());
 			return true;
 		case kMsgDownloadDone:
-			_ReportTransfer("Download", message);
+			fTransfers.Report("Download", message);
 			return true;
 		case kMsgUploadDone:
-			_ReportTransfer("Upload", message);
+			fTransfers.Report("Upload", message);
 			return true;
 		case kMsgBannerData:
-			_HandleBannerData(message);
+			fBanner.Show(message, fRequests.IsConnected());
 			return true;
 		default:
 			return false;
@@ -278,29 +318,48 @@ MainWindow::_DispatchTransfer(const BMessage* message)
 }
 
 
-// #pragma mark - What the user sees
+// #pragma mark - Windows
 
 
-void
-MainWindow::_ChatAppend(const char* text, rgb_color color)
+/*!	Brings the conversation with a user to the front, a new one if there is none. */
+MessageWindow*
+MainWindow::_FindOrCreatePM(uint16 socket, const char* nick)
 {
-	const uint32 packed = static_cast<uint32>(color.red) << 24
-		| static_cast<uint32>(color.green) << 16 | static_cast<uint32>(color.blue) << 8
-		| color.alpha;
-	BMessage message(kMsgAppendChat);
-	message.AddString("text", text);
-	message.AddInt32("color", static_cast<int32>(packed));
-	fChatWindow->PostMessage(&message);
+	return fConversations.FindOrCreate(socket, nick, _CurrentConnection());
+}
+
+
+/*!	Who has no id is the server itself, and speaks in the chat. */
+void
+MainWindow::_HandleMessageReceived(const BMessage* message)
+{
+	if (message->GetUInt16("socket", 0) != 0)
+		fConversations.Receive(message, _CurrentConnection());
+	else
+		fChat.ShowServerMessage(message);
 }
 
 
 void
-MainWindow::_ChatEnable(bool enabled)
+MainWindow::_HandleOpenMessages(const BMessage* message)
 {
-	BMessage message(kMsgEnableChat);
-	message.AddBool("enabled", enabled);
-	AddConnection(&message, _CurrentConnection());
-	fChatWindow->PostMessage(&message);
+	const uint16 socket = message->GetUInt16("socket", 0);
+	if (socket == 0)
+		return;
+	BWindow* window = _FindOrCreatePM(socket, message->GetString("nick", "???"));
+	if (window->Lock()) {
+		window->Activate(true);
+		window->Unlock();
+	}
+}
+
+
+/*!	\param path Of the folder on the server; \c NULL for the root. */
+void
+MainWindow::_OpenFileList(const char* path)
+{
+	fFolders.Open(path, _CurrentConnection());
+	fRequests.ListFolder(path);
 }
 
 
@@ -320,60 +379,31 @@ MainWindow::_RevealUsers()
 }
 
 
+/*!	For the list, joining and changing are the same. */
+void
+MainWindow::_HandleUserChanged(const BMessage* message)
+{
+	BMessage change(kMsgAddUser);
+	change.AddUInt16("socket", message->GetUInt16("socket", 0));
+	change.AddUInt16("icon", message->GetUInt16("icon", 0));
+	change.AddUInt16("color", message->GetUInt16("color", 0));
+	change.AddString("nick", message->GetString("nick", "???"));
+	AddConnection(&change, _CurrentConnection());
+	fUserListWindow->PostMessage(&change);
+}
+
+
+void
+MainWindow::_HandleUserLeft(const BMessage* message)
+{
+	BMessage change(kMsgRemoveUser);
+	change.AddUInt16("socket", message->GetUInt16("socket", 0));
+	fUserListWindow->PostMessage(&change);
+}
+
+
 void
 MainWindow::_UsersClear()
 {
 	fUserListWindow->PostMessage(kMsgRemoveAll);
-}
-
-
-void
-MainWindow::_ClearBanner()
-{
-	fBannerView->SetBitmap(NULL);
-	fBannerView->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, 0));
-	InvalidateLayout();
-}
-
-
-/*!	The buttons that follow the connection. The others and the menu items are always enabled. */
-void
-MainWindow::_EnableButtons(bool loggedIn)
-{
-	fConnectBtn->SetEnabled(!loggedIn);
-	fDisconnectBtn->SetEnabled(loggedIn);
-	fChatBtn->SetEnabled(loggedIn);
-	fUsersBtn->SetEnabled(loggedIn);
-	fFilesBtn->SetEnabled(loggedIn);
-}
-
-
-/*!	\param name The server's name, empty if it has not told one. */
-void
-MainWindow::_SetStatusToServer(const char* name)
-{
-	BString text("Connected");
-	if (name[0] != '\0')
-		text << " to " << name;
-	fStatusView->SetText(text.String());
-}
-
-
-/*!	Finds the program's own folder, and beside the program the pictures and the downloads. */
-void
-MainWindow::_FindFolders()
-{
-	app_info info;
-	if (be_app->GetAppInfo(&info) != B_OK)
-		return;
-
-	BPath root(&info.ref);
-	if (root.GetParent(&root) != B_OK)
-		return;
-	fAppRootPath = root.Path();
-	fAssetsPath = BPath(root.Path(), "assets").Path();
-	fDownloadsPath = BPath(root.Path(), "Downloads").Path();
-
-	// An error means that the folder exists already, or that the program may not write here.
-	BDirectory().CreateDirectory(fDownloadsPath.String(), NULL);
 }

@@ -2,20 +2,15 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include <Button.h>
+#include "MainWindow.h"
+
 #include <Message.h>
 #include <OS.h>
-#include <StringView.h>
+#include <String.h>
 
-#include "AgreementWindow.h"
-#include "AppMessages.h"
 #include "ChatColors.h"
-#include "ConnectionMark.h"
-#include "ConnectWindow.h"
 #include "HotlineClient.h"
 #include "HotlineProtocol.h"
-#include "MainWindow.h"
-#include "UserListWindow.h"
 
 
 static const bigtime_t kCleanupDelay = 200000;
@@ -34,6 +29,22 @@ delete_client(void* data)
 }
 
 
+/*!	Disconnects a client and leaves its end to a thread. */
+static void
+release_client(std::unique_ptr<HotlineClient> client)
+{
+	client->Disconnect();
+	const thread_id cleanup = spawn_thread(delete_client, "HL:Cleanup", B_LOW_PRIORITY,
+		client.get());
+	if (cleanup < 0)
+		return;
+
+	// The client is the thread's from here on.
+	static_cast<void>(client.release());
+	resume_thread(cleanup);
+}
+
+
 // #pragma mark - The connection's events
 
 
@@ -41,7 +52,7 @@ void
 MainWindow::_HandleConnected()
 {
 	_ChatAppend("*** Connected — logging in ***\n", kSuccessColor);
-	fStatusView->SetText("Connected — logging in…");
+	fBar.ShowLoggingIn();
 }
 
 
@@ -49,14 +60,10 @@ MainWindow::_HandleConnected()
 void
 MainWindow::_HandleConnectFailed(const BMessage* message)
 {
-	BString line;
-	line.SetToFormat("*** Connection failed: %s ***\n",
-		message->GetString("error", "Unknown error"));
-	_ChatAppend(line.String(), kFailureColor);
-	fConnectBtn->SetEnabled(true);
-	fDisconnectBtn->SetEnabled(false);
+	fChat.Announce("Connection failed", message->GetString("error", "Unknown error"),
+		kFailureColor);
+	fBar.ShowFailed();
 	_ChatEnable(false);
-	fStatusView->SetText("Connection failed");
 }
 
 
@@ -64,14 +71,13 @@ MainWindow::_HandleConnectFailed(const BMessage* message)
 void
 MainWindow::_HandleLoggedIn()
 {
-	_EnableButtons(true);
 	_ChatEnable(true);
 	_RevealChat();
 	_RevealUsers();
 	if (fClient != NULL)
 		fClient->RequestUserList();
 	_ChatAppend("*** Logged in ***\n", kSuccessColor);
-	_SetStatusToServer(fClient != NULL ? fClient->ServerName() : "");
+	fBar.ShowLoggedIn(fClient != NULL ? fClient->ServerName() : "");
 }
 
 
@@ -82,9 +88,8 @@ MainWindow::_HandleConnectionLost()
 	_ChatAppend("\n*** Connection lost ***\n", kFailureColor);
 	_ChatEnable(false);
 	_UsersClear();
-	_EnableButtons(false);
-	fStatusView->SetText("Disconnected");
-	_ClearBanner();
+	fBar.ShowLost();
+	fBanner.Clear();
 }
 
 
@@ -99,36 +104,9 @@ MainWindow::_HandleServerInfo(const BMessage* message)
 	text.SetToFormat("*** Server: %s (v%u) ***\n", name,
 		static_cast<unsigned int>(message->GetUInt16("version", 0)));
 	_ChatAppend(text.String(), kServerColor);
-	_SetStatusToServer(name);
+	fBar.ShowServer(name);
 	text.SetToFormat("%s — %s", kTitle, name);
 	SetTitle(text.String());
-}
-
-
-void
-MainWindow::_HandleChatReceived(const BMessage* message)
-{
-	BString line(message->GetString("text", ""));
-	line << "\n";
-	_ChatAppend(line.String(), kChatColor);
-}
-
-
-void
-MainWindow::_HandleBroadcast(const BMessage* message)
-{
-	BString line;
-	line.SetToFormat("\n*** Broadcast: %s ***\n", message->GetString("text", ""));
-	_ChatAppend(line.String(), kBroadcastColor);
-}
-
-
-void
-MainWindow::_HandleTaskError(const BMessage* message)
-{
-	BString line;
-	line.SetToFormat("*** Error: %s ***\n", message->GetString("error", "Unknown error"));
-	_ChatAppend(line.String(), kFailureColor);
 }
 
 
@@ -140,47 +118,7 @@ MainWindow::_HandlePoliteQuit()
 }
 
 
-/*!	For the list, joining and changing are the same. */
-void
-MainWindow::_HandleUserChanged(const BMessage* message)
-{
-	BMessage change(kMsgAddUser);
-	change.AddUInt16("socket", message->GetUInt16("socket", 0));
-	change.AddUInt16("icon", message->GetUInt16("icon", 0));
-	change.AddUInt16("color", message->GetUInt16("color", 0));
-	change.AddString("nick", message->GetString("nick", "???"));
-	AddConnection(&change, _CurrentConnection());
-	fUserListWindow->PostMessage(&change);
-}
-
-
-void
-MainWindow::_HandleUserLeft(const BMessage* message)
-{
-	BMessage change(kMsgRemoveUser);
-	change.AddUInt16("socket", message->GetUInt16("socket", 0));
-	fUserListWindow->PostMessage(&change);
-}
-
-
-void
-MainWindow::_HandleAgreement(const BMessage* message)
-{
-	BWindow* window = new AgreementWindow(BRect(150, 150, 600, 500), this,
-		message->GetString("text"), _CurrentConnection());
-	window->Show();
-}
-
-
-// #pragma mark - Commands and requests
-
-
-void
-MainWindow::_HandleToolConnect()
-{
-	BWindow* window = new ConnectWindow(BRect(200, 200, 550, 420), this);
-	window->Show();
-}
+// #pragma mark - What the user decides
 
 
 void
@@ -192,29 +130,10 @@ MainWindow::_HandleToolDisconnect()
 
 
 void
-MainWindow::_HandleToolUsers()
-{
-	_RevealUsers();
-	if (_IsConnected())
-		fClient->RequestUserList();
-}
-
-
-void
-MainWindow::_HandleSendChat(const BMessage* message)
-{
-	const char* text = message->GetString("text", "");
-	if (_IsConnected() && text[0] != '\0')
-		fClient->SendChat(text);
-}
-
-
-void
 MainWindow::_HandleAcceptAgreement()
 {
 	_ChatAppend("*** Agreement accepted ***\n", kSuccessColor);
-	if (_IsConnected())
-		fClient->SendAgreed(fNickname.String(), fIconID);
+	fRequests.Agree(fSettings);
 }
 
 
@@ -241,19 +160,14 @@ MainWindow::_Connect(const BMessage* message)
 	_Disconnect();
 	fClient.reset(new HotlineClient(this));
 
-	const unsigned int shownPort = port;
+	fBar.ShowConnecting(address, port);
 	BString text;
-	text.SetToFormat("Connecting to %s:%u…", address, shownPort);
-	fStatusView->SetText(text.String());
-	text.SetToFormat("*** Connecting to %s:%u ***\n", address, shownPort);
+	text.SetToFormat("*** Connecting to %s:%u ***\n", address, static_cast<unsigned int>(port));
 	_ChatAppend(text.String(), kRequestColor);
 	_RevealChat();
 
-	BString nick(fNickname);
-	if (nick.IsEmpty())
-		nick = kDefaultNickname;
 	fClient->Connect(address, port, message->GetString("login", ""),
-		message->GetString("password", ""), nick.String(), fIconID);
+		message->GetString("password", ""), fSettings.LoginNickname(), fSettings.IconID());
 }
 
 
@@ -261,54 +175,15 @@ MainWindow::_Connect(const BMessage* message)
 void
 MainWindow::_Disconnect()
 {
-	_ReleaseClient();
-	_EnableButtons(false);
+	if (fClient != NULL)
+		release_client(std::move(fClient));
+	fBar.ShowNotConnected();
 	_ChatEnable(false);
 	_UsersClear();
-	_ClearBanner();
-	_CloseWindows(fFileWindows);
-	_CloseWindows(fMsgWindows);
+	fBanner.Clear();
+	fFolders.CloseAll();
+	fConversations.CloseAll();
 	SetTitle(kTitle);
-	fStatusView->SetText("Not connected");
-}
-
-
-/*!	Asks every window of a list to quit and forgets them; what they post when they do finds nothing.
-*/
-void
-MainWindow::_CloseWindows(BList& windows)
-{
-	for (int32 i = windows.CountItems() - 1; i >= 0; i--)
-		static_cast<BWindow*>(windows.ItemAt(i))->PostMessage(B_QUIT_REQUESTED);
-	windows.MakeEmpty();
-}
-
-
-/*!	Disconnects the client and leaves its end to a thread. */
-void
-MainWindow::_ReleaseClient()
-{
-	if (fClient == NULL)
-		return;
-
-	fClient->Disconnect();
-	const thread_id cleanup = spawn_thread(delete_client, "HL:Cleanup", B_LOW_PRIORITY,
-		fClient.get());
-	if (cleanup < 0) {
-		fClient.reset();
-		return;
-	}
-
-	// The client is the thread's from here on.
-	static_cast<void>(fClient.release());
-	resume_thread(cleanup);
-}
-
-
-bool
-MainWindow::_IsConnected() const
-{
-	return fClient != NULL && fClient->IsConnected();
 }
 
 

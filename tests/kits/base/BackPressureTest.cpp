@@ -8,8 +8,8 @@
 #include <Looper.h>
 #include <LooperRegistry.h>
 
+#include "ExpectSoon.h"
 #include "ScriptedLooper.h"
-#include "WaitFor.h"
 
 
 namespace {
@@ -75,11 +75,7 @@ TEST(BackPressureTest, Poster_WaitsWhileTheQueueIsFull)
 		maxWaiting = std::max(maxWaiting, poster.posted - received);
 	};
 	looper->Run();
-	ASSERT_TRUE(ServeUntil(
-		[&] {
-			return received == 100000;
-		},
-		60));
+	ASSERT_SERVED(received == 100000);
 	EXPECT_LE(maxWaiting, kLimit);
 	Join(poster.thread);
 	looper->Quit();
@@ -93,9 +89,7 @@ TEST(BackPressureTest, LargeMessages_AreCountedInBytes)
 	ASSERT_TRUE(wait_for_full_queue(looper));
 	EXPECT_EQ(8, poster.posted);
 	looper->Run();
-	ASSERT_TRUE(ServeUntil([&] {
-		return looper->CountReceived() == 20;
-	}));
+	ASSERT_SERVED(looper->CountReceived() == 20);
 	Join(poster.thread);
 	looper->Quit();
 }
@@ -108,9 +102,7 @@ TEST(BackPressureTest, WaitingPoster_FailsWhenTheTargetDies)
 	ASSERT_TRUE(wait_for_full_queue(looper));
 	EXPECT_EQ(kLimit, poster.posted);
 	looper->Quit();
-	EXPECT_TRUE(WaitFor([&] {
-		return poster.result == B_BAD_PORT_ID;
-	}));
+	EXPECT_SOON(poster.result == B_BAD_PORT_ID);
 	EXPECT_EQ(kLimit, poster.posted);
 	Join(poster.thread);
 }
@@ -123,9 +115,7 @@ TEST(BackPressureTest, MainThread_NeverWaits)
 	for (int32 i = 0; i < kLimit + 5000; i++)
 		ASSERT_EQ(B_OK, looper->PostMessage('post'));
 	looper->Run();
-	EXPECT_TRUE(WaitFor([&] {
-		return looper->CountReceived() == kLimit + 5000;
-	}));
+	EXPECT_SOON(looper->CountReceived() == kLimit + 5000);
 	looper->Lock();
 	looper->Quit();
 }
@@ -152,11 +142,7 @@ TEST(BackPressureTest, WhatOnePassesOnToASlowerOne_IsBounded)
 	controller->Run();
 	const int32 count = 3 * kLimit;
 	Poster poster(controller, count);
-	EXPECT_TRUE(ServeUntil(
-		[&] {
-			return received == count;
-		},
-		60));
+	EXPECT_SERVED(received == count);
 	EXPECT_LE(maxWaiting, kLimit + 1);
 	Join(poster.thread);
 	controller->Quit();
@@ -173,9 +159,7 @@ TEST(BackPressureTest, OwnThread_NeverWaits)
 	};
 	looper->PostMessage('more');
 	looper->Run();
-	EXPECT_TRUE(WaitFor([&] {
-		return looper->CountReceived() == kLimit + 5001;
-	}));
+	EXPECT_SOON(looper->CountReceived() == kLimit + 5001);
 	looper->Lock();
 	looper->Quit();
 }
@@ -191,9 +175,7 @@ TEST(BackPressureTest, HolderOfTheLock_NeverWaits)
 			looper->PostMessage('post');
 		looper->Unlock();
 	});
-	EXPECT_TRUE(WaitFor([&] {
-		return looper->CountReceived() == kLimit + 5000;
-	}));
+	EXPECT_SOON(looper->CountReceived() == kLimit + 5000);
 	Join(thread);
 	looper->Lock();
 	looper->Quit();

@@ -10,8 +10,8 @@
 #include <Messenger.h>
 #include <String.h>
 
+#include "ExpectSoon.h"
 #include "ScriptedLooper.h"
-#include "WaitFor.h"
 
 
 namespace {
@@ -72,9 +72,7 @@ TEST(LooperTest, Messages_ArriveInTheOrderOfPosting)
 	looper->Run();
 	for (uint32 i = 0; i < 1000; i++)
 		EXPECT_EQ(B_OK, looper->PostMessage(i + 1));
-	ASSERT_TRUE(WaitFor([&] {
-		return looper->CountReceived() == 1000;
-	}));
+	ASSERT_SOON(looper->CountReceived() == 1000);
 	std::vector<uint32> received = looper->Received();
 	for (uint32 i = 0; i < 1000; i++)
 		ASSERT_EQ(i + 1, received[i]);
@@ -94,9 +92,7 @@ TEST(LooperTest, PostedMessage_IsACopy)
 	looper->PostMessage(&message);
 	message.AddString("text", "later");
 	looper->Run();
-	ASSERT_TRUE(WaitFor([&] {
-		return looper->CountReceived() == 1;
-	}));
+	ASSERT_SOON(looper->CountReceived() == 1);
 	quit(looper);
 	EXPECT_STREQ("as posted", text.String());
 }
@@ -112,9 +108,7 @@ TEST(LooperTest, BeforeRun_NothingIsDelivered)
 	thread_id thread = looper->Run();
 	EXPECT_EQ(thread, looper->Thread());
 	EXPECT_FALSE(looper->IsLocked());
-	EXPECT_TRUE(WaitFor([&] {
-		return looper->CountReceived() == 1;
-	}));
+	EXPECT_SOON(looper->CountReceived() == 1);
 	quit(looper);
 }
 
@@ -129,9 +123,7 @@ TEST(LooperTest, Handlers_RunOnTheLoopersThreadWithItsLock)
 	thread_id thread = looper->Run();
 	EXPECT_EQ(thread, find_thread("named looper"));
 	looper->PostMessage('test');
-	EXPECT_TRUE(WaitFor([&] {
-		return isRight.load();
-	}));
+	EXPECT_SOON(isRight.load());
 	quit(looper);
 }
 
@@ -148,9 +140,7 @@ TEST(LooperTest, Lock_KeepsTheLooperFromDelivering)
 	EXPECT_EQ(0, looper->CountReceived());
 	looper->Unlock();
 	EXPECT_FALSE(looper->IsLocked());
-	EXPECT_TRUE(WaitFor([&] {
-		return looper->CountReceived() == 1;
-	}));
+	EXPECT_SOON(looper->CountReceived() == 1);
 	quit(looper);
 }
 
@@ -201,9 +191,7 @@ TEST(LooperTest, AddressUsedAgain_IsAnotherLooper)
 	EXPECT_EQ(B_BAD_PORT_ID, messenger.SendMessage('old '));
 	EXPECT_EQ(B_OK, first->PostMessage('new '));
 	second->Run();
-	EXPECT_TRUE(WaitFor([&] {
-		return second->CountReceived() == 1;
-	}));
+	EXPECT_SOON(second->CountReceived() == 1);
 	EXPECT_EQ(uint32('new '), second->Received()[0]);
 	quit(second);
 }
@@ -277,9 +265,7 @@ TEST(LooperTest, QuitRequest_RefusedThenAccepted)
 	thread_id thread = looper->Run();
 	looper->PostMessage(B_QUIT_REQUESTED);
 	looper->PostMessage('test');
-	EXPECT_TRUE(WaitFor([&] {
-		return looper->CountReceived() == 1;
-	}));
+	EXPECT_SOON(looper->CountReceived() == 1);
 	EXPECT_EQ(1, asked);
 	looper->PostMessage(B_QUIT_REQUESTED);
 	wait_for_thread(thread, NULL);
@@ -330,9 +316,7 @@ TEST(LooperTest, Handler_GetsWhatIsPostedToIt)
 	const BMessenger messenger(&handler);
 	EXPECT_EQ(B_OK, messenger.SendMessage('mine'));
 	EXPECT_EQ(B_OK, messenger.SendMessage('pass'));
-	EXPECT_TRUE(WaitFor([&] {
-		return looper->CountReceived() == 1;
-	}));
+	EXPECT_SOON(looper->CountReceived() == 1);
 	EXPECT_EQ(1, handler.received);
 	EXPECT_EQ(uint32('pass'), looper->Received()[0]);
 	quit(looper);
@@ -352,9 +336,7 @@ TEST(LooperTest, RemovedHandler_GetsNothingAnyMore)
 	messenger.SendMessage('mine');
 	looper->PostMessage('last');
 	looper->Run();
-	EXPECT_TRUE(WaitFor([&] {
-		return looper->CountReceived() == 1;
-	}));
+	EXPECT_SOON(looper->CountReceived() == 1);
 	EXPECT_EQ(0, handler.received);
 	quit(looper);
 }
@@ -369,9 +351,7 @@ TEST(LooperTest, DeletedHandler_IsForgotten)
 	delete handler;
 	looper->PostMessage('last');
 	looper->Run();
-	EXPECT_TRUE(WaitFor([&] {
-		return looper->CountReceived() == 1;
-	}));
+	EXPECT_SOON(looper->CountReceived() == 1);
 	quit(looper);
 }
 
@@ -383,9 +363,7 @@ TEST(LooperTest, QuitRequestToAHandler_IsAMessageLikeOthers)
 	looper->AddHandler(&handler);
 	BMessenger(&handler).SendMessage(B_QUIT_REQUESTED);
 	looper->Run();
-	EXPECT_TRUE(WaitFor([&] {
-		return handler.received == 1;
-	}));
+	EXPECT_SOON(handler.received == 1);
 	quit(looper);
 }
 
@@ -421,9 +399,7 @@ TEST(LooperTest, FiftyThreads_PostWhileLoopersComeAndGo)
 		ScriptedLooper* looper = new ScriptedLooper;
 		looper->Run();
 		current = looper;
-		EXPECT_TRUE(WaitFor([&] {
-			return looper->CountReceived() >= 20;
-		}));
+		EXPECT_SOON(looper->CountReceived() >= 20);
 		quit(looper);
 	}
 	stop = true;

@@ -9,8 +9,8 @@
 
 #include <gtest/gtest.h>
 #include <LooperPrivate.h>
-#include <LooperScope.h>
 #include <LooperRegistry.h>
+#include <LooperScope.h>
 #include <Messenger.h>
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -136,11 +136,7 @@ TEST_F(MainServerTest, Messages_ArriveInTheOrderOfPosting)
 		for (uint32 i = 0; i < 50000; i++)
 			fFirst->PostMessage(i + 1);
 	});
-	ASSERT_TRUE(ServeUntil(
-		[&] {
-			return fFirst->CountReceived() == 50000;
-		},
-		60));
+	ASSERT_SERVED(fFirst->CountReceived() == 50000);
 	Join(thread);
 	std::vector<uint32> received = fFirst->Received();
 	EXPECT_TRUE(std::is_sorted(received.begin(), received.end()));
@@ -284,9 +280,7 @@ TEST_F(MainServerTest, WaitInsideOfAWait_EnterNobodyAgain)
 			loopers[i]->PostMessage('next');
 			loopers[i]->PostMessage(B_QUIT_REQUESTED);
 		}
-		EXPECT_TRUE(ServeUntil([&] {
-			return finished == 3;
-		}));
+		EXPECT_SERVED(finished == 3);
 		ServeAll();
 		EXPECT_EQ(3, maxDepth);
 		for (ServedLooper* looper : loopers)
@@ -515,9 +509,7 @@ TEST_F(MainServerTest, FiftyThreads_PostWhileWindowsComeAndGo)
 		ServedLooper* looper = new ServedLooper;
 		looper->Run();
 		current = looper;
-		EXPECT_TRUE(ServeUntil([&] {
-			return looper->CountReceived() >= 20;
-		}));
+		EXPECT_SERVED(looper->CountReceived() >= 20);
 		looper->Quit();
 	}
 	stop = true;

@@ -61,9 +61,7 @@ TEST_F(MessageRunnerTest, Ticks_CarryTheMessage)
 		value = tick->GetInt32("value", 0);
 	};
 	fLooper->Run();
-	EXPECT_TRUE(ServeUntil([&] {
-		return fLooper->CountReceived() >= 3;
-	}));
+	EXPECT_SERVED(fLooper->CountReceived() >= 3);
 	EXPECT_EQ(uint32('tick'), fLooper->Received()[0]);
 	EXPECT_EQ(7, value);
 }
@@ -73,9 +71,7 @@ TEST_F(MessageRunnerTest, Count_EndsTheRunner)
 {
 	BMessageRunner runner(BMessenger(fLooper), &kTick, kInterval, 2);
 	fLooper->Run();
-	EXPECT_TRUE(ServeUntil([&] {
-		return fLooper->CountReceived() == 2;
-	}));
+	EXPECT_SERVED(fLooper->CountReceived() == 2);
 	EXPECT_TRUE(WaitForIntervals(2));
 	ServeAll();
 	EXPECT_EQ(2, fLooper->CountReceived());
@@ -89,9 +85,7 @@ TEST_F(MessageRunnerTest, UndeliveredTick_IsTheOnlyOne)
 	fLooper->Run();
 	ServeAll();
 	EXPECT_EQ(1, fLooper->CountReceived());
-	EXPECT_TRUE(ServeUntil([&] {
-		return fLooper->CountReceived() == 2;
-	}));
+	EXPECT_SERVED(fLooper->CountReceived() == 2);
 }
 
 
@@ -99,9 +93,7 @@ TEST_F(MessageRunnerTest, Deleted_SendsNothingAnyMore)
 {
 	auto runner = std::make_unique<BMessageRunner>(BMessenger(fLooper), &kTick, kInterval);
 	fLooper->Run();
-	EXPECT_TRUE(ServeUntil([&] {
-		return fLooper->CountReceived() >= 1;
-	}));
+	EXPECT_SERVED(fLooper->CountReceived() >= 1);
 	runner.reset();
 	ServeAll();
 	int32 count = fLooper->CountReceived();

@@ -7,8 +7,8 @@
 #include <gtest/gtest.h>
 #include <Looper.h>
 
+#include "ExpectSoon.h"
 #include "ScriptedLooper.h"
-#include "WaitFor.h"
 
 
 TEST(MessengerTest, Empty_IsNotValid)
@@ -33,9 +33,7 @@ TEST(MessengerTest, Looper_IsItsOwnTarget)
 
 	EXPECT_EQ(B_OK, messenger.SendMessage('test'));
 	looper->Run();
-	EXPECT_TRUE(WaitFor([&] {
-		return looper->CountReceived() == 1;
-	}));
+	EXPECT_SOON(looper->CountReceived() == 1);
 	looper->Lock();
 	looper->Quit();
 	EXPECT_FALSE(messenger.IsValid());

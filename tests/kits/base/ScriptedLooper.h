@@ -48,7 +48,17 @@ public:
 
 
 /*!	Serves the loopers of the main thread until the condition holds. */
-bool ServeUntil(const std::function<bool()>& condition, int seconds = 10);
+bool ServeUntil(const std::function<bool()>& condition, int seconds = 60);
+
+// Something holds by now, or after the loopers of the main thread have been served.
+#define EXPECT_SERVED(...) \
+	EXPECT_TRUE(ServeUntil([&] { \
+		return (__VA_ARGS__); \
+	}))
+#define ASSERT_SERVED(...) \
+	ASSERT_TRUE(ServeUntil([&] { \
+		return (__VA_ARGS__); \
+	}))
 
 /*!	Serves the loopers of the main thread until none has anything to do. */
 void ServeAll();

@@ -13,7 +13,7 @@
 #include <dirent.h>
 #include <gtest/gtest.h>
 
-#include "WaitFor.h"
+#include "ExpectSoon.h"
 
 
 namespace {
@@ -97,9 +97,7 @@ TEST(ThreadTest, Spawned_RunsOnlyWhenResumed)
 	ASSERT_GT(thread, 0);
 	EXPECT_FALSE(flag);
 	EXPECT_EQ(B_OK, resume_thread(thread));
-	EXPECT_TRUE(WaitFor([&] {
-		return flag.load();
-	}));
+	EXPECT_SOON(flag.load());
 }
 
 
@@ -194,18 +192,12 @@ TEST(ThreadTest, Name_IsKnownToTheSystemAndToTheKit)
 	std::atomic<bool> flag(false);
 	thread_id thread = spawn_thread(wait_for_flag, "HL:TestThread", B_NORMAL_PRIORITY, &flag);
 	resume_thread(thread);
-	EXPECT_TRUE(WaitFor([] {
-		return has_system_thread("HL:TestThread");
-	}));
+	EXPECT_SOON(has_system_thread("HL:TestThread"));
 	EXPECT_EQ(thread, find_thread("HL:TestThread"));
 
 	flag = true;
-	EXPECT_TRUE(WaitFor([] {
-		return find_thread("HL:TestThread") == B_NAME_NOT_FOUND;
-	}));
-	EXPECT_TRUE(WaitFor([] {
-		return !has_system_thread("HL:TestThread");
-	}));
+	EXPECT_SOON(find_thread("HL:TestThread") == B_NAME_NOT_FOUND);
+	EXPECT_SOON(!has_system_thread("HL:TestThread"));
 }
 
 

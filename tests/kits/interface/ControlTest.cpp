@@ -9,8 +9,8 @@
 #include <Message.h>
 #include <StringView.h>
 
+#include "ExpectSoon.h"
 #include "ScriptedWindow.h"
-#include "WaitFor.h"
 
 
 static const uint32 kPressed = 'prsd';
@@ -18,8 +18,7 @@ static const uint32 kPressed = 'prsd';
 
 TEST(ControlTest, Invoke_SendsACopyToTheWindow)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BMessage* message = new BMessage(kPressed);
 	message->AddInt32("number", 7);
 	BButton* button = new BButton("button", "Press", message);
@@ -35,9 +34,7 @@ TEST(ControlTest, Invoke_SendsACopyToTheWindow)
 	};
 	EXPECT_EQ(B_OK, button->Invoke());
 	EXPECT_EQ(B_OK, button->Invoke());
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 2;
-	}));
+	EXPECT_SOON(window->Received()->size() == 2);
 	EXPECT_EQ(kPressed, window->Received()->front());
 	EXPECT_TRUE(isComplete);
 	EXPECT_FALSE(message->HasData("when", B_INT64_TYPE));
@@ -46,17 +43,14 @@ TEST(ControlTest, Invoke_SendsACopyToTheWindow)
 
 TEST(ControlTest, InvokeWithAMessage_SendsThatOne)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BButton* button = new BButton("button", "Press", new BMessage(kPressed));
 	window->AddChild(button);
 	ShowAndWait(window);
 
 	BMessage other('othr');
 	EXPECT_EQ(B_OK, button->Invoke(&other));
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 1;
-	}));
+	EXPECT_SOON(window->Received()->size() == 1);
 	EXPECT_EQ(uint32('othr'), window->Received()->front());
 }
 
@@ -70,10 +64,8 @@ TEST(ControlTest, WithoutAMessage_InvokeFails)
 
 TEST(ControlTest, TargetThatWasSet_IsKeptWhenAttached)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
-	ScriptedWindow* target = new ScriptedWindow;
-	WindowCloser targetCloser(target);
+	OwnedWindow window;
+	OwnedWindow target;
 	BButton* button = new BButton("button", "Press", new BMessage(kPressed));
 	EXPECT_EQ(B_OK, button->SetTarget(target));
 	window->AddChild(button);
@@ -82,9 +74,7 @@ TEST(ControlTest, TargetThatWasSet_IsKeptWhenAttached)
 
 	EXPECT_EQ(target, button->Target());
 	button->Invoke();
-	EXPECT_TRUE(WaitFor([&] {
-		return target->Received()->size() == 1;
-	}));
+	EXPECT_SOON(target->Received()->size() == 1);
 	EXPECT_TRUE(window->Received()->empty());
 }
 

@@ -16,9 +16,9 @@
 #include <Messenger.h>
 #include <Path.h>
 
+#include "ExpectSoon.h"
 #include "ScriptedWindow.h"
 #include "TemporaryFolder.h"
-#include "WaitFor.h"
 #include "WindowInput.h"
 
 
@@ -37,9 +37,7 @@ protected:
 		ShowAndWait(fWindow);
 		// It takes the keyboard when it comes onto the screen, from a panel that is there before
 		// it.
-		EXPECT_TRUE(WaitFor([this] {
-			return fWindow->IsActive();
-		}));
+		EXPECT_SOON(fWindow->IsActive());
 		fWindow->onMessage = [this](BMessage* message) {
 			fMarks.push_back(message->GetInt32("mark", -1));
 			entry_ref ref;
@@ -60,9 +58,7 @@ protected:
 	void TypeAndWait(const std::string& path)
 	{
 		ASSERT_TRUE(type_into_file_panel(path.c_str()));
-		EXPECT_TRUE(WaitFor([this] {
-			return !fWindow->Received()->empty();
-		}));
+		EXPECT_SOON(!fWindow->Received()->empty());
 	}
 
 	TemporaryFolder fFolder;
@@ -129,9 +125,7 @@ TEST_F(FilePanelTest, ShownAgain_StartsWhereTheLastChoiceWas)
 	TypeAndWait(other.PathOf("second.txt"));
 	fPanel->Show();
 	ASSERT_TRUE(type_into_file_panel("third.txt"));
-	EXPECT_TRUE(WaitFor([this] {
-		return fPaths.size() == 2;
-	}));
+	EXPECT_SOON(fPaths.size() == 2);
 	EXPECT_EQ(other.PathOf("third.txt"), fPaths.back());
 }
 
@@ -172,13 +166,9 @@ TEST_F(FilePanelTest, Shortcuts_AreThoseOfAnyWindow)
 		return false;
 	};
 	fPanel->Show();
-	ASSERT_TRUE(WaitFor([] {
-		return is_file_panel_active();
-	}));
+	ASSERT_SOON(is_file_panel_active());
 	EXPECT_TRUE(press_file_panel_key('q', B_COMMAND_KEY));
-	EXPECT_TRUE(WaitFor([&asked] {
-		return asked > 0;
-	}));
+	EXPECT_SOON(asked > 0);
 	EXPECT_TRUE(fPanel->IsShowing());
 	EXPECT_TRUE(press_file_panel_key('w', B_COMMAND_KEY));
 	EXPECT_FALSE(fPanel->IsShowing());

@@ -11,8 +11,8 @@
 #include <SeparatorView.h>
 #include <StringView.h>
 
+#include "ExpectSoon.h"
 #include "ScriptedWindow.h"
-#include "WaitFor.h"
 
 
 namespace {
@@ -43,8 +43,7 @@ LayOut(BWindow* window, float width, float height)
 
 TEST(LayoutTest, Views_ShareTheSpaceByTheirWeights)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	Box* small = new Box;
 	Box* large = new Box;
 	BLayoutBuilder::Group<>(window, B_HORIZONTAL, 0).Add(small, 1).Add(large, 3);
@@ -60,8 +59,7 @@ TEST(LayoutTest, Views_ShareTheSpaceByTheirWeights)
 
 TEST(LayoutTest, SpacingAndInsets_AreInPixels)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	Box* first = new Box;
 	Box* second = new Box;
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 10).SetInsets(1, 2, 3, 4).Add(first).Add(second);
@@ -85,8 +83,7 @@ TEST(LayoutTest, NamedSpacings_FollowTheFontsSize)
 	};
 	for (const auto& expected : cases) {
 		SCOPED_TRACE(expected.spacing);
-		ScriptedWindow* window = new ScriptedWindow;
-		WindowCloser closer(window);
+		OwnedWindow window;
 		Box* first = new Box;
 		Box* second = new Box;
 		BLayoutBuilder::Group<>(window, B_VERTICAL, expected.spacing).Add(first).Add(second);
@@ -98,8 +95,7 @@ TEST(LayoutTest, NamedSpacings_FollowTheFontsSize)
 
 TEST(LayoutTest, LabelRow_TakesNoMoreThanItsHeight)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	Box* list = new Box;
 	BStringView* label = new BStringView("label", "12 users online");
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
@@ -120,8 +116,7 @@ TEST(LayoutTest, LabelRow_TakesNoMoreThanItsHeight)
 
 TEST(LayoutTest, Glue_PushesButtonsToTheRight)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BButton* cancel = new BButton("cancel", "Cancel", NULL);
 	BButton* ok = new BButton("ok", "OK", NULL);
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
@@ -144,8 +139,7 @@ TEST(LayoutTest, Glue_PushesButtonsToTheRight)
 
 TEST(LayoutTest, ViewSmallerThanItsPlace_StandsInItsMiddle)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	Box* view = new Box;
 	view->SetExplicitMaxSize(BSize(19, 9));
 	BLayoutBuilder::Group<>(window, B_HORIZONTAL, 0).Add(view).Add(new Box);
@@ -156,8 +150,7 @@ TEST(LayoutTest, ViewSmallerThanItsPlace_StandsInItsMiddle)
 
 TEST(LayoutTest, ViewWithALayout_LaysItsOwnChildrenOut)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BGroupLayout* layout = new BGroupLayout(B_HORIZONTAL, 0);
 	BView* group = new BView("group", B_WILL_DRAW, layout);
 	Box* left = new Box("left");
@@ -167,9 +160,7 @@ TEST(LayoutTest, ViewWithALayout_LaysItsOwnChildrenOut)
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).SetInsets(10).Add(group);
 	window->ResizeTo(119, 39);
 	window->Show();
-	EXPECT_TRUE(WaitFor([&] {
-		return group->Frame() == BRect(10, 10, 109, 29);
-	}));
+	EXPECT_SOON(group->Frame() == BRect(10, 10, 109, 29));
 	EXPECT_EQ(BRect(0, 0, 49, 19), left->Frame());
 	EXPECT_EQ(BRect(50, 0, 99, 19), right->Frame());
 	EXPECT_EQ(right, window->FindView("right"));
@@ -178,8 +169,7 @@ TEST(LayoutTest, ViewWithALayout_LaysItsOwnChildrenOut)
 
 TEST(LayoutTest, RemovedView_LeavesItsPlaceToTheOthers)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	Box* first = new Box;
 	Box* second = new Box;
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).Add(first).Add(second);

@@ -10,9 +10,9 @@
 #include <MenuItem.h>
 #include <Message.h>
 
+#include "ExpectSoon.h"
 #include "ScriptedWindow.h"
 #include "UserInput.h"
-#include "WaitFor.h"
 #include "WindowInput.h"
 
 
@@ -73,8 +73,7 @@ TEST(MenuTest, ItemWithoutAMessage_SendsNothing)
 
 TEST(MenuTest, ChosenItem_SendsItsMessageToTheWindow)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BMenuBar* bar = new BMenuBar("bar");
 	BMenu* menu = new BMenu("Server");
 	menu->AddSeparatorItem();
@@ -91,16 +90,12 @@ TEST(MenuTest, ChosenItem_SendsItsMessageToTheWindow)
 		index = message->GetInt32("index", -1);
 	};
 	EXPECT_EQ(B_OK, choose(item));
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 1;
-	}));
+	EXPECT_SOON(window->Received()->size() == 1);
 	EXPECT_EQ(kOpen, window->Received()->front());
 	EXPECT_EQ(1, index);
 
 	EXPECT_EQ(B_OK, choose(later));
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 2;
-	}));
+	EXPECT_SOON(window->Received()->size() == 2);
 	EXPECT_EQ(2, index);
 }
 
@@ -123,19 +118,15 @@ TEST(MenuTest, QuitItem_AsksTheWindow)
 	};
 
 	choose(quit);
-	EXPECT_TRUE(WaitFor([&] {
-		return !IsAlive(messenger);
-	}));
+	EXPECT_SOON(!IsAlive(messenger));
 	EXPECT_TRUE(wasAsked);
 }
 
 
 TEST(MenuTest, ItemWithATarget_KeepsIt)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
-	ScriptedWindow* target = new ScriptedWindow;
-	WindowCloser targetCloser(target);
+	OwnedWindow window;
+	OwnedWindow target;
 	BMenuBar* bar = new BMenuBar("bar");
 	BMenu* menu = new BMenu("Server");
 	BMenuItem* item = new BMenuItem("Open", new BMessage(kOpen));
@@ -168,9 +159,7 @@ protected:
 		fWindow->AddChild(fButton);
 		ShowAndWait(fWindow);
 		fButton->MakeFocus(true);
-		EXPECT_TRUE(WaitFor([&] {
-			return fWindow->IsActive();
-		}));
+		EXPECT_SOON(fWindow->IsActive());
 	}
 
 	bool WaitForMark(const char* label)

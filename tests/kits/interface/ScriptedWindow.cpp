@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "WaitFor.h"
+#include "ExpectSoon.h"
 
 
 ScriptedWindow::ScriptedWindow(uint32 flags)
@@ -56,6 +56,16 @@ WindowCloser::~WindowCloser()
 }
 
 
+// #pragma mark - OwnedWindow
+
+
+OwnedWindow::OwnedWindow(uint32 flags)
+	: fWindow(new ScriptedWindow(flags)),
+	  fCloser(fWindow)
+{
+}
+
+
 // #pragma mark -
 
 
@@ -72,9 +82,7 @@ ShowAndWait(ScriptedWindow* window)
 	const std::shared_ptr<std::vector<uint32>> received = window->Received();
 	window->Show();
 	ASSERT_EQ(B_OK, window->PostMessage('here'));
-	ASSERT_TRUE(WaitFor([&] {
-		return !received->empty();
-	}));
+	ASSERT_SOON(!received->empty());
 	received->clear();
 }
 

@@ -50,6 +50,20 @@ private:
 };
 
 
+/*!	A ScriptedWindow that is closed at the end of a test, if it is still there. */
+class OwnedWindow {
+public:
+	explicit OwnedWindow(uint32 flags = B_AUTO_UPDATE_SIZE_LIMITS);
+
+	operator ScriptedWindow*() const { return fWindow; }
+	ScriptedWindow* operator->() const { return fWindow; }
+
+private:
+	ScriptedWindow* fWindow;
+	WindowCloser fCloser;
+};
+
+
 /*!	Whether the window is there and can be posted to. */
 bool IsAlive(const BMessenger& window);
 

@@ -18,9 +18,9 @@
 #include <OS.h>
 #include <TranslationUtils.h>
 
+#include "ExpectSoon.h"
 #include "PictureBytes.h"
 #include "TemporaryFolder.h"
-#include "WaitFor.h"
 
 
 namespace {
@@ -188,14 +188,10 @@ TEST(TranslationUtilsTest, WhatIsNoFile_IsNotWaitedFor)
 	ASSERT_EQ(0, mkfifo(loading.path.c_str(), 0600));
 
 	resume_thread(spawn_thread(load, "load", B_NORMAL_PRIORITY, &loading));
-	EXPECT_TRUE(WaitFor([&] {
-		return loading.isDone.load();
-	}));
+	EXPECT_SOON(loading.isDone.load());
 	EXPECT_EQ(NULL, loading.bitmap);
 
 	// Whoever waits for a writer has had one after this.
 	close(open(loading.path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
-	EXPECT_TRUE(WaitFor([&] {
-		return loading.isDone.load();
-	}));
+	EXPECT_SOON(loading.isDone.load());
 }

@@ -11,9 +11,9 @@
 #include <Messenger.h>
 #include <View.h>
 
+#include "ExpectSoon.h"
 #include "ScriptedWindow.h"
 #include "UserInput.h"
-#include "WaitFor.h"
 
 
 namespace {
@@ -91,8 +91,7 @@ private:
 TEST(ViewTest, Attaching_TellsParentsFirst)
 {
 	std::string notes;
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	NotingView* outer = new NotingView("outer", notes);
 	NotingView* inner = new NotingView("inner", notes);
 	outer->AddChild(inner);
@@ -114,8 +113,7 @@ TEST(ViewTest, Attaching_TellsParentsFirst)
 TEST(ViewTest, ChildAddedWhileAttaching_IsToldOnce)
 {
 	std::string notes;
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	window->AddChild(new LateParent(notes));
 	EXPECT_EQ("attached:child ", notes);
 }
@@ -149,17 +147,14 @@ TEST(ViewTest, ChildBefore_ComesBefore)
 TEST(ViewTest, MessageForAView_IsDeliveredToIt)
 {
 	std::string notes;
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	NotingView* view = new NotingView("view", notes);
 	window->AddChild(view);
 	ShowAndWait(window);
 	notes.clear();
 
 	EXPECT_EQ(B_OK, BMessenger(view).SendMessage('ping'));
-	EXPECT_TRUE(WaitFor([&] {
-		return notes == "message:view ";
-	}));
+	EXPECT_SOON(notes == "message:view ");
 	EXPECT_TRUE(window->Received()->empty());
 }
 
@@ -167,8 +162,7 @@ TEST(ViewTest, MessageForAView_IsDeliveredToIt)
 TEST(ViewTest, MessageForAViewThatIsGone_IsNotDelivered)
 {
 	std::string notes;
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	NotingView* view = new NotingView("view", notes);
 	window->AddChild(view);
 	ShowAndWait(window);
@@ -178,9 +172,7 @@ TEST(ViewTest, MessageForAViewThatIsGone_IsNotDelivered)
 	notes.clear();
 
 	window->PostMessage('last');
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 1;
-	}));
+	EXPECT_SOON(window->Received()->size() == 1);
 	EXPECT_EQ("", notes);
 }
 
@@ -199,28 +191,22 @@ TEST(ViewTest, WindowsDestruction_DeletesItsViews)
 TEST(ViewTest, Draw_IsCalledOnceShown_AndAfterInvalidate)
 {
 	std::string notes;
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	NotingView* view = new NotingView("view", notes);
 	window->SetLayout(NULL);
 	window->AddChild(view);
 	window->Show();
-	ASSERT_TRUE(WaitFor([&] {
-		return view->CountDrawn() > 0;
-	}));
+	ASSERT_SOON(view->CountDrawn() > 0);
 
 	const int before = view->CountDrawn();
 	view->Invalidate();
-	EXPECT_TRUE(WaitFor([&] {
-		return view->CountDrawn() > before;
-	}));
+	EXPECT_SOON(view->CountDrawn() > before);
 }
 
 
 TEST(ViewTest, Focus_GoesToOneView)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BView* first = new BView("first", B_WILL_DRAW | B_NAVIGABLE);
 	BView* second = new BView("second", B_WILL_DRAW | B_NAVIGABLE);
 	window->AddChild(first);
@@ -286,8 +272,7 @@ TEST(ViewTest, ExplicitSizes_WinWhereTheyAreSet)
 
 TEST(ViewTest, TextForScreenReaders_IsWhatTheViewDraws)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	SayingView* saying = new SayingView("saying", "<b>&Name</b>", "caf\xe9");
 	SayingView* silent = new SayingView("silent", "", "");
 	window->AddChild(saying);

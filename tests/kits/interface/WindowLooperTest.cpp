@@ -13,8 +13,8 @@
 #include <Messenger.h>
 #include <OS.h>
 
+#include "ExpectSoon.h"
 #include "ScriptedWindow.h"
-#include "WaitFor.h"
 
 
 static const uint32 kPing = 'ping';
@@ -24,33 +24,26 @@ static const uint32 kWait = 'wait';
 
 TEST(WindowLooperTest, BeforeShow_NothingIsDelivered)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
-	ScriptedWindow* other = new ScriptedWindow;
-	WindowCloser otherCloser(other);
+	OwnedWindow window;
+	OwnedWindow other;
 	EXPECT_EQ(B_OK, window->PostMessage(kPing));
 
 	ShowAndWait(other);
 	EXPECT_TRUE(window->Received()->empty());
 
 	window->Show();
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 1;
-	}));
+	EXPECT_SOON(window->Received()->size() == 1);
 }
 
 
 TEST(WindowLooperTest, PostedMessages_ArriveInOrder)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	window->Show();
 	for (uint32 code = 1; code <= 1000; code++)
 		window->PostMessage(code);
 
-	ASSERT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 1000;
-	}));
+	ASSERT_SOON(window->Received()->size() == 1000);
 	for (uint32 code = 1; code <= 1000; code++)
 		EXPECT_EQ(code, (*window->Received())[code - 1]);
 }
@@ -61,8 +54,7 @@ TEST(WindowLooperTest, PostRightAfterTheLastWasServed_IsServedToo)
 	const uint32 count = 100;
 	std::atomic<uint32> served(0);
 	std::atomic<bool> givesUp(false);
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	ShowAndWait(window);
 	window->onMessage = [&](BMessage*) {
 		served++;
@@ -75,9 +67,7 @@ TEST(WindowLooperTest, PostRightAfterTheLastWasServed_IsServedToo)
 				snooze(100);
 		}
 	});
-	EXPECT_TRUE(WaitFor([&] {
-		return served == count;
-	}));
+	EXPECT_SOON(served == count);
 	givesUp = true;
 	status_t result;
 	wait_for_thread(poster, &result);
@@ -87,10 +77,8 @@ TEST(WindowLooperTest, PostRightAfterTheLastWasServed_IsServedToo)
 TEST(WindowLooperTest, PostFromTheOwnHandler_ComesAfterTheTurnOfOthers)
 {
 	std::string order;
-	ScriptedWindow* first = new ScriptedWindow;
-	WindowCloser firstCloser(first);
-	ScriptedWindow* second = new ScriptedWindow;
-	WindowCloser secondCloser(second);
+	OwnedWindow first;
+	OwnedWindow second;
 	ShowAndWait(first);
 	ShowAndWait(second);
 	first->onMessage = [&](BMessage* message) {
@@ -104,9 +92,7 @@ TEST(WindowLooperTest, PostFromTheOwnHandler_ComesAfterTheTurnOfOthers)
 
 	first->PostMessage(kPing);
 	second->PostMessage(kPing);
-	EXPECT_TRUE(WaitFor([&] {
-		return order.size() == 3;
-	}));
+	EXPECT_SOON(order.size() == 3);
 	EXPECT_EQ("abc", order);
 }
 
@@ -116,10 +102,8 @@ TEST(WindowLooperTest, WaitingHandler_IsNotEnteredAgainWhileOthersAreServed)
 	std::atomic<bool> released(false);
 	bool isInside = false;
 	bool wasEnteredAgain = false;
-	ScriptedWindow* waiting = new ScriptedWindow;
-	WindowCloser closer(waiting);
-	ScriptedWindow* other = new ScriptedWindow;
-	WindowCloser otherCloser(other);
+	OwnedWindow waiting;
+	OwnedWindow other;
 	ShowAndWait(waiting);
 	ShowAndWait(other);
 
@@ -150,9 +134,7 @@ TEST(WindowLooperTest, WaitingHandler_IsNotEnteredAgainWhileOthersAreServed)
 
 	waiting->PostMessage(kWait);
 	other->PostMessage(kPing);
-	EXPECT_TRUE(WaitFor([&] {
-		return waiting->Received()->size() == 2;
-	}));
+	EXPECT_SOON(waiting->Received()->size() == 2);
 	EXPECT_FALSE(wasEnteredAgain);
 }
 
@@ -168,15 +150,11 @@ TEST(WindowLooperTest, QuitRequest_IsRefusedAndThenAccepted)
 	};
 
 	window->PostMessage(B_QUIT_REQUESTED);
-	EXPECT_TRUE(WaitFor([&] {
-		return asked == 1;
-	}));
+	EXPECT_SOON(asked == 1);
 	EXPECT_TRUE(IsAlive(messenger));
 
 	window->PostMessage(B_QUIT_REQUESTED);
-	EXPECT_TRUE(WaitFor([&] {
-		return !IsAlive(messenger);
-	}));
+	EXPECT_SOON(!IsAlive(messenger));
 	EXPECT_EQ(2, asked);
 }
 
@@ -196,9 +174,7 @@ TEST(WindowLooperTest, QuitInTheOwnHandler_DeletesTheWindowWhenTheHandlerIsLeft)
 	};
 
 	window->PostMessage(kPing);
-	EXPECT_TRUE(WaitFor([&] {
-		return order.size() == 2;
-	}));
+	EXPECT_SOON(order.size() == 2);
 	EXPECT_EQ("hd", order);
 }
 
@@ -218,17 +194,14 @@ TEST(WindowLooperTest, WindowThatIsGone_CannotBeLockedOrPostedTo)
 
 TEST(WindowLooperTest, LockOnAnotherThread_Fails)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	ShowAndWait(window);
 
 	std::atomic<int> result(-1);
 	RunInThread([&] {
 		result = window->Lock() ? 1 : 0;
 	});
-	EXPECT_TRUE(WaitFor([&] {
-		return result >= 0;
-	}));
+	EXPECT_SOON(result >= 0);
 	EXPECT_EQ(0, result);
 }
 
@@ -239,8 +212,7 @@ TEST(WindowLooperTest, QuittingWindow_TakesNoMessagesAndServesOthersWhileItWaits
 	ScriptedWindow* dying = new ScriptedWindow;
 	const BMessenger messenger(dying);
 	const std::shared_ptr<std::vector<uint32>> received = dying->Received();
-	ScriptedWindow* other = new ScriptedWindow;
-	WindowCloser closer(other);
+	OwnedWindow other;
 	ShowAndWait(dying);
 	ShowAndWait(other);
 	dying->onDestroy = [&] {
@@ -261,9 +233,7 @@ TEST(WindowLooperTest, QuittingWindow_TakesNoMessagesAndServesOthersWhileItWaits
 	dying->PostMessage(B_QUIT_REQUESTED);
 	dying->PostMessage(kPing);
 	other->PostMessage(kPing);
-	EXPECT_TRUE(WaitFor([&] {
-		return !IsAlive(messenger) && released;
-	}));
+	EXPECT_SOON(!IsAlive(messenger) && released);
 	EXPECT_TRUE(received->empty());
 }
 
@@ -273,8 +243,7 @@ TEST(WindowLooperTest, QuitByAnother_WhileAHandlerWaits_WaitsForTheHandler)
 	std::atomic<bool> released(false);
 	std::string order;
 	ScriptedWindow* waiting = new ScriptedWindow;
-	ScriptedWindow* other = new ScriptedWindow;
-	WindowCloser closer(other);
+	OwnedWindow other;
 	ShowAndWait(waiting);
 	ShowAndWait(other);
 	waiting->onMessage = [&](BMessage*) {
@@ -299,9 +268,7 @@ TEST(WindowLooperTest, QuitByAnother_WhileAHandlerWaits_WaitsForTheHandler)
 
 	waiting->PostMessage(kWait);
 	other->PostMessage(kPing);
-	EXPECT_TRUE(WaitFor([&] {
-		return order.size() == 3;
-	}));
+	EXPECT_SOON(order.size() == 3);
 	EXPECT_EQ("qhd", order);
 }
 
@@ -309,25 +276,19 @@ TEST(WindowLooperTest, QuitByAnother_WhileAHandlerWaits_WaitsForTheHandler)
 TEST(WindowLooperTest, FloodInOneWindow_LeavesOthersAndATimerServed)
 {
 	std::atomic<bool> stopped(false);
-	ScriptedWindow* flooded = new ScriptedWindow;
-	WindowCloser closer(flooded);
-	ScriptedWindow* other = new ScriptedWindow;
-	WindowCloser otherCloser(other);
+	OwnedWindow flooded;
+	OwnedWindow other;
 	ShowAndWait(flooded);
 	ShowAndWait(other);
 	const thread_id thread = RunInThread([&] {
 		while (!stopped && flooded->PostMessage(kPing) == B_OK)
 			continue;
 	});
-	ASSERT_TRUE(WaitFor([&] {
-		return flooded->Received()->size() > 1000;
-	}));
+	ASSERT_SOON(flooded->Received()->size() > 1000);
 
 	const BMessage tick(kPong);
 	const BMessageRunner runner(BMessenger(other), &tick, 10000);
-	EXPECT_TRUE(WaitFor([&] {
-		return other->Received()->size() >= 5;
-	}));
+	EXPECT_SOON(other->Received()->size() >= 5);
 
 	stopped = true;
 	status_t result;
@@ -357,18 +318,14 @@ TEST(WindowLooperTest, FiftyThreadsPostWhileWindowsComeAndGo_NothingGoesAstray)
 		const std::shared_ptr<std::vector<uint32>> received = window->Received();
 		window->Show();
 		target = window;
-		EXPECT_TRUE(WaitFor([&] {
-			return received->size() >= 20;
-		}));
+		EXPECT_SOON(received->size() >= 20);
 		EXPECT_TRUE(window->Lock());
 		window->Quit();
 		EXPECT_FALSE(IsAlive(messenger));
 	}
 
 	stopped = true;
-	EXPECT_TRUE(WaitFor([&] {
-		return running == 0;
-	}));
+	EXPECT_SOON(running == 0);
 }
 
 

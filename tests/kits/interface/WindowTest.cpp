@@ -12,8 +12,8 @@
 #include <StringView.h>
 #include <View.h>
 
+#include "ExpectSoon.h"
 #include "ScriptedWindow.h"
-#include "WaitFor.h"
 #include "WindowInput.h"
 
 
@@ -61,8 +61,7 @@ max_height(BWindow* window)
 
 TEST(WindowTest, NewWindow_IsHiddenAndWhereItShallBe)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	EXPECT_TRUE(window->IsHidden());
 	EXPECT_FALSE(window->IsMinimized());
 	EXPECT_FALSE(window->IsActive());
@@ -76,8 +75,7 @@ TEST(WindowTest, NewWindow_IsHiddenAndWhereItShallBe)
 
 TEST(WindowTest, Minimize_IsReadAtOnceAndIgnoredWhileHidden)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	window->Minimize(true);
 	EXPECT_FALSE(window->IsMinimized());
 
@@ -91,14 +89,11 @@ TEST(WindowTest, Minimize_IsReadAtOnceAndIgnoredWhileHidden)
 
 TEST(WindowTest, ShownThenMinimized_StaysMinimizedAndIsServed)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	window->Show();
 	window->Minimize(true);
 	window->PostMessage('ping');
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 1;
-	}));
+	EXPECT_SOON(window->Received()->size() == 1);
 	EXPECT_TRUE(window->IsMinimized());
 	EXPECT_FALSE(window->IsHidden());
 }
@@ -106,44 +101,34 @@ TEST(WindowTest, ShownThenMinimized_StaysMinimizedAndIsServed)
 
 TEST(WindowTest, Activate_GivesTheFocus)
 {
-	ScriptedWindow* first = new ScriptedWindow;
-	WindowCloser firstCloser(first);
-	ScriptedWindow* second = new ScriptedWindow;
-	WindowCloser secondCloser(second);
+	OwnedWindow first;
+	OwnedWindow second;
 	first->Show();
 	second->Show();
 	second->Activate(true);
-	EXPECT_TRUE(WaitFor([&] {
-		return second->IsActive() && !first->IsActive();
-	}));
+	EXPECT_SOON(second->IsActive() && !first->IsActive());
 
 	first->Minimize(true);
 	first->Minimize(false);
 	first->Activate(true);
-	EXPECT_TRUE(WaitFor([&] {
-		return first->IsActive() && !second->IsActive();
-	}));
+	EXPECT_SOON(first->IsActive() && !second->IsActive());
 }
 
 
 TEST(WindowTest, Activate_SaysNothing)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	testing::internal::CaptureStderr();
 	ShowAndWait(window);
 	window->Activate(true);
-	EXPECT_TRUE(WaitFor([&] {
-		return window->IsActive();
-	}));
+	EXPECT_SOON(window->IsActive());
 	EXPECT_EQ("", testing::internal::GetCapturedStderr());
 }
 
 
 TEST(WindowTest, Title_IsReadAtOnce)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	window->SetTitle("Palimbra — a & b [*] \xff");
 	EXPECT_STREQ("Palimbra — a & b [*] \xff", window->Title());
 	window->SetTitle(NULL);
@@ -153,8 +138,7 @@ TEST(WindowTest, Title_IsReadAtOnce)
 
 TEST(WindowTest, Views_AreFoundByNameHoweverDeep)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BView* outer = new BView("outer", B_WILL_DRAW);
 	BView* inner = new BView("inner", B_WILL_DRAW);
 	outer->AddChild(inner);
@@ -170,8 +154,7 @@ TEST(WindowTest, Views_AreFoundByNameHoweverDeep)
 
 TEST(WindowTest, ResizeTo_ChangesTheFrame)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	window->ResizeTo(499, 399);
 	EXPECT_EQ(BRect(100, 100, 599, 499), window->Frame());
 }
@@ -179,8 +162,7 @@ TEST(WindowTest, ResizeTo_ChangesTheFrame)
 
 TEST(WindowTest, CenteredWindow_StaysInTheCenterWhenItsSizeChangesBeforeItShows)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	window->CenterOnScreen();
 	const BRect before = window->Frame();
 
@@ -196,29 +178,23 @@ TEST(WindowTest, CenteredWindow_StaysInTheCenterWhenItsSizeChangesBeforeItShows)
 
 TEST(WindowTest, PlaceBeyondTheScreen_IsLeftWhenTheWindowIsSeen)
 {
-	ScriptedWindow* centered = new ScriptedWindow;
-	WindowCloser centeredCloser(centered);
+	OwnedWindow centered;
 	centered->CenterOnScreen();
 	// The screen begins at 0, 0.
 	const float right = centered->Frame().left + centered->Frame().right;
 	const float bottom = centered->Frame().top + centered->Frame().bottom;
 
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	move_window(window, BPoint(right - 10, -500));
 	const BRect given = window->Frame();
 	window->Show();
 	window->Minimize(true);
 	window->PostMessage('ping');
-	ASSERT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 1;
-	}));
+	ASSERT_SOON(window->Received()->size() == 1);
 	EXPECT_EQ(given, window->Frame());
 
 	window->Minimize(false);
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Frame().top != given.top;
-	}));
+	EXPECT_SOON(window->Frame().top != given.top);
 	EXPECT_GE(window->Frame().right, right - 1);
 	EXPECT_LE(window->Frame().right, right + 1);
 	EXPECT_EQ(0, window->Frame().top);
@@ -229,9 +205,7 @@ TEST(WindowTest, PlaceBeyondTheScreen_IsLeftWhenTheWindowIsSeen)
 	move_window(window, BPoint(right - 10, bottom - 10));
 	for (bool isMinimized : {true, false}) {
 		window->Minimize(isMinimized);
-		ASSERT_TRUE(WaitFor([&] {
-			return is_shown_minimized(window) == isMinimized;
-		}));
+		ASSERT_SOON(is_shown_minimized(window) == isMinimized);
 	}
 	EXPECT_EQ(BPoint(right - 10, bottom - 10), window->Frame().LeftTop());
 }
@@ -239,17 +213,14 @@ TEST(WindowTest, PlaceBeyondTheScreen_IsLeftWhenTheWindowIsSeen)
 
 TEST(WindowTest, SizeLimits_FollowTheLayout)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
 		.Add(new SizedView(BSize(149, 9), BSize(B_SIZE_UNLIMITED, 19)))
 		.Add(new SizedView(BSize(99, 9), BSize(B_SIZE_UNLIMITED, 29)));
 	ShowAndWait(window);
 
 	float minWidth, maxWidth, minHeight, maxHeight;
-	ASSERT_TRUE(WaitFor([&] {
-		return window->Bounds().Height() == 49;
-	}));
+	ASSERT_SOON(window->Bounds().Height() == 49);
 	window->GetSizeLimits(&minWidth, &maxWidth, &minHeight, &maxHeight);
 	EXPECT_FLOAT_EQ(149, minWidth);
 	EXPECT_GE(maxWidth, 10000);
@@ -265,32 +236,25 @@ TEST(WindowTest, SizeLimits_FollowTheLayout)
 
 TEST(WindowTest, GrowingMinimum_GrowsTheWindow_AndShrinkingMaximum_ShrinksIt)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	SizedView* banner = new SizedView(BSize(0, 0), BSize(B_SIZE_UNLIMITED, 0));
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
 		.Add(banner)
 		.Add(new SizedView(BSize(9, 39), BSize(B_SIZE_UNLIMITED, 39)));
 	ShowAndWait(window);
-	ASSERT_TRUE(WaitFor([&] {
-		return window->Bounds().Height() == 40;
-	}));
+	ASSERT_SOON(window->Bounds().Height() == 40);
 	EXPECT_FLOAT_EQ(0, banner->Frame().Height());
 
 	banner->SetSizes(BSize(800, 60), BSize(B_SIZE_UNLIMITED, 61));
 	banner->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, 60));
-	EXPECT_TRUE(WaitFor([&] {
-		return banner->Frame().Height() == 60;
-	}));
+	EXPECT_SOON(banner->Frame().Height() == 60);
 	EXPECT_GE(banner->Frame().Width(), 800);
 	EXPECT_FLOAT_EQ(100, window->Bounds().Height());
 
 	banner->SetSizes(BSize(0, 0), BSize(B_SIZE_UNLIMITED, 0));
 	banner->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, 0));
 	window->InvalidateLayout();
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Bounds().Height() == 40;
-	}));
+	EXPECT_SOON(window->Bounds().Height() == 40);
 	EXPECT_FLOAT_EQ(0, banner->Frame().Height());
 	EXPECT_FLOAT_EQ(40, max_height(window));
 }
@@ -299,8 +263,7 @@ TEST(WindowTest, GrowingMinimum_GrowsTheWindow_AndShrinkingMaximum_ShrinksIt)
 /*!	Nobody sees more of it than a screen holds, and what is in a window takes memory. */
 TEST(WindowTest, EnormousMinimum_MakesNoEnormousWindow)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	SizedView* banner = new SizedView(BSize(0, 0), BSize(B_SIZE_UNLIMITED, B_SIZE_UNLIMITED));
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).Add(banner);
 	ShowAndWait(window);
@@ -325,8 +288,7 @@ TEST(WindowTest, EnormousMinimum_MakesNoEnormousWindow)
 
 TEST(WindowTest, NotResizable_HasOneSizeWithinItsLayout)
 {
-	ScriptedWindow* window = new ScriptedWindow(B_NOT_RESIZABLE | B_AUTO_UPDATE_SIZE_LIMITS);
-	WindowCloser closer(window);
+	OwnedWindow window(B_NOT_RESIZABLE | B_AUTO_UPDATE_SIZE_LIMITS);
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
 		.Add(new SizedView(BSize(99, 49), BSize(B_SIZE_UNLIMITED, 79)));
 	window->Layout(false);
@@ -343,8 +305,7 @@ TEST(WindowTest, NotResizable_HasOneSizeWithinItsLayout)
 
 TEST(WindowTest, WithoutTheFlag_TheLayoutLimitsNothing)
 {
-	ScriptedWindow* window = new ScriptedWindow(0);
-	WindowCloser closer(window);
+	OwnedWindow window(0);
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).Add(new SizedView(BSize(399, 9), BSize(399, 9)));
 	ShowAndWait(window);
 	window->Layout(true);
@@ -354,8 +315,7 @@ TEST(WindowTest, WithoutTheFlag_TheLayoutLimitsNothing)
 
 TEST(WindowTest, DefaultButton_IsOneAtATime)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BButton* first = new BButton("first", "First", NULL);
 	BButton* second = new BButton("second", "Second", NULL);
 	first->MakeDefault(true);
@@ -376,10 +336,8 @@ TEST(WindowTest, DefaultButton_IsOneAtATime)
 TEST(WindowTest, Application_KnowsItsWindowsInOrderOfCreation)
 {
 	const int32 before = be_app->CountWindows();
-	ScriptedWindow* first = new ScriptedWindow;
-	WindowCloser firstCloser(first);
-	ScriptedWindow* second = new ScriptedWindow;
-	WindowCloser secondCloser(second);
+	OwnedWindow first;
+	OwnedWindow second;
 	EXPECT_EQ(before + 2, be_app->CountWindows());
 	EXPECT_EQ(first, be_app->WindowAt(before));
 	EXPECT_EQ(second, be_app->WindowAt(before + 1));

@@ -16,9 +16,9 @@
 #include <Message.h>
 #include <StringView.h>
 
+#include "ExpectSoon.h"
 #include "ScriptedWindow.h"
 #include "UserInput.h"
-#include "WaitFor.h"
 #include "WindowInput.h"
 
 
@@ -43,50 +43,35 @@ public:
 
 TEST(WindowUseTest, Title_IsShownAsItStands)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	window->SetTitle(kMarkup);
 	window->Show();
-	EXPECT_TRUE(WaitFor([&] {
-		return shown_title(window) == kMarkup;
-	}));
+	EXPECT_SOON(shown_title(window) == kMarkup);
 
 	window->SetTitle("Bytes \xff\xe2\x82");
-	EXPECT_TRUE(WaitFor([&] {
-		return shown_title(window) == "Bytes \xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd";
-	}));
+	EXPECT_SOON(shown_title(window) == "Bytes \xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd");
 }
 
 
 TEST(WindowUseTest, Title_ChangesWhileMinimized)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	window->Show();
 	window->Minimize(true);
-	ASSERT_TRUE(WaitFor([&] {
-		return is_shown_minimized(window);
-	}));
+	ASSERT_SOON(is_shown_minimized(window));
 
 	window->SetTitle("Users Online (1)");
-	EXPECT_TRUE(WaitFor([&] {
-		return shown_title(window) == "Users Online (1)";
-	}));
+	EXPECT_SOON(shown_title(window) == "Users Online (1)");
 	window->Minimize(false);
-	EXPECT_TRUE(WaitFor([&] {
-		return !is_shown_minimized(window);
-	}));
+	EXPECT_SOON(!is_shown_minimized(window));
 }
 
 
 TEST(WindowUseTest, Icon_IsTheOneBesideTheProgram)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	window->Show();
-	EXPECT_TRUE(WaitFor([window]() {
-		return icon_widths(window) == std::vector<int>{16, 24, 32, 48, 64, 128};
-	}));
+	EXPECT_SOON(icon_widths(window) == std::vector<int>{16, 24, 32, 48, 64, 128});
 }
 
 
@@ -119,21 +104,16 @@ TEST(WindowUseTest, TitleBar_HasTheBoxesThatTheFlagsLeaveIt)
 TEST(WindowUseTest, CloseBox_AsksTheWindowAndDoesNothingElse)
 {
 	int asked = 0;
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	window->onQuitRequested = [&] {
 		asked++;
 		return false;
 	};
 	ShowAndWait(window);
-	ASSERT_TRUE(WaitFor([&] {
-		return is_shown(window);
-	}));
+	ASSERT_SOON(is_shown(window));
 
 	use_close_box(window);
-	EXPECT_TRUE(WaitFor([&] {
-		return asked == 1;
-	}));
+	EXPECT_SOON(asked == 1);
 	EXPECT_TRUE(is_shown(window));
 }
 
@@ -143,8 +123,7 @@ TEST(WindowUseTest, Escape_ClosesOnlyWhereItShall)
 	for (const bool closes : {false, true}) {
 		SCOPED_TRACE(closes);
 		int asked = 0;
-		ScriptedWindow* window = new ScriptedWindow(closes ? B_CLOSE_ON_ESCAPE : 0);
-		WindowCloser closer(window);
+		OwnedWindow window(closes ? B_CLOSE_ON_ESCAPE : 0);
 		window->onQuitRequested = [&] {
 			asked++;
 			return false;
@@ -152,9 +131,7 @@ TEST(WindowUseTest, Escape_ClosesOnlyWhereItShall)
 		ShowAndWait(window);
 		press_window_key(window, B_ESCAPE);
 		window->PostMessage('last');
-		EXPECT_TRUE(WaitFor([&] {
-			return window->Received()->size() == 1;
-		}));
+		EXPECT_SOON(window->Received()->size() == 1);
 		EXPECT_EQ(closes ? 1 : 0, asked);
 	}
 }
@@ -165,8 +142,7 @@ TEST(WindowUseTest, CommandW_AsksTheWindow_UnlessItHasNoCloseBox)
 	for (const bool closes : {false, true}) {
 		SCOPED_TRACE(closes);
 		int asked = 0;
-		ScriptedWindow* window = new ScriptedWindow(closes ? 0 : B_NOT_CLOSABLE);
-		WindowCloser closer(window);
+		OwnedWindow window(closes ? 0 : B_NOT_CLOSABLE);
 		window->onQuitRequested = [&] {
 			asked++;
 			return false;
@@ -174,9 +150,7 @@ TEST(WindowUseTest, CommandW_AsksTheWindow_UnlessItHasNoCloseBox)
 		ShowAndWait(window);
 		press_window_key(window, 'W', B_COMMAND_KEY);
 		window->PostMessage('last');
-		EXPECT_TRUE(WaitFor([&] {
-			return window->Received()->size() == 1;
-		}));
+		EXPECT_SOON(window->Received()->size() == 1);
 		EXPECT_EQ(closes ? 1 : 0, asked);
 	}
 }
@@ -184,10 +158,8 @@ TEST(WindowUseTest, CommandW_AsksTheWindow_UnlessItHasNoCloseBox)
 
 TEST(WindowUseTest, CommandQ_AsksTheApplication)
 {
-	ScriptedWindow* first = new ScriptedWindow;
-	WindowCloser firstCloser(first);
-	ScriptedWindow* second = new ScriptedWindow;
-	WindowCloser secondCloser(second);
+	OwnedWindow first;
+	OwnedWindow second;
 	ShowAndWait(first);
 	ShowAndWait(second);
 	int asked = 0;
@@ -199,9 +171,7 @@ TEST(WindowUseTest, CommandQ_AsksTheApplication)
 	press_window_key(second, 'q');
 	press_window_key(second, 'q', B_COMMAND_KEY | B_SHIFT_KEY);
 	press_window_key(second, 'q', B_COMMAND_KEY);
-	EXPECT_TRUE(WaitFor([&asked] {
-		return asked > 0;
-	}));
+	EXPECT_SOON(asked > 0);
 	EXPECT_EQ(1, asked);
 	EXPECT_TRUE(second->Received()->empty());
 }
@@ -209,8 +179,7 @@ TEST(WindowUseTest, CommandQ_AsksTheApplication)
 
 TEST(WindowUseTest, Return_PressesTheDefaultButton_WhereverTheFocusIs)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BButton* other = new BButton("other", "Other", new BMessage('othr'));
 	BButton* ok = new BButton("ok", "OK", new BMessage('okay'));
 	BLayoutBuilder::Group<>(window, B_HORIZONTAL).Add(other).Add(ok);
@@ -219,31 +188,24 @@ TEST(WindowUseTest, Return_PressesTheDefaultButton_WhereverTheFocusIs)
 	ShowAndWait(window);
 
 	press_window_key(window, B_ENTER);
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 1;
-	}));
+	EXPECT_SOON(window->Received()->size() == 1);
 	EXPECT_EQ(uint32('okay'), window->Received()->back());
 
 	press_window_key(window, B_SPACE);
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 2;
-	}));
+	EXPECT_SOON(window->Received()->size() == 2);
 	EXPECT_EQ(uint32('othr'), window->Received()->back());
 
 	ok->SetEnabled(false);
 	press_window_key(window, B_ENTER);
 	window->PostMessage('last');
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 3;
-	}));
+	EXPECT_SOON(window->Received()->size() == 3);
 	EXPECT_EQ(uint32('last'), window->Received()->back());
 }
 
 
 TEST(WindowUseTest, Shortcut_ChoosesTheItem)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BMenuBar* bar = new BMenuBar("bar");
 	BMenu* menu = new BMenu("Server");
 	menu->AddItem(new BMenuItem("Connect…", new BMessage('conn'), 'K'));
@@ -252,15 +214,11 @@ TEST(WindowUseTest, Shortcut_ChoosesTheItem)
 	BLayoutBuilder::Group<>(window, B_VERTICAL).Add(bar);
 	ShowAndWait(window);
 	window->Activate(true);
-	ASSERT_TRUE(WaitFor([&] {
-		return window->IsActive();
-	}));
+	ASSERT_SOON(window->IsActive());
 
 	press_window_key(window, 'K', B_COMMAND_KEY);
 	press_window_key(window, '1', B_COMMAND_KEY);
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 2;
-	}));
+	EXPECT_SOON(window->Received()->size() == 2);
 	EXPECT_EQ(uint32('conn'), window->Received()->front());
 	EXPECT_EQ(uint32('chat'), window->Received()->back());
 }
@@ -268,8 +226,7 @@ TEST(WindowUseTest, Shortcut_ChoosesTheItem)
 
 TEST(WindowUseTest, Tab_GoesThroughTheViewsInTheOrderInWhichTheyWereAdded)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BButton* last = new BButton("last", "Last", NULL);
 	BButton* unreachable = new BButton("unreachable", "Unreachable", NULL, B_WILL_DRAW);
 	BButton* first = new BButton("first", "First", NULL);
@@ -279,9 +236,7 @@ TEST(WindowUseTest, Tab_GoesThroughTheViewsInTheOrderInWhichTheyWereAdded)
 	first->MakeFocus(true);
 	ShowAndWait(window);
 	window->Activate(true);
-	ASSERT_TRUE(WaitFor([&] {
-		return window->IsActive();
-	}));
+	ASSERT_SOON(window->IsActive());
 
 	press_window_key(window, B_TAB);
 	EXPECT_EQ(last, window->CurrentFocus());
@@ -292,8 +247,7 @@ TEST(WindowUseTest, Tab_GoesThroughTheViewsInTheOrderInWhichTheyWereAdded)
 
 TEST(WindowUseTest, DefaultButton_ShowsWhetherItHasTheFocus)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BButton* other = new BButton("other", "Other", NULL);
 	BButton* ok = new BButton("ok", "OK", NULL);
 	BLayoutBuilder::Group<>(window, B_HORIZONTAL).Add(other).Add(ok);
@@ -301,9 +255,7 @@ TEST(WindowUseTest, DefaultButton_ShowsWhetherItHasTheFocus)
 	other->MakeFocus(true);
 	ShowAndWait(window);
 	window->Activate(true);
-	ASSERT_TRUE(WaitFor([&] {
-		return window->IsActive();
-	}));
+	ASSERT_SOON(window->IsActive());
 
 	// Not compared by what would print all pixels.
 	const std::string unfocused = picture_of(ok);
@@ -320,35 +272,27 @@ TEST(WindowUseTest, DefaultButton_ShowsWhetherItHasTheFocus)
 
 TEST(WindowUseTest, ModalWindow_BlocksTheOthersAndStaysAboveTheFirst)
 {
-	ScriptedWindow* main = new ScriptedWindow;
-	WindowCloser mainCloser(main);
+	OwnedWindow main;
 	ShowAndWait(main);
-	ASSERT_TRUE(WaitFor([&] {
-		return is_shown(main);
-	}));
+	ASSERT_SOON(is_shown(main));
 	Dialog* dialog = new Dialog;
 	WindowCloser dialogCloser(dialog);
 	EXPECT_TRUE(dialog->IsModal());
 	dialog->Show();
 	dialog->Activate(true);
-	EXPECT_TRUE(WaitFor([&] {
-		return is_shown_modal(dialog) && dialog->IsActive();
-	}));
+	EXPECT_SOON(is_shown_modal(dialog) && dialog->IsActive());
 	EXPECT_TRUE(is_kept_above(dialog, main));
 
 	main->Activate(true);
 	main->PostMessage('last');
-	EXPECT_TRUE(WaitFor([&] {
-		return main->Received()->size() == 1;
-	}));
+	EXPECT_SOON(main->Received()->size() == 1);
 	EXPECT_TRUE(dialog->IsActive());
 }
 
 
 TEST(ButtonUseTest, Click_SendsTheMessageOnce_AndADisabledButtonSendsNone)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BButton* button = new BButton("button", "Press", new BMessage('prsd'));
 	BLayoutBuilder::Group<>(window, B_VERTICAL).Add(button);
 	ShowAndWait(window);
@@ -357,9 +301,7 @@ TEST(ButtonUseTest, Click_SendsTheMessageOnce_AndADisabledButtonSendsNone)
 	button->SetEnabled(false);
 	click(button, BPoint(10, 10));
 	window->PostMessage('last');
-	EXPECT_TRUE(WaitFor([&] {
-		return window->Received()->size() == 2;
-	}));
+	EXPECT_SOON(window->Received()->size() == 2);
 	EXPECT_EQ(uint32('prsd'), window->Received()->front());
 }
 
@@ -422,15 +364,12 @@ TEST(ButtonUseTest, WhatHasNoShapeInAToolTip_IsReplaced)
 
 TEST(StringViewUseTest, Text_IsItsNameAsItStands)
 {
-	ScriptedWindow* window = new ScriptedWindow;
-	WindowCloser closer(window);
+	OwnedWindow window;
 	BStringView* view = new BStringView("view", kMarkup);
 	BLayoutBuilder::Group<>(window, B_VERTICAL).Add(view);
 	EXPECT_EQ(kMarkup, accessible_of(view).name);
 
 	window->Show();
 	view->SetText("2 users online \xff");
-	EXPECT_TRUE(WaitFor([&] {
-		return accessible_of(view).name == "2 users online \xef\xbf\xbd";
-	}));
+	EXPECT_SOON(accessible_of(view).name == "2 users online \xef\xbf\xbd");
 }

@@ -8,10 +8,10 @@
 
 #include <Font.h>
 
+#include "ExpectSoon.h"
 #include "ScreenReader.h"
 #include "Transcript.h"
 #include "UserInput.h"
-#include "WaitFor.h"
 
 
 namespace {
@@ -280,9 +280,7 @@ TEST_F(AccessibleTextTest, Appended_IsToldOnce)
 {
 	fText->Insert(0, "one\n", 4);
 	fText->Insert(4, "caf\xc3\xa9\r\n", 7);
-	EXPECT_TRUE(WaitFor([this]() {
-		return fReader->CountCharacters() == 9;
-	}));
+	EXPECT_SOON(fReader->CountCharacters() == 9);
 	fText->PointAt(0);
 	EXPECT_EQ(fReader->Heard(), Strings({"inserted 0 one\ncaf\xc3\xa9\n"}));
 	fText->Insert(11, "more", 4);

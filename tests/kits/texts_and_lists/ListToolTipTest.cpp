@@ -9,9 +9,9 @@
 
 #include <ScrollView.h>
 
+#include "ExpectSoon.h"
 #include "ListViewFixture.h"
 #include "UserInput.h"
-#include "WaitFor.h"
 #include "WindowInput.h"
 #include "WindowWithView.h"
 
@@ -179,9 +179,7 @@ TEST_F(ListToolTipTest, ResizedList_IsTold)
 {
 	EXPECT_EQ(fList->Bounds().Width(), fTalking->fWidth);
 	fWindow->ResizeTo(400, 200);
-	EXPECT_TRUE(WaitFor([this]() {
-		return fList->Bounds().Width() > 350 && fTalking->fWidth == fList->Bounds().Width();
-	}));
+	EXPECT_SOON(fList->Bounds().Width() > 350 && fTalking->fWidth == fList->Bounds().Width());
 }
 
 
@@ -219,9 +217,7 @@ TEST(ViewToolTipTest, ViewThatIsNoList_IsNotAsked)
 	EXPECT_FALSE(view->fIsAsked);
 	EXPECT_EQ("of the view", tool_tip_on_screen());
 	view->SetToolTip("");
-	EXPECT_TRUE(WaitFor([]() {
-		return tool_tip_on_screen().empty();
-	}));
+	EXPECT_SOON(tool_tip_on_screen().empty());
 	window->Lock();
 	window->Quit();
 }

@@ -9,9 +9,9 @@
 #include <Font.h>
 #include <View.h>
 
+#include "ExpectSoon.h"
 #include "ListViewFixture.h"
 #include "UserInput.h"
-#include "WaitFor.h"
 #include "WindowWithView.h"
 
 
@@ -81,9 +81,7 @@ TEST_F(ListViewRowsTest, Rows_DrawThemselves)
 	ColorItem* item = new ColorItem("red", make_color(200, 0, 0));
 	fList->AddItem(Keep(item));
 	fList->AddItem(Keep(new ColorItem("green", make_color(0, 128, 0))));
-	ASSERT_TRUE(WaitFor([item]() {
-		return item->CountDrawn() > 0;
-	}));
+	ASSERT_SOON(item->CountDrawn() > 0);
 	const BRect frame = fList->ItemFrame(0);
 	EXPECT_EQ(pixel_of(fList, BPoint(frame.right - 2, frame.top)), 0xc80000u);
 	EXPECT_EQ(pixel_of(fList, BPoint(frame.right - 2, frame.bottom)), 0xc80000u);
@@ -96,9 +94,7 @@ TEST_F(ListViewRowsTest, MouseOverARow_ChangesNothing)
 	fList->AddItem(Keep(new BStringItem("first")));
 	fList->AddItem(Keep(new BStringItem("second")));
 	fList->AddItem(Keep(new BStringItem("third")));
-	ASSERT_TRUE(WaitFor([this]() {
-		return accessible_of(fList).childCount == 3;
-	}));
+	ASSERT_SOON(accessible_of(fList).childCount == 3);
 	const std::string before = picture_of(fList);
 	point_at(fList, BPoint(10, fList->ItemFrame(1).top + 2));
 	EXPECT_TRUE(before == picture_of(fList));
@@ -119,9 +115,7 @@ TEST_F(ListViewRowsTest, DrawingARow_LeavesTheListsFontAndColors)
 	const rgb_color high = fList->HighColor();
 	ColorItem* item = new ColorItem("red", make_color(200, 0, 0));
 	fList->AddItem(Keep(item));
-	ASSERT_TRUE(WaitFor([item]() {
-		return item->CountDrawn() > 0;
-	}));
+	ASSERT_SOON(item->CountDrawn() > 0);
 	BFont after;
 	fList->GetFont(&after);
 	EXPECT_TRUE(before == after);
@@ -133,16 +127,12 @@ TEST_F(ListViewRowsTest, InvalidatedItem_IsDrawnAgain)
 {
 	ColorItem* item = new ColorItem("old", make_color(200, 0, 0));
 	fList->AddItem(Keep(item));
-	ASSERT_TRUE(WaitFor([item]() {
-		return item->CountDrawn() > 0;
-	}));
+	ASSERT_SOON(item->CountDrawn() > 0);
 	const int32 before = item->CountDrawn();
 	item->SetText("new");
 	fList->InvalidateItem(0);
 	fList->InvalidateItem(12);
-	EXPECT_TRUE(WaitFor([item, before]() {
-		return item->CountDrawn() > before;
-	}));
+	EXPECT_SOON(item->CountDrawn() > before);
 	EXPECT_EQ(accessible_of_row(fList, 0).name, "new");
 }
 

@@ -12,9 +12,9 @@
 #include <Button.h>
 #include <ScrollView.h>
 
+#include "ExpectSoon.h"
 #include "ListViewFixture.h"
 #include "UserInput.h"
-#include "WaitFor.h"
 #include "WindowWithView.h"
 
 
@@ -94,9 +94,7 @@ TEST_F(ListViewTest, Select_MarksTheItemAndSendsTheMessage)
 	EXPECT_EQ(fList->CurrentSelection(), 2);
 	EXPECT_EQ(fList->CurrentSelection(1), -1);
 	EXPECT_TRUE(fItems[2]->IsSelected());
-	ASSERT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgSelected) == 1;
-	}));
+	ASSERT_SOON(fWindow->Count(kMsgSelected) == 1);
 	EXPECT_EQ(fWindow->Last().GetInt32("index", -1), 2);
 	EXPECT_EQ(fWindow->Last().GetPointer("source"), static_cast<BView*>(fList));
 
@@ -105,9 +103,7 @@ TEST_F(ListViewTest, Select_MarksTheItemAndSendsTheMessage)
 	EXPECT_FALSE(fItems[2]->IsSelected());
 	fList->DeselectAll();
 	EXPECT_EQ(fList->CurrentSelection(), -1);
-	EXPECT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgSelected) == 3;
-	}));
+	EXPECT_SOON(fWindow->Count(kMsgSelected) == 3);
 }
 
 
@@ -122,9 +118,7 @@ TEST_F(ListViewTest, RemovingTheSelectedRow_SelectsNoOther)
 	EXPECT_FALSE(fItems[1]->IsSelected());
 	EXPECT_FALSE(fItems[2]->IsSelected());
 	EXPECT_FALSE(fItems[0]->IsSelected());
-	EXPECT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgSelected) == 2;
-	}));
+	EXPECT_SOON(fWindow->Count(kMsgSelected) == 2);
 }
 
 
@@ -144,9 +138,7 @@ TEST_F(ListViewTest, Click_SelectsAndDoesNotInvoke)
 	ASSERT_TRUE(WaitForRows(3));
 	click(fList, CenterOf(1));
 	EXPECT_EQ(fList->CurrentSelection(), 1);
-	EXPECT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgSelected) == 1;
-	}));
+	EXPECT_SOON(fWindow->Count(kMsgSelected) == 1);
 	EXPECT_EQ(fWindow->Count(kMsgInvoked), 0);
 }
 
@@ -156,9 +148,7 @@ TEST_F(ListViewTest, DoubleClick_Invokes)
 	AddStrings(3);
 	ASSERT_TRUE(WaitForRows(3));
 	double_click(fList, CenterOf(2));
-	ASSERT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgInvoked) == 1;
-	}));
+	ASSERT_SOON(fWindow->Count(kMsgInvoked) == 1);
 	EXPECT_EQ(fWindow->Last().GetInt32("index", -1), 2);
 	EXPECT_EQ(fWindow->Last().GetPointer("source"), static_cast<BView*>(fList));
 	EXPECT_NE(fWindow->Last().GetInt64("when", 0), 0);
@@ -175,9 +165,7 @@ TEST_F(ListViewTest, DoubleClickBelowTheRows_InvokesNothing)
 	EXPECT_EQ(fList->CurrentSelection(), -1);
 	fList->Select(0);
 	press_key(fList, kKeyReturn);
-	ASSERT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgInvoked) > 0;
-	}));
+	ASSERT_SOON(fWindow->Count(kMsgInvoked) > 0);
 	EXPECT_EQ(fWindow->Count(kMsgInvoked), 1);
 }
 
@@ -187,9 +175,7 @@ TEST_F(ListViewTest, FirstArrowAfterGettingTheFocus_SelectsTheFirstRow)
 	AddStrings(3);
 	ASSERT_TRUE(WaitForRows(3));
 	fList->MakeFocus(true);
-	ASSERT_TRUE(WaitFor([this]() {
-		return fList->IsFocus();
-	}));
+	ASSERT_SOON(fList->IsFocus());
 	press_key(fList, kKeyDown);
 	EXPECT_EQ(fList->CurrentSelection(), 0);
 	press_key(fList, kKeyDown);
@@ -205,9 +191,7 @@ TEST_F(ListViewTest, EndAfterGettingTheFocus_SelectsTheLastRow)
 	AddStrings(3);
 	ASSERT_TRUE(WaitForRows(3));
 	fList->MakeFocus(true);
-	ASSERT_TRUE(WaitFor([this]() {
-		return fList->IsFocus();
-	}));
+	ASSERT_SOON(fList->IsFocus());
 	press_key(fList, kKeyEnd);
 	EXPECT_EQ(fList->CurrentSelection(), 2);
 	press_key(fList, kKeyHome);
@@ -222,9 +206,7 @@ TEST_F(ListViewTest, Return_InvokesTheSelectedRow)
 	fList->Select(1);
 	press_key(fList, kKeyDown);
 	press_key(fList, kKeyReturn);
-	ASSERT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgInvoked) > 0;
-	}));
+	ASSERT_SOON(fWindow->Count(kMsgInvoked) > 0);
 	EXPECT_EQ(fWindow->Count(kMsgInvoked), 1);
 	EXPECT_EQ(fWindow->Last().GetInt32("index", -1), 2);
 }
@@ -238,9 +220,7 @@ TEST_F(ListViewTest, ReturnWithADefaultButton_IsTheButtons)
 	AddStrings(2);
 	fList->Select(1);
 	press_key(fList, kKeyReturn);
-	EXPECT_TRUE(WaitFor([this]() {
-		return fWindow->Count('butn') == 1;
-	}));
+	EXPECT_SOON(fWindow->Count('butn') == 1);
 	EXPECT_EQ(fWindow->Count(kMsgInvoked), 0);
 }
 
@@ -248,15 +228,11 @@ TEST_F(ListViewTest, ReturnWithADefaultButton_IsTheButtons)
 TEST_F(ListViewTest, InvokeByTheProgram_SendsWhateverIsSelected)
 {
 	EXPECT_EQ(fList->Invoke(), B_OK);
-	ASSERT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgInvoked) == 1;
-	}));
+	ASSERT_SOON(fWindow->Count(kMsgInvoked) == 1);
 	EXPECT_EQ(fWindow->Last().GetInt32("index", 5), -1);
 	BMessage other('othr');
 	EXPECT_EQ(fList->Invoke(&other), B_OK);
-	EXPECT_TRUE(WaitFor([this]() {
-		return fWindow->Count('othr') == 1;
-	}));
+	EXPECT_SOON(fWindow->Count('othr') == 1);
 }
 
 
@@ -296,9 +272,7 @@ TEST_F(ListViewTest, MultipleSelection_ExtendsAndReportsAll)
 	list->Select(1, true);
 	EXPECT_EQ(list->CurrentSelection(0), 1);
 	EXPECT_EQ(list->CurrentSelection(1), 3);
-	ASSERT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgSelected) == 2;
-	}));
+	ASSERT_SOON(fWindow->Count(kMsgSelected) == 2);
 	EXPECT_TRUE(fWindow->Last().HasData("index", B_INT32_TYPE, 1));
 	list->DeselectAll();
 	EXPECT_EQ(list->CurrentSelection(), -1);
@@ -308,9 +282,7 @@ TEST_F(ListViewTest, MultipleSelection_ExtendsAndReportsAll)
 TEST_F(ListViewTest, Focus_IsSeenByTheBorder)
 {
 	fList->MakeFocus(true);
-	ASSERT_TRUE(WaitFor([this]() {
-		return fWindow->IsActive();
-	}));
+	ASSERT_SOON(fWindow->IsActive());
 	const unsigned focused = pixel_of(fList, BPoint(0, 0));
 	fList->MakeFocus(false);
 	EXPECT_NE(focused, pixel_of(fList, BPoint(0, 0)));

@@ -12,8 +12,8 @@
 #include <Size.h>
 #include <TextView.h>
 
+#include "ExpectSoon.h"
 #include "UserInput.h"
-#include "WaitFor.h"
 #include "WindowWithView.h"
 
 
@@ -117,15 +117,11 @@ TEST_F(TextControlTest, Return_SendsTheMessageOnce)
 {
 	fControl->SetText("text");
 	press_key(fControl, kKeyReturn);
-	ASSERT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgReturn) > 0;
-	}));
+	ASSERT_SOON(fWindow->Count(kMsgReturn) > 0);
 	EXPECT_EQ(fWindow->Count(kMsgReturn), 1);
 	EXPECT_EQ(fWindow->Last().GetPointer("source"), static_cast<BControl*>(fControl));
 	press_key(fControl, kKeyReturn);
-	EXPECT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgReturn) == 2;
-	}));
+	EXPECT_SOON(fWindow->Count(kMsgReturn) == 2);
 }
 
 
@@ -133,13 +129,9 @@ TEST_F(TextControlTest, ReturnWithADefaultButton_IsTheButtons)
 {
 	fButton->MakeDefault(true);
 	press_key(fOther, kKeyReturn);
-	EXPECT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgButton) == 1;
-	}));
+	EXPECT_SOON(fWindow->Count(kMsgButton) == 1);
 	press_key(fControl, kKeyReturn);
-	EXPECT_TRUE(WaitFor([this]() {
-		return fWindow->Count(kMsgButton) == 2;
-	}));
+	EXPECT_SOON(fWindow->Count(kMsgButton) == 2);
 	EXPECT_EQ(fWindow->Count(kMsgReturn), 0);
 }
 
@@ -184,11 +176,9 @@ TEST_F(TextControlTest, SameDivider_LinesTheFieldsUp)
 	fControl->SetDivider(divider);
 	fOther->SetDivider(divider);
 	EXPECT_EQ(fControl->Divider(), divider);
-	EXPECT_TRUE(WaitFor([this, divider]() {
-		return fControl->TextView()->Frame().left > divider - 1
-			&& fControl->TextView()->Frame().left < divider + 1
-			&& fOther->TextView()->Frame().left == fControl->TextView()->Frame().left;
-	}));
+	EXPECT_SOON(fControl->TextView()->Frame().left > divider - 1
+		&& fControl->TextView()->Frame().left < divider + 1
+		&& fOther->TextView()->Frame().left == fControl->TextView()->Frame().left);
 }
 
 
@@ -196,9 +186,7 @@ TEST_F(TextControlTest, WithoutLabel_TheFieldFillsTheControl)
 {
 	BTextControl* control = new BTextControl("entry", NULL, "", NULL);
 	fWindow->Add(control);
-	ASSERT_TRUE(WaitFor([control]() {
-		return control->Bounds().Width() > 300;
-	}));
+	ASSERT_SOON(control->Bounds().Width() > 300);
 	EXPECT_EQ(control->Divider(), 0);
 	EXPECT_EQ(control->TextView()->Frame().left, 0);
 	EXPECT_EQ(control->TextView()->Frame().Width(), control->Bounds().Width());
@@ -237,17 +225,13 @@ TEST_F(TextControlTest, Caret_RestsWhenNobodyTypes)
 {
 	rest_carets_after(1);
 	type_text(fControl, "a");
-	EXPECT_TRUE(WaitFor([] {
-		return !carets_blink();
-	}));
+	EXPECT_SOON(!carets_blink());
 	rest_carets_after(60000);
 	type_text(fControl, "b");
 	EXPECT_TRUE(carets_blink());
 	rest_carets_after(1);
 	click(fOther->TextView(), BPoint(4, 4));
-	EXPECT_TRUE(WaitFor([] {
-		return !carets_blink();
-	}));
+	EXPECT_SOON(!carets_blink());
 	rest_carets_after(60000);
 	click(fControl->TextView(), BPoint(4, 4));
 	EXPECT_TRUE(carets_blink());

@@ -10,9 +10,9 @@
 
 #include <Font.h>
 
+#include "ExpectSoon.h"
 #include "Transcript.h"
 #include "UserInput.h"
-#include "WaitFor.h"
 
 
 namespace {
@@ -72,9 +72,7 @@ protected:
 	void ResizeTo(float width, float height)
 	{
 		fWindow->ResizeTo(width, height);
-		ASSERT_TRUE(WaitFor([this, width, height]() {
-			return fText->Bounds().Width() == width && fText->Bounds().Height() == height;
-		}));
+		ASSERT_SOON(fText->Bounds().Width() == width && fText->Bounds().Height() == height);
 		fText->PointAt(fText->TextLength());
 	}
 };

@@ -11,9 +11,9 @@
 #include <MenuItem.h>
 #include <TextControl.h>
 
+#include "ExpectSoon.h"
 #include "Transcript.h"
 #include "UserInput.h"
-#include "WaitFor.h"
 #include "WindowInput.h"
 
 
@@ -304,9 +304,7 @@ TEST_F(TextSelectionTest, KeysThatItDoesNotUse_ReachTheWindow)
 	text->MakeFocus(true);
 	press_window_key(window, 'L', B_COMMAND_KEY);
 	press_window_key(window, B_ENTER);
-	EXPECT_TRUE(WaitFor([window]() {
-		return window->Count('item') == 1 && window->Count('dflt') == 1;
-	}));
+	EXPECT_SOON(window->Count('item') == 1 && window->Count('dflt') == 1);
 	press_window_key(window, B_TAB);
 	EXPECT_FALSE(text->IsFocus());
 	EXPECT_TRUE(control->TextView()->IsFocus());
@@ -441,9 +439,7 @@ TEST_F(TextSelectionTest, DragBeyondTheEdge_ScrollsByItself)
 	fText->ScrollToOffset(0);
 	press_mouse(fText, Before(0));
 	drag_mouse(fText, BPoint(10, fText->Bounds().Height() + 20));
-	EXPECT_TRUE(WaitFor([this]() {
-		return Top() >= 5 * 5;
-	}));
+	EXPECT_SOON(Top() >= 5 * 5);
 	release_mouse(fText, BPoint(10, fText->Bounds().Height() + 20));
 	const int32 top = Top();
 	int32 start;
@@ -456,9 +452,7 @@ TEST_F(TextSelectionTest, DragBeyondTheEdge_ScrollsByItself)
 	click(fText, BPoint(200, 60));
 	press_mouse(fText, BPoint(200, 60));
 	drag_mouse(fText, BPoint(10, -20));
-	EXPECT_TRUE(WaitFor([this]() {
-		return Top() == 0;
-	}));
+	EXPECT_SOON(Top() == 0);
 	release_mouse(fText, BPoint(10, -20));
 	fText->GetSelection(&start, &end);
 	EXPECT_EQ(start, 0);

@@ -12,9 +12,9 @@
 #include <Font.h>
 #include <ScrollView.h>
 
+#include "ExpectSoon.h"
 #include "ScreenReader.h"
 #include "UserInput.h"
-#include "WaitFor.h"
 #include "WindowWithView.h"
 
 
@@ -57,12 +57,7 @@ protected:
 	}
 
 	/*!	Waits for what was changed to be on the screen. */
-	void Show()
-	{
-		EXPECT_TRUE(WaitFor([this]() {
-			return !waits_for_frame(fText);
-		}));
-	}
+	void Show() { EXPECT_SOON(!waits_for_frame(fText)); }
 
 	WindowWithView* fWindow;
 	BTextView* fText;
@@ -150,9 +145,7 @@ TEST_F(TextViewChangesTest, ResizedInManySteps_TheSameRowIsAtTheTop)
 	const float place = fText->PointAt(middle).y;
 	for (const float change : {-15, -33, -61, -44, -20, -7, 12, 25, 0}) {
 		fWindow->ResizeTo(300 + change, 150);
-		ASSERT_TRUE(WaitFor([this, width, change]() {
-			return fText->Bounds().Width() == width + change;
-		}));
+		ASSERT_SOON(fText->Bounds().Width() == width + change);
 	}
 	EXPECT_EQ(fText->PointAt(middle).y, place);
 }

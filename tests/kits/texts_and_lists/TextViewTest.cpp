@@ -15,8 +15,8 @@
 #include <Messenger.h>
 #include <ScrollView.h>
 
+#include "ExpectSoon.h"
 #include "UserInput.h"
-#include "WaitFor.h"
 #include "WindowWithView.h"
 
 
@@ -133,9 +133,7 @@ TEST_F(TextViewTest, Markup_IsShownAsItStands)
 {
 	const std::string text = "<b>x</b> &amp; &File [*] %s";
 	Append(text);
-	EXPECT_TRUE(WaitFor([this, &text]() {
-		return accessible_of(fText).text == text;
-	}));
+	EXPECT_SOON(accessible_of(fText).text == text);
 }
 
 
@@ -143,11 +141,9 @@ TEST_F(TextViewTest, InvalidByte_IsShownAsReplacement)
 {
 	Append("a\xff"
 		   "b");
-	EXPECT_TRUE(WaitFor([this]() {
-		return accessible_of(fText).text
-			== "a\xef\xbf\xbd"
-			   "b";
-	}));
+	EXPECT_SOON(accessible_of(fText).text
+		== "a\xef\xbf\xbd"
+		   "b");
 	EXPECT_STREQ(fText->Text(),
 		"a\xff"
 		"b");
@@ -158,9 +154,7 @@ TEST_F(TextViewTest, AfterAppending_TheEndIsSeen)
 {
 	for (int i = 0; i < 300; i++)
 		Append("line " + std::to_string(i) + "\n");
-	EXPECT_TRUE(WaitFor([this]() {
-		return IsEndSeen();
-	}));
+	EXPECT_SOON(IsEndSeen());
 	EXPECT_FALSE(fText->Bounds().Contains(fText->PointAt(0)));
 }
 
@@ -169,15 +163,11 @@ TEST_F(TextViewTest, ScrolledAway_AppendingShowsTheEndAgain)
 {
 	for (int i = 0; i < 300; i++)
 		Append("line\n");
-	ASSERT_TRUE(WaitFor([this]() {
-		return IsEndSeen();
-	}));
+	ASSERT_SOON(IsEndSeen());
 	scroll_to_top(fText);
 	ASSERT_FALSE(IsEndSeen());
 	Append("news\n");
-	EXPECT_TRUE(WaitFor([this]() {
-		return IsEndSeen();
-	}));
+	EXPECT_SOON(IsEndSeen());
 }
 
 
@@ -185,14 +175,10 @@ TEST_F(TextViewTest, SmallerWindow_StillShowsTheEnd)
 {
 	for (int i = 0; i < 300; i++)
 		Append("a line that is long enough to be wrapped when the window is made smaller\n");
-	ASSERT_TRUE(WaitFor([this]() {
-		return IsEndSeen();
-	}));
+	ASSERT_SOON(IsEndSeen());
 	const float width = fText->Bounds().Width();
 	fWindow->ResizeTo(250, 120);
-	ASSERT_TRUE(WaitFor([this, width]() {
-		return fText->Bounds().Width() < width;
-	}));
+	ASSERT_SOON(fText->Bounds().Width() < width);
 	EXPECT_TRUE(IsEndSeen());
 }
 
@@ -208,9 +194,7 @@ TEST_F(TextViewTest, ManyPiecesInOneTurn_AllArrive)
 	}
 	EXPECT_TRUE(WaitUntilShown());
 	EXPECT_EQ(fText->Text(), all);
-	EXPECT_TRUE(WaitFor([this]() {
-		return IsEndSeen();
-	}));
+	EXPECT_SOON(IsEndSeen());
 }
 
 
@@ -264,9 +248,7 @@ TEST_F(TextViewTest, TwentyWordsOfTheLargestSize_LeaveOthersServed)
 	});
 	fWindow->AddHandler(&appender);
 	BMessenger(&appender).SendMessage('appd');
-	EXPECT_TRUE(WaitFor([&appended]() {
-		return appended >= 20;
-	}));
+	EXPECT_SOON(appended >= 20);
 	EXPECT_GE(beats, 20);
 
 	fWindow->RemoveHandler(&appender);
@@ -393,9 +375,7 @@ TEST_F(TextViewTest, SelectionOfEverything_DoesNotGrow)
 	fText->GetSelection(&start, &end);
 	EXPECT_EQ(start, 0);
 	EXPECT_EQ(end, 8);
-	EXPECT_TRUE(WaitFor([this]() {
-		return IsEndSeen();
-	}));
+	EXPECT_SOON(IsEndSeen());
 }
 
 
@@ -470,18 +450,14 @@ TEST_F(TextViewTest, SetText_ReplacesEverythingAndShowsItsStart)
 {
 	for (int i = 0; i < 300; i++)
 		Append("line\n");
-	ASSERT_TRUE(WaitFor([this]() {
-		return IsEndSeen();
-	}));
+	ASSERT_SOON(IsEndSeen());
 	Append("waiting");
 	std::string text;
 	for (int i = 0; i < 200; i++)
 		text += "rule\r";
 	fText->SetText(text.c_str());
 	EXPECT_EQ(fText->Text(), text);
-	EXPECT_TRUE(WaitFor([this]() {
-		return fText->Bounds().Contains(fText->PointAt(0));
-	}));
+	EXPECT_SOON(fText->Bounds().Contains(fText->PointAt(0)));
 	EXPECT_FALSE(IsEndSeen());
 	fText->SetText(NULL);
 	EXPECT_EQ(fText->TextLength(), 0);
@@ -569,9 +545,7 @@ TEST_F(TextViewTest, DeletedWithTextWaiting_IsNoTrouble)
 TEST_F(TextViewTest, Focus_IsSeenByTheBorder)
 {
 	fText->MakeFocus(true);
-	ASSERT_TRUE(WaitFor([this]() {
-		return fWindow->IsActive();
-	}));
+	ASSERT_SOON(fWindow->IsActive());
 	const unsigned focused = pixel_of(fText, BPoint(0, 0));
 	fText->MakeFocus(false);
 	EXPECT_NE(focused, pixel_of(fText, BPoint(0, 0)));

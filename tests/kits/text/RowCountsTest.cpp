@@ -84,28 +84,20 @@ TEST_F(RowCountsTest, NewLines_HaveOneRowEach)
 }
 
 
-TEST_F(RowCountsTest, OneLine_HasAllRows)
-{
-	SetCountLines(1);
-	SetRowsOf(0, 1000);
-	EXPECT_EQ(fCounts.CountRows(), 1000);
-	EXPECT_EQ(fCounts.LineAtRow(0), 0);
-	EXPECT_EQ(fCounts.LineAtRow(999), 0);
-}
-
-
 TEST_F(RowCountsTest, LineOfManyRows_IsFoundAtItsFirstAndLast)
 {
 	SetCountLines(10);
 	SetRowsOf(3, 500);
 	SetRowsOf(4, 7);
-	EXPECT_EQ(fCounts.LineAtRow(2), 2);
-	EXPECT_EQ(fCounts.LineAtRow(3), 3);
-	EXPECT_EQ(fCounts.LineAtRow(502), 3);
-	EXPECT_EQ(fCounts.LineAtRow(503), 4);
-	EXPECT_EQ(fCounts.LineAtRow(509), 4);
-	EXPECT_EQ(fCounts.LineAtRow(510), 5);
+	const int32 places[][2] = {{2, 2}, {3, 3}, {502, 3}, {503, 4}, {509, 4}, {510, 5}};
+	for (const auto& place : places)
+		EXPECT_EQ(fCounts.LineAtRow(place[0]), place[1]) << place[0];
 	EXPECT_EQ(fCounts.CountRows(), 515);
+	// Fewer rows than before move the lines up.
+	SetRowsOf(3, 2);
+	SetRowsOf(3, 2);
+	EXPECT_EQ(fCounts.FirstRowOf(4), 5);
+	EXPECT_EQ(fCounts.CountRows(), 17);
 }
 
 
@@ -120,18 +112,7 @@ TEST_F(RowCountsTest, LinesAfterLongOnes_AreSummedUp)
 }
 
 
-TEST_F(RowCountsTest, FewerRowsThanBefore_MoveTheLinesUp)
-{
-	SetCountLines(9);
-	SetRowsOf(2, 10);
-	SetRowsOf(2, 2);
-	SetRowsOf(2, 2);
-	EXPECT_EQ(fCounts.FirstRowOf(3), 4);
-	EXPECT_EQ(fCounts.CountRows(), 10);
-}
-
-
-TEST_F(RowCountsTest, CutOffAndAddedAgain_HasOneRow)
+TEST_F(RowCountsTest, CutOffOrResetAndAddedAgain_HasOneRow)
 {
 	SetCountLines(20);
 	for (size_t i = 0; i < 20; i++)
@@ -140,24 +121,8 @@ TEST_F(RowCountsTest, CutOffAndAddedAgain_HasOneRow)
 	EXPECT_EQ(fCounts.CountRows(), 21);
 	SetCountLines(20);
 	EXPECT_EQ(fCounts.CountRows(), 34);
-	EXPECT_EQ(fCounts.RowsOf(6), 3);
-	EXPECT_EQ(fCounts.RowsOf(7), 1);
-}
-
-
-TEST_F(RowCountsTest, CutOffEntirely_StartsAnew)
-{
-	SetCountLines(3);
-	SetRowsOf(1, 8);
 	SetCountLines(0);
 	EXPECT_EQ(fCounts.CountRows(), 0);
-	SetCountLines(3);
-	EXPECT_EQ(fCounts.CountRows(), 3);
-}
-
-
-TEST_F(RowCountsTest, Reset_ForgetsAllRows)
-{
 	SetCountLines(12);
 	SetRowsOf(0, 2);
 	SetRowsOf(11, 6);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <random>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -61,198 +62,76 @@ protected:
 	StyleRuns fRuns;
 };
 
+
+/*!	Bytes of a style put in the place of others, or, with none added, a range that is styled. */
+struct StyleChange {
+	size_t offset;
+	size_t removed;
+	size_t added;
+	char style;
+	bool isStyled = false;
+};
+
+
+StyleChange
+styled(size_t start, size_t end, char style)
+{
+	return {start, end, 0, style, true};
+}
+
+
 } // namespace
 
 
-TEST_F(StyleRunsTest, Empty_HasNoRun)
+// Each change is compared with the plain model, in which neighbors of one style are one run.
+TEST_F(StyleRunsTest, Changes_SplitAndJoinRuns)
 {
-	EXPECT_EQ(fRuns.CountRuns(), 0);
-	EXPECT_EQ(fRuns.CountBytes(), 0);
-}
-
-
-TEST_F(StyleRunsTest, ChangesOfNothingInAnEmptyText_LeaveItEmpty)
-{
-	Replace(0, 0, 0, '1');
-	SetStyle(0, 0, '1');
-	EXPECT_EQ(fRuns.CountRuns(), 0);
-}
-
-
-TEST_F(StyleRunsTest, AppendedSameStyle_JoinsTheRun)
-{
-	Append(3, '1');
-	Append(4, '1');
-	EXPECT_EQ(fRuns.CountRuns(), 1);
-	EXPECT_EQ(fRuns.EndOf(0), 7);
-}
-
-
-TEST_F(StyleRunsTest, AppendedOtherStyle_BeginsARun)
-{
-	Append(3, '1');
-	Append(4, '2');
-	EXPECT_EQ(fRuns.CountRuns(), 2);
-	EXPECT_EQ(fRuns.EndOf(0), 3);
-	EXPECT_EQ(fRuns.RunAt(2), 0);
-	EXPECT_EQ(fRuns.RunAt(3), 1);
-	EXPECT_EQ(fRuns[1].style, 2);
-}
-
-
-TEST_F(StyleRunsTest, AppendedNothing_ChangesNothing)
-{
-	Append(3, '1');
-	Append(0, '2');
-	EXPECT_EQ(fRuns.CountRuns(), 1);
-}
-
-
-TEST_F(StyleRunsTest, InsertedInTheMiddle_SplitsTheRun)
-{
-	Append(6, '1');
-	Replace(2, 0, 3, '2');
-	EXPECT_EQ(fStyles, "112221111");
-	EXPECT_EQ(fRuns.CountRuns(), 3);
-}
-
-
-TEST_F(StyleRunsTest, InsertedSameStyleInTheMiddle_LeavesOneRun)
-{
-	Append(6, '1');
-	Replace(2, 0, 3, '1');
-	Replace(0, 0, 1, '1');
-	EXPECT_EQ(fRuns.CountRuns(), 1);
-}
-
-
-TEST_F(StyleRunsTest, InsertedNothingInTheMiddle_LeavesOneRun)
-{
-	Append(6, '1');
-	Replace(2, 0, 0, '2');
-	EXPECT_EQ(fRuns.CountRuns(), 1);
-}
-
-
-TEST_F(StyleRunsTest, InsertedBetweenRuns_JoinsTheOneOfItsStyle)
-{
-	Append(2, '1');
-	Append(2, '2');
-	Replace(2, 0, 1, '1');
-	EXPECT_EQ(fRuns.EndOf(0), 3);
-	Replace(3, 0, 1, '2');
-	EXPECT_EQ(fRuns.EndOf(0), 3);
-	EXPECT_EQ(fRuns.CountRuns(), 2);
-}
-
-
-TEST_F(StyleRunsTest, StyledInTheMiddle_SplitsAndJoins)
-{
-	Append(9, '1');
-	SetStyle(3, 6, '2');
-	EXPECT_EQ(fRuns.CountRuns(), 3);
-	SetStyle(3, 6, '1');
-	EXPECT_EQ(fRuns.CountRuns(), 1);
-}
-
-
-TEST_F(StyleRunsTest, StyledAtBothEnds_SplitsOnce)
-{
-	Append(9, '1');
-	SetStyle(0, 2, '2');
-	EXPECT_EQ(fRuns.CountRuns(), 2);
-	SetStyle(7, 9, '2');
-	EXPECT_EQ(fRuns.CountRuns(), 3);
-	SetStyle(0, 9, '3');
-	EXPECT_EQ(fRuns.CountRuns(), 1);
-}
-
-
-TEST_F(StyleRunsTest, StyledOverManyRuns_TakesThemAll)
-{
-	for (int i = 0; i < 6; i++)
-		Append(2, char('1' + i));
-	SetStyle(3, 9, '9');
-	EXPECT_EQ(fStyles, "112999999566");
-	SetStyle(2, 10, '1');
-	EXPECT_EQ(fStyles, "111111111166");
-	EXPECT_EQ(fRuns.CountRuns(), 2);
-}
-
-
-TEST_F(StyleRunsTest, StyledNowhere_ChangesNothing)
-{
-	Append(4, '1');
-	SetStyle(2, 2, '2');
-	SetStyle(4, 4, '2');
-	SetStyle(3, 1, '2');
-	EXPECT_EQ(fRuns.CountRuns(), 1);
-}
-
-
-TEST_F(StyleRunsTest, StyledAsItIs_ChangesNothing)
-{
-	Append(4, '1');
-	Append(4, '2');
-	SetStyle(1, 3, '1');
-	SetStyle(4, 8, '2');
-	EXPECT_EQ(fRuns.CountRuns(), 2);
-}
-
-
-TEST_F(StyleRunsTest, DeletedWholeRun_JoinsItsNeighbors)
-{
-	Append(3, '1');
-	Append(4, '2');
-	Append(5, '1');
-	Replace(3, 4, 0, '3');
-	EXPECT_EQ(fRuns.CountRuns(), 1);
-	EXPECT_EQ(fRuns.EndOf(0), 8);
-}
-
-
-TEST_F(StyleRunsTest, DeletedAcrossRuns_KeepsWhatIsLeftOfThem)
-{
-	Append(3, '1');
-	Append(4, '2');
-	Append(5, '3');
-	Replace(2, 6, 0, '9');
-	EXPECT_EQ(fStyles, "113333");
-	EXPECT_EQ(fRuns.CountRuns(), 2);
-}
-
-
-TEST_F(StyleRunsTest, DeletedEnd_ForgetsItsStyle)
-{
-	Append(3, '1');
-	Append(4, '2');
-	Replace(3, 4, 0, '2');
-	EXPECT_EQ(fRuns.CountRuns(), 1);
-	Append(2, '1');
-	EXPECT_EQ(fRuns.CountRuns(), 1);
-}
-
-
-TEST_F(StyleRunsTest, EverythingDeleted_LeavesNoRun)
-{
-	Append(3, '1');
-	Append(4, '2');
-	Replace(0, 7, 0, '1');
-	EXPECT_EQ(fRuns.CountRuns(), 0);
-	Append(1, '5');
-	EXPECT_EQ(fRuns[0].style, 5);
-}
-
-
-TEST_F(StyleRunsTest, ReplacedByItsOwnStyle_StaysInItsRun)
-{
-	Append(3, '1');
-	Append(4, '2');
-	Append(3, '1');
-	Replace(4, 2, 5, '2');
-	EXPECT_EQ(fRuns.CountRuns(), 3);
-	Replace(3, 7, 1, '1');
-	EXPECT_EQ(fRuns.CountRuns(), 1);
+	const struct {
+		const char* name;
+		std::string before;
+		std::vector<StyleChange> changes;
+		const char* after;
+		int32 runs;
+	} cases[] = {
+		{"nothing in an empty text", "", {{0, 0, 0, '1'}, styled(0, 0, '1')}, "", 0},
+		{"appended same style", "111", {{3, 0, 4, '1'}}, "1111111", 1},
+		{"appended other style", "111", {{3, 0, 4, '2'}}, "1112222", 2},
+		{"appended nothing", "111", {{3, 0, 0, '2'}}, "111", 1},
+		{"inserted in the middle", "111111", {{2, 0, 3, '2'}}, "112221111", 3},
+		{"inserted same style", "111111", {{2, 0, 3, '1'}, {0, 0, 1, '1'}}, "1111111111", 1},
+		{"inserted nothing in the middle", "111111", {{2, 0, 0, '2'}}, "111111", 1},
+		{"inserted between runs", "1122", {{2, 0, 1, '1'}, {3, 0, 1, '2'}}, "111222", 2},
+		{"styled in the middle", "111111", {styled(2, 4, '2')}, "112211", 3},
+		{"styled there as before", "112211", {styled(2, 4, '1')}, "111111", 1},
+		{"styled at both ends", "11111", {styled(0, 2, '2'), styled(4, 5, '2')}, "22112", 3},
+		{"styled as a whole", "22112", {styled(0, 5, '3')}, "33333", 1},
+		{"styled over many runs", "112233445566", {styled(3, 9, '9')}, "112999999566", 5},
+		{"styled as the first one", "112999999566", {styled(2, 10, '1')}, "111111111166", 2},
+		{"styled nowhere", "1111", {styled(2, 2, '2'), styled(4, 4, '2'), styled(3, 1, '2')},
+			"1111", 1},
+		{"styled as it is", "11112222", {styled(1, 3, '1'), styled(4, 8, '2')}, "11112222", 2},
+		{"deleted whole run", "111222211111", {{3, 4, 0, '3'}}, "11111111", 1},
+		{"deleted across runs", "111222233333", {{2, 6, 0, '9'}}, "113333", 2},
+		{"deleted end", "1112222", {{3, 4, 0, '2'}, {3, 0, 2, '1'}}, "11111", 1},
+		{"deleted everything", "1112222", {{0, 7, 0, '1'}}, "", 0},
+		{"replaced everything", "1112222", {{0, 7, 0, '1'}, {0, 0, 1, '5'}}, "5", 1},
+		{"replaced by its own style", "1112222111", {{4, 2, 5, '2'}}, "1112222222111", 3},
+		{"replaced by its neighbors' style", "1112222111", {{3, 4, 1, '1'}}, "1111111", 1},
+	};
+	for (const auto& entry : cases) {
+		SCOPED_TRACE(entry.name);
+		Replace(0, fStyles.size(), 0, '0');
+		for (const char style : entry.before)
+			Append(1, style);
+		for (const StyleChange& change : entry.changes) {
+			if (change.isStyled)
+				SetStyle(change.offset, change.removed, change.style);
+			else
+				Replace(change.offset, change.removed, change.added, change.style);
+		}
+		EXPECT_EQ(fStyles, entry.after);
+		EXPECT_EQ(fRuns.CountRuns(), entry.runs);
+	}
 }
 
 

@@ -8,6 +8,8 @@
 #include <cstring>
 #include <iterator>
 #include <random>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -52,17 +54,6 @@ TEST_F(TextStoreTest, Empty_HasOneLine)
 }
 
 
-TEST_F(TextStoreTest, PlainText_OffsetsArePositions)
-{
-	Append("first\nsecond\n");
-	EXPECT_EQ(fStore.CountLines(), 3);
-	EXPECT_EQ(fStore.PositionAt(8), 8);
-	EXPECT_EQ(fStore.OffsetAt(8), 8);
-	EXPECT_EQ(fStore.LineAtOffset(8), 1);
-	EXPECT_EQ(fStore.TextOf(1), u"second");
-}
-
-
 TEST_F(TextStoreTest, EndOfALine_BelongsToIt)
 {
 	Append("first\nsecond\n");
@@ -71,6 +62,7 @@ TEST_F(TextStoreTest, EndOfALine_BelongsToIt)
 	EXPECT_EQ(fStore.LineAtOffset(6), 1);
 	EXPECT_EQ(fStore.LineAtPosition(6), 1);
 	EXPECT_EQ(fStore.LineAtOffset(13), 2) << "the end of the text";
+	EXPECT_EQ(fStore.TextOf(1), u"second");
 }
 
 
@@ -87,37 +79,49 @@ TEST_F(TextStoreTest, ReturnAndFeed_AreOnePosition)
 }
 
 
-TEST_F(TextStoreTest, ReturnAndFeedInTwoParts_BecomeOnePosition)
+TEST_F(TextStoreTest, AppendedParts_AreLinesAndPositions)
 {
-	Append("a\r");
-	EXPECT_EQ(fStore.CountPositions(), 2);
-	Append("\nb");
-	EXPECT_EQ(fStore.CountPositions(), 3);
-	EXPECT_EQ(fStore.CountLines(), 2);
+	const struct {
+		std::vector<std::string> parts;
+		int32 lines;
+		int32 positions;
+		std::u16string last;
+	} cases[] = {
+		{{"a\r", "\nb"}, 2, 3, u"b"},
+		{{"\r\r\r\n\n\n\r"}, 7, 6, u""},
+		{{"caf\xc3", "\xa9 \xf0\x9f", "\x98", "\x80!"}, 1, 8, u"caf\u00e9 \U0001f600!"},
+		{{"a\xf0\x9f", "z"}, 1, 4, u"a\xfffd\xfffdz"},
+		// The halves of a surrogate pair, a separator, and two NULs.
+		{{"\xed\xa0\xbd", "\xed\xb8\x80"}, 1, 6, u"\xfffd\xfffd\xfffd\xfffd\xfffd\xfffd"},
+		{{"a\xe2\x80", "\xa9z"}, 2, 3, u"z"},
+		{{std::string("a\0b\0", 4)}, 1, 4, std::u16string(u"a\0b\0", 4)},
+	};
+	for (const auto& entry : cases) {
+		SCOPED_TRACE(entry.parts[0]);
+		Replace(0, fBytes.size(), "");
+		for (const std::string& part : entry.parts)
+			Append(part);
+		EXPECT_EQ(fStore.CountLines(), entry.lines);
+		EXPECT_EQ(fStore.CountPositions(), entry.positions);
+		EXPECT_EQ(fStore.TextOf(entry.lines - 1), entry.last);
+	}
 }
 
 
 TEST_F(TextStoreTest, EachEnd_BeginsALine)
 {
 	for (const char* end : {"\n", "\r", "\r\n", "\xe2\x80\xa9"}) {
+		SCOPED_TRACE(end);
 		const int32 line = fStore.CountLines() - 1;
 		const int32 positions = fStore.CountPositions();
 		Append(std::string("x") + end);
-		Append("y");
-		EXPECT_EQ(fStore.CountLines(), line + 2);
-		EXPECT_EQ(fStore.CountPositions(), positions + 3);
-		EXPECT_EQ(fStore.TextOf(line + 1), u"y");
+		// Characters that are cut by an end are invalid.
+		Append(std::string("\xf0\x9f\x98") + end + "\xe2\x80" + end);
+		EXPECT_EQ(fStore.CountLines(), line + 4);
+		EXPECT_EQ(fStore.CountPositions(), positions + 9);
+		EXPECT_EQ(fStore.TextOf(line + 1), u"\xfffd\xfffd\xfffd");
+		EXPECT_EQ(fStore.TextOf(line + 2), u"\xfffd\xfffd");
 	}
-}
-
-
-TEST_F(TextStoreTest, EndsInARow_AreALineEach)
-{
-	Append("\r\r\r\n\n\n\r");
-	EXPECT_EQ(fStore.CountLines(), 7);
-	EXPECT_EQ(fStore.CountPositions(), 6);
-	for (int32 i = 0; i < fStore.CountLines(); i++)
-		EXPECT_EQ(fStore.CountBytesOf(i), 0) << "line " << i;
 }
 
 
@@ -160,119 +164,34 @@ TEST_F(TextStoreTest, InvalidByte_IsOnePositionAndComesBack)
 }
 
 
-TEST_F(TextStoreTest, CharacterCutByAnEnd_IsInvalid)
+TEST_F(TextStoreTest, ChangesWithinEndsAndCharacters_TakeThemApartAndJoinThem)
 {
-	for (const char* end : {"\n", "\r", "\r\n", "\xe2\x80\xa9"}) {
-		const int32 line = fStore.CountLines() - 1;
-		Append(std::string("\xf0\x9f\x98") + end + "\xe2\x80" + end);
-		EXPECT_EQ(fStore.CountLines(), line + 3);
-		EXPECT_EQ(fStore.TextOf(line), u"\xfffd\xfffd\xfffd");
-		EXPECT_EQ(fStore.TextOf(line + 1), u"\xfffd\xfffd");
+	const struct {
+		const char* before;
+		size_t offset;
+		size_t removed;
+		const char* added;
+		int32 lines;
+		int32 positions;
+	} cases[] = {
+		{"a\r\nb", 2, 0, "x", 3, 5},
+		{"a\rx\nb", 2, 1, "", 2, 3},
+		{"\r\rb", 2, 0, "\n", 3, 3},
+		{"\r\r\nb", 1, 0, "\n", 3, 3},
+		{"a\xe2\x80\xa9z\nend", 2, 1, "", 2, 8},
+		{"a\xe2\xa9z\nend", 2, 0, "\x80", 3, 7},
+		{"a\xf0\x9f\x98\x80z\nend", 3, 1, "", 2, 9},
+		{"a\xf0\x9f\x80z\nend", 3, 0, "\x98", 2, 8},
+		{"one\n\xfftwo\n", 0, 9, "", 1, 0},
+		{"one\n\xfftwo\n", 0, 9, "other\n", 2, 6},
+	};
+	for (const auto& entry : cases) {
+		SCOPED_TRACE(entry.before);
+		Replace(0, fBytes.size(), entry.before);
+		Replace(entry.offset, entry.removed, entry.added);
+		EXPECT_EQ(fStore.CountLines(), entry.lines);
+		EXPECT_EQ(fStore.CountPositions(), entry.positions);
 	}
-}
-
-
-TEST_F(TextStoreTest, CharacterInTwoParts_BecomesOne)
-{
-	Append("caf\xc3");
-	EXPECT_EQ(fStore.CountPositions(), 4);
-	Append("\xa9 \xf0\x9f");
-	Append("\x98");
-	EXPECT_EQ(fStore.CountPositions(), 8);
-	Append("\x80!");
-	EXPECT_EQ(fStore.CountPositions(), 8);
-	EXPECT_EQ(fStore.TextOf(0), u"caf\u00e9 \U0001f600!");
-}
-
-
-TEST_F(TextStoreTest, CharacterNeverFinished_StaysInvalid)
-{
-	Append("a\xf0\x9f");
-	Append("z");
-	EXPECT_EQ(fStore.TextOf(0), u"a\xfffd\xfffdz");
-	EXPECT_EQ(fStore.CountPositions(), 4);
-}
-
-
-TEST_F(TextStoreTest, HalvesOfASurrogatePair_AreInvalidBytes)
-{
-	Append("\xed\xa0\xbd");
-	Append("\xed\xb8\x80");
-	EXPECT_EQ(fStore.CountPositions(), 6);
-	EXPECT_EQ(fStore.TextOf(0), std::u16string(6, char16_t(0xfffd)));
-}
-
-
-TEST_F(TextStoreTest, SeparatorInTwoParts_EndsTheLine)
-{
-	Append("a\xe2\x80");
-	Append("\xa9z");
-	EXPECT_EQ(fStore.CountLines(), 2);
-	EXPECT_EQ(fStore.TextOf(1), u"z");
-}
-
-
-TEST_F(TextStoreTest, ChangeWithinReturnAndFeed_TakesThemApart)
-{
-	Append("a\r\nb");
-	Replace(2, 0, "x");
-	EXPECT_EQ(fStore.CountLines(), 3);
-	Replace(2, 1, "");
-	EXPECT_EQ(fStore.CountLines(), 2);
-}
-
-
-TEST_F(TextStoreTest, FeedBroughtBehindAReturn_JoinsIt)
-{
-	Append("a\rx\nb");
-	EXPECT_EQ(fStore.CountLines(), 3);
-	Replace(2, 1, "");
-	EXPECT_EQ(fStore.CountLines(), 2);
-}
-
-
-TEST_F(TextStoreTest, FeedPutBehindAReturn_JoinsIt)
-{
-	Append("\r\rb");
-	Replace(2, 0, "\n");
-	EXPECT_EQ(fStore.CountLines(), 3);
-	Replace(1, 0, "\n");
-	EXPECT_EQ(fStore.CountLines(), 3);
-	EXPECT_EQ(fStore.CountPositions(), 3);
-}
-
-
-TEST_F(TextStoreTest, EndTakenApart_JoinsTheLines)
-{
-	Append("a\xe2\x80\xa9z\nend");
-	Replace(2, 1, "");
-	EXPECT_EQ(fStore.CountLines(), 2);
-	Replace(2, 0, "\x80");
-	EXPECT_EQ(fStore.CountLines(), 3);
-}
-
-
-TEST_F(TextStoreTest, CharacterTakenApart_IsInvalidUntilWhole)
-{
-	Append("a\xf0\x9f\x98\x80z\nend");
-	Replace(3, 1, "");
-	EXPECT_EQ(fStore.TextOf(0), u"a\xfffd\xfffd\xfffdz");
-	Replace(3, 0, "\x98");
-	EXPECT_EQ(fStore.TextOf(0), u"a\U0001f600z");
-	EXPECT_EQ(fStore.PositionOf(1), 5);
-}
-
-
-TEST_F(TextStoreTest, EverythingReplaced_StartsAnew)
-{
-	Append("one\n\xfftwo\n");
-	Replace(0, 9, "other");
-	EXPECT_EQ(fStore.CountLines(), 1);
-	Replace(0, 5, "");
-	EXPECT_EQ(fStore.CountLines(), 1);
-	EXPECT_EQ(fStore.CountPositions(), 0);
-	Append("last\n");
-	EXPECT_EQ(fStore.CountLines(), 2);
 }
 
 
@@ -309,14 +228,6 @@ TEST_F(TextStoreTest, Changing_BeginsAtTheLineOfTheChange)
 	// What stands behind a CR can be its other half.
 	EXPECT_EQ(fStore.Replace(17, 4, "\n", 1), 3);
 	EXPECT_EQ(text_store_complaint(fStore, "ne\ntWo\nTthree\r\n4\r\n"), "");
-}
-
-
-TEST_F(TextStoreTest, NulBytes_AreCharacters)
-{
-	Append(std::string("a\0b\0", 4));
-	EXPECT_EQ(fStore.CountPositions(), 4);
-	EXPECT_EQ(fStore.TextOf(0), std::u16string(u"a\0b\0", 4));
 }
 
 

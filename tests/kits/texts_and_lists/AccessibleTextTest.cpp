@@ -189,8 +189,7 @@ TEST_F(AccessibleTextTest, CaretAndSelection_AreTheUsers)
 
 TEST_F(AccessibleTextTest, CaretSetByAScreenReader_IsSeen)
 {
-	for (int i = 0; i < 100; i++)
-		Append("line\n");
+	Append("line\n", 100);
 	fReader->SetCaret(300);
 	EXPECT_TRUE(IsSeen(300));
 	fReader->Select(20, 22);
@@ -260,8 +259,7 @@ TEST_F(AccessibleTextTest, PointOutside_IsNoPosition)
 
 TEST_F(AccessibleTextTest, ScrollToSubstring_ShowsIt)
 {
-	for (int i = 0; i < 100; i++)
-		Append("line\n");
+	Append("line\n", 100);
 	for (const int position : {400, 0, 250, 495, 30}) {
 		fReader->ScrollTo(position, position + 4);
 		EXPECT_TRUE(IsSeen(position)) << position;

@@ -178,8 +178,7 @@ TEST_F(TextScrollingTest, PlacesAskedForAbove_DoNotMoveTheTextWithTheNextStepDow
 TEST_F(TextScrollingTest, ScrollBar_SaysHowMuchThereIs)
 {
 	EXPECT_EQ(scroll_state(fText).max, 0);
-	for (int i = 0; i < 100; i++)
-		Append("line\n");
+	Append("line\n", 100);
 	const ScrollState start = scroll_state(fText);
 	EXPECT_EQ(start.value, 0);
 	EXPECT_EQ(start.step, 1);
@@ -248,8 +247,7 @@ TEST_F(TextScrollingTest, AppendedWhileScrolledUp_TheViewStays)
 	fText->ScrollToOffset(2000);
 	const int32 top = Top();
 	const ScrollState before = scroll_state(fText);
-	for (int i = 0; i < 3; i++)
-		Append("news\n");
+	Append("news\n", 3);
 	EXPECT_EQ(Top(), top);
 	EXPECT_EQ(scroll_state(fText).max, before.max + 3);
 	EXPECT_EQ(scroll_state(fText).value, before.value);
@@ -273,8 +271,7 @@ TEST_F(TextScrollingTest, ShorterText_IsShownFromItsStart)
 
 TEST_F(TextScrollingTest, ChangedAboveTheView_TheSameTextIsAtTheTop)
 {
-	for (int i = 0; i < 100; i++)
-		Append("line\n");
+	Append("line\n", 100);
 	scroll_to(fText, 50);
 	ASSERT_EQ(Top(), 250);
 	fText->Insert(100, "new\nlines\n", 10);

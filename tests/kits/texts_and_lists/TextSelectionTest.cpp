@@ -45,6 +45,12 @@ protected:
 		release_mouse(fText, to);
 	}
 
+	void ClickWithShift(BPoint where)
+	{
+		press_mouse(fText, where, B_SHIFT_KEY);
+		release_mouse(fText, where);
+	}
+
 	void TripleClick(BPoint where)
 	{
 		double_click(fText, where);
@@ -205,8 +211,7 @@ TEST_F(TextSelectionTest, ArabicWithinEnglish_IsWalkedInReadingOrder)
 
 TEST_F(TextSelectionTest, PageKeys_TurnThePage)
 {
-	for (int i = 0; i < 100; i++)
-		Append("line\n");
+	Append("line\n", 100);
 	SelectAt(0);
 	const int page = scroll_state(fText).page;
 	ASSERT_GT(page, 3);
@@ -242,8 +247,7 @@ TEST_F(TextSelectionTest, PageKeysNearTheEdges_GoToThem)
 
 TEST_F(TextSelectionTest, CaretThatIsMoved_IsSeen)
 {
-	for (int i = 0; i < 100; i++)
-		Append("line\n");
+	Append("line\n", 100);
 	SelectAt(500);
 	Press(B_HOME, B_COMMAND_KEY);
 	EXPECT_TRUE(IsSeen(0));
@@ -258,8 +262,7 @@ TEST_F(TextSelectionTest, CaretThatIsMoved_IsSeen)
 
 TEST_F(TextSelectionTest, Space_PagesAndLeavesTheSelection)
 {
-	for (int i = 0; i < 100; i++)
-		Append("line\n");
+	Append("line\n", 100);
 	fText->Select(1, 3);
 	const int page = scroll_state(fText).page;
 	Press(B_SPACE);
@@ -335,11 +338,9 @@ TEST_F(TextSelectionTest, ClickWithShift_ExtendsFromTheAnchor)
 {
 	Append("some words\nmore words");
 	click(fText, Before(5));
-	press_mouse(fText, Before(13), B_SHIFT_KEY);
-	release_mouse(fText, Before(13));
+	ClickWithShift(Before(13));
 	EXPECT_EQ(Selection(), "5..13");
-	press_mouse(fText, Before(2), B_SHIFT_KEY);
-	release_mouse(fText, Before(2));
+	ClickWithShift(Before(2));
 	EXPECT_EQ(Selection(), "2..5");
 	Press(B_RIGHT_ARROW, B_SHIFT_KEY);
 	EXPECT_EQ(Selection(), "3..5");
@@ -350,16 +351,13 @@ TEST_F(TextSelectionTest, ClickWithShiftAfterWords_ExtendsByWords)
 {
 	Append("some words and more words");
 	double_click(fText, Before(6));
-	press_mouse(fText, Before(17), B_SHIFT_KEY);
-	release_mouse(fText, Before(17));
+	ClickWithShift(Before(17));
 	EXPECT_EQ(Selection(), "5..19");
-	press_mouse(fText, Before(2), B_SHIFT_KEY);
-	release_mouse(fText, Before(2));
+	ClickWithShift(Before(2));
 	EXPECT_EQ(Selection(), "0..10");
 	// A key ends that.
 	Press(B_LEFT_ARROW);
-	press_mouse(fText, Before(12), B_SHIFT_KEY);
-	release_mouse(fText, Before(12));
+	ClickWithShift(Before(12));
 	EXPECT_EQ(Selection(), "0..12");
 }
 
@@ -423,8 +421,7 @@ TEST_F(TextSelectionTest, TripleClick_SelectsTheLine)
 	Append("first\nsome words\nlast");
 	TripleClick(Before(8));
 	EXPECT_EQ(Selection(), "6..17");
-	press_mouse(fText, Before(1), B_SHIFT_KEY);
-	release_mouse(fText, Before(1));
+	ClickWithShift(Before(1));
 	EXPECT_EQ(Selection(), "0..17");
 	TripleClick(Before(19));
 	EXPECT_EQ(Selection(), "17..21");
@@ -433,8 +430,7 @@ TEST_F(TextSelectionTest, TripleClick_SelectsTheLine)
 
 TEST_F(TextSelectionTest, DragBeyondTheEdge_ScrollsByItself)
 {
-	for (int i = 0; i < 100; i++)
-		Append("line\n");
+	Append("line\n", 100);
 	SelectAt(0);
 	fText->ScrollToOffset(0);
 	press_mouse(fText, Before(0));
@@ -528,8 +524,7 @@ TEST_F(TextSelectionTest, ContextMenu_CopiesAndSelectsAll)
 
 TEST_F(TextSelectionTest, NotSelectable_IsOnlyScrolled)
 {
-	for (int i = 0; i < 100; i++)
-		Append("line\n");
+	Append("line\n", 100);
 	fText->MakeSelectable(false);
 	set_clipboard("before");
 	Drag(Before(0), Before(12));

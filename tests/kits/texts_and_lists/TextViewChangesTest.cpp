@@ -10,12 +10,11 @@
 #include <gtest/gtest.h>
 
 #include <Font.h>
-#include <ScrollView.h>
 
 #include "ExpectSoon.h"
 #include "ScreenReader.h"
+#include "Transcript.h"
 #include "UserInput.h"
-#include "WindowWithView.h"
 
 
 namespace {
@@ -23,44 +22,12 @@ namespace {
 const rgb_color kRed = {200, 0, 0, 255};
 
 
-/*!	A transcript in a window. */
-class TextViewChangesTest : public testing::Test {
+class TextViewChangesTest : public Transcript {
 protected:
-	void SetUp() override
-	{
-		fText = new BTextView("text");
-		fText->MakeEditable(false);
-		fText->SetStylable(true);
-		fWindow = new WindowWithView(300, 150);
-		fWindow->Add(new BScrollView("scroll", fText, B_WILL_DRAW, false, true));
-		fWindow->ShowIt();
-	}
-
-	void TearDown() override
-	{
-		fWindow->Lock();
-		fWindow->Quit();
-	}
-
 	void Append(const std::string& bytes)
 	{
 		fText->Insert(fText->TextLength(), bytes.data(), int32(bytes.size()));
 	}
-
-	void ExpectSelection(int32 start, int32 end)
-	{
-		int32 from;
-		int32 to;
-		fText->GetSelection(&from, &to);
-		EXPECT_EQ(from, start);
-		EXPECT_EQ(to, end);
-	}
-
-	/*!	Waits for what was changed to be on the screen. */
-	void Show() { EXPECT_SOON(!waits_for_frame(fText)); }
-
-	WindowWithView* fWindow;
-	BTextView* fText;
 };
 
 } // namespace
@@ -76,14 +43,14 @@ TEST_F(TextViewChangesTest, SmallerStyleInTheFirstSeenLine_LeavesItsLastRows)
 		line += "words ";
 	Append(line);
 	fText->ScrollToOffset(fText->TextLength());
-	Show();
+	EXPECT_TRUE(WaitUntilShown());
 	ASSERT_LT(fText->PointAt(0).y, 0);
 
 	fText->SetFontAndColor(0, fText->TextLength(), be_plain_font, B_FONT_ALL, &kRed);
 	// Before the next frame and after it.
 	static_cast<void>(picture_of(fText));
 	EXPECT_TRUE(fText->Bounds().Contains(fText->PointAt(fText->TextLength())));
-	Show();
+	EXPECT_TRUE(WaitUntilShown());
 	EXPECT_TRUE(fText->Bounds().Contains(fText->PointAt(fText->TextLength())));
 }
 
@@ -93,10 +60,10 @@ TEST_F(TextViewChangesTest, AppendedBetweenTwoSteps_TheCaretKeepsItsColumn)
 	Append("wide line\nx\nwide line\n");
 	fText->Select(6, 6);
 	press_key(fText, kKeyDown);
-	ExpectSelection(11, 11);
+	EXPECT_EQ(Selection(), "11..11");
 	Append("news\n");
 	press_key(fText, kKeyDown);
-	ExpectSelection(18, 18);
+	EXPECT_EQ(Selection(), "18..18");
 }
 
 
@@ -106,7 +73,7 @@ TEST_F(TextViewChangesTest, CharacterCompleted_IsNotSelectedByHalf)
 	Append("a\xf0\x9f\x98");
 	fText->Select(0, 2);
 	Append("\x80");
-	ExpectSelection(0, 1);
+	EXPECT_EQ(Selection(), "0..1");
 	EXPECT_EQ(ScreenReader(fText).Caret(), 1);
 }
 
@@ -124,7 +91,7 @@ TEST_F(TextViewChangesTest, LineOfManyColors_IsShownWithTheFrame)
 		all += piece;
 	}
 	fText->ScrollToOffset(fText->TextLength());
-	Show();
+	EXPECT_TRUE(WaitUntilShown());
 	EXPECT_EQ(fText->Text(), all);
 	// Each piece has a character of two bytes.
 	const int32 last = int32(all.size()) - 3;
@@ -157,7 +124,7 @@ TEST_F(TextViewChangesTest, WrappedAtTheEnd_TheEndStaysInView)
 	for (int i = 0; i < 100; i++)
 		Append("a line that does not fit into a window of this size without being wrapped\n");
 	fText->ScrollToOffset(fText->TextLength());
-	Show();
+	EXPECT_TRUE(WaitUntilShown());
 	fText->SetWordWrap(true);
 	EXPECT_TRUE(fText->Bounds().Contains(fText->PointAt(fText->TextLength())));
 }

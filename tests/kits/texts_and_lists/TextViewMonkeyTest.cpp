@@ -11,12 +11,11 @@
 #include <gtest/gtest.h>
 
 #include <Font.h>
-#include <ScrollView.h>
 
 #include "RandomUser.h"
+#include "Transcript.h"
 #include "Utf8.h"
 #include "WaitFor.h"
-#include "WindowWithView.h"
 
 
 namespace {
@@ -35,24 +34,8 @@ const std::string kPieces[] = {"\n", "\r", "\r\n", "\xe2\x80\xa9", "\xe2\x80\xa8
 
 
 /*!	A text view in a window beside what it should contain. */
-class TextViewMonkeyTest : public testing::TestWithParam<int> {
+class TextViewMonkeyTest : public Transcript, public testing::WithParamInterface<int> {
 protected:
-	void SetUp() override
-	{
-		fText = new BTextView("text");
-		fText->MakeEditable(false);
-		fText->SetStylable(true);
-		fWindow = new WindowWithView(200, 150);
-		fWindow->Add(new BScrollView("scroll", fText, B_WILL_DRAW, false, true));
-		fWindow->ShowIt();
-	}
-
-	void TearDown() override
-	{
-		fWindow->Lock();
-		fWindow->Quit();
-	}
-
 	int32 Offset(RandomUser& user) { return user.Number(int32(fBytes.size()) + 1); }
 
 	void Change(RandomUser& user);
@@ -61,8 +44,6 @@ protected:
 	void Act(RandomUser& user);
 	std::string Complaint(RandomUser& user);
 
-	WindowWithView* fWindow;
-	BTextView* fText;
 	std::string fBytes;
 };
 

@@ -7,6 +7,7 @@
 #include <ScrollView.h>
 
 #include "UserInput.h"
+#include "WaitFor.h"
 #include "WindowInput.h"
 
 
@@ -33,10 +34,21 @@ Transcript::TearDown()
 
 /*!	It is on the screen at once, and nothing is scrolled. */
 void
-Transcript::Append(const std::string& text)
+Transcript::Append(const std::string& text, int times)
 {
-	fText->Insert(fText->TextLength(), text.data(), int32(text.size()));
-	fText->PointAt(fText->TextLength());
+	for (int i = 0; i < times; i++) {
+		fText->Insert(fText->TextLength(), text.data(), int32(text.size()));
+		fText->PointAt(fText->TextLength());
+	}
+}
+
+
+bool
+Transcript::WaitUntilShown()
+{
+	return WaitFor([this]() {
+		return !waits_for_frame(fText);
+	});
 }
 
 

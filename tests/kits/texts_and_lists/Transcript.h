@@ -22,7 +22,9 @@ protected:
 	void SetUp() override;
 	void TearDown() override;
 
-	void Append(const std::string& text);
+	void Append(const std::string& text, int times = 1);
+	// Until the screen shows what has changed.
+	bool WaitUntilShown();
 	void Press(char key, uint32 modifiers = 0);
 
 	// As in "3..7", in bytes.

@@ -58,9 +58,7 @@ TEST_F(ClientLoginTest, Everything_ByteForByte)
 TEST_F(ClientLoginTest, NullTexts_AreNoLoginAndTheDefaultNick)
 {
 	Connect(NULL, NULL, NULL, 137);
-	ASSERT_TRUE(server->Accept());
-	server->Read(12);
-	server->Send(std::string(kHandshakeReply, 8));
+	AcceptHandshake();
 	const std::string expected = login(137, wire_param(102, "HaikuUser"));
 	EXPECT_EQ(expected.substr(20, 2), wire16(3));
 	ExpectSent(expected);
@@ -70,9 +68,7 @@ TEST_F(ClientLoginTest, NullTexts_AreNoLoginAndTheDefaultNick)
 TEST_F(ClientLoginTest, EmptyTexts_LeaveTwoParametersOfDataLength14)
 {
 	Connect("", "", "", 137);
-	ASSERT_TRUE(server->Accept());
-	server->Read(12);
-	server->Send(std::string(kHandshakeReply, 8));
+	AcceptHandshake();
 	const std::string sent = server->ReadTransaction();
 	EXPECT_EQ(wire_dump(sent), wire_dump(login(137, "")));
 	EXPECT_EQ(sent.substr(12, 10), wire32(14) + wire32(14) + wire16(2));
@@ -85,9 +81,7 @@ TEST_F(ClientLoginTest, TextsThatFillTheBuffer_AreWhole)
 	const std::string password(300, 'p');
 	const std::string nick(378, 'n');
 	Connect(name.c_str(), password.c_str(), nick.c_str(), 137);
-	ASSERT_TRUE(server->Accept());
-	server->Read(12);
-	server->Send(std::string(kHandshakeReply, 8));
+	AcceptHandshake();
 	const std::string expected = login(137,
 		wire_param(105, encoded(name)) + wire_param(106, encoded(password))
 			+ wire_param(102, nick));
@@ -103,17 +97,13 @@ TEST_F(ClientLoginTest, LongTexts_AreCutBetweenCharacters)
 	for (int i = 0; i < 500; i++)
 		password += "\xE2\x82\xAC";
 	Connect(name.c_str(), password.c_str(), "Ann", 137);
-	ASSERT_TRUE(server->Accept());
-	server->Read(12);
-	server->Send(std::string(kHandshakeReply, 8));
+	AcceptHandshake();
 	// 978 - 600 leaves exactly 126 characters of three bytes, and nothing for the nickname.
 	ExpectSent(login(137,
 		wire_param(105, encoded(name)) + wire_param(106, encoded(password.substr(0, 378)))));
 
 	Connect(("x" + name).c_str(), password.c_str(), "Ann", 137);
-	ASSERT_TRUE(server->Accept());
-	server->Read(12);
-	server->Send(std::string(kHandshakeReply, 8));
+	AcceptHandshake();
 	// One byte less is one character less, and two bytes are left.
 	ExpectSent(login(137,
 		wire_param(105, encoded("x" + name)) + wire_param(106, encoded(password.substr(0, 375)))
@@ -125,9 +115,7 @@ TEST_F(ClientLoginTest, LoginOfAnyLength_KeepsToTheBuffer)
 {
 	const std::string name(100000, 'l');
 	Connect(name.c_str(), name.c_str(), name.c_str(), 137);
-	ASSERT_TRUE(server->Accept());
-	server->Read(12);
-	server->Send(std::string(kHandshakeReply, 8));
+	AcceptHandshake();
 	ExpectSent(login(137, wire_param(105, encoded(name.substr(0, 978)))));
 	server->Hangup();
 	ExpectPosted("HLcn");
@@ -165,9 +153,7 @@ TEST_F(ClientConnectTest, LoginIsOnItsWay_BeforeTheTargetHears)
 		return Interposed::RealSend(socket, data, size, flags);
 	};
 	Connect();
-	ASSERT_TRUE(server->Accept());
-	server->Read(12);
-	server->Send(std::string(kHandshakeReply, 8));
+	AcceptHandshake();
 	ExpectPosted("mark");
 	ExpectPosted("HLcn");
 }

@@ -16,6 +16,7 @@
 #include <Message.h>
 
 #include "ClientFixture.h"
+#include "Gate.h"
 #include "Interposed.h"
 #include "WaitFor.h"
 
@@ -28,9 +29,9 @@ protected:
 	ClientEndTest();
 	~ClientEndTest() override;
 
-	// Deletes the client on a thread of its own, as the program does. When this returns it waits
-	// for one of the client's.
-	std::thread BeginDeletion();
+	// Deletes the client on a thread of its own, as the program does, while one of its threads is
+	// held, which goes on when the deletion waits for it.
+	void DeleteBehind(Gate& gate);
 	// For connections that are opened after this: a call that waits does so until something wakes
 	// it.
 	static void WaitWithoutTimeOuts();
@@ -61,14 +62,16 @@ ClientEndTest::~ClientEndTest()
 }
 
 
-std::thread
-ClientEndTest::BeginDeletion()
+void
+ClientEndTest::DeleteBehind(Gate& gate)
 {
 	std::thread deletion([this] {
 		client.reset();
 	});
 	fHasBegun.get_future().wait();
-	return deletion;
+	gate.Open();
+	deletion.join();
+	EXPECT_EQ(log->CountMessages(), 0);
 }
 
 
@@ -131,14 +134,11 @@ TEST_F(ClientEndTest, AtOnceAfterConnect)
 
 TEST_F(ClientEndTest, WhileResolving_NothingIsDoneWithTheAddress)
 {
-	std::promise<void> isResolving;
-	std::promise<void> mayGoOn;
-	std::shared_future<void> released = mayGoOn.get_future().share();
+	Gate gate;
 	std::atomic<int> sockets(0);
-	Interposed::resolve = [&, released](const char* name, const char* port, const addrinfo* hints,
+	Interposed::resolve = [&](const char* name, const char* port, const addrinfo* hints,
 							  addrinfo** result) {
-		isResolving.set_value();
-		released.wait();
+		gate.Enter();
 		return Interposed::RealResolve(name, port, hints, result);
 	};
 	Interposed::socket = [&](int family, int type, int protocol) {
@@ -146,32 +146,26 @@ TEST_F(ClientEndTest, WhileResolving_NothingIsDoneWithTheAddress)
 		return Interposed::RealSocket(family, type, protocol);
 	};
 	Connect();
-	isResolving.get_future().wait();
-	std::thread deletion = BeginDeletion();
-	mayGoOn.set_value();
-	deletion.join();
+	gate.WaitForArrival();
+	DeleteBehind(gate);
 	EXPECT_EQ(sockets, 0);
-	EXPECT_EQ(0, log->CountMessages());
 	ExpectNothingLeft();
 }
 
 
 TEST_F(ClientEndTest, WhileResolving_LeavesTheResolverBehind)
 {
-	std::promise<void> isResolving;
-	std::promise<void> mayGoOn;
-	std::shared_future<void> released = mayGoOn.get_future().share();
-	Interposed::resolve = [&, released](const char* name, const char* port, const addrinfo* hints,
+	Gate gate;
+	Interposed::resolve = [&](const char* name, const char* port, const addrinfo* hints,
 							  addrinfo** result) {
-		isResolving.set_value();
-		released.wait();
+		gate.Enter();
 		return Interposed::RealResolve(name, port, hints, result);
 	};
 	Connect();
-	isResolving.get_future().wait();
+	gate.WaitForArrival();
 	ExpectEndsByItself();
 	EXPECT_EQ(0, log->CountMessages());
-	mayGoOn.set_value();
+	gate.Open();
 	ExpectNothingLeft();
 	EXPECT_FALSE(server->HasCaller());
 }
@@ -179,20 +173,14 @@ TEST_F(ClientEndTest, WhileResolving_LeavesTheResolverBehind)
 
 TEST_F(ClientEndTest, WhileResolvingInVain_SaysNothing)
 {
-	std::promise<void> isResolving;
-	std::promise<void> mayGoOn;
-	std::shared_future<void> released = mayGoOn.get_future().share();
-	Interposed::resolve = [&, released](const char*, const char*, const addrinfo*, addrinfo**) {
-		isResolving.set_value();
-		released.wait();
+	Gate gate;
+	Interposed::resolve = [&](const char*, const char*, const addrinfo*, addrinfo**) {
+		gate.Enter();
 		return EAI_AGAIN;
 	};
 	Connect();
-	isResolving.get_future().wait();
-	std::thread deletion = BeginDeletion();
-	mayGoOn.set_value();
-	deletion.join();
-	EXPECT_EQ(0, log->CountMessages());
+	gate.WaitForArrival();
+	DeleteBehind(gate);
 	ExpectNothingLeft();
 }
 
@@ -236,23 +224,17 @@ TEST_F(ClientEndTest, WhileConnecting_DoesNotWaitForTheNetwork)
 
 TEST_F(ClientEndTest, JustConnected_NothingIsSent)
 {
-	std::promise<void> isConnected;
-	std::promise<void> mayGoOn;
-	std::shared_future<void> released = mayGoOn.get_future().share();
-	Interposed::connect = [&, released](int number, const sockaddr* to, socklen_t size) {
+	Gate gate;
+	Interposed::connect = [&](int number, const sockaddr* to, socklen_t size) {
 		const int result = Interposed::RealConnect(number, to, size);
-		isConnected.set_value();
-		released.wait();
+		gate.Enter();
 		return result;
 	};
 	Connect();
-	isConnected.get_future().wait();
+	gate.WaitForArrival();
 	ASSERT_TRUE(server->Accept());
-	std::thread deletion = BeginDeletion();
-	mayGoOn.set_value();
-	deletion.join();
+	DeleteBehind(gate);
 	EXPECT_EQ(server->ReadToEnd(), "");
-	EXPECT_EQ(0, log->CountMessages());
 	ExpectNothingLeft();
 }
 
@@ -272,53 +254,34 @@ TEST_F(ClientEndTest, WhileTheServerIsSilent_WakesTheHandshake)
 
 TEST_F(ClientEndTest, BetweenHandshakeAndLogin_NothingIsStarted)
 {
-	std::promise<void> isReplied;
-	std::promise<void> mayGoOn;
-	std::shared_future<void> released = mayGoOn.get_future().share();
-	std::atomic<bool> first(true);
-	Interposed::receive = [&, released](int number, void* buffer, size_t size, int flags) {
+	Gate gate;
+	Interposed::receive = [&](int number, void* buffer, size_t size, int flags) {
 		const ssize_t result = Interposed::RealReceive(number, buffer, size, flags);
-		if (first.exchange(false)) {
-			isReplied.set_value();
-			released.wait();
-		}
+		gate.Enter();
 		return result;
 	};
 	Connect();
-	ASSERT_TRUE(server->Accept());
-	server->Read(12);
-	server->Send(std::string(kHandshakeReply, 8));
-	isReplied.get_future().wait();
-	std::thread deletion = BeginDeletion();
-	mayGoOn.set_value();
-	deletion.join();
+	AcceptHandshake();
+	gate.WaitForArrival();
+	DeleteBehind(gate);
 	EXPECT_EQ(server->ReadToEnd(), "");
-	EXPECT_EQ(0, log->CountMessages());
 	ExpectNothingLeft();
 }
 
 
 TEST_F(ClientEndTest, WhileSendingTheLogin_NothingFollows)
 {
-	std::promise<void> isSending;
-	std::promise<void> mayGoOn;
-	std::shared_future<void> released = mayGoOn.get_future().share();
-	Interposed::send = [&, released](int number, const void* data, size_t size, int flags) {
+	Gate gate;
+	Interposed::send = [&](int number, const void* data, size_t size, int flags) {
 		if (size > 12) {
-			isSending.set_value();
-			released.wait();
+			gate.Enter();
 		}
 		return Interposed::RealSend(number, data, size, flags);
 	};
 	Connect();
-	ASSERT_TRUE(server->Accept());
-	server->Read(12);
-	server->Send(std::string(kHandshakeReply, 8));
-	isSending.get_future().wait();
-	std::thread deletion = BeginDeletion();
-	mayGoOn.set_value();
-	deletion.join();
-	EXPECT_EQ(0, log->CountMessages());
+	AcceptHandshake();
+	gate.WaitForArrival();
+	DeleteBehind(gate);
 	ExpectNothingLeft();
 }
 
@@ -490,9 +453,7 @@ protected:
 		target->isHeld.get_future().wait();
 		client.reset(new HotlineClient(target));
 		Connect();
-		ASSERT_TRUE(server->Accept());
-		server->Read(12);
-		server->Send(std::string(kHandshakeReply, 8));
+		AcceptHandshake();
 		server->ReadTransaction();
 
 		const int kLines = 30000;

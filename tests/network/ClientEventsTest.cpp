@@ -125,9 +125,7 @@ TEST_F(ClientEventsTest, NoTarget_DropsEverything)
 {
 	client.reset(new HotlineClient(NULL));
 	Connect();
-	ASSERT_TRUE(server->Accept());
-	server->Read(12);
-	server->Send(std::string(kHandshakeReply, 8));
+	AcceptHandshake();
 	server->ReadTransaction();
 	Send(106, wire_param(101, "x"));
 	Send(122, wire_param(152, "JPEG"));

@@ -48,13 +48,20 @@ ClientTest::Connect(const char* login, const char* password, const char* nick, u
 }
 
 
+void
+ClientTest::AcceptHandshake()
+{
+	ASSERT_TRUE(server->Accept());
+	EXPECT_EQ(server->Read(12), std::string(kHandshake, 12));
+	server->Send(std::string(kHandshakeReply, 8));
+}
+
+
 std::string
 ClientTest::ShakeHands()
 {
 	Connect();
-	EXPECT_TRUE(server->Accept());
-	EXPECT_EQ(server->Read(12), std::string(kHandshake, 12));
-	server->Send(std::string(kHandshakeReply, 8));
+	AcceptHandshake();
 	std::string login = server->ReadTransaction();
 	ExpectPosted("HLcn");
 	return login;

@@ -37,6 +37,8 @@ protected:
 
 	void Connect(const char* login = "", const char* password = "", const char* nick = "Ann",
 		uint16 icon = 137);
+	// The server's side of it, up to its reply.
+	void AcceptHandshake();
 	// Connects and accepts up to the login, which it returns.
 	std::string ShakeHands();
 	// The same, answers the login and takes what is posted of it.

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "ClientFixture.h"
+#include "Gate.h"
 #include "Interposed.h"
 #include "WaitFor.h"
 
@@ -216,23 +217,18 @@ TEST_F(ClientSendTest, TransactionsOfManyThreads_DoNotMix)
 TEST_F(ClientSendTest, NumberInUse_IsNotGivenToTheNextConnection)
 {
 	LogIn();
-	std::promise<void> isSending;
-	std::promise<void> mayGoOn;
-	std::atomic<bool> first(true);
+	Gate gate;
 	std::atomic<int> usedSocket(-1);
-	std::shared_future<void> released = mayGoOn.get_future().share();
-	Interposed::send = [&, released](int socket, const void* data, size_t size, int flags) {
-		if (first.exchange(false)) {
-			usedSocket = socket;
-			isSending.set_value();
-			released.wait();
-		}
+	Interposed::send = [&](int socket, const void* data, size_t size, int flags) {
+		int none = -1;
+		usedSocket.compare_exchange_strong(none, socket);
+		gate.Enter();
 		return Interposed::RealSend(socket, data, size, flags);
 	};
 	std::thread sender([&] {
 		client->SendChat("for the first server");
 	});
-	isSending.get_future().wait();
+	gate.WaitForArrival();
 
 	// The user disconnects and connects again while another thread is inside of the call.
 	client->Disconnect();
@@ -242,7 +238,7 @@ TEST_F(ClientSendTest, NumberInUse_IsNotGivenToTheNextConnection)
 	EXPECT_GE(fcntl(usedSocket, F_GETFD), 0);
 	EXPECT_EQ(other.Read(12), std::string(kHandshake, 12));
 	EXPECT_EQ(server->ReadToEnd(), "");
-	mayGoOn.set_value();
+	gate.Open();
 	sender.join();
 
 	// Not a byte of it reaches the second server.
@@ -311,23 +307,18 @@ TEST_F(ClientDisconnectTest, Idle_DoesNothing)
 
 TEST_F(ClientDisconnectTest, WhileResolving_TheAttemptGoesOn)
 {
-	std::promise<void> isResolving;
-	std::promise<void> mayGoOn;
-	std::shared_future<void> released = mayGoOn.get_future().share();
-	Interposed::resolve = [&, released](const char* name, const char* port, const addrinfo* hints,
+	Gate gate;
+	Interposed::resolve = [&](const char* name, const char* port, const addrinfo* hints,
 							  addrinfo** result) {
-		isResolving.set_value();
-		released.wait();
+		gate.Enter();
 		return Interposed::RealResolve(name, port, hints, result);
 	};
 	Connect();
-	isResolving.get_future().wait();
+	gate.WaitForArrival();
 	client->Disconnect();
-	mayGoOn.set_value();
+	gate.Open();
 
-	ASSERT_TRUE(server->Accept());
-	EXPECT_EQ(server->Read(12), std::string(kHandshake, 12));
-	server->Send(std::string(kHandshakeReply, 8));
+	AcceptHandshake();
 	EXPECT_EQ(server->ReadTransaction().substr(0, 4), wire32(107));
 	ExpectPosted("HLcn");
 	EXPECT_TRUE(client->IsConnected());
@@ -338,22 +329,17 @@ TEST_F(ClientDisconnectTest, WhileResolving_TheAttemptGoesOn)
 
 TEST_F(ClientDisconnectTest, WhileConnecting_TheAttemptGoesOn)
 {
-	std::promise<void> isConnecting;
-	std::promise<void> mayGoOn;
-	std::shared_future<void> released = mayGoOn.get_future().share();
-	Interposed::connect = [&, released](int socket, const sockaddr* address, socklen_t size) {
-		isConnecting.set_value();
-		released.wait();
+	Gate gate;
+	Interposed::connect = [&](int socket, const sockaddr* address, socklen_t size) {
+		gate.Enter();
 		return Interposed::RealConnect(socket, address, size);
 	};
 	Connect();
-	isConnecting.get_future().wait();
+	gate.WaitForArrival();
 	client->Disconnect();
-	mayGoOn.set_value();
+	gate.Open();
 
-	ASSERT_TRUE(server->Accept());
-	EXPECT_EQ(server->Read(12), std::string(kHandshake, 12));
-	server->Send(std::string(kHandshakeReply, 8));
+	AcceptHandshake();
 	EXPECT_EQ(server->ReadTransaction().substr(0, 4), wire32(107));
 	ExpectPosted("HLcn");
 	EXPECT_TRUE(client->IsConnected());

@@ -129,72 +129,48 @@ TEST(RequestStreamTest, CutAtAnyByte_IsUnfinishedButNoFault)
 }
 
 
-TEST(RequestStreamTest, SomethingBeforeTheLogin_IsFound)
-{
-	EXPECT_EQ(judge(chat(1)), "type 105, id 1: before the login");
-	EXPECT_EQ(judge(wire_transaction(300, 7, "") + login()), "type 300, id 7: before the login");
-}
-
-
-TEST(RequestStreamTest, LoginWithAnotherId_IsFound)
-{
-	EXPECT_EQ(judge(wire_transaction(107, 2, "")), "type 107, id 2: the id should be 1");
-	EXPECT_EQ(judge(wire_transaction(107, 0, "")), "type 107, id 0: the id should be 1");
-}
-
-
-TEST(RequestStreamTest, SecondLogin_IsFound)
-{
-	EXPECT_EQ(judge(login() + wire_transaction(107, 2, "")), "type 107, id 2: another login");
-}
-
-
-TEST(RequestStreamTest, IdThatIsNotTheNext_IsFound)
-{
-	EXPECT_EQ(judge(login() + chat(1)), "type 105, id 1: an id that was used before");
-	EXPECT_EQ(judge(login() + chat(2) + chat(3) + chat(2)),
-		"type 105, id 2: an id that was used before");
-	EXPECT_EQ(judge(login() + chat(3)), "type 105, id 3: the id should be 2");
-	EXPECT_EQ(judge(login() + chat(0)), "type 105, id 0: the id should be 2");
-}
-
-
-TEST(RequestStreamTest, HeaderThatNoRequestHas_IsFound)
-{
-	EXPECT_EQ(judge(login() + wire_header(106, 2, 0, 2, 2, 0)),
-		"type 106, id 2: no client sends this type");
-	EXPECT_EQ(judge(login() + wire_header(0x10069, 2, 0, 2, 2, 0)),
-		"type 65641, id 2: no client sends this type");
-	EXPECT_EQ(judge(login() + wire_header(300, 2, 1, 2, 2, 0)),
-		"type 300, id 2: an error code in a request");
-	EXPECT_EQ(judge(login() + wire_header(300, 2, 0, 2, 3, 0)),
-		"type 300, id 2: two different sizes");
-}
-
-
-TEST(RequestStreamTest, SizeThatCannotBe_IsFoundBeforeItsBytesCome)
-{
-	const std::string complaint = "type 300, id 2: an impossible size";
-	EXPECT_EQ(judge(login() + wire_header(300, 2, 0, 1, 1, 0)), complaint);
-	EXPECT_EQ(judge(login() + wire_header(300, 2, 0, 0, 0, 0)), complaint);
-	EXPECT_EQ(judge(login() + wire_header(300, 2, 0, 5, 5, 1)), complaint);
-	EXPECT_EQ(judge(login() + wire_header(300, 2, 0, 196620, 196620, 0)), complaint);
-	EXPECT_EQ(judge(login() + wire_header(300, 2, 0, UINT32_MAX, UINT32_MAX, 0)), complaint);
-	EXPECT_EQ(judge(login() + wire_header(300, 2, 0, 196619, 196619, 1)), "");
-}
-
-
-TEST(RequestStreamTest, ParametersThatAreNotWhatTheHeaderSays_AreFound)
+TEST(RequestStreamTest, Fault_IsFoundByteByByte)
 {
 	const std::string param = wire_param(103, wire16(5));
-	EXPECT_EQ(judge(login() + wire_header(303, 2, 0, 8, 8, 0) + param),
-		"a wrong number of parameters");
-	EXPECT_EQ(judge(login() + wire_header(303, 2, 0, 14, 14, 1) + param + param),
-		"a wrong number of parameters");
-	EXPECT_EQ(judge(login() + wire_header(303, 2, 0, 9, 9, 1) + param + "?"),
-		"parameters that do not fill the size");
-	EXPECT_EQ(judge(login() + wire_header(303, 2, 0, 7, 7, 1) + param.substr(0, 5)),
-		"parameters that do not fill the size");
+	const std::string impossible = "type 300, id 2: an impossible size";
+	const std::string count = "a wrong number of parameters";
+	const std::string filling = "parameters that do not fill the size";
+	const struct {
+		std::string bytes;
+		std::string complaint;
+	} faults[] = {
+		{chat(1), "type 105, id 1: before the login"},
+		{wire_transaction(300, 7, "") + login(), "type 300, id 7: before the login"},
+		{wire_transaction(107, 2, ""), "type 107, id 2: the id should be 1"},
+		{wire_transaction(107, 0, ""), "type 107, id 0: the id should be 1"},
+		{login() + wire_transaction(107, 2, ""), "type 107, id 2: another login"},
+		{login() + chat(1), "type 105, id 1: an id that was used before"},
+		{login() + chat(2) + chat(3) + chat(2), "type 105, id 2: an id that was used before"},
+		{login() + chat(3), "type 105, id 3: the id should be 2"},
+		{login() + chat(0), "type 105, id 0: the id should be 2"},
+		// Headers that no request has.
+		{login() + wire_header(106, 2, 0, 2, 2, 0), "type 106, id 2: no client sends this type"},
+		{login() + wire_header(0x10069, 2, 0, 2, 2, 0),
+			"type 65641, id 2: no client sends this type"},
+		{login() + wire_header(300, 2, 1, 2, 2, 0), "type 300, id 2: an error code in a request"},
+		{login() + wire_header(300, 2, 0, 2, 3, 0), "type 300, id 2: two different sizes"},
+		// Sizes that cannot be, before their bytes come; the last one can.
+		{login() + wire_header(300, 2, 0, 1, 1, 0), impossible},
+		{login() + wire_header(300, 2, 0, 0, 0, 0), impossible},
+		{login() + wire_header(300, 2, 0, 5, 5, 1), impossible},
+		{login() + wire_header(300, 2, 0, 196620, 196620, 0), impossible},
+		{login() + wire_header(300, 2, 0, UINT32_MAX, UINT32_MAX, 0), impossible},
+		{login() + wire_header(300, 2, 0, 196619, 196619, 1), ""},
+		// Parameters that are not what the header says.
+		{login() + wire_header(303, 2, 0, 8, 8, 0) + param, count},
+		{login() + wire_header(303, 2, 0, 14, 14, 1) + param + param, count},
+		{login() + wire_header(303, 2, 0, 9, 9, 1) + param + "?", filling},
+		{login() + wire_header(303, 2, 0, 7, 7, 1) + param.substr(0, 5), filling},
+	};
+	for (const auto& fault : faults) {
+		SCOPED_TRACE(wire_dump(fault.bytes));
+		EXPECT_EQ(judge(fault.bytes), fault.complaint);
+	}
 }
 
 

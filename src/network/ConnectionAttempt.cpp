@@ -39,7 +39,7 @@ ConnectionAttempt::~ConnectionAttempt() = default;
 ConnectionAttempt::Outcome
 ConnectionAttempt::Run()
 {
-	const int error = fLookup.Run();
+	const int error = fLookup.Run(fOptions.isLookupCanceled);
 	if (_IsCanceled())
 		return kCanceled;
 	if (fLookup.Address() == NULL) {

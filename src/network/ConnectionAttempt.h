@@ -13,13 +13,14 @@
 #include "Socket.h"
 
 
-/*!	What a connection is like once it stands: the time-outs of its calls, also of connecting, in
-	seconds, 0 for none.
-*/
+/*!	What a connection shall be like. */
 struct ConnectionOptions {
+	// Of its calls, also of connecting, in seconds, 0 for none.
 	int receiveTimeout;
 	int sendTimeout;
 	Socket::SignalPolicy signalPolicy;
+	// Whether Cancel() ends the lookup of the name, too, which takes a thread of its own.
+	bool isLookupCanceled;
 };
 
 

@@ -106,7 +106,7 @@ HotlineClient::Connect(const char* address, uint16 port, const char* login, cons
 				fReplacedThreads.push_back(fConnectThread);
 			replaced = fAttempt;
 			fAttempt = std::make_shared<ConnectionAttempt>(fConnectAddress.String(), port,
-				ConnectionOptions{kSocketTimeout, kSocketTimeout, Socket::kFailAtSignals});
+				ConnectionOptions{kSocketTimeout, kSocketTimeout, Socket::kFailAtSignals, true});
 			fConnectThread = thread;
 			started = resume_thread(thread) == B_OK;
 			if (!started)

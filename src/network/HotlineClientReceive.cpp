@@ -31,9 +31,11 @@ HotlineClient::_ReceiveLoop()
 	bool isOpen = socket.IsSet() && fReceiver.Reset();
 	while (fRunning && isOpen) {
 		const TransactionReceiver::Result result = fReceiver.Receive(socket);
-		if (result == TransactionReceiver::kComplete)
-			_ProcessPayload();
 		isOpen = result != TransactionReceiver::kEnd;
+		if (result == TransactionReceiver::kComplete) {
+			_ProcessPayload();
+			isOpen = fReceiver.Reset();
+		}
 	}
 
 	fConnected = false;

@@ -91,16 +91,9 @@ NameLookup::~NameLookup() = default;
 	canceled.
 */
 int
-NameLookup::Run()
+NameLookup::Run(bool canBeCanceled)
 {
-	auto shared = std::make_unique<std::shared_ptr<Record>>(fRecord);
-	const thread_id thread = spawn_thread(_ThreadEntry, "HL:Resolve", B_NORMAL_PRIORITY,
-		shared.get());
-	if (thread >= 0) {
-		// The share is the thread's from here on.
-		static_cast<void>(shared.release());
-		resume_thread(thread);
-	} else
+	if (!canBeCanceled || !_StartThread())
 		fRecord->Resolve();
 
 	std::unique_lock<std::mutex> locker(fRecord->lock);
@@ -113,13 +106,29 @@ NameLookup::Run()
 }
 
 
-/*!	Ends Run() at once; later ones as well. */
+/*!	Ends Run() at once, where it can be canceled. */
 void
 NameLookup::Cancel()
 {
 	const std::lock_guard<std::mutex> locker(fRecord->lock);
 	fRecord->isCanceled = true;
 	fRecord->hasEnded.notify_all();
+}
+
+
+bool
+NameLookup::_StartThread()
+{
+	auto shared = std::make_unique<std::shared_ptr<Record>>(fRecord);
+	const thread_id thread = spawn_thread(_ThreadEntry, "HL:Resolve", B_NORMAL_PRIORITY,
+		shared.get());
+	if (thread < 0)
+		return false;
+
+	// The share is the thread's from here on.
+	static_cast<void>(shared.release());
+	resume_thread(thread);
+	return true;
 }
 
 

@@ -12,9 +12,10 @@
 #include <SupportDefs.h>
 
 
-/*!	Looks up the IPv4 addresses of one host. The system's resolver cannot be told to stop, so it
-	runs in a thread "HL:Resolve" that shares nothing but its own record: a lookup that is canceled
-	ends at once and leaves that thread behind, which ends whenever the resolver does.
+/*!	Looks up the IPv4 addresses of one host. The system's resolver cannot be told to stop, so for a
+	lookup that can be canceled it runs in a thread "HL:Resolve" that shares nothing but its own
+	record: a lookup that is canceled ends at once and leaves that thread behind, which ends whenever
+	the resolver does.
 	Run() belongs to one thread and is called once, Cancel() to any.
 */
 class NameLookup {
@@ -25,7 +26,7 @@ public:
 
 	NameLookup& operator=(const NameLookup&) = delete;
 
-	int Run();
+	int Run(bool canBeCanceled);
 	void Cancel();
 
 	// The first address that was found, owned by the lookup; NULL before that and where there is
@@ -35,6 +36,7 @@ public:
 private:
 	struct Record;
 
+	bool _StartThread();
 	static status_t _ThreadEntry(void* data);
 
 	std::shared_ptr<Record> fRecord;

@@ -43,7 +43,7 @@ attempt_to(const char* address)
 	BString host;
 	const uint16 port = TrackerListing::SplitAddress(address, &host);
 	return std::make_unique<ConnectionAttempt>(host.String(), port,
-		ConnectionOptions{kTimeoutSeconds, kTimeoutSeconds, Socket::kIgnoreSignals});
+		ConnectionOptions{kTimeoutSeconds, kTimeoutSeconds, Socket::kIgnoreSignals, true});
 }
 
 

@@ -41,9 +41,6 @@ wait_until_readable(int socket)
 TransactionReceiver::Result
 TransactionReceiver::Receive(const Socket& socket)
 {
-	if (fParser.BytesNeeded() == 0 && !fParser.Reset())
-		return kEnd;
-
 	const int ready = wait_until_readable(socket.Number());
 	if (ready < 0)
 		return errno == EINTR ? kWaiting : kEnd;

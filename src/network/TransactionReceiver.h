@@ -20,12 +20,13 @@ public:
 	enum Result {
 		// Nothing is complete yet. A second may have passed, or a moment.
 		kWaiting,
-		// Transaction() is complete; it lives until the next call.
+		// Transaction() is complete. Read it, then call Reset().
 		kComplete,
 		// The connection has ended, or what the server sends cannot be read.
 		kEnd
 	};
 
+	// Before the first transaction, and behind each; false when there is no memory.
 	bool Reset() { return fParser.Reset(); }
 	Result Receive(const Socket& socket);
 

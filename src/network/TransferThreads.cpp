@@ -45,7 +45,7 @@ static Socket
 connect_transfer(const BString& address, uint16 controlPort, int receiveTimeout, int sendTimeout)
 {
 	ConnectionAttempt attempt(address.String(), controlPort + 1u,
-		{receiveTimeout, sendTimeout, Socket::kIgnoreSignals});
+		{receiveTimeout, sendTimeout, Socket::kIgnoreSignals, false});
 	return attempt.Run() == ConnectionAttempt::kConnected ? attempt.OpenSocket() : Socket();
 }
 

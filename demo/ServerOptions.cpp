@@ -134,7 +134,7 @@ CommandLine::Parse(int argumentCount, const char* const* arguments, std::string*
 }
 
 
-//!	An option that has a value.
+/*!	An option that has a value. */
 bool
 CommandLine::_ParseValue(const char* name, const char* value, std::string* _error)
 {

@@ -13,43 +13,43 @@
 namespace demo {
 
 
-//!	What the tracker says to those who ask it.
+/*!	What the tracker says to those who ask it. */
 enum class TrackerMode { kUsual, kEmpty, kOne, kMany, kTruncated, kWrongMagic, kSilent };
 
 
-//!	How the server behaves. A value, fixed once the server has started.
+/*!	How the server behaves. A value, fixed once the server has started. */
 struct ServerOptions {
 	static constexpr unsigned long kMaxUsers = 20000;
 	static constexpr unsigned long kMaxFloodLines = 100000000;
 
-	//! Shows an agreement; otherwise newcomers are told that there is none.
+	// Shows an agreement; otherwise newcomers are told that there is none.
 	bool agreement = true;
-	//! Greets newcomers in the chat, with the list of commands.
+	// Greets newcomers in the chat, with the list of commands.
 	bool welcome = true;
-	//! Announces a banner to newcomers.
+	// Announces a banner to newcomers.
 	bool banner = true;
-	//! Accepts connections and never says a word.
+	// Accepts connections and never says a word.
 	bool silent = false;
-	//! Residents come, go and talk unasked.
+	// Residents come, go and talk unasked.
 	bool life = true;
-	//! Residents answer chat and private messages.
+	// Residents answer chat and private messages.
 	bool answers = true;
-	//! Residents in the user list at the start.
+	// Residents in the user list at the start.
 	unsigned long users = 11;
-	//! How long residents think before they answer, in milliseconds.
+	// How long residents think before they answer, in milliseconds.
 	unsigned long answerDelay = 1200;
-	//! Lines of chat that everybody who joins is flooded with.
+	// Lines of chat that everybody who joins is flooded with.
 	unsigned long flood = 0;
 	TrackerMode tracker = TrackerMode::kUsual;
-	//! The tracker's port; 0 for any that is free.
+	// The tracker's port; 0 for any that is free.
 	uint16_t trackerPort = 0;
 };
 
 
-//!	What the command line asks for.
+/*!	What the command line asks for. */
 struct CommandLine {
 	ServerOptions server;
-	//! The control connection's port; 0 for any that is free. Files travel on the next one.
+	// The control connection's port; 0 for any that is free. Files travel on the next one.
 	uint16_t port = 5500;
 	bool help = false;
 

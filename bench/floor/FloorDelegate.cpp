@@ -106,5 +106,6 @@ FloorDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 QSize
 FloorDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& /*index*/) const
 {
-	return QSize(1, int(std::ceil(fMetrics.ascent()) + std::ceil(fMetrics.descent())) + 4);
+	return QSize(1,
+		static_cast<int>(std::ceil(fMetrics.ascent()) + std::ceil(fMetrics.descent())) + 4);
 }

@@ -43,11 +43,11 @@ FloorModel::ReadRows(const std::vector<char>& payload)
 	std::vector<FloorRow> rows;
 	const char* field = payload.data();
 	const char* end = field + payload.size();
-	while (size_t(end - field) >= kFieldHeaderSize + kEntryHeaderSize) {
+	while (static_cast<size_t>(end - field) >= kFieldHeaderSize + kEntryHeaderSize) {
 		const char* entry = field + kFieldHeaderSize;
 		const size_t size = qFromBigEndian<quint16>(field + 2);
 		const size_t nameLength = qFromBigEndian<quint32>(entry + 16);
-		if (size_t(end - entry) < size || size < kEntryHeaderSize + nameLength)
+		if (static_cast<size_t>(end - entry) < size || size < kEntryHeaderSize + nameLength)
 			break;
 		FloorRow row;
 		row.name = QString::fromUtf8(entry + kEntryHeaderSize, qsizetype(nameLength));
@@ -72,7 +72,7 @@ FloorModel::SetRows(std::vector<FloorRow> rows)
 int
 FloorModel::rowCount(const QModelIndex& parent) const
 {
-	return parent.isValid() ? 0 : int(fRows.size());
+	return parent.isValid() ? 0 : static_cast<int>(fRows.size());
 }
 
 

@@ -28,7 +28,7 @@ public:
 	static std::vector<FloorRow> ReadRows(const std::vector<char>& payload);
 
 	void SetRows(std::vector<FloorRow> rows);
-	const FloorRow& RowAt(int index) const { return fRows[size_t(index)]; }
+	const FloorRow& RowAt(int index) const { return fRows[static_cast<size_t>(index)]; }
 
 	int rowCount(const QModelIndex& parent = QModelIndex()) const override;
 	QVariant data(const QModelIndex& index, int role) const override;

@@ -61,8 +61,8 @@ prepare(QListView* list)
 static void
 send_request(int socket)
 {
-	static const char kRequest[kHeaderSize] = {0, 0, 0, char(200), 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0,
-		2, 0, 0, 0, 2};
+	static const char kRequest[kHeaderSize] = {0, 0, 0, static_cast<char>(200), 0, 0, 0, 1, 0, 0, 0,
+		0, 0, 0, 0, 2, 0, 0, 0, 2};
 	SendFully(socket, kRequest, sizeof(kRequest));
 }
 

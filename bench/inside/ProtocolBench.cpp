@@ -26,11 +26,11 @@ static const char* const kText = " Bosun:  the tide turns at half past six";
 static std::vector<uint8>
 make_transaction(uint32 type, int count)
 {
-	const uint16 length = uint16(strlen(kText));
+	const uint16 length = static_cast<uint16>(strlen(kText));
 	const size_t paramSize = kParamHeaderSize + length;
-	std::vector<uint8> bytes(kHeaderSize + size_t(count) * paramSize);
+	std::vector<uint8> bytes(kHeaderSize + static_cast<size_t>(count) * paramSize);
 	for (int i = 0; i < count; i++) {
-		uint8* param = bytes.data() + kHeaderSize + size_t(i) * paramSize;
+		uint8* param = bytes.data() + kHeaderSize + static_cast<size_t>(i) * paramSize;
 		HotlineWriteUInt16(param, kFieldData);
 		HotlineWriteUInt16(param + 2, length);
 		memcpy(param + kParamHeaderSize, kText, length);
@@ -38,9 +38,9 @@ make_transaction(uint32 type, int count)
 
 	HotlineHeader header = {};
 	header.type = type;
-	header.totalSize = uint32(sizeof(uint16) + bytes.size() - kHeaderSize);
+	header.totalSize = static_cast<uint32>(sizeof(uint16) + bytes.size() - kHeaderSize);
 	header.dataSize = header.totalSize;
-	header.paramCount = uint16(count);
+	header.paramCount = static_cast<uint16>(count);
 	HotlineWriteHeader(bytes.data(), header);
 	return bytes;
 }
@@ -49,7 +49,7 @@ make_transaction(uint32 type, int count)
 static void
 Protocol_WalkParameters(benchmark::State& state)
 {
-	const int count = int(state.range(0));
+	const int count = static_cast<int>(state.range(0));
 	const std::vector<uint8> bytes = make_transaction(kSrvChat, count);
 	for (auto _ : state) {
 		ParameterWalker walker(bytes.data() + kHeaderSize, bytes.size() - kHeaderSize);
@@ -95,7 +95,7 @@ BENCHMARK(Protocol_ParseTransaction);
 static void
 Protocol_BuildTransaction(benchmark::State& state)
 {
-	const uint16 length = uint16(strlen(kText));
+	const uint16 length = static_cast<uint16>(strlen(kText));
 	for (auto _ : state) {
 		TransactionBuilder builder;
 		builder.BuildParamInt16(kFieldSocket, 7);
@@ -116,7 +116,7 @@ static void
 Protocol_ReadUserEntry(benchmark::State& state)
 {
 	uint8 value[] = {0, 7, 0, 128, 0, 0, 0, 5, 'B', 'o', 's', 'u', 'n'};
-	const HotlineParam param = {kFieldUserList, uint16(sizeof(value)), value};
+	const HotlineParam param = {kFieldUserList, static_cast<uint16>(sizeof(value)), value};
 	for (auto _ : state) {
 		UserEntry entry;
 		if (!ReadUserEntry(param, &entry))
@@ -132,7 +132,7 @@ Protocol_ReadFileEntry(benchmark::State& state)
 {
 	uint8 value[] = {'T', 'E', 'X', 'T', 't', 't', 'x', 't', 0, 0, 4, 0, 0, 0, 0, 0, 0, 0, 0, 7,
 		'L', 'o', 'g', 'b', 'o', 'o', 'k'};
-	const HotlineParam param = {kFieldFileList, uint16(sizeof(value)), value};
+	const HotlineParam param = {kFieldFileList, static_cast<uint16>(sizeof(value)), value};
 	for (auto _ : state) {
 		FileEntry entry;
 		if (!ReadFileEntry(param, &entry))

@@ -31,7 +31,7 @@ static const int kLinesPerFrame = 100;
 static void
 append_lines(TextStore& store, int64 count)
 {
-	const int32 length = int32(strlen(kLine));
+	const int32 length = static_cast<int32>(strlen(kLine));
 	for (int64 i = 0; i < count; i++)
 		benchmark::DoNotOptimize(store.Replace(store.CountBytes(), 0, kLine, length));
 }
@@ -55,7 +55,7 @@ TextStore_FindPosition(benchmark::State& state)
 {
 	TextStore store;
 	append_lines(store, state.range(0));
-	const int32 lineLength = int32(strlen(kLine));
+	const int32 lineLength = static_cast<int32>(strlen(kLine));
 	int32 offset = 0;
 	for (auto _ : state) {
 		benchmark::DoNotOptimize(store.PositionAt(offset));
@@ -105,7 +105,7 @@ public:
 	bool IsComplete() const
 	{
 		const BTextView* view = dynamic_cast<BTextView*>(fWindow->FindView("chatview"));
-		return view->TextLength() == int32(fCount * int64(strlen(kLine)));
+		return view->TextLength() == static_cast<int32>(fCount * static_cast<int64>(strlen(kLine)));
 	}
 
 private:

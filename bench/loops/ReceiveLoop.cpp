@@ -45,7 +45,7 @@ receive_stage(int socket, char* buffer, size_t size)
 		if (received < 1)
 			Fail("recv");
 		buffer += received;
-		size -= size_t(received);
+		size -= static_cast<size_t>(received);
 	}
 }
 
@@ -69,8 +69,8 @@ main(int argumentCount, char** arguments)
 	const double time = ThreadTime() - begin;
 
 	Figures figures;
-	figures.Add("receive_us", time / double(count) * 1e6);
-	figures.Add("delivered_us", time / double(count) * 1e6);
+	figures.Add("receive_us", time / static_cast<double>(count) * 1e6);
+	figures.Add("delivered_us", time / static_cast<double>(count) * 1e6);
 	figures.Print();
 	return 0;
 }

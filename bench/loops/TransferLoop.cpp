@@ -36,9 +36,9 @@ download(int socket, size_t left, const char* path)
 	const int file = open(path, O_WRONLY | O_CREAT | O_TRUNC, 0666);
 	while (left > 0) {
 		const ssize_t size = recv(socket, buffer, std::min(left, sizeof(buffer)), 0);
-		if (size < 1 || write(file, buffer, size_t(size)) != size)
+		if (size < 1 || write(file, buffer, static_cast<size_t>(size)) != size)
 			Fail("download");
-		left -= size_t(size);
+		left -= static_cast<size_t>(size);
 	}
 	close(file);
 }
@@ -54,8 +54,8 @@ upload(int socket, size_t left, const char* path)
 		const ssize_t size = read(file, buffer, std::min(left, sizeof(buffer)));
 		if (size < 1)
 			Fail("upload");
-		SendFully(socket, buffer, size_t(size));
-		left -= size_t(size);
+		SendFully(socket, buffer, static_cast<size_t>(size));
+		left -= static_cast<size_t>(size);
 	}
 	close(file);
 }
@@ -85,7 +85,7 @@ main(int argumentCount, char** arguments)
 
 	Figures figures;
 	figures.Add("cpu_s", usedCpu);
-	figures.Add("mb_per_s", double(size) / usedWall / 1e6);
+	figures.Add("mb_per_s", static_cast<double>(size) / usedWall / 1e6);
 	figures.Print();
 	return 0;
 }

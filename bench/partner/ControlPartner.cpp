@@ -78,7 +78,7 @@ ServeChat(int listener, long count)
 
 	const int client = greet(listener);
 	wait_for_word();
-	for (size_t left = size_t(count) * kChatSize; left > 0;) {
+	for (size_t left = static_cast<size_t>(count) * kChatSize; left > 0;) {
 		const size_t size = left < block.size() ? left : block.size();
 		SendFully(client, block.data(), size);
 		left -= size;
@@ -103,7 +103,7 @@ file_fields(long count)
 		WireWriter entry;
 		entry.Text(isFolder ? "fldr" : "TEXT");
 		entry.Text(isFolder ? "n/a " : "ttxt");
-		entry.Number(uint64_t(i) * 977 % 5000000, 4);
+		entry.Number(static_cast<uint64_t>(i) * 977 % 5000000, 4);
 		entry.Zeros(4);
 		entry.Number(name.size(), 4);
 		entry.Text(name);
@@ -138,7 +138,7 @@ ServeListing(int listener, long count)
 	const std::string files = file_fields(count);
 	const int client = greet(listener);
 	uint32_t header[kHeaderSize / 4 + 1];
-	while (recv(client, header, kHeaderSize, MSG_WAITALL) == ssize_t(kHeaderSize)) {
+	while (recv(client, header, kHeaderSize, MSG_WAITALL) == static_cast<ssize_t>(kHeaderSize)) {
 		const uint32_t type = ntohl(header[0]);
 		const uint32_t id = ntohl(header[1]);
 		std::vector<char> rest(ntohl(header[3]) - 2);
@@ -146,7 +146,7 @@ ServeListing(int listener, long count)
 
 		std::string answer = answer_to(type, id);
 		if (type == kFileListRequest) {
-			answer = Transaction(kReply, id, int(count), files);
+			answer = Transaction(kReply, id, static_cast<int>(count), files);
 			wait_for_word();
 		}
 		SendFully(client, answer.data(), answer.size());

@@ -37,7 +37,7 @@ main(int argumentCount, char** arguments)
 
 	uint16_t port;
 	const int listener = ListenOnLoopback(&port);
-	printf("%d\n", int(port));
+	printf("%d\n", static_cast<int>(port));
 	fflush(stdout);
 	end_with_input();
 

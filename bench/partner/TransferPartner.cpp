@@ -36,7 +36,7 @@ file_description(long size)
 	writer.Zeros(2);
 	writer.Text("DATA");
 	writer.Zeros(8);
-	writer.Number(uint64_t(size), 4);
+	writer.Number(static_cast<uint64_t>(size), 4);
 	return writer.Bytes();
 }
 
@@ -49,7 +49,7 @@ send_file(int client, long size)
 	ReceiveFully(client, request, sizeof(request));
 	const std::string description = file_description(size);
 	SendFully(client, description.data(), description.size());
-	for (size_t left = size_t(size); left > 0;) {
+	for (size_t left = static_cast<size_t>(size); left > 0;) {
 		const size_t piece = left < sBlock.size() ? left : sBlock.size();
 		SendFully(client, sBlock.data(), piece);
 		left -= piece;

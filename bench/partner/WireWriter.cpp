@@ -9,7 +9,7 @@ void
 WireWriter::Number(uint64_t value, int bytes)
 {
 	for (int shift = (bytes - 1) * 8; shift >= 0; shift -= 8)
-		fBytes += char(value >> shift & 0xff);
+		fBytes += static_cast<char>(value >> shift & 0xff);
 }
 
 
@@ -31,7 +31,7 @@ Transaction(uint32_t type, uint32_t id, int fieldCount, const std::string& field
 	writer.Number(0, 4);
 	writer.Number(fields.size() + 2, 4);
 	writer.Number(fields.size() + 2, 4);
-	writer.Number(uint64_t(fieldCount), 2);
+	writer.Number(static_cast<uint64_t>(fieldCount), 2);
 	writer.Text(fields);
 	return writer.Bytes();
 }

@@ -52,7 +52,7 @@ main(int argumentCount, char** arguments)
 
 	BMessage connect(kMsgConnectServer);
 	connect.AddString("address", "127.0.0.1");
-	connect.AddInt16("port", int16(partner.Port()));
+	connect.AddInt16("port", static_cast<int16>(partner.Port()));
 	window->PostMessage(&connect);
 	await_list("Users Online (1)");
 	window->PostMessage(kMsgToolFiles);

@@ -91,8 +91,8 @@ main(int argumentCount, char** arguments)
 	const double all = ProcessTime() - begin;
 
 	Figures figures;
-	figures.Add("receive_us", ThreadTimeOf("HL:Receive") / double(count) * 1e6);
-	figures.Add("delivered_us", all / double(count) * 1e6);
+	figures.Add("receive_us", ThreadTimeOf("HL:Receive") / static_cast<double>(count) * 1e6);
+	figures.Add("delivered_us", all / static_cast<double>(count) * 1e6);
 	figures.Print();
 	return 0;
 }

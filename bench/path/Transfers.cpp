@@ -54,7 +54,7 @@ start(status_t (*entry)(void*), const char* name, uint16 port, const char* path,
 	Info* info = new Info();
 	info->address = "127.0.0.1";
 	// Transfers travel on the port after that of the control connection.
-	info->port = uint16(port - 1);
+	info->port = static_cast<uint16>(port - 1);
 	info->ref = 1;
 	info->localPath = path;
 	info->filename = "cargo";
@@ -99,7 +99,8 @@ main(int argumentCount, char** arguments)
 
 	Figures figures;
 	figures.Add("cpu_s", usedCpu);
-	figures.Add("mb_per_s", std::stod(arguments[2]) * double(paths.size()) / usedWall / 1e6);
+	figures.Add("mb_per_s",
+		std::stod(arguments[2]) * static_cast<double>(paths.size()) / usedWall / 1e6);
 	figures.Print();
 	return 0;
 }

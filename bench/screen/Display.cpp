@@ -41,7 +41,7 @@ Now()
 {
 	timespec now;
 	clock_gettime(CLOCK_MONOTONIC, &now);
-	return double(now.tv_sec) + double(now.tv_nsec) / 1e9;
+	return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
 }
 
 
@@ -104,8 +104,8 @@ Display::Read(xcb_window_t window, const Area& area)
 						  area.top, area.width, area.height, ~0U),
 					  NULL),
 			"picture");
-	Pixels pixels(size_t(area.width) * area.height);
-	const auto size = size_t(xcb_get_image_data_length(image.get()));
+	Pixels pixels(static_cast<size_t>(area.width) * area.height);
+	const auto size = static_cast<size_t>(xcb_get_image_data_length(image.get()));
 	if (size < pixels.size() * sizeof(uint32_t)) {
 		fprintf(stderr, "bench_screen: not 32 bits a pixel\n");
 		exit(1);
@@ -133,7 +133,7 @@ uint8_t
 Display::_KeyCode(uint32_t keysym)
 {
 	const xcb_setup_t* setup = xcb_get_setup(fConnection);
-	const auto count = uint8_t(setup->max_keycode - setup->min_keycode + 1);
+	const auto count = static_cast<uint8_t>(setup->max_keycode - setup->min_keycode + 1);
 	const Owned<xcb_get_keyboard_mapping_reply_t> mapping
 		= checked(xcb_get_keyboard_mapping_reply(fConnection,
 					  xcb_get_keyboard_mapping(fConnection, setup->min_keycode, count), NULL),
@@ -141,7 +141,7 @@ Display::_KeyCode(uint32_t keysym)
 	const xcb_keysym_t* symbols = xcb_get_keyboard_mapping_keysyms(mapping.get());
 	for (unsigned int i = 0; i < count; i++) {
 		if (symbols[i * mapping->keysyms_per_keycode] == keysym)
-			return uint8_t(setup->min_keycode + i);
+			return static_cast<uint8_t>(setup->min_keycode + i);
 	}
 	fprintf(stderr, "bench_screen: no such key\n");
 	exit(1);

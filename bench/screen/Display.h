@@ -15,7 +15,7 @@
 namespace bench {
 
 
-//!	Pixels of a rectangle of a window, row by row.
+/*!	Pixels of a rectangle of a window, row by row. */
 using Pixels = std::vector<uint32_t>;
 
 
@@ -50,7 +50,7 @@ private:
 };
 
 
-//!	Seconds on the monotonic clock, which is the same in every process.
+/*!	Seconds on the monotonic clock, which is the same in every process. */
 double Now();
 
 

@@ -77,7 +77,7 @@ KeyEcho::MeasureNext()
 }
 
 
-//!	The picture, and which of its pixels have not changed for a while.
+/*!	The picture, and which of its pixels have not changed for a while. */
 Pixels
 KeyEcho::_Settled(std::vector<bool>* _steady)
 {

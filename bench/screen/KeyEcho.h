@@ -23,7 +23,7 @@ public:
 	KeyEcho(Display& display, xcb_window_t window, const Area& area);
 
 	bool Calibrate();
-	//! In seconds; negative when nothing had happened after some seconds.
+	// In seconds; negative when nothing had happened after some seconds.
 	double MeasureNext();
 
 private:
@@ -36,7 +36,7 @@ private:
 	Area fArea;
 	Pixels fEmpty;
 	Pixels fTyped;
-	//! Where to look.
+	// Where to look.
 	std::vector<bool> fTelling;
 	bool fHasLetter;
 };

@@ -26,11 +26,11 @@ using bench::Display;
 using bench::KeyEcho;
 
 
-//!	A hand does not keep time with the screen: between 20 and 60 ms, in no rhythm.
+/*!	A hand does not keep time with the screen: between 20 and 60 ms, in no rhythm. */
 static void
 rest(std::minstd_rand& random)
 {
-	const timespec time = {0, 20000000 + long(random() % 40000000)};
+	const timespec time = {0, 20000000 + static_cast<long>(random() % 40000000)};
 	nanosleep(&time, NULL);
 }
 
@@ -40,7 +40,7 @@ type_keys(char** arguments)
 {
 	Display display;
 	const Area area = {int16_t(atoi(arguments[1])), int16_t(atoi(arguments[2])),
-		uint16_t(atoi(arguments[3])), uint16_t(atoi(arguments[4]))};
+		static_cast<uint16_t>(atoi(arguments[3])), static_cast<uint16_t>(atoi(arguments[4]))};
 	KeyEcho echo(display, xcb_window_t(strtoul(arguments[0], NULL, 0)), area);
 	if (!echo.Calibrate()) {
 		fprintf(stderr, "bench_screen: nothing shows of what is typed\n");
@@ -66,7 +66,8 @@ launch(char** command)
 {
 	timespec used;
 	clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
-	printf("%.6f %.6f\n", bench::Now(), double(used.tv_sec) + double(used.tv_nsec) / 1e9);
+	printf("%.6f %.6f\n", bench::Now(),
+		static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) / 1e9);
 	fflush(stdout);
 	execvp(command[0], command);
 	perror(command[0]);

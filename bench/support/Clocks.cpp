@@ -16,7 +16,7 @@ seconds_of(clockid_t clock)
 {
 	timespec time = {};
 	clock_gettime(clock, &time);
-	return double(time.tv_sec) + double(time.tv_nsec) / 1e9;
+	return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
 
@@ -63,7 +63,7 @@ ThreadTimeOf(const char* name)
 			continue;
 		// How the kernel numbers the clock of a thread.
 		const int thread = atoi(entry->d_name);
-		time = seconds_of(clockid_t(~unsigned(thread) << 3 | 6));
+		time = seconds_of(clockid_t(~static_cast<unsigned>(thread) << 3 | 6));
 	}
 	closedir(folder);
 	return time;

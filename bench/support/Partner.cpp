@@ -18,7 +18,7 @@ path_beside_program(const char* name)
 	const ssize_t length = readlink("/proc/self/exe", path, sizeof(path));
 	if (length < 1)
 		Fail("readlink");
-	const std::string program(path, size_t(length));
+	const std::string program(path, static_cast<size_t>(length));
 	return program.substr(0, program.rfind('/') + 1) + name;
 }
 
@@ -54,7 +54,7 @@ Partner::Partner(const std::vector<std::string>& arguments)
 	if (fProcess < 0 || read(output[0], line, sizeof(line) - 1) < 1)
 		Fail("bench_partner");
 	close(output[0]);
-	fPort = uint16_t(atoi(line));
+	fPort = static_cast<uint16_t>(atoi(line));
 }
 
 

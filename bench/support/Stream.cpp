@@ -57,7 +57,7 @@ SendFully(int socket, const void* data, size_t size)
 		if (sent < 1)
 			Fail("send");
 		bytes += sent;
-		size -= size_t(sent);
+		size -= static_cast<size_t>(sent);
 	}
 }
 
@@ -71,6 +71,6 @@ ReceiveFully(int socket, void* buffer, size_t size)
 		if (received < 1)
 			Fail("recv");
 		bytes += received;
-		size -= size_t(received);
+		size -= static_cast<size_t>(received);
 	}
 }

@@ -12,9 +12,11 @@
 namespace demo {
 
 
-//! The file of the banner of that kind. \return \c false when there is no such kind.
+/*!	The file of the banner of that kind.
+	\return \c false when there is no such kind.
+*/
 bool make_banner(const std::string& kind, std::string* _bytes);
-//! The kinds, separated by commas.
+/*!	The kinds, separated by commas. */
 std::string banner_kinds();
 
 

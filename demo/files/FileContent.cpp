@@ -35,7 +35,7 @@ TextContent::Read(uint64_t offset, uint8_t* buffer, size_t size) const
 // #pragma mark -
 
 
-//!	What stands at that place of every pattern, whatever its size.
+/*!	What stands at that place of every pattern, whatever its size. */
 uint8_t
 PatternContent::ByteAt(uint64_t offset)
 {
@@ -55,7 +55,7 @@ PatternContent::Read(uint64_t offset, uint8_t* buffer, size_t size) const
 // #pragma mark -
 
 
-//!	\param file A descriptor that is open for reading; it is closed with the content.
+/*!	\param file A descriptor that is open for reading; it is closed with the content. */
 DiskContent::DiskContent(int file, uint64_t size)
 	: FileContent(size),
 	  fFile(file)
@@ -106,7 +106,7 @@ DiskContent::Read(uint64_t offset, uint8_t* buffer, size_t size) const
 // #pragma mark -
 
 
-//!	Before the first byte is read.
+/*!	Before the first byte is read. */
 void
 ContentSequence::Append(const ContentReference& content)
 {
@@ -116,7 +116,7 @@ ContentSequence::Append(const ContentReference& content)
 }
 
 
-//!	Makes the sequence end early, although its size remains what it was.
+/*!	Makes the sequence end early, although its size remains what it was. */
 void
 ContentSequence::CutAt(uint64_t size)
 {

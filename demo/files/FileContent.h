@@ -31,7 +31,7 @@ public:
 	FileContent& operator=(const FileContent&) = delete;
 
 	uint64_t Size() const { return fSize; }
-	//! Reads that many bytes, all of which must lie within the size. \return \c false on an error.
+	// Reads that many bytes, all of which must lie within the size. \return \c false on an error.
 	virtual bool Read(uint64_t offset, uint8_t* buffer, size_t size) const = 0;
 
 private:
@@ -42,7 +42,7 @@ private:
 using ContentReference = std::shared_ptr<const FileContent>;
 
 
-//!	Bytes that are held in memory.
+/*!	Bytes that are held in memory. */
 class TextContent : public FileContent {
 public:
 	explicit TextContent(std::string bytes);
@@ -54,7 +54,7 @@ private:
 };
 
 
-//!	Bytes that are made when they are wanted: a pattern that differs from place to place.
+/*!	Bytes that are made when they are wanted: a pattern that differs from place to place. */
 class PatternContent : public FileContent {
 public:
 	using FileContent::FileContent;
@@ -64,7 +64,7 @@ public:
 };
 
 
-//!	Bytes in a file on disk that is open and belongs to the content.
+/*!	Bytes in a file on disk that is open and belongs to the content. */
 class DiskContent : public FileContent {
 public:
 	DiskContent(int file, uint64_t size);
@@ -78,7 +78,7 @@ private:
 };
 
 
-//!	Several contents read one after the other, from the start, once.
+/*!	Several contents read one after the other, from the start, once. */
 class ContentSequence {
 public:
 	void Append(const ContentReference& content);
@@ -86,7 +86,7 @@ public:
 
 	void CutAt(uint64_t size);
 	bool IsAtEnd() const { return fPosition == fEnd; }
-	//! \return The bytes read, fewer than asked for only at the end; -1 on an error.
+	// \return The bytes read, fewer than asked for only at the end; -1 on an error.
 	ssize_t Read(uint8_t* buffer, size_t size);
 
 private:

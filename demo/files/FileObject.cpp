@@ -87,7 +87,7 @@ flatten_file(const FileRecord& file)
 // #pragma mark -
 
 
-//!	\param announcedSize What the whole object is said to be, in bytes.
+/*!	\param announcedSize What the whole object is said to be, in bytes. */
 FileObjectReader::FileObjectReader(Receiver& receiver, uint64_t announcedSize)
 	: fReceiver(receiver),
 	  fLeft(announcedSize)
@@ -198,7 +198,7 @@ FileObjectReader::_HandleInformation()
 }
 
 
-//!	\return The bytes that it took.
+/*!	\return The bytes that it took. */
 size_t
 FileObjectReader::_FeedFork(const uint8_t* bytes, size_t size)
 {

@@ -32,11 +32,11 @@ class FileObjectReader {
 public:
 	enum State { kReadingHeader, kReadingForkHeader, kReadingFork, kComplete, kBroken };
 
-	//! Takes the bytes of the data fork as they come.
+	// Takes the bytes of the data fork as they come.
 	class Receiver {
 	public:
 		virtual ~Receiver() = default;
-		//! \return \c false when they cannot be kept, which ends the reading.
+		// \return \c false when they cannot be kept, which ends the reading.
 		virtual bool HandleData(const uint8_t* bytes, size_t size) = 0;
 	};
 
@@ -46,7 +46,7 @@ public:
 	State CurrentState() const { return fState; }
 
 	uint64_t DataSize() const { return fDataSize; }
-	//! What the information fork says; empty while it has not arrived.
+	// What the information fork says; empty while it has not arrived.
 	const std::string& Type() const { return fType; }
 	const std::string& Creator() const { return fCreator; }
 	const std::string& Name() const { return fName; }

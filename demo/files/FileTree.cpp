@@ -48,7 +48,7 @@ FileNode::Raw(const std::string& entry)
 }
 
 
-//!	\return The child, which belongs to the folder from then on.
+/*!	\return The child, which belongs to the folder from then on. */
 FileNode*
 FileNode::Add(std::unique_ptr<FileNode> child)
 {
@@ -67,7 +67,7 @@ FileNode::Remove(const FileNode* child)
 }
 
 
-//!	The child with exactly that name; NULL if there is none.
+/*!	The child with exactly that name; NULL if there is none. */
 FileNode*
 FileNode::Find(const std::string& name) const
 {
@@ -79,7 +79,7 @@ FileNode::Find(const std::string& name) const
 }
 
 
-//!	The node's record in the listing of its folder.
+/*!	The node's record in the listing of its folder. */
 std::string
 FileNode::Entry() const
 {
@@ -107,7 +107,7 @@ FileTree::FileTree()
 }
 
 
-//!	The folder that the names lead to from the root; NULL if one of them does not exist.
+/*!	The folder that the names lead to from the root; NULL if one of them does not exist. */
 FileNode*
 FileTree::FindFolder(const Path& path)
 {

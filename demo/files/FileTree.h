@@ -18,23 +18,23 @@
 namespace demo {
 
 
-//!	What goes wrong with a file on purpose.
+/*!	What goes wrong with a file on purpose. */
 enum class Trouble { kNone, kMissing, kNoReference, kHangsUp, kSilent, kCutShort };
 
 
-//!	What a download needs to know of a file.
+/*!	What a download needs to know of a file. */
 struct FileRecord {
-	//! Bytes, in whatever encoding; as they travel.
+	// Bytes, in whatever encoding; as they travel.
 	std::string name;
-	//! Four characters each.
+	// Four characters each.
 	std::string type;
 	std::string creator;
 	std::string comment;
 	ContentReference data;
-	//! NULL for a file without one.
+	// NULL for a file without one.
 	ContentReference resource;
 	Trouble trouble = Trouble::kNone;
-	//! Only keepers may download it, or look into it.
+	// Only keepers may download it, or look into it.
 	bool isLocked = false;
 };
 
@@ -46,7 +46,7 @@ class FileNode {
 public:
 	static std::unique_ptr<FileNode> Folder(const std::string& name);
 	static std::unique_ptr<FileNode> File(FileRecord record);
-	//! Something in a listing that is no proper entry.
+	// Something in a listing that is no proper entry.
 	static std::unique_ptr<FileNode> Raw(const std::string& entry);
 
 	const FileRecord& Record() const { return fRecord; }
@@ -73,14 +73,14 @@ private:
 };
 
 
-//!	All that the server offers, and what it has been given.
+/*!	All that the server offers, and what it has been given. */
 class FileTree {
 public:
 	using Path = std::vector<std::string>;
 
 	static constexpr size_t kMaxUploads = 256;
-	//! What all uploads together may take, in bytes.
-	static constexpr uint64_t kMaxUploaded = uint64_t(6) << 30;
+	// What all uploads together may take, in bytes.
+	static constexpr uint64_t kMaxUploaded = static_cast<uint64_t>(6) << 30;
 
 	FileTree();
 

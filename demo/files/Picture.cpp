@@ -24,7 +24,7 @@ append_little(std::string& bytes, uint32_t value, int size)
 }
 
 
-//!	Rows are padded to whole words.
+/*!	Rows are padded to whole words. */
 static int64_t
 row_size(int32_t width)
 {
@@ -64,7 +64,7 @@ append_pixel(std::string& bytes, int32_t red, int32_t green, int32_t blue)
 }
 
 
-//!	Scatters the stars without a pattern, and always the same ones.
+/*!	Scatters the stars without a pattern, and always the same ones. */
 static bool
 is_star(int32_t x, int32_t y)
 {
@@ -74,7 +74,7 @@ is_star(int32_t x, int32_t y)
 }
 
 
-//!	A night sky over water, with stars, and a lantern whose light falls on both.
+/*!	A night sky over water, with stars, and a lantern whose light falls on both. */
 std::string
 night_picture(int32_t width, int32_t height)
 {
@@ -109,7 +109,7 @@ night_picture(int32_t width, int32_t height)
 }
 
 
-//!	All of one color.
+/*!	All of one color. */
 std::string
 plain_picture(int32_t width, int32_t height, uint8_t red, uint8_t green, uint8_t blue)
 {
@@ -123,7 +123,7 @@ plain_picture(int32_t width, int32_t height, uint8_t red, uint8_t green, uint8_t
 }
 
 
-//!	Only the header, and not a single one of the pixels that it announces.
+/*!	Only the header, and not a single one of the pixels that it announces. */
 std::string
 claim_of_a_picture(int32_t width, int32_t height)
 {

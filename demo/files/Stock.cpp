@@ -19,7 +19,7 @@ namespace demo {
 static const size_t kManyFiles = 5000;
 static const size_t kVeryManyFiles = 20000;
 static const size_t kParts = 10;
-static const uint64_t kPartSize = uint64_t(16) << 20;
+static const uint64_t kPartSize = static_cast<uint64_t>(16) << 20;
 
 static const char* const kReadMe
 	= "Welcome to the shelves of the Lantern Café.\r\r"
@@ -82,9 +82,9 @@ fill_sizes(FileNode& folder)
 		{"1024 bytes", 1024},
 		{"1048575 bytes", 1048575},
 		{"1048576 bytes", 1048576},
-		{"16 MiB", uint64_t(16) << 20},
-		{"256 MiB", uint64_t(256) << 20},
-		{"1 GiB", uint64_t(1) << 30},
+		{"16 MiB", static_cast<uint64_t>(16) << 20},
+		{"256 MiB", static_cast<uint64_t>(256) << 20},
+		{"1 GiB", static_cast<uint64_t>(1) << 30},
 	};
 	for (const auto& file : kFiles)
 		folder.Add(FileNode::File(record(file.name, pattern(file.size))));
@@ -121,7 +121,7 @@ fill_many(FileNode& folder, size_t count)
 }
 
 
-//!	Their contents differ: each is a little longer than the one before.
+/*!	Their contents differ: each is a little longer than the one before. */
 static void
 fill_parts(FileNode& folder)
 {

@@ -12,7 +12,7 @@ namespace demo {
 class FileNode;
 
 
-//! Puts everything that the server offers for download into its root folder.
+/*!	Puts everything that the server offers for download into its root folder. */
 void fill_stock(FileNode& root);
 
 

@@ -19,7 +19,7 @@ TransferDesk::TransferDesk(TimerQueue& timers)
 }
 
 
-//!	\return The reference under which to ask for it; 0 when too many wait already.
+/*!	\return The reference under which to ask for it; 0 when too many wait already. */
 uint32_t
 TransferDesk::Add(TransferOrder order)
 {
@@ -38,7 +38,9 @@ TransferDesk::Add(TransferOrder order)
 }
 
 
-//!	Each order can be taken once. \return \c false when there is none under that reference.
+/*!	Each order can be taken once.
+	\return \c false when there is none under that reference.
+*/
 bool
 TransferDesk::Take(uint32_t reference, TransferOrder* _order)
 {

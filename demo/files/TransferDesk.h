@@ -19,16 +19,16 @@
 namespace demo {
 
 
-//!	A transfer that has been agreed on.
+/*!	A transfer that has been agreed on. */
 struct TransferOrder {
 	enum Kind { kSend, kReceive };
 
 	Kind kind = kSend;
-	//! What is to be sent.
+	// What is to be sent.
 	ContentSequence content;
 	Trouble trouble = Trouble::kNone;
 
-	//! Where what is received belongs, what it is said to be in all, and whom it comes from.
+	// Where what is received belongs, what it is said to be in all, and whom it comes from.
 	FileTree::Path folder;
 	std::string name;
 	uint64_t announcedSize = 0;

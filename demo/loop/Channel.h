@@ -24,7 +24,7 @@ public:
 	int Descriptor() const { return fDescriptor; }
 	bool IsDone() const { return fDone; }
 
-	//! What to wait for, as \c poll() has it; errors and hang-ups are always reported.
+	// What to wait for, as \c poll() has it; errors and hang-ups are always reported.
 	virtual short WantedEvents() const = 0;
 	virtual void HandleEvents(short events) = 0;
 

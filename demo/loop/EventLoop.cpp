@@ -28,7 +28,7 @@ EventLoop::~EventLoop()
 }
 
 
-//!	May be called while the loop serves a channel; the new one is watched from the next turn on.
+/*!	May be called while the loop serves a channel; the new one is watched from the next turn on. */
 void
 EventLoop::Add(std::unique_ptr<Channel> channel)
 {
@@ -36,7 +36,7 @@ EventLoop::Add(std::unique_ptr<Channel> channel)
 }
 
 
-//!	Returns after \c Stop() and leaves the channels as they are.
+/*!	Returns after \c Stop() and leaves the channels as they are. */
 void
 EventLoop::Run()
 {
@@ -51,7 +51,7 @@ EventLoop::Run()
 }
 
 
-//!	From any thread, any number of times, also before \c Run().
+/*!	From any thread, any number of times, also before \c Run(). */
 void
 EventLoop::Stop()
 {
@@ -62,7 +62,7 @@ EventLoop::Stop()
 }
 
 
-//!	Closes every connection. For when \c Run() has returned.
+/*!	Closes every connection. For when \c Run() has returned. */
 void
 EventLoop::DeleteAll()
 {

@@ -63,7 +63,7 @@ StreamChannel::HandleEvents(short events)
 }
 
 
-//!	Queues bytes for the peer. Ignored once the connection is being finished.
+/*!	Queues bytes for the peer. Ignored once the connection is being finished. */
 void
 StreamChannel::Write(const void* bytes, size_t size)
 {
@@ -96,7 +96,7 @@ StreamChannel::Finish()
 }
 
 
-//!	Ends the connection the rude way: the peer gets a reset, not an end of stream.
+/*!	Ends the connection the rude way: the peer gets a reset, not an end of stream. */
 void
 StreamChannel::Reset()
 {

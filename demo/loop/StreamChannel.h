@@ -43,12 +43,12 @@ public:
 	void Reset();
 
 protected:
-	//! Looks at what has arrived. \return The bytes that it is done with; 0 to wait for more.
+	// Looks at what has arrived. \return The bytes that it is done with; 0 to wait for more.
 	virtual size_t HandleInput(const uint8_t* bytes, size_t size) = 0;
-	//! Called when little waits to be sent, for whoever has more to send than should wait.
+	// Called when little waits to be sent, for whoever has more to send than should wait.
 	virtual void RefillOutput() {}
 
-	//! Whether \c RefillOutput() has something to give.
+	// Whether \c RefillOutput() has something to give.
 	virtual bool HasMoreOutput() const { return false; }
 
 private:

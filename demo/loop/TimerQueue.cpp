@@ -24,7 +24,7 @@ TimerQueue::Add(std::chrono::milliseconds delay, Action action)
 }
 
 
-//!	Forgets an action that has not run yet; any other number is ignored.
+/*!	Forgets an action that has not run yet; any other number is ignored. */
 void
 TimerQueue::Cancel(uint64_t id)
 {
@@ -37,7 +37,7 @@ TimerQueue::Cancel(uint64_t id)
 }
 
 
-//!	Rounded up, so that whoever sleeps that long finds the action due; -1 when nothing waits.
+/*!	Rounded up, so that whoever sleeps that long finds the action due; -1 when nothing waits. */
 int
 TimerQueue::MillisecondsToNext() const
 {
@@ -50,7 +50,8 @@ TimerQueue::MillisecondsToNext() const
 }
 
 
-//!	Runs what is due by now. What an action adds waits for the next call, however short its delay.
+/*!	Runs what is due by now. What an action adds waits for the next call, however short its delay.
+*/
 void
 TimerQueue::RunDue()
 {

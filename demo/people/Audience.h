@@ -24,10 +24,10 @@ public:
 
 	virtual bool IsAnybodyHere() const = 0;
 	virtual void SendToAll(const Transaction& notice) = 0;
-	//! \return \c false when nobody with that number is here any more.
+	// \return \c false when nobody with that number is here any more.
 	virtual bool SendTo(uint16_t socket, const Transaction& notice) = 0;
 
-	//! A socket number that nobody else has; it is never 0.
+	// A socket number that nobody else has; it is never 0.
 	virtual uint16_t TakeSocket() = 0;
 	virtual void GiveBackSocket(uint16_t socket) = 0;
 };

@@ -52,7 +52,7 @@ Community::~Community()
 }
 
 
-//!	Adds a record for everybody who is here.
+/*!	Adds a record for everybody who is here. */
 void
 Community::AddEntries(Transaction* _list) const
 {
@@ -63,7 +63,8 @@ Community::AddEntries(Transaction* _list) const
 }
 
 
-//!	Starts what happens unasked. For when somebody has come; it ends by itself when all have gone.
+/*!	Starts what happens unasked. For when somebody has come; it ends by itself when all have gone.
+*/
 void
 Community::WakeUp()
 {
@@ -81,7 +82,7 @@ Community::WakeUp()
 }
 
 
-//!	Whoever is named in the text answers, and comes back for it; otherwise whose turn it is.
+/*!	Whoever is named in the text answers, and comes back for it; otherwise whose turn it is. */
 void
 Community::HearChat(const User& speaker, const std::string& text)
 {
@@ -108,7 +109,7 @@ Community::HearChat(const User& speaker, const std::string& text)
 }
 
 
-//!	\return \c false when no resident with that number is here.
+/*!	\return \c false when no resident with that number is here. */
 bool
 Community::HearPrivateMessage(const User& sender, uint16_t socket, const std::string& text)
 {
@@ -144,7 +145,7 @@ Community::Describe(uint16_t socket, User* _user) const
 }
 
 
-//!	Brings back one of those who left; a nick that nobody of them has is a new visitor's.
+/*!	Brings back one of those who left; a nick that nobody of them has is a new visitor's. */
 bool
 Community::Join(const std::string& nick)
 {
@@ -204,7 +205,7 @@ Community::Chat(const std::string& nick)
 }
 
 
-//!	Opens a private conversation with the listener.
+/*!	Opens a private conversation with the listener. */
 bool
 Community::Whisper(const std::string& nick, uint16_t listener)
 {
@@ -218,7 +219,7 @@ Community::Whisper(const std::string& nick, uint16_t listener)
 }
 
 
-//!	Makes the crowd that many. Everybody hears of each one who comes or goes.
+/*!	Makes the crowd that many. Everybody hears of each one who comes or goes. */
 void
 Community::SetCrowd(size_t count)
 {
@@ -267,7 +268,8 @@ Community::_Find(uint16_t socket)
 }
 
 
-//!	The one with that nick, else the first whose nick holds it, else, without one, the next in turn.
+/*!	The one with that nick, else the first whose nick holds it, else, without one, the next in turn.
+*/
 Community::Resident*
 Community::_Pick(const std::string& nick, bool isHere)
 {
@@ -291,7 +293,7 @@ Community::_Pick(const std::string& nick, bool isHere)
 }
 
 
-//!	The next in turn of those who have a character and therefore something to say.
+/*!	The next in turn of those who have a character and therefore something to say. */
 Community::Resident*
 Community::_NextCharacter()
 {
@@ -306,7 +308,7 @@ Community::_NextCharacter()
 }
 
 
-//!	Whose name the text holds, here or not; the usual one counts also while going by another.
+/*!	Whose name the text holds, here or not; the usual one counts also while going by another. */
 Community::Resident*
 Community::_Addressed(const std::string& text)
 {
@@ -332,7 +334,7 @@ Community::_Arrive(Resident& resident)
 }
 
 
-//!	Those with a character may come back; the others are forgotten, so the record may be gone.
+/*!	Those with a character may come back; the others are forgotten, so the record may be gone. */
 void
 Community::_Depart(Resident& resident)
 {
@@ -388,7 +390,7 @@ Community::_Think(TimerQueue::Action action)
 }
 
 
-//!	One of the small things that happen unasked.
+/*!	One of the small things that happen unasked. */
 void
 Community::_Live()
 {

@@ -25,7 +25,7 @@ with_returns(std::string text)
 }
 
 
-//!	Chat lines travel complete, with the speaker in front of what is said.
+/*!	Chat lines travel complete, with the speaker in front of what is said. */
 Transaction
 chat_line(const User& speaker, const std::string& text)
 {
@@ -33,7 +33,7 @@ chat_line(const User& speaker, const std::string& text)
 }
 
 
-//!	A line of the chat that stands as it is, without a speaker.
+/*!	A line of the chat that stands as it is, without a speaker. */
 Transaction
 chat_text(const std::string& text)
 {
@@ -55,7 +55,7 @@ private_message(const User& sender, const std::string& text)
 }
 
 
-//!	A private message that comes from nobody: socket 0 and no nick.
+/*!	A private message that comes from nobody: socket 0 and no nick. */
 Transaction
 server_message(const std::string& text)
 {
@@ -84,7 +84,7 @@ agreement(const std::string& text)
 }
 
 
-//!	Tells the client to go on as if its user had agreed.
+/*!	Tells the client to go on as if its user had agreed. */
 Transaction
 no_agreement()
 {
@@ -94,7 +94,7 @@ no_agreement()
 }
 
 
-//!	Asks the client to leave. A notice without any field would not be noticed, hence the text.
+/*!	Asks the client to leave. A notice without any field would not be noticed, hence the text. */
 Transaction
 polite_quit(const std::string& text)
 {
@@ -134,7 +134,7 @@ news_post(const std::string& text)
 }
 
 
-//!	Says that there is a banner to be fetched, and of which format.
+/*!	Says that there is a banner to be fetched, and of which format. */
 Transaction
 banner_notice()
 {
@@ -144,7 +144,7 @@ banner_notice()
 }
 
 
-//!	Something that no client knows and every client must step over.
+/*!	Something that no client knows and every client must step over. */
 Transaction
 unknown_notice()
 {

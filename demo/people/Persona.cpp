@@ -147,7 +147,7 @@ Persona::AnswerTo(const std::string& text, size_t turn) const
 }
 
 
-//!	The same for what was said in private: the confidences first, the usual answers otherwise.
+/*!	The same for what was said in private: the confidences first, the usual answers otherwise. */
 std::string
 Persona::WhisperTo(const std::string& text, size_t turn) const
 {

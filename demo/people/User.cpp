@@ -10,7 +10,7 @@
 namespace demo {
 
 
-//!	The user's record in a user list.
+/*!	The user's record in a user list. */
 std::string
 User::Entry() const
 {

@@ -63,16 +63,16 @@ enum : uint16_t {
 	kFieldUserEntry = 300
 };
 
-//! What a client says first: protocol, sub-protocol, version 1, sub-version 2.
+/*!	What a client says first: protocol, sub-protocol, version 1, sub-version 2. */
 inline constexpr uint8_t kHandshake[] = {'T', 'R', 'T', 'P', 'H', 'O', 'T', 'L', 0x00, 0x01, 0x00,
 	0x02};
 inline constexpr size_t kHandshakeMagicSize = 8;
-//! The answer; the last byte is an error code, 0 for none.
+/*!	The answer; the last byte is an error code, 0 for none. */
 inline constexpr uint8_t kHandshakeReply[] = {'T', 'R', 'T', 'P', 0x00, 0x00, 0x00, 0x00};
 inline constexpr uint8_t kHandshakeRefusal[] = {'T', 'R', 'T', 'P', 0x00, 0x00, 0x00, 0x01};
 
 inline constexpr uint16_t kServerVersion = 190;
-//! Longest nick that is passed on, in bytes.
+/*!	Longest nick that is passed on, in bytes. */
 inline constexpr size_t kMaxNickSize = 63;
 
 

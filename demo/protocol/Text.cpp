@@ -22,7 +22,7 @@ is_letter(char byte)
 }
 
 
-//!	At most that many bytes of the text, without half a character at the end.
+/*!	At most that many bytes of the text, without half a character at the end. */
 std::string
 cut_text(const std::string& text, size_t size)
 {
@@ -39,7 +39,7 @@ cut_text(const std::string& text, size_t size)
 }
 
 
-//!	Latin letters only, which is all that commands and greetings need.
+/*!	Latin letters only, which is all that commands and greetings need. */
 std::string
 to_lower(std::string text)
 {
@@ -51,7 +51,7 @@ to_lower(std::string text)
 }
 
 
-//!	Whether the text holds the word by itself, not as a part of a longer Latin one.
+/*!	Whether the text holds the word by itself, not as a part of a longer Latin one. */
 bool
 contains_word(const std::string& text, const std::string& word)
 {
@@ -71,7 +71,7 @@ contains_word(const std::string& text, const std::string& word)
 }
 
 
-//!	Splits off the first word; the rest comes without the blanks before and behind it.
+/*!	Splits off the first word; the rest comes without the blanks before and behind it. */
 void
 split_word(const std::string& text, std::string* _word, std::string* _rest)
 {
@@ -89,7 +89,7 @@ split_word(const std::string& text, std::string* _word, std::string* _rest)
 }
 
 
-//!	A decimal number from 0 to \a most, nothing before or behind it.
+/*!	A decimal number from 0 to \a most, nothing before or behind it. */
 bool
 parse_count(const std::string& text, unsigned long most, unsigned long* _count)
 {

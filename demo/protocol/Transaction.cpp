@@ -25,7 +25,7 @@ Transaction::Transaction(uint16_t type)
 }
 
 
-//!	A successful answer. Answers carry no type of their own, only the number of their request.
+/*!	A successful answer. Answers carry no type of their own, only the number of their request. */
 Transaction
 Transaction::Reply(uint32_t request)
 {
@@ -78,7 +78,7 @@ Transaction::Parse(const uint8_t* bytes, size_t size, Transaction* _transaction,
 }
 
 
-//!	Text that is too long for a field is cut between characters.
+/*!	Text that is too long for a field is cut between characters. */
 void
 Transaction::AddText(uint16_t field, const std::string& text)
 {
@@ -134,7 +134,7 @@ Transaction::FindText(uint16_t field, std::string* _text) const
 }
 
 
-//!	Numbers come with two or four bytes; any other length counts as missing.
+/*!	Numbers come with two or four bytes; any other length counts as missing. */
 bool
 Transaction::FindInt(uint16_t field, uint32_t* _value) const
 {

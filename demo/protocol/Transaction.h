@@ -22,9 +22,9 @@ class Transaction {
 public:
 	enum ParseResult { kIncomplete, kTooLarge, kComplete };
 
-	//! Bytes before the fields: the header and the number of fields.
+	// Bytes before the fields: the header and the number of fields.
 	static constexpr size_t kHeaderSize = 22;
-	//! The most that a client may send at once; the longest chat line needs 65,561 bytes.
+	// The most that a client may send at once; the longest chat line needs 65,561 bytes.
 	static constexpr size_t kMaxSize = 128 * 1024;
 	static constexpr size_t kMaxFieldSize = 65535;
 

@@ -74,7 +74,7 @@ CommandInterpreter::Run(Session& session, uint32_t request, const std::string& l
 }
 
 
-//!	All commands, a line for each.
+/*!	All commands, a line for each. */
 std::string
 CommandInterpreter::Help()
 {
@@ -193,7 +193,7 @@ CommandInterpreter::_Banner(const Call& call) const
 }
 
 
-//!	Something that nobody knows, and something that few clients still show.
+/*!	Something that nobody knows, and something that few clients still show. */
 void
 CommandInterpreter::_Unknown(const Call& call) const
 {
@@ -203,7 +203,7 @@ CommandInterpreter::_Unknown(const Call& call) const
 }
 
 
-//!	Messages without a field, then messages whose text is empty: all of them mean nothing.
+/*!	Messages without a field, then messages whose text is empty: all of them mean nothing. */
 void
 CommandInterpreter::_Empty(const Call& call) const
 {
@@ -293,7 +293,8 @@ CommandInterpreter::_RefuseNobody(const Call& call)
 }
 
 
-//!	Reads a number from the line; \a usual if there is none. Refuses the request when it is no good.
+/*!	Reads a number from the line; \a usual if there is none. Refuses the request when it is no good.
+*/
 bool
 CommandInterpreter::_Count(const Call& call, unsigned long usual, unsigned long most,
 	unsigned long* _count)

@@ -28,7 +28,7 @@ public:
 	static std::string Help();
 
 private:
-	//! One line of the chat, taken apart.
+	// One line of the chat, taken apart.
 	struct Call {
 		Session& session;
 		uint32_t request;

@@ -74,7 +74,7 @@ DemoServer::Running::Listen(uint16_t wantedPort)
 }
 
 
-//!	Opens a port and the one behind it.
+/*!	Opens a port and the one behind it. */
 bool
 DemoServer::Running::OpenPair(uint16_t wantedPort, int* _control, int* _transfer)
 {
@@ -167,7 +167,7 @@ DemoServer::Start(uint16_t port)
 }
 
 
-//!	Closes every connection and waits for the thread. Does nothing when the server does not run.
+/*!	Closes every connection and waits for the thread. Does nothing when the server does not run. */
 void
 DemoServer::Stop()
 {

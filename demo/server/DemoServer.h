@@ -26,9 +26,9 @@ public:
 	[[nodiscard]] bool Start(uint16_t port = 0);
 	void Stop();
 
-	//! The control connection's port while the server runs, else 0. Files travel on the next one.
+	// The control connection's port while the server runs, else 0. Files travel on the next one.
 	uint16_t Port() const;
-	//! The tracker's port while the server runs, else 0.
+	// The tracker's port while the server runs, else 0.
 	uint16_t TrackerPort() const;
 
 private:

@@ -132,7 +132,7 @@ FileRequests::_HandleBanner(const Transaction& request)
 }
 
 
-//!	The folder that the request names; NULL, with the request refused, if it cannot be had.
+/*!	The folder that the request names; NULL, with the request refused, if it cannot be had. */
 FileNode*
 FileRequests::_FindFolder(const Transaction& request, FileTree::Path* _path)
 {
@@ -163,7 +163,7 @@ FileRequests::_IsAllowed(const FileNode& node) const
 }
 
 
-//!	\param file The file that the content of the order is made of; NULL if it is none.
+/*!	\param file The file that the content of the order is made of; NULL if it is none. */
 void
 FileRequests::_ReplyWithReference(const Transaction& request, TransferOrder order,
 	const FileContent* file)

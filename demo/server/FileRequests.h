@@ -25,7 +25,7 @@ class FileRequests {
 public:
 	FileRequests(Server& server, Session& session);
 
-	//! \return \c false when the request is none of these.
+	// \return \c false when the request is none of these.
 	bool Handle(const Transaction& request);
 
 private:

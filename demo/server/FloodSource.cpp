@@ -24,7 +24,7 @@ FloodSource::Start(unsigned long lines, size_t lineSize)
 }
 
 
-//!	The next line. Only while there are more.
+/*!	The next line. Only while there are more. */
 Transaction
 FloodSource::Next()
 {

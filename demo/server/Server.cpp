@@ -49,7 +49,7 @@ Server::Server(EventLoop& loop, const ServerOptions& options)
 }
 
 
-//!	Takes a connection that has just been accepted; beyond the limit it is closed at once.
+/*!	Takes a connection that has just been accepted; beyond the limit it is closed at once. */
 void
 Server::HandleConnection(int socket)
 {
@@ -63,7 +63,7 @@ Server::HandleConnection(int socket)
 }
 
 
-//!	Forgets a session that ends; the others hear of it if its user had joined.
+/*!	Forgets a session that ends; the others hear of it if its user had joined. */
 void
 Server::Remove(Session& session)
 {
@@ -91,7 +91,7 @@ Server::Name()
 }
 
 
-//!	Lets somebody in who has just joined. The newcomer hears of it as well, like everybody else.
+/*!	Lets somebody in who has just joined. The newcomer hears of it as well, like everybody else. */
 void
 Server::Enter(Session& session)
 {
@@ -114,7 +114,7 @@ Server::Say(const Session& speaker, const std::string& text)
 }
 
 
-//!	\return \c false when nobody has that number.
+/*!	\return \c false when nobody has that number. */
 bool
 Server::SendPrivateMessage(const Session& sender, uint16_t socket, const std::string& text)
 {
@@ -123,7 +123,7 @@ Server::SendPrivateMessage(const Session& sender, uint16_t socket, const std::st
 }
 
 
-//!	Replaces the banner and tells everybody that there is one.
+/*!	Replaces the banner and tells everybody that there is one. */
 void
 Server::ShowBanner(const std::string& bytes)
 {
@@ -132,7 +132,7 @@ Server::ShowBanner(const std::string& bytes)
 }
 
 
-//!	Everybody who would be in the user list.
+/*!	Everybody who would be in the user list. */
 size_t
 Server::CountUsers() const
 {
@@ -142,7 +142,7 @@ Server::CountUsers() const
 }
 
 
-//!	Adds a record for everybody, residents first.
+/*!	Adds a record for everybody, residents first. */
 void
 Server::AddUsers(Transaction* _list) const
 {

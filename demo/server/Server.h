@@ -36,7 +36,7 @@ struct User;
 */
 class Server : public Audience {
 public:
-	//! How many may be connected at a time.
+	// How many may be connected at a time.
 	static constexpr size_t kMaxSessions = 256;
 
 	Server(EventLoop& loop, const ServerOptions& options);

@@ -29,7 +29,7 @@ static const char* const kNoNick = "Nameless";
 static const char* const kNotJoined = "Please accept the agreement first.";
 
 
-//!	Logins and passwords travel with every bit turned over.
+/*!	Logins and passwords travel with every bit turned over. */
 static std::string
 decode_credential(std::string bytes)
 {
@@ -56,7 +56,7 @@ Session::~Session()
 }
 
 
-//!	Queues something that the server says of its own accord, under a number of this connection.
+/*!	Queues something that the server says of its own accord, under a number of this connection. */
 void
 Session::Send(const Transaction& notice)
 {
@@ -66,7 +66,7 @@ Session::Send(const Transaction& notice)
 }
 
 
-//!	Queues an answer, which carries the number of its request already.
+/*!	Queues an answer, which carries the number of its request already. */
 void
 Session::Reply(const Transaction& reply)
 {
@@ -82,7 +82,7 @@ Session::Refuse(uint32_t request, const std::string& text)
 }
 
 
-//!	\param status The status word that everybody gets to see beside the user's nick.
+/*!	\param status The status word that everybody gets to see beside the user's nick. */
 void
 Session::SetStatus(uint16_t status)
 {
@@ -91,7 +91,7 @@ Session::SetStatus(uint16_t status)
 }
 
 
-//!	Leaves the client waiting for the rest; nothing sensible can follow on this connection.
+/*!	Leaves the client waiting for the rest; nothing sensible can follow on this connection. */
 void
 Session::SendHalf(const Transaction& notice)
 {
@@ -100,7 +100,7 @@ Session::SendHalf(const Transaction& notice)
 }
 
 
-//!	Whoever does not go within some seconds is put out.
+/*!	Whoever does not go within some seconds is put out. */
 void
 Session::AskToLeave(const std::string& text)
 {
@@ -109,7 +109,7 @@ Session::AskToLeave(const std::string& text)
 }
 
 
-//!	\param lineSize As in \c FloodSource::Start(). A flood that is still running is replaced.
+/*!	\param lineSize As in \c FloodSource::Start(). A flood that is still running is replaced. */
 void
 Session::StartFlood(unsigned long lines, size_t lineSize)
 {
@@ -339,7 +339,7 @@ Session::_HandleUserInfo(const Transaction& request)
 }
 
 
-//!	There is no answer to this request other than the news that everybody gets.
+/*!	There is no answer to this request other than the news that everybody gets. */
 void
 Session::_HandleUserChange(const Transaction& request)
 {
@@ -349,7 +349,7 @@ Session::_HandleUserChange(const Transaction& request)
 }
 
 
-//!	Takes the nick and the icon that come with a request; without them it keeps its own.
+/*!	Takes the nick and the icon that come with a request; without them it keeps its own. */
 void
 Session::_SetIdentity(const Transaction& request)
 {

@@ -31,7 +31,7 @@ public:
 	~Session() override;
 
 	const User& Identity() const { return fUser; }
-	//! Whether the password of the login was the keeper's.
+	// Whether the password of the login was the keeper's.
 	bool IsKeeper() const { return fIsKeeper; }
 	bool HasJoined() const { return fState == kJoined; }
 

@@ -20,7 +20,7 @@ namespace demo {
 */
 class TrackerSession : public StreamChannel {
 public:
-	//! \param answer Sent to whoever asks properly; an empty one makes the tracker silent.
+	// \param answer Sent to whoever asks properly; an empty one makes the tracker silent.
 	TrackerSession(int socket, TimerQueue& timers, std::string answer);
 	~TrackerSession() override;
 

@@ -142,7 +142,7 @@ TransferSession::HandleData(const uint8_t* bytes, size_t size)
 }
 
 
-//!	Puts the whole file on the shelf and tells everybody.
+/*!	Puts the whole file on the shelf and tells everybody. */
 void
 TransferSession::_HandleUpload()
 {

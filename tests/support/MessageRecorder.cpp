@@ -104,11 +104,19 @@ MessageRecorder::OnlyMessage()
 }
 
 
-std::string
-MessageRecorder::OnlyText()
+void
+MessageRecorder::ExpectOnly(const BMessage& expected)
 {
 	const BMessage message = OnlyMessage();
-	return Describe(&message);
+	EXPECT_EQ(Describe(&expected), Describe(&message));
+}
+
+
+void
+MessageRecorder::ExpectLast(const BMessage& expected)
+{
+	const std::vector<BMessage> messages = Messages();
+	EXPECT_EQ(Describe(&expected), messages.empty() ? "nothing" : Describe(&messages.back()));
 }
 
 

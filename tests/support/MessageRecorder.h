@@ -34,8 +34,9 @@ public:
 
 	// The only message so far; a test failure and an empty message if there are none or more.
 	BMessage OnlyMessage();
-	// The same, described.
-	std::string OnlyText();
+	// The only message, or the last one, has the code and the fields of this one.
+	void ExpectOnly(const BMessage& expected);
+	void ExpectLast(const BMessage& expected);
 	// Forgets them all.
 	void Clear();
 

@@ -17,6 +17,7 @@
 #include <OS.h>
 
 #include "AppMessages.h"
+#include "BuiltMessage.h"
 #include "InterposedCalls.h"
 #include "MessageRecorder.h"
 #include "ProcessCounts.h"
@@ -138,16 +139,13 @@ TEST_F(TrackerFetchTest, Server_IsPostedWithAllItsFields)
 	const std::string record = wire_server_record("caf\xe9 <b>", "100 % &File", 65535, 40000);
 	EXPECT_EQ(0, Fetch(wire_tracker_header(uint16(record.size() + 4), 1) + record));
 
-	BMessage server(kMsgTrackerServer);
-	server.AddString("name", "caf\xe9 <b>");
-	server.AddString("desc", "100 % &File");
-	server.AddString("ip", "10.20.30.40");
-	server.AddInt16("port", static_cast<int16>(65535));
-	server.AddInt16("users", static_cast<int16>(40000));
-	EXPECT_EQ(MessageRecorder::Describe(&server), fRecorder->Next());
-	const BMessage done(kMsgTrackerDone);
-	EXPECT_EQ(MessageRecorder::Describe(&done), fRecorder->Next());
-	EXPECT_EQ(2, fRecorder->CountMessages());
+	const std::vector<BMessage> messages = fRecorder->Messages();
+	const BMessage server = built_message(kMsgTrackerServer, "name", "caf\xe9 <b>", "desc",
+		"100 % &File", "ip", "10.20.30.40", "port", static_cast<int16>(65535), "users",
+		static_cast<int16>(40000));
+	ASSERT_EQ(2u, messages.size());
+	EXPECT_EQ(MessageRecorder::Describe(&server), MessageRecorder::Describe(&messages[0]));
+	fRecorder->ExpectLast(BMessage(kMsgTrackerDone));
 }
 
 

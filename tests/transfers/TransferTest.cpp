@@ -8,8 +8,7 @@
 #include <fstream>
 #include <iterator>
 
-#include <Message.h>
-
+#include "BuiltMessage.h"
 #include "ProcessCounts.h"
 #include "RecordWatch.h"
 #include "WaitFor.h"
@@ -130,10 +129,7 @@ TransferTest::ContentOf(const std::string& path)
 void
 TransferTest::ExpectOutcome(uint32 what, const std::string& name, bool success)
 {
-	BMessage expected(what);
-	expected.AddString("filename", name.c_str());
-	expected.AddBool("success", success);
-	EXPECT_EQ(MessageRecorder::Describe(&expected), fRecorder->OnlyText());
+	fRecorder->ExpectOnly(built_message(what, "filename", name, "success", success));
 }
 
 

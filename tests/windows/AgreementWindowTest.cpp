@@ -4,55 +4,47 @@
  */
 #include "AgreementWindow.h"
 
-#include <gtest/gtest.h>
-
 #include <Button.h>
 #include <Font.h>
-#include <Message.h>
 #include <ScrollView.h>
 #include <StringView.h>
 #include <TextView.h>
 
 #include "AppMessages.h"
 #include "HostileTexts.h"
-#include "MessageRecorder.h"
-#include "WaitFor.h"
-#include "WindowProbe.h"
+#include "WindowTest.h"
 
 
 static const BRect kFrame(150, 150, 600, 500);
 
 
-class AgreementWindowTest : public testing::Test {
+class AgreementWindowTest : public WindowTest {
 protected:
 	AgreementWindowTest()
-		: fTarget(new MessageRecorder()),
-		  fWindow(new AgreementWindow(kFrame, fTarget.get(), "Be kind.\nStay long."))
 	{
-		fWindow.Window()->Show();
+		Open(new AgreementWindow(kFrame, fTarget.get(), "Be kind.\nStay long."));
 	}
-
-	RecorderOwner fTarget;
-	WindowProbe fWindow;
 };
 
 
-TEST_F(AgreementWindowTest, ShowsTheText)
+TEST_F(AgreementWindowTest, AtFirst_ShowsTheTextAndAcceptIsTheDefault)
 {
-	EXPECT_STREQ("Server Agreement", fWindow.Window()->Title());
-	EXPECT_EQ("Please read and accept the server agreement to continue:", fWindow.Label("label"));
-	EXPECT_EQ("Be kind.\nStay long.", fWindow.Transcript("agreementtext"));
-	EXPECT_STREQ("Accept", fWindow.Find<BButton>("accept")->Label());
-	EXPECT_STREQ("Decline", fWindow.Find<BButton>("decline")->Label());
+	EXPECT_STREQ("Server Agreement", fWindow->Window()->Title());
+	EXPECT_EQ("Please read and accept the server agreement to continue:", fWindow->Label("label"));
+	EXPECT_EQ("Be kind.\nStay long.", fWindow->Transcript("agreementtext"));
+	EXPECT_STREQ("Accept", fWindow->Find<BButton>("accept")->Label());
+	EXPECT_STREQ("Decline", fWindow->Find<BButton>("decline")->Label());
+	EXPECT_TRUE(fWindow->Find<BButton>("accept")->IsDefault());
+	EXPECT_FALSE(fWindow->Find<BButton>("decline")->IsDefault());
 	BFont font;
-	fWindow.Find<BStringView>("label")->GetFont(&font);
+	fWindow->Find<BStringView>("label")->GetFont(&font);
 	EXPECT_EQ(*be_bold_font, font);
 }
 
 
 TEST_F(AgreementWindowTest, TheText_CanBeSelectedButNotEdited)
 {
-	const BTextView* text = fWindow.Find<BTextView>("agreementtext");
+	const BTextView* text = fWindow->Find<BTextView>("agreementtext");
 	EXPECT_FALSE(text->IsEditable());
 	EXPECT_TRUE(text->IsSelectable());
 	EXPECT_TRUE(text->DoesWordWrap());
@@ -60,55 +52,35 @@ TEST_F(AgreementWindowTest, TheText_CanBeSelectedButNotEdited)
 }
 
 
-TEST_F(AgreementWindowTest, Accept_IsTheDefault)
-{
-	EXPECT_TRUE(fWindow.Find<BButton>("accept")->IsDefault());
-	EXPECT_FALSE(fWindow.Find<BButton>("decline")->IsDefault());
-}
-
-
 TEST_F(AgreementWindowTest, Accept_AnswersOnceAndCloses)
 {
-	fWindow.Invoke("accept");
-	fWindow.WaitForEnd();
-
-	const BMessage answer = fTarget->OnlyMessage();
-	EXPECT_EQ(uint32(kMsgAcceptAgreement), answer.what);
-	EXPECT_TRUE(answer.IsEmpty());
+	fWindow->Invoke("accept");
+	fWindow->WaitForEnd();
+	fTarget->ExpectOnly(BMessage(kMsgAcceptAgreement));
 }
 
 
-TEST_F(AgreementWindowTest, Decline_AnswersOnceAndCloses)
+TEST_F(AgreementWindowTest, DecliningOrClosing_AnswersOnceAndCloses)
 {
-	fWindow.Invoke("decline");
-	fWindow.WaitForEnd();
+	fWindow->Invoke("decline");
+	fWindow->WaitForEnd();
+	fTarget->ExpectOnly(BMessage(kMsgDeclineAgreement));
 
-	const BMessage answer = fTarget->OnlyMessage();
-	EXPECT_EQ(uint32(kMsgDeclineAgreement), answer.what);
-	EXPECT_TRUE(answer.IsEmpty());
-}
-
-
-TEST_F(AgreementWindowTest, ClosingWithoutAButton_DeclinesOnce)
-{
-	fWindow.Window()->PostMessage(B_QUIT_REQUESTED);
-	fWindow.WaitForEnd();
-	EXPECT_EQ(uint32(kMsgDeclineAgreement), fTarget->OnlyMessage().what);
+	fTarget->Clear();
+	Open(new AgreementWindow(kFrame, fTarget.get(), "Be kind."));
+	CloseAndWait();
+	fTarget->ExpectOnly(BMessage(kMsgDeclineAgreement));
 }
 
 
 TEST_F(AgreementWindowTest, AtFirst_IsInTheCenterAndClosesOnEscape)
 {
-	const BWindow* window = fWindow.Window();
+	const BWindow* window = fWindow->Window();
 	EXPECT_EQ(B_TITLED_WINDOW_LOOK, window->Look());
 	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, window->Feel());
 	EXPECT_EQ(uint32(B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS | B_CLOSE_ON_ESCAPE),
 		window->Flags());
-	// Wherever it was to be, it is in the same place.
-	const BRect elsewhere(kFrame.left - 140, kFrame.top - 140, kFrame.right - 140,
-		kFrame.bottom - 140);
-	const WindowProbe other(new AgreementWindow(elsewhere, fTarget.get(), NULL));
-	EXPECT_EQ(window->Frame(), other.Window()->Frame());
+	ExpectCenteredLike(new AgreementWindow(BRect(10, 10, 460, 360), fTarget.get(), NULL));
 }
 
 
@@ -117,12 +89,11 @@ TEST_F(AgreementWindowTest, LongText_CanBeScrolled)
 	std::string text;
 	for (int line = 0; line < 200; line++)
 		text += "one more rule\n";
-	WindowProbe window(new AgreementWindow(kFrame, fTarget.get(), text.c_str()));
-	window.Window()->Show();
-	BTextView* view = window.Find<BTextView>("agreementtext");
-	EXPECT_EQ(view, window.Find<BScrollView>("agreementscroll")->Target());
-	EXPECT_EQ(B_FANCY_BORDER, window.Find<BScrollView>("agreementscroll")->Border());
-	window.Settle();
+	Open(new AgreementWindow(kFrame, fTarget.get(), text.c_str()));
+	BTextView* view = fWindow->Find<BTextView>("agreementtext");
+	EXPECT_EQ(view, fWindow->Find<BScrollView>("agreementscroll")->Target());
+	EXPECT_EQ(B_FANCY_BORDER, fWindow->Find<BScrollView>("agreementscroll")->Border());
+	fWindow->Settle();
 	EXPECT_GT(view->PointAt(view->TextLength()).y, view->Bounds().bottom);
 	view->ScrollToOffset(view->TextLength());
 	EXPECT_TRUE(WaitFor([view] {
@@ -134,42 +105,39 @@ TEST_F(AgreementWindowTest, LongText_CanBeScrolled)
 // The second press is in the queue before the window has had a chance to close.
 TEST_F(AgreementWindowTest, PressingBothButtons_AnswersTheFirst)
 {
-	fWindow.Window()->PostMessage(kMsgAcceptAgreement);
-	fWindow.Window()->PostMessage(kMsgDeclineAgreement);
-	fWindow.Window()->PostMessage(kMsgAcceptAgreement);
-	fWindow.WaitForEnd();
+	fWindow->Window()->PostMessage(kMsgAcceptAgreement);
+	fWindow->Window()->PostMessage(kMsgDeclineAgreement);
+	fWindow->Window()->PostMessage(kMsgAcceptAgreement);
+	fWindow->WaitForEnd();
 	EXPECT_EQ(uint32(kMsgAcceptAgreement), fTarget->OnlyMessage().what);
 }
 
 
 TEST_F(AgreementWindowTest, WithoutAText_IsEmptyAndAnswers)
 {
-	WindowProbe window(new AgreementWindow(kFrame, fTarget.get(), NULL));
-	window.Window()->Show();
-	EXPECT_EQ("", window.Transcript("agreementtext"));
-	window.Invoke("accept");
-	window.WaitForEnd();
-	EXPECT_EQ(uint32(kMsgAcceptAgreement), fTarget->OnlyMessage().what);
-
-	WindowProbe other(new AgreementWindow(kFrame, fTarget.get(), NULL));
-	other.Window()->Show();
-	other.Invoke("decline");
-	other.WaitForEnd();
-	EXPECT_EQ(uint32(kMsgDeclineAgreement), fTarget->Messages().back().what);
+	for (const auto& [button, answer] :
+		{std::pair<const char*, uint32>("accept", kMsgAcceptAgreement),
+			{"decline", kMsgDeclineAgreement}}) {
+		Open(new AgreementWindow(kFrame, fTarget.get(), NULL));
+		EXPECT_EQ("", fWindow->Transcript("agreementtext"));
+		fWindow->Invoke(button);
+		fWindow->WaitForEnd();
+		EXPECT_EQ(answer, fTarget->Messages().back().what);
+	}
 }
 
 
 TEST_F(AgreementWindowTest, TheTarget_MayBeGone)
 {
 	fTarget.reset();
-	fWindow.Invoke("accept");
-	fWindow.WaitForEnd();
+	fWindow->Invoke("accept");
+	fWindow->WaitForEnd();
 }
 
 
 TEST_F(AgreementWindowTest, Layout_IsTidyAtTwoSizes)
 {
-	fWindow.ExpectTidyAtTwoSizes();
+	fWindow->ExpectTidyAtTwoSizes();
 }
 
 
@@ -180,8 +148,7 @@ TEST_F(AgreementWindowTest, HostileText_IsShownAsItStands)
 	texts.push_back(std::string(65535, 'x'));
 	for (const std::string& text : texts) {
 		SCOPED_TRACE(text.substr(0, 80));
-		WindowProbe window(new AgreementWindow(kFrame, fTarget.get(), text.c_str()));
-		window.Window()->Show();
-		EXPECT_EQ(text, window.Transcript("agreementtext"));
+		Open(new AgreementWindow(kFrame, fTarget.get(), text.c_str()));
+		EXPECT_EQ(text, fWindow->Transcript("agreementtext"));
 	}
 }

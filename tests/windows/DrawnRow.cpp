@@ -13,9 +13,6 @@
 #include "WindowProbe.h"
 
 
-namespace {
-
-
 class DrawnView : public BView {
 public:
 	DrawnView(BSize size, const ViewDrawing& draw)
@@ -39,9 +36,6 @@ private:
 	ViewDrawing fDraw;
 	bool fIsDrawn;
 };
-
-
-} // namespace
 
 
 std::string

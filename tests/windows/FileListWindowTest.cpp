@@ -5,38 +5,26 @@
 #include "FileListWindow.h"
 
 
-#include <gtest/gtest.h>
-
 #include <Button.h>
 #include <Entry.h>
 #include <Font.h>
 #include <ListView.h>
-#include <Message.h>
 #include <StringView.h>
 
 #include "AppMessages.h"
 #include "DrawnRow.h"
 #include "FileItem.h"
 #include "HostileTexts.h"
-#include "MessageRecorder.h"
 #include "TemporaryFolder.h"
 #include "UserInput.h"
-#include "WaitFor.h"
-#include "WindowProbe.h"
+#include "WindowTest.h"
 
 
-class FileListWindowTest : public testing::Test {
+class FileListWindowTest : public WindowTest {
 protected:
-	FileListWindowTest()
-		: fTarget(new MessageRecorder())
-	{
-	}
-
 	void _Open(const char* path, const char* assetsPath = NULL)
 	{
-		fWindow.reset(new WindowProbe(
-			new FileListWindow(BRect(200, 150, 560, 500), fTarget.get(), path, assetsPath)));
-		fWindow->Window()->Show();
+		Open(new FileListWindow(BRect(200, 150, 560, 500), fTarget.get(), path, assetsPath));
 		fList = fWindow->Find<BListView>("filelist");
 	}
 
@@ -57,6 +45,26 @@ protected:
 		fWindow->Post(&listing);
 	}
 
+	void _FillWith(const char* name, const char* type = "TEXT")
+	{
+		BMessage listing(kMsgFileEntry);
+		_AddEntry(&listing, name, type);
+		fWindow->Post(&listing);
+	}
+
+	// A request for the file "read me", or for the upload of a file of the folder.
+	static BMessage _Download(const char* path)
+	{
+		return built_message(kMsgDownloadFile, "path", path, "name", "read me");
+	}
+
+	static BMessage _Upload(const char* path, const TemporaryFolder& folder,
+		const std::string& name, int64 size)
+	{
+		return built_message(kMsgUploadFile, "path", path, "name", name.substr(name.find('/') + 1),
+			"localpath", folder.PathOf(name), "size", size);
+	}
+
 	void _ExpectCount(const char* title, const char* label)
 	{
 		EXPECT_STREQ(title, fWindow->Window()->Title());
@@ -75,15 +83,6 @@ protected:
 		fWindow->Post(&chosen);
 	}
 
-	void _Invoke(int32 index)
-	{
-		fList->Select(index);
-		fList->Invoke();
-		fWindow->Settle();
-	}
-
-	RecorderOwner fTarget;
-	std::unique_ptr<WindowProbe> fWindow;
 	BListView* fList = NULL;
 };
 
@@ -108,9 +107,7 @@ TEST_F(FileListWindowTest, FolderAtFirst_IsNamedInTheTitle)
 TEST_F(FileListWindowTest, Listing_IsCountedInTitleAndLabel)
 {
 	_Open("");
-	BMessage one(kMsgFileEntry);
-	_AddEntry(&one, "only");
-	fWindow->Post(&one);
+	_FillWith("only");
 	_ExpectCount("Files (1)", "1 item");
 	_Fill();
 	_ExpectCount("Files (2)", "2 items");
@@ -132,9 +129,7 @@ TEST_F(FileListWindowTest, SecondListing_ReplacesTheFirst)
 {
 	_Open(NULL);
 	_Fill();
-	BMessage other(kMsgFileEntry);
-	_AddEntry(&other, "other");
-	fWindow->Post(&other);
+	_FillWith("other");
 	ASSERT_EQ(1, fList->CountItems());
 	EXPECT_STREQ("other", _Item(0)->FileName());
 	fWindow->Post(kMsgFileEntry);
@@ -154,13 +149,10 @@ TEST_F(FileListWindowTest, TwentyThousandEntries_AreListedScrolledAndReplaced)
 	_ExpectCount("Files — many (20000)", "20000 items");
 	fList->Select(kCount - 1);
 	fList->ScrollToSelection();
-	fList->Invoke();
-	fWindow->Settle();
+	InvokeRow("filelist", kCount - 1);
 	EXPECT_STREQ("file 19999", fTarget->OnlyMessage().GetString("name"));
 
-	BMessage other(kMsgFileEntry);
-	_AddEntry(&other, "other");
-	fWindow->Post(&other);
+	_FillWith("other");
 	_ExpectCount("Files — many (1)", "1 item");
 }
 
@@ -168,9 +160,7 @@ TEST_F(FileListWindowTest, TwentyThousandEntries_AreListedScrolledAndReplaced)
 TEST_F(FileListWindowTest, EntryWithoutFields_HasDefaults)
 {
 	_Open(NULL);
-	BMessage listing(kMsgFileEntry);
-	listing.AddString("name", "bare");
-	fWindow->Post(&listing);
+	fWindow->Post(built_message(kMsgFileEntry, "name", "bare"));
 	ASSERT_EQ(1, fList->CountItems());
 	EXPECT_STREQ("bare", _Item(0)->FileName());
 	EXPECT_STREQ("", _Item(0)->FileType());
@@ -178,23 +168,17 @@ TEST_F(FileListWindowTest, EntryWithoutFields_HasDefaults)
 }
 
 
-TEST_F(FileListWindowTest, InvokingAFolderOfTheRoot_OpensItsName)
+TEST_F(FileListWindowTest, InvokingAFolder_OpensItsNameOrTheJoinedPath)
 {
-	_Open(NULL);
-	_Fill();
-	_Invoke(0);
-	const BMessage request = fTarget->OnlyMessage();
-	EXPECT_EQ(uint32(kMsgOpenFolder), request.what);
-	EXPECT_STREQ("inner", request.GetString("path"));
-}
-
-
-TEST_F(FileListWindowTest, InvokingAFolderOfAFolder_OpensTheJoinedPath)
-{
-	_Open("a/b");
-	_Fill();
-	_Invoke(0);
-	EXPECT_STREQ("a/b/inner", fTarget->OnlyMessage().GetString("path"));
+	for (const auto& [path, joined] :
+		{std::pair<const char*, const char*>(NULL, "inner"), {"a/b", "a/b/inner"}}) {
+		SCOPED_TRACE(joined);
+		_Open(path);
+		_Fill();
+		InvokeRow("filelist", 0);
+		fTarget->ExpectLast(built_message(kMsgOpenFolder, "path", joined));
+	}
+	EXPECT_EQ(2, fTarget->CountMessages());
 }
 
 
@@ -202,11 +186,8 @@ TEST_F(FileListWindowTest, InvokingAFile_DownloadsIt)
 {
 	_Open("a/b");
 	_Fill();
-	_Invoke(1);
-	const BMessage request = fTarget->OnlyMessage();
-	EXPECT_EQ(uint32(kMsgDownloadFile), request.what);
-	EXPECT_STREQ("a/b", request.GetString("path"));
-	EXPECT_STREQ("read me", request.GetString("name"));
+	InvokeRow("filelist", 1);
+	fTarget->ExpectOnly(_Download("a/b"));
 }
 
 
@@ -221,10 +202,7 @@ TEST_F(FileListWindowTest, DownloadButton_TakesFilesOnly)
 
 	fList->Select(1);
 	fWindow->Invoke("download");
-	const BMessage request = fTarget->OnlyMessage();
-	EXPECT_EQ(uint32(kMsgDownloadFile), request.what);
-	EXPECT_STREQ("", request.GetString("path"));
-	EXPECT_STREQ("read me", request.GetString("name"));
+	fTarget->ExpectOnly(_Download(""));
 }
 
 
@@ -244,13 +222,7 @@ TEST_F(FileListWindowTest, ChosenFile_IsOfferedForUploadWithItsSize)
 	folder.AddFile("local file", "123456");
 	_Open("a/b");
 	_Choose(folder.PathOf("local file"));
-
-	const BMessage request = fTarget->OnlyMessage();
-	EXPECT_EQ(uint32(kMsgUploadFile), request.what);
-	EXPECT_STREQ("a/b", request.GetString("path"));
-	EXPECT_STREQ("local file", request.GetString("name"));
-	EXPECT_EQ(folder.PathOf("local file"), request.GetString("localpath"));
-	EXPECT_EQ(6, request.GetInt64("size", int64(-1)));
+	fTarget->ExpectOnly(_Upload("a/b", folder, "local file", 6));
 }
 
 
@@ -270,18 +242,6 @@ TEST_F(FileListWindowTest, SeveralChosenFiles_AreTheirFirst)
 }
 
 
-// The panel gave it while it was there.
-TEST_F(FileListWindowTest, ChosenFileThatHasVanished_IsOfferedWithoutASize)
-{
-	const TemporaryFolder folder;
-	_Open(NULL);
-	_Choose(folder.PathOf("gone"));
-	const BMessage request = fTarget->OnlyMessage();
-	EXPECT_EQ(folder.PathOf("gone"), request.GetString("localpath"));
-	EXPECT_EQ(0, request.GetInt64("size", int64(-1)));
-}
-
-
 // It is the file's bytes that are sent, under the name that was chosen.
 TEST_F(FileListWindowTest, ChosenLink_IsOfferedUnderItsNameWithTheSizeOfItsFile)
 {
@@ -295,16 +255,14 @@ TEST_F(FileListWindowTest, ChosenLink_IsOfferedUnderItsNameWithTheSizeOfItsFile)
 	for (const std::string path : {"near", "inner/far", "absolute"}) {
 		SCOPED_TRACE(path);
 		_Choose(folder.PathOf(path));
-		const BMessage request = fTarget->Messages().back();
-		EXPECT_EQ(path.substr(path.find('/') + 1), request.GetString("name"));
-		EXPECT_EQ(folder.PathOf(path), request.GetString("localpath"));
-		EXPECT_EQ(5000, request.GetInt64("size", int64(-1)));
+		fTarget->ExpectLast(_Upload("a/b", folder, path, 5000));
 	}
 	EXPECT_EQ(3, fTarget->CountMessages());
 }
 
 
-TEST_F(FileListWindowTest, ChosenLinkThatLeadsToNoFile_IsOfferedWithoutASize)
+// The panel gave the vanished one while it was there.
+TEST_F(FileListWindowTest, ChosenLinkToNoFileOrVanishedFile_IsOfferedWithoutASize)
 {
 	const TemporaryFolder folder;
 	folder.AddLink("gone", "nothing");
@@ -313,15 +271,12 @@ TEST_F(FileListWindowTest, ChosenLinkThatLeadsToNoFile_IsOfferedWithoutASize)
 	folder.AddLink("there", "back");
 	folder.AddLink("back", "there");
 	_Open(NULL);
-	for (const std::string name : {"gone", "far", "itself", "there"}) {
+	for (const std::string name : {"gone", "far", "itself", "there", "vanished"}) {
 		SCOPED_TRACE(name);
 		_Choose(folder.PathOf(name));
-		const BMessage request = fTarget->Messages().back();
-		EXPECT_EQ(name, request.GetString("name"));
-		EXPECT_EQ(folder.PathOf(name), request.GetString("localpath"));
-		EXPECT_EQ(0, request.GetInt64("size", int64(-1)));
+		fTarget->ExpectLast(_Upload("", folder, name, 0));
 	}
-	EXPECT_EQ(4, fTarget->CountMessages());
+	EXPECT_EQ(5, fTarget->CountMessages());
 }
 
 
@@ -338,11 +293,9 @@ TEST_F(FileListWindowTest, HostileName_IsKeptAsItStands)
 	_Open(NULL);
 	for (const std::string& name : hostile_texts()) {
 		SCOPED_TRACE(name);
-		BMessage listing(kMsgFileEntry);
-		_AddEntry(&listing, name.c_str(), "fldr");
-		fWindow->Post(&listing);
+		_FillWith(name.c_str(), "fldr");
 		EXPECT_EQ(name, _Item(0)->FileName());
-		_Invoke(0);
+		InvokeRow("filelist", 0);
 		EXPECT_EQ(name, fTarget->Messages().back().GetString("path"));
 	}
 }
@@ -425,8 +378,7 @@ TEST_F(FileListWindowTest, Closing_TellsWhichWindowItWas)
 {
 	_Open(NULL);
 	const void* window = fWindow->Window();
-	fWindow->Window()->PostMessage(B_QUIT_REQUESTED);
-	fWindow->WaitForEnd();
+	CloseAndWait();
 	const BMessage notice = fTarget->OnlyMessage();
 	EXPECT_EQ(uint32(kMsgFileWinClosed), notice.what);
 	void* closed = NULL;

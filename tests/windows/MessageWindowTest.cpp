@@ -4,50 +4,39 @@
  */
 #include "MessageWindow.h"
 
-#include <gtest/gtest.h>
-
 #include <Font.h>
 #include <InterfaceDefs.h>
-#include <Message.h>
 #include <TextControl.h>
 #include <TextView.h>
 
 #include "AppMessages.h"
 #include "HostileTexts.h"
-#include "MessageRecorder.h"
-#include "WaitFor.h"
-#include "WindowProbe.h"
+#include "WindowTest.h"
 
 
 static constexpr rgb_color kIncoming = {180, 0, 0, 255};
 static constexpr rgb_color kOutgoing = {0, 0, 180, 255};
 
 
-class MessageWindowTest : public testing::Test {
+class MessageWindowTest : public WindowTest {
 protected:
 	MessageWindowTest()
-		: fTarget(new MessageRecorder()),
-		  fWindow(new MessageWindow(BRect(200, 200, 550, 420), fTarget.get(), 0x8005, "Ann"))
 	{
-		fWindow.Window()->Show();
+		Open(new MessageWindow(BRect(200, 200, 550, 420), fTarget.get(), 0x8005, "Ann"));
 	}
 
-	MessageWindow* _Conversation() { return static_cast<MessageWindow*>(fWindow.Window()); }
-	std::string _Transcript() { return fWindow.Transcript("pmchat"); }
+	MessageWindow* _Conversation() { return static_cast<MessageWindow*>(fWindow->Window()); }
+	std::string _Transcript() { return fWindow->Transcript("pmchat"); }
 
 	void _Receive(const char* nick, const std::string& text)
 	{
-		BMessage message(kMsgPMReceived);
-		if (nick != NULL)
-			message.AddString("nick", nick);
-		message.AddString("text", text.c_str());
-		fWindow.Post(&message);
+		fWindow->Post(built_message(kMsgPMReceived, "nick", nick, "text", text));
 	}
 
 	void _Type(const std::string& text)
 	{
-		fWindow.SetText("pminput", text.c_str());
-		fWindow.Invoke("pminput");
+		fWindow->SetText("pminput", text.c_str());
+		fWindow->Invoke("pminput");
 	}
 
 	// Whether all bytes of a range are bold in this color, or else plain in the color of texts.
@@ -57,7 +46,7 @@ protected:
 			SCOPED_TRACE(offset);
 			BFont font;
 			rgb_color found = {1, 2, 3, 4};
-			fWindow.Find<BTextView>("pmchat")->GetFontAndColor(int32(offset), &font, &found);
+			fWindow->Find<BTextView>("pmchat")->GetFontAndColor(int32(offset), &font, &found);
 			EXPECT_TRUE(found == color);
 			EXPECT_EQ(isName, font == *be_bold_font);
 			EXPECT_EQ(!isName, font == *be_plain_font);
@@ -71,24 +60,21 @@ protected:
 		_ExpectStyle(0, nameEnd, true, color);
 		_ExpectStyle(nameEnd, _Transcript().size(), false, ui_color(B_DOCUMENT_TEXT_COLOR));
 	}
-
-	RecorderOwner fTarget;
-	WindowProbe fWindow;
 };
 
 
 TEST_F(MessageWindowTest, AtFirst_IsNamedAfterTheNickAndEmpty)
 {
-	EXPECT_STREQ("Message — Ann", fWindow.Window()->Title());
+	EXPECT_STREQ("Message — Ann", fWindow->Window()->Title());
 	EXPECT_STREQ("Ann", _Conversation()->Nick());
 	EXPECT_EQ(0x8005, _Conversation()->Socket());
 	EXPECT_EQ("", _Transcript());
-	EXPECT_TRUE(fWindow.IsEnabled("pminput"));
+	EXPECT_TRUE(fWindow->IsEnabled("pminput"));
 	EXPECT_TRUE(WaitFor([this] {
-		return fWindow.Find<BTextControl>("pminput")->TextView()->IsFocus();
+		return fWindow->Find<BTextControl>("pminput")->TextView()->IsFocus();
 	}));
-	EXPECT_FALSE(fWindow.Find<BTextView>("pmchat")->IsEditable());
-	EXPECT_TRUE(fWindow.Find<BTextView>("pmchat")->DoesWordWrap());
+	EXPECT_FALSE(fWindow->Find<BTextView>("pmchat")->IsEditable());
+	EXPECT_TRUE(fWindow->Find<BTextView>("pmchat")->DoesWordWrap());
 	EXPECT_EQ(0, fTarget->CountMessages());
 }
 
@@ -97,7 +83,7 @@ TEST_F(MessageWindowTest, SetNick_RetitlesAndKeepsTheLines)
 {
 	_Receive("Ann", "hello");
 	_Conversation()->SetNick("Bob");
-	EXPECT_STREQ("Message — Bob", fWindow.Window()->Title());
+	EXPECT_STREQ("Message — Bob", fWindow->Window()->Title());
 	EXPECT_STREQ("Bob", _Conversation()->Nick());
 	EXPECT_EQ("Ann: hello\n", _Transcript());
 }
@@ -114,39 +100,29 @@ TEST_F(MessageWindowTest, Incoming_HasABoldNameAndAPlainText)
 
 TEST_F(MessageWindowTest, IncomingWithoutNick_IsShownUnderTheStoredOne)
 {
-	_Receive(NULL, "hello");
+	fWindow->Post(built_message(kMsgPMReceived, "text", "hello"));
 	_Conversation()->SetNick("Bob");
-	_Receive(NULL, "again");
+	fWindow->Post(built_message(kMsgPMReceived, "text", "again"));
 	EXPECT_EQ("Ann: hello\nBob: again\n", _Transcript());
 }
 
 
 TEST_F(MessageWindowTest, IncomingWithoutText_IsAnEmptyLine)
 {
-	fWindow.Post(kMsgPMReceived);
+	fWindow->Post(kMsgPMReceived);
 	EXPECT_EQ("Ann: \n", _Transcript());
 }
 
 
 TEST_F(MessageWindowTest, Typed_IsEchoedAndSentOnce)
 {
+	_Type("");
+	EXPECT_EQ("", _Transcript());
 	_Type("hi");
 	EXPECT_EQ("You: hi\n", _Transcript());
 	_ExpectOneLine("You", kOutgoing);
-	EXPECT_EQ("", fWindow.Text("pminput"));
-
-	const BMessage request = fTarget->OnlyMessage();
-	EXPECT_EQ(uint32(kMsgPMSend), request.what);
-	EXPECT_EQ(0x8005, request.GetUInt16("socket", 0));
-	EXPECT_STREQ("hi", request.GetString("text"));
-}
-
-
-TEST_F(MessageWindowTest, EmptyEntry_SendsNothing)
-{
-	_Type("");
-	EXPECT_EQ("", _Transcript());
-	EXPECT_EQ(0, fTarget->CountMessages());
+	EXPECT_EQ("", fWindow->Text("pminput"));
+	fTarget->ExpectOnly(built_message(kMsgPMSend, "socket", uint16(0x8005), "text", "hi"));
 }
 
 
@@ -170,7 +146,7 @@ TEST_F(MessageWindowTest, HostileNickAndText_AreShownAsTheyStand)
 		expected += text + ": " + text + "\n";
 		EXPECT_EQ(expected, _Transcript());
 		_Conversation()->SetNick(text.c_str());
-		EXPECT_EQ("Message — " + text, fWindow.Window()->Title());
+		EXPECT_EQ("Message — " + text, fWindow->Window()->Title());
 	}
 	_Receive("Ann", std::string(65535, 'x'));
 	EXPECT_EQ(expected + "Ann: " + std::string(65535, 'x') + "\n", _Transcript());
@@ -180,14 +156,14 @@ TEST_F(MessageWindowTest, HostileNickAndText_AreShownAsTheyStand)
 
 TEST_F(MessageWindowTest, Incoming_RestoresAMinimizedWindow)
 {
-	fWindow.Window()->Minimize(true);
+	fWindow->Window()->Minimize(true);
 	EXPECT_TRUE(WaitFor([this] {
-		return fWindow.Window()->IsMinimized();
+		return fWindow->Window()->IsMinimized();
 	}));
 	_Receive("Ann", "wake up");
-	EXPECT_FALSE(fWindow.Window()->IsMinimized());
+	EXPECT_FALSE(fWindow->Window()->IsMinimized());
 	EXPECT_TRUE(WaitFor([this] {
-		return fWindow.Window()->IsActive();
+		return fWindow->Window()->IsActive();
 	}));
 }
 
@@ -197,11 +173,11 @@ TEST_F(MessageWindowTest, AfterEveryLine_TheEndIsInView)
 	for (int i = 0; i < 100; i++)
 		_Receive("Ann", "hello");
 	const auto showsTheEnd = [this] {
-		const BTextView* view = fWindow.Find<BTextView>("pmchat");
+		const BTextView* view = fWindow->Find<BTextView>("pmchat");
 		return view->Bounds().Contains(view->PointAt(view->TextLength()));
 	};
 	EXPECT_TRUE(WaitFor(showsTheEnd));
-	fWindow.Find<BTextView>("pmchat")->ScrollToOffset(0);
+	fWindow->Find<BTextView>("pmchat")->ScrollToOffset(0);
 	EXPECT_TRUE(WaitFor([&showsTheEnd] {
 		return !showsTheEnd();
 	}));
@@ -212,9 +188,8 @@ TEST_F(MessageWindowTest, AfterEveryLine_TheEndIsInView)
 
 TEST_F(MessageWindowTest, Closing_SaysSoOnceAndEndsTheWindow)
 {
-	const void* window = fWindow.Window();
-	fWindow.Window()->PostMessage(B_QUIT_REQUESTED);
-	fWindow.WaitForEnd();
+	const void* window = fWindow->Window();
+	CloseAndWait();
 	const BMessage notice = fTarget->OnlyMessage();
 	EXPECT_EQ(uint32(kMsgPMWinClosed), notice.what);
 	EXPECT_EQ(0x8005, notice.GetUInt16("socket", 0));
@@ -224,5 +199,5 @@ TEST_F(MessageWindowTest, Closing_SaysSoOnceAndEndsTheWindow)
 
 TEST_F(MessageWindowTest, Layout_IsTidyAtTwoSizes)
 {
-	fWindow.ExpectTidyAtTwoSizes();
+	fWindow->ExpectTidyAtTwoSizes();
 }

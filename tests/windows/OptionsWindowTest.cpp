@@ -4,15 +4,12 @@
  */
 #include "OptionsWindow.h"
 
-#include <memory>
-
-#include <gtest/gtest.h>
+#include <functional>
 
 #include <Button.h>
 #include <Font.h>
 #include <InterfaceDefs.h>
 #include <ListView.h>
-#include <Message.h>
 #include <StringView.h>
 #include <TextControl.h>
 
@@ -21,23 +18,16 @@
 #include "HostileTexts.h"
 #include "IconItem.h"
 #include "Keyboard.h"
-#include "MessageRecorder.h"
 #include "TemporaryFolder.h"
-#include "WaitFor.h"
 #include "WindowInput.h"
-#include "WindowProbe.h"
+#include "WindowTest.h"
 
 
 using Icons = std::vector<int>;
 
 
-class OptionsWindowTest : public testing::Test {
+class OptionsWindowTest : public WindowTest {
 protected:
-	OptionsWindowTest()
-		: fTarget(new MessageRecorder())
-	{
-	}
-
 	void _AddIcon(const std::string& name) { fFolder.AddFile(name, picture_file(16, 16)); }
 
 	void _Open(uint16 icon, const char* nick = "Ann", const char* tracker = "tracker.example")
@@ -47,9 +37,8 @@ protected:
 
 	void _OpenWithFolder(uint16 icon, const char* nick, const char* tracker, const char* folder)
 	{
-		fWindow.reset(new WindowProbe(new OptionsWindow(BRect(200, 150, 520, 550), fTarget.get(),
-			nick, icon, tracker, folder)));
-		fWindow->Window()->Show();
+		Open(new OptionsWindow(BRect(200, 150, 520, 550), fTarget.get(), nick, icon, tracker,
+			folder));
 		fWindow->Settle();
 		fList = fWindow->Find<BListView>("iconlist");
 	}
@@ -65,8 +54,6 @@ protected:
 	std::string _Label() { return fWindow->Label("iconlabel"); }
 
 	TemporaryFolder fFolder;
-	RecorderOwner fTarget;
-	std::unique_ptr<WindowProbe> fWindow;
 	BListView* fList = NULL;
 };
 
@@ -110,13 +97,15 @@ TEST_F(OptionsWindowTest, Window_StandsInTheMiddleOfTheScreen)
 }
 
 
-TEST_F(OptionsWindowTest, Icons_AreSortedByNumber)
+TEST_F(OptionsWindowTest, Icons_AreSortedByNumberAndTheCurrentOneSelected)
 {
 	for (const char* name : {"1.png", "10.png", "2.png", "0.png", "abc.png"})
 		_AddIcon(name);
 	fFolder.AddFile("readme.txt", "about icons");
-	_Open(137);
+	_Open(2);
 	EXPECT_EQ((Icons{1, 2, 10}), _Icons());
+	EXPECT_EQ(1, fList->CurrentSelection());
+	EXPECT_EQ("Current icon: 2", _Label());
 }
 
 
@@ -150,17 +139,11 @@ TEST_F(OptionsWindowTest, WhatIsNoPicture_IsPassedOver)
 	fFolder.AddLink("9.png", "nowhere");
 	fFolder.AddLink("11.png", "11.png");
 	_AddIcon("3.png");
-	_Open(137);
-	EXPECT_EQ(Icons{3}, _Icons());
-}
-
-
-TEST_F(OptionsWindowTest, LinkToAPicture_CountsByItsOwnName)
-{
+	// A link counts by its own name.
 	_AddIcon("picture");
 	fFolder.AddLink("4.png", "picture");
 	_Open(137);
-	EXPECT_EQ(Icons{4}, _Icons());
+	EXPECT_EQ((Icons{3, 4}), _Icons());
 }
 
 
@@ -175,16 +158,6 @@ TEST_F(OptionsWindowTest, NoFolder_IsAnEmptyListAndTheRestWorks)
 		EXPECT_EQ(137, fTarget->Messages().back().GetUInt16("icon", 0));
 	}
 	EXPECT_EQ(4, fTarget->CountMessages());
-}
-
-
-TEST_F(OptionsWindowTest, CurrentIcon_IsSelected)
-{
-	_AddIcon("1.png");
-	_AddIcon("137.png");
-	_Open(137);
-	EXPECT_EQ(1, fList->CurrentSelection());
-	EXPECT_EQ("Current icon: 137", _Label());
 }
 
 
@@ -227,35 +200,34 @@ TEST_F(OptionsWindowTest, Save_SendsTheFieldsAsTypedAndCloses)
 		const std::string typed = fWindow->Text("nick");
 		fWindow->Invoke("save");
 		fWindow->WaitForEnd();
-		const BMessage request = fTarget->Messages().back();
-		EXPECT_EQ(uint32(kMsgOptionsSave), request.what);
-		EXPECT_EQ(typed, request.GetString("nick"));
-		EXPECT_EQ(typed, request.GetString("tracker"));
+		fTarget->ExpectLast(
+			built_message(kMsgOptionsSave, "nick", typed, "tracker", typed, "icon", uint16(137)));
 	}
 	EXPECT_EQ(int32(texts.size()), fTarget->CountMessages());
 }
 
 
-TEST_F(OptionsWindowTest, Cancel_SendsNothing)
+TEST_F(OptionsWindowTest, CancelEscapeAndCloseBox_SendNothing)
 {
 	_AddIcon("1.png");
-	_Open(137);
-	fWindow->SetText("nick", "other");
-	fList->Select(0);
-	fWindow->Invoke("cancel");
-	fWindow->WaitForEnd();
-	EXPECT_EQ(0, fTarget->CountMessages());
-}
-
-
-TEST_F(OptionsWindowTest, EscapeAndCloseBox_SendNothing)
-{
-	_Open(137);
-	press_window_key(fWindow->Window(), B_ESCAPE);
-	fWindow->WaitForEnd();
-	_Open(137);
-	use_close_box(fWindow->Window());
-	fWindow->WaitForEnd();
+	const std::function<void()> ways[] = {
+		[this] {
+			fWindow->Invoke("cancel");
+		},
+		[this] {
+			press_window_key(fWindow->Window(), B_ESCAPE);
+		},
+		[this] {
+			use_close_box(fWindow->Window());
+		},
+	};
+	for (const std::function<void()>& close : ways) {
+		_Open(137);
+		fWindow->SetText("nick", "other");
+		fList->Select(0);
+		close();
+		fWindow->WaitForEnd();
+	}
 	EXPECT_EQ(0, fTarget->CountMessages());
 }
 

@@ -23,9 +23,6 @@
 static const size_t kRequestSize = 6;
 
 
-namespace {
-
-
 /*!	A tracker that has been asked and says nothing, and the window that asks. */
 class SilentTracker {
 public:
@@ -50,9 +47,6 @@ private:
 	RawServer fTracker;
 	WindowProbe fWindow;
 };
-
-
-} // namespace
 
 
 TEST(SilentTrackersTest, ClosedWindow_DoesNotWaitForItsTracker)

@@ -7,20 +7,15 @@
 #include <algorithm>
 #include <cstring>
 
-#include <gtest/gtest.h>
-
-#include <Message.h>
 
 #include "AppMessages.h"
 #include "FileListWindow.h"
-#include "MessageRecorder.h"
 #include "RawServer.h"
 #include "TrackerWindow.h"
 #include "UserInput.h"
 #include "UserListWindow.h"
-#include "WaitFor.h"
 #include "WindowInput.h"
-#include "WindowProbe.h"
+#include "WindowTest.h"
 
 
 // Too long for every window here, and with all that could be taken for something else than text.
@@ -45,13 +40,8 @@ wait_until_gone()
 
 
 /*!	The lists of the windows, and what shows while the mouse rests over a row. */
-class ToolTipListViewTest : public testing::Test {
+class ToolTipListViewTest : public WindowTest {
 protected:
-	ToolTipListViewTest()
-		: fTarget(new MessageRecorder())
-	{
-	}
-
 	// One that shows would outlive its window for a moment, and be seen by the next case.
 	void TearDown() override
 	{
@@ -61,8 +51,7 @@ protected:
 
 	void _Open(BWindow* window, const char* list)
 	{
-		fWindow.reset(new WindowProbe(window));
-		window->Show();
+		Open(window);
 		fList = fWindow->Find<BListView>(list);
 		_WaitForWidth();
 	}
@@ -82,18 +71,36 @@ protected:
 
 	void _AddUser(uint16 socket, const std::string& nick, uint16 color = 0)
 	{
-		BMessage message(kMsgAddUser);
-		message.AddUInt16("socket", socket);
-		message.AddUInt16("color", color);
-		message.AddString("nick", nick.c_str());
-		fWindow->Post(&message);
+		fWindow->Post(built_message(kMsgAddUser, "socket", socket, "color", color, "nick", nick));
 	}
 
 	void _RemoveUser(uint16 socket)
 	{
-		BMessage message(kMsgRemoveUser);
-		message.AddUInt16("socket", socket);
-		fWindow->Post(&message);
+		fWindow->Post(built_message(kMsgRemoveUser, "socket", socket));
+	}
+
+	// A list of one user whose nick is too long, and shows.
+	void _ShowLongNick()
+	{
+		_OpenUsers();
+		_AddUser(1, kLong);
+		EXPECT_EQ(kLong, _ToolTip(0));
+	}
+
+	// It is gone, or was none to begin with.
+	void _ExpectGone()
+	{
+		EXPECT_FALSE(_HasToolTip());
+		EXPECT_TRUE(wait_until_gone());
+	}
+
+	// All of a name shows, broken into lines.
+	void _ExpectBroken(const std::string& name)
+	{
+		_ListFiles({name});
+		const std::string shown = _ToolTip(0);
+		EXPECT_EQ(name, without_line_ends(shown));
+		EXPECT_NE(name, shown);
 	}
 
 	void _OpenFiles(const std::vector<std::string>& names, const char* type = "TEXT")
@@ -124,8 +131,6 @@ protected:
 	/*!	\return Whether the list has a tool tip that shows, or would. */
 	bool _HasToolTip() { return fList->ToolTip() != NULL; }
 
-	RecorderOwner fTarget;
-	std::unique_ptr<WindowProbe> fWindow;
 	BListView* fList = NULL;
 };
 
@@ -143,21 +148,12 @@ TEST_F(ToolTipListViewTest, NickThatFits_HasNone)
 }
 
 
-TEST_F(ToolTipListViewTest, LongNick_IsItAsItStands)
+TEST_F(ToolTipListViewTest, LongNick_IsItAsItStandsAlsoWhenSelected)
 {
-	_OpenUsers();
-	_AddUser(1, kLong);
-	EXPECT_EQ(kLong, _ToolTip(0));
+	_ShowLongNick();
 	EXPECT_TRUE(is_tool_tip_whole());
 	EXPECT_EQ(kLong, accessible_of_row(fList, 0).name);
 	EXPECT_EQ("", accessible_of_row(fList, 0).description);
-}
-
-
-TEST_F(ToolTipListViewTest, SelectedRow_HasItAsWell)
-{
-	_OpenUsers();
-	_AddUser(1, kLong);
 	fList->Select(0);
 	EXPECT_EQ(kLong, _ToolTip(0));
 }
@@ -178,9 +174,7 @@ TEST_F(ToolTipListViewTest, NextRow_HasItsOwn)
 
 TEST_F(ToolTipListViewTest, BelowTheRows_IsNone)
 {
-	_OpenUsers();
-	_AddUser(1, kLong);
-	EXPECT_EQ(kLong, _ToolTip(0));
+	_ShowLongNick();
 	rest_mouse(fList, BPoint(20, fList->ItemFrame(0).bottom + 5));
 	EXPECT_TRUE(wait_until_gone());
 }
@@ -194,21 +188,17 @@ TEST_F(ToolTipListViewTest, UserWhoLeaves_TakesItAway)
 	_AddUser(3, kLong + " (3)");
 	EXPECT_EQ(kLong, _ToolTip(1));
 	_RemoveUser(2);
-	EXPECT_FALSE(_HasToolTip());
-	EXPECT_TRUE(wait_until_gone());
+	_ExpectGone();
 	EXPECT_EQ(kLong + " (3)", _ToolTip(1));
 	// This moves the row away from under the mouse.
 	_RemoveUser(1);
-	EXPECT_FALSE(_HasToolTip());
-	EXPECT_TRUE(wait_until_gone());
+	_ExpectGone();
 }
 
 
 TEST_F(ToolTipListViewTest, EmptiedList_TakesItAway)
 {
-	_OpenUsers();
-	_AddUser(1, kLong);
-	EXPECT_EQ(kLong, _ToolTip(0));
+	_ShowLongNick();
 	fWindow->Post(kMsgRemoveAll);
 	EXPECT_TRUE(wait_until_gone());
 }
@@ -216,12 +206,9 @@ TEST_F(ToolTipListViewTest, EmptiedList_TakesItAway)
 
 TEST_F(ToolTipListViewTest, ChangedNick_TakesItAway)
 {
-	_OpenUsers();
-	_AddUser(1, kLong);
-	EXPECT_EQ(kLong, _ToolTip(0));
+	_ShowLongNick();
 	_AddUser(1, "Ann");
-	EXPECT_FALSE(_HasToolTip());
-	EXPECT_TRUE(wait_until_gone());
+	_ExpectGone();
 	EXPECT_EQ("", _ToolTip(0));
 	_AddUser(1, kLong + " again");
 	EXPECT_EQ(kLong + " again", _ToolTip(0));
@@ -230,9 +217,7 @@ TEST_F(ToolTipListViewTest, ChangedNick_TakesItAway)
 
 TEST_F(ToolTipListViewTest, ChangedStatusAndNewUser_LeaveIt)
 {
-	_OpenUsers();
-	_AddUser(1, kLong);
-	EXPECT_EQ(kLong, _ToolTip(0));
+	_ShowLongNick();
 	_AddUser(1, kLong, 2);
 	_AddUser(2, "Ann");
 	EXPECT_TRUE(_HasToolTip());
@@ -241,9 +226,7 @@ TEST_F(ToolTipListViewTest, ChangedStatusAndNewUser_LeaveIt)
 
 TEST_F(ToolTipListViewTest, WidenedWindow_HasRoomAndNone)
 {
-	_OpenUsers();
-	_AddUser(1, kLong);
-	EXPECT_EQ(kLong, _ToolTip(0));
+	_ShowLongNick();
 	fWindow->Window()->ResizeTo(700, 370);
 	_WaitForWidth();
 	EXPECT_TRUE(wait_until_gone());
@@ -283,13 +266,6 @@ TEST_F(ToolTipListViewTest, HostileNick_IsShownAsItIsDrawn)
 // #pragma mark - Files
 
 
-TEST_F(ToolTipListViewTest, NameOfAFileThatFits_HasNone)
-{
-	_OpenFiles({"Read me"});
-	EXPECT_EQ("", _ToolTip(0));
-}
-
-
 TEST_F(ToolTipListViewTest, LongNameOfAFileOrAFolder_IsItAsItStands)
 {
 	for (const char* type : {"TEXT", "fldr"}) {
@@ -308,8 +284,7 @@ TEST_F(ToolTipListViewTest, AnotherListing_TakesItAway)
 	_OpenFiles({kLong});
 	EXPECT_EQ(kLong, _ToolTip(0));
 	_ListFiles({"other " + kLong});
-	EXPECT_FALSE(_HasToolTip());
-	EXPECT_TRUE(wait_until_gone());
+	_ExpectGone();
 	EXPECT_EQ("other " + kLong, _ToolTip(0));
 }
 
@@ -321,10 +296,7 @@ TEST_F(ToolTipListViewTest, LongestName_IsBrokenIntoLinesThatFitOnTheScreen)
 	_OpenFiles({});
 	for (const std::string& name : {wide, narrow}) {
 		SCOPED_TRACE(name);
-		_ListFiles({name});
-		const std::string shown = _ToolTip(0);
-		EXPECT_EQ(name, without_line_ends(shown));
-		EXPECT_NE(name, shown);
+		_ExpectBroken(name);
 		EXPECT_TRUE(is_tool_tip_whole());
 	}
 }
@@ -339,10 +311,7 @@ TEST_F(ToolTipListViewTest, CharactersOfSeveralBytes_StayWhole)
 		std::string name(shift, 'i');
 		while (name.size() < 240)
 			name += "\u00df\u20ac\U0001f600";
-		_ListFiles({name});
-		const std::string shown = _ToolTip(0);
-		EXPECT_EQ(name, without_line_ends(shown));
-		EXPECT_NE(name, shown);
+		_ExpectBroken(name);
 	}
 }
 
@@ -356,11 +325,8 @@ TEST_F(ToolTipListViewTest, LongNameOfWords_IsBrokenBetweenThem)
 		std::string words;
 		while (words.size() < 240)
 			words += word;
-		_ListFiles({words});
-		const std::string shown = _ToolTip(0);
-		EXPECT_EQ(words, without_line_ends(shown));
-		EXPECT_NE(words, shown);
-		EXPECT_EQ(std::string::npos, shown.find("o\n"));
+		_ExpectBroken(words);
+		EXPECT_EQ(std::string::npos, tool_tip_on_screen().find("o\n"));
 	}
 }
 
@@ -412,11 +378,8 @@ protected:
 
 	void _AddServer(const std::string& name, const std::string& description)
 	{
-		BMessage server(kMsgTrackerServer);
-		server.AddString("name", name.c_str());
-		server.AddString("desc", description.c_str());
-		server.AddString("ip", "10.20.30.40");
-		fWindow->Post(&server);
+		fWindow->Post(built_message(kMsgTrackerServer, "name", name, "desc", description, "ip",
+			"10.20.30.40"));
 	}
 
 	RawServer fTracker;

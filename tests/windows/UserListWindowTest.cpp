@@ -4,48 +4,32 @@
  */
 #include "UserListWindow.h"
 
-#include <gtest/gtest.h>
-
 #include <Font.h>
 #include <ListView.h>
-#include <Message.h>
 #include <ScrollView.h>
 #include <StringView.h>
 
 #include "AppMessages.h"
 #include "HostileTexts.h"
-#include "MessageRecorder.h"
 #include "UserItem.h"
-#include "WaitFor.h"
-#include "WindowProbe.h"
+#include "WindowTest.h"
 
 
-class UserListWindowTest : public testing::Test {
+class UserListWindowTest : public WindowTest {
 protected:
 	UserListWindowTest()
-		: fTarget(new MessageRecorder()),
-		  fWindow(new UserListWindow(BRect(660, 180, 880, 550), fTarget.get()))
 	{
-		fWindow.Window()->Show();
-		fList = fWindow.Find<BListView>("userlist");
+		Open(new UserListWindow(BRect(660, 180, 880, 550), fTarget.get()));
+		fList = fWindow->Find<BListView>("userlist");
 	}
 
 	void _Add(uint16 socket, const std::string& nick, uint16 icon = 0, uint16 color = 0)
 	{
-		BMessage message(kMsgAddUser);
-		message.AddUInt16("socket", socket);
-		message.AddUInt16("icon", icon);
-		message.AddUInt16("color", color);
-		message.AddString("nick", nick.c_str());
-		fWindow.Post(&message);
+		fWindow->Post(built_message(kMsgAddUser, "socket", socket, "icon", icon, "color", color,
+			"nick", nick));
 	}
 
-	void _Remove(uint16 socket)
-	{
-		BMessage message(kMsgRemoveUser);
-		message.AddUInt16("socket", socket);
-		fWindow.Post(&message);
-	}
+	void _Remove(uint16 socket) { fWindow->Post(built_message(kMsgRemoveUser, "socket", socket)); }
 
 	std::vector<std::string> _Nicks()
 	{
@@ -57,12 +41,10 @@ protected:
 
 	void _ExpectCount(const char* title, const char* label)
 	{
-		EXPECT_STREQ(title, fWindow.Window()->Title());
-		EXPECT_EQ(label, fWindow.Label("countlabel"));
+		EXPECT_STREQ(title, fWindow->Window()->Title());
+		EXPECT_EQ(label, fWindow->Label("countlabel"));
 	}
 
-	RecorderOwner fTarget;
-	WindowProbe fWindow;
 	BListView* fList;
 };
 
@@ -70,23 +52,18 @@ protected:
 using Nicks = std::vector<std::string>;
 
 
-TEST_F(UserListWindowTest, AtFirst_NobodyIsOnline)
+TEST_F(UserListWindowTest, AtFirst_IsAnEmptyDocumentThatFollowsItsLayout)
 {
 	_ExpectCount("Users Online", "0 users online");
 	EXPECT_EQ(0, fList->CountItems());
-}
-
-
-TEST_F(UserListWindowTest, AtFirst_IsADocumentThatFollowsItsLayout)
-{
-	EXPECT_EQ(B_DOCUMENT_WINDOW_LOOK, fWindow.Window()->Look());
-	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, fWindow.Window()->Feel());
-	EXPECT_EQ(uint32(B_AUTO_UPDATE_SIZE_LIMITS), fWindow.Window()->Flags());
+	EXPECT_EQ(B_DOCUMENT_WINDOW_LOOK, fWindow->Window()->Look());
+	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, fWindow->Window()->Feel());
+	EXPECT_EQ(uint32(B_AUTO_UPDATE_SIZE_LIMITS), fWindow->Window()->Flags());
 	EXPECT_EQ(B_SINGLE_SELECTION_LIST, fList->ListType());
-	EXPECT_EQ(fList, fWindow.Find<BScrollView>("userscroll")->Target());
-	EXPECT_EQ(B_FANCY_BORDER, fWindow.Find<BScrollView>("userscroll")->Border());
+	EXPECT_EQ(fList, fWindow->Find<BScrollView>("userscroll")->Target());
+	EXPECT_EQ(B_FANCY_BORDER, fWindow->Find<BScrollView>("userscroll")->Border());
 	BFont font;
-	fWindow.Find<BStringView>("countlabel")->GetFont(&font);
+	fWindow->Find<BStringView>("countlabel")->GetFont(&font);
 	EXPECT_EQ(*be_bold_font, font);
 }
 
@@ -99,7 +76,7 @@ TEST_F(UserListWindowTest, TitleAndLabel_CountTheUsers)
 	_ExpectCount("Users Online (2)", "2 users online");
 	_Remove(1);
 	_ExpectCount("Users Online (1)", "1 user online");
-	fWindow.Post(kMsgRemoveAll);
+	fWindow->Post(kMsgRemoveAll);
 	_ExpectCount("Users Online (0)", "0 users online");
 }
 
@@ -125,7 +102,7 @@ TEST_F(UserListWindowTest, TheSameSocketTwice_IsOneRowWithTheLaterNick)
 
 TEST_F(UserListWindowTest, MissingFields_HaveDefaults)
 {
-	fWindow.Post(kMsgAddUser);
+	fWindow->Post(kMsgAddUser);
 	EXPECT_EQ(Nicks{"???"}, _Nicks());
 	EXPECT_EQ(0, static_cast<UserItem*>(fList->ItemAt(0))->Socket());
 }
@@ -145,7 +122,7 @@ TEST_F(UserListWindowTest, AfterClearing_TheListFillsAnew)
 {
 	for (uint16 socket = 0; socket < 50; socket++)
 		_Add(socket, "user");
-	fWindow.Post(kMsgRemoveAll);
+	fWindow->Post(kMsgRemoveAll);
 	EXPECT_EQ(0, fList->CountItems());
 	_Add(3, "again");
 	EXPECT_EQ(Nicks{"again"}, _Nicks());
@@ -156,7 +133,7 @@ TEST_F(UserListWindowTest, InvokingNothing_PostsNothing)
 {
 	_Add(1, "one");
 	fList->DeselectAll();
-	fWindow.Post(kMsgUserInvoked);
+	fWindow->Post(kMsgUserInvoked);
 	EXPECT_EQ(0, fTarget->CountMessages());
 }
 
@@ -165,14 +142,8 @@ TEST_F(UserListWindowTest, InvokingAUser_AsksForAPrivateConversation)
 {
 	_Add(1, "one");
 	_Add(0x8002, "two");
-	fList->Select(1);
-	fList->Invoke();
-	fWindow.Settle();
-
-	const BMessage request = fTarget->OnlyMessage();
-	EXPECT_EQ(uint32(kMsgOpenPM), request.what);
-	EXPECT_EQ(0x8002, request.GetUInt16("socket", 0));
-	EXPECT_STREQ("two", request.GetString("nick"));
+	InvokeRow("userlist", 1);
+	fTarget->ExpectOnly(built_message(kMsgOpenPM, "socket", uint16(0x8002), "nick", "two"));
 }
 
 
@@ -182,16 +153,16 @@ TEST_F(UserListWindowTest, ARowThatIsNoUser_IsSkipped)
 	_Add(0, "zero");
 	EXPECT_EQ((Nicks{"no user", "zero"}), _Nicks());
 	fList->Select(0);
-	fWindow.Post(kMsgUserInvoked);
+	fWindow->Post(kMsgUserInvoked);
 	EXPECT_EQ(0, fTarget->CountMessages());
-	fWindow.Post(kMsgRemoveAll);
+	fWindow->Post(kMsgRemoveAll);
 	EXPECT_EQ(0, fList->CountItems());
 }
 
 
 TEST_F(UserListWindowTest, Layout_IsTidyAtTwoSizes)
 {
-	fWindow.ExpectTidyAtTwoSizes();
+	fWindow->ExpectTidyAtTwoSizes();
 }
 
 
@@ -210,13 +181,12 @@ TEST_F(UserListWindowTest, FiveThousandUsersTwice_AreFiveThousandRows)
 {
 	for (int round = 0; round < 2; round++) {
 		for (uint16 socket = 1; socket <= 5000; socket++) {
-			BMessage message(kMsgAddUser);
-			message.AddUInt16("socket", socket);
-			message.AddString("nick", round == 0 ? "early" : "late");
-			fWindow.Window()->PostMessage(&message);
+			BMessage message = built_message(kMsgAddUser, "socket", socket, "nick",
+				round == 0 ? "early" : "late");
+			fWindow->Window()->PostMessage(&message);
 		}
 	}
-	fWindow.Settle();
+	fWindow->Settle();
 	EXPECT_EQ(Nicks(5000, "late"), _Nicks());
 	_ExpectCount("Users Online (5000)", "5000 users online");
 }
@@ -224,11 +194,7 @@ TEST_F(UserListWindowTest, FiveThousandUsersTwice_AreFiveThousandRows)
 
 TEST_F(UserListWindowTest, Closing_MinimizesAndTheListGoesOn)
 {
-	fWindow.Post(B_QUIT_REQUESTED);
-	EXPECT_TRUE(fWindow.IsAlive());
-	EXPECT_TRUE(WaitFor([this] {
-		return fWindow.Window()->IsMinimized();
-	}));
+	ExpectMinimizedByClosing();
 	_Add(1, "one");
 	_ExpectCount("Users Online (1)", "1 user online");
 }

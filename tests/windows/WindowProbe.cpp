@@ -24,9 +24,6 @@
 static const float kWidestInset = 16;
 
 
-namespace {
-
-
 // A handler of the window that notices its turn.
 class Barrier : public BHandler {
 public:
@@ -36,9 +33,6 @@ public:
 private:
 	bool fPassed = false;
 };
-
-
-} // namespace
 
 
 WindowProbe::WindowProbe(BWindow* window)
@@ -99,10 +93,17 @@ WindowProbe::Post(BMessage* message)
 
 
 void
+WindowProbe::Post(const BMessage& message)
+{
+	BMessage copy(message);
+	Post(&copy);
+}
+
+
+void
 WindowProbe::Post(uint32 what)
 {
-	BMessage message(what);
-	Post(&message);
+	Post(BMessage(what));
 }
 
 

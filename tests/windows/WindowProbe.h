@@ -8,6 +8,7 @@
 
 #include <string>
 
+#include <Message.h>
 #include <Messenger.h>
 #include <Window.h>
 
@@ -38,6 +39,7 @@ public:
 
 	// Posts and waits until the window has handled it.
 	void Post(BMessage* message);
+	void Post(const BMessage& message);
 	void Post(uint32 what);
 
 	template<class View>

@@ -4,10 +4,11 @@
  */
 #include "FileObject.h"
 
-#include "FileTree.h"
-#include "RawClient.h"
-
 #include <gtest/gtest.h>
+
+#include "FileTree.h"
+#include "WireBytes.h"
+#include "WireRecords.h"
 
 
 using namespace demo;
@@ -17,21 +18,21 @@ static std::string
 information(const std::string& name)
 {
 	return "AMACTEXTttxt" + std::string(4 + 4 + 32 + 8 + 8 + 2, '\0')
-		+ Int16(static_cast<uint16_t>(name.size())) + name + Int16(0);
+		+ wire16(static_cast<uint16_t>(name.size())) + name + wire16(0);
 }
 
 
 static std::string
 fork(const std::string& type, const std::string& data)
 {
-	return type + Int32(0) + Int32(0) + Int32(static_cast<uint32_t>(data.size())) + data;
+	return wire_fork_header(type, static_cast<uint32_t>(data.size())) + data;
 }
 
 
 static std::string
 object(uint16_t forks, const std::string& content)
 {
-	return "FILP" + Int16(1) + std::string(16, '\0') + Int16(forks) + content;
+	return "FILP" + wire16(1) + std::string(16, '\0') + wire16(forks) + content;
 }
 
 
@@ -144,7 +145,7 @@ TEST_F(FileObjectReaderTest, BadForks_Broken)
 	std::string info = fork("INFO", information("name"));
 	std::string data = fork("DATA", "data");
 	ExpectBroken("PLIF" + object(2, info + data).substr(4));
-	ExpectBroken("FILP" + Int16(2) + object(2, info + data).substr(6));
+	ExpectBroken("FILP" + wire16(2) + object(2, info + data).substr(6));
 	ExpectBroken(object(0, ""));
 	ExpectBroken(object(4, info + data));
 	ExpectBroken(object(1, info));
@@ -152,11 +153,11 @@ TEST_F(FileObjectReaderTest, BadForks_Broken)
 	ExpectBroken(object(2, info + info));
 	ExpectBroken(object(3, info + data + data));
 	ExpectBroken(object(2, info + fork("ATAD", "data")));
-	ExpectBroken(object(2, info + "DATA" + Int32(0) + Int32(0) + Int32(0xffffffff) + "data"));
+	ExpectBroken(object(2, info + wire_fork_header("DATA", 0xffffffff) + "data"));
 	ExpectBroken(object(2, fork("INFO", "too short") + data));
 	ExpectBroken(object(2, fork("INFO", information(std::string(5000, 'n'))) + data));
 	std::string longName = information("name");
-	longName.replace(70, 2, Int16(7));
+	longName.replace(70, 2, wire16(7));
 	ExpectBroken(object(2, fork("INFO", longName) + data));
 }
 

@@ -4,7 +4,7 @@
  */
 #include "FileTree.h"
 
-#include "RawClient.h"
+#include "WireBytes.h"
 
 #include <gtest/gtest.h>
 
@@ -68,11 +68,11 @@ TEST(FileTreeTest, Folders_FoundOneInAnother)
 TEST(FileTreeTest, Entry_OfAFileAndOfAFolder)
 {
 	EXPECT_EQ(FileNode::File(record("name", 0x01020304))->Entry(),
-		"BINA????" + Int32(0x01020304) + Int32(0) + Int32(4) + "name");
+		"BINA????" + wire32(0x01020304) + wire32(0) + wire32(4) + "name");
 	auto folder = FileNode::Folder("box");
 	folder->Add(FileNode::File(record("a", 1)));
 	folder->Add(FileNode::File(record("b", 1)));
-	EXPECT_EQ(folder->Entry(), "fldrn/a " + Int32(2) + Int32(0) + Int32(3) + "box");
+	EXPECT_EQ(folder->Entry(), "fldrn/a " + wire32(2) + wire32(0) + wire32(3) + "box");
 }
 
 

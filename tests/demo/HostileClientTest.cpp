@@ -8,7 +8,6 @@
 #include <sys/socket.h>
 
 #include "QuietServer.h"
-#include "RawClient.h"
 
 #include "Server.h"
 
@@ -21,7 +20,7 @@ protected:
 		RawClient client(fServer->Port());
 		client.Join("Witness");
 		client.Type("alive");
-		EXPECT_EQ(Parsed(client.ReceiveMessageOfType(106)).Text(101), "Witness:  alive");
+		EXPECT_EQ(WireTransaction(client.ReceiveMessageOfType(106)).Field(101), "Witness:  alive");
 	}
 };
 
@@ -30,8 +29,8 @@ TEST_F(HostileClientTest, AnnouncesTooMuch_RefusedAndDropped)
 {
 	RawClient client(Start());
 	client.ShakeHands();
-	client.Send(Int32(107) + Int32(1) + Int32(0) + Int32(0xffffffff) + Int32(0xffffffff));
-	EXPECT_EQ(Parsed(client.ReceiveMessage()).error, 1u);
+	client.Send(wire32(107) + wire32(1) + wire32(0) + wire32(0xffffffff) + wire32(0xffffffff));
+	EXPECT_EQ(WireTransaction(client.ReceiveMessage()).error, 1u);
 	EXPECT_TRUE(client.ReceiveEnd());
 	ExpectAlive();
 }
@@ -41,8 +40,9 @@ TEST_F(HostileClientTest, LeavesInTheMiddle_WhereverThatIs)
 {
 	Start();
 	std::string bytes = std::string("TRTPHOTL\x00\x01\x00\x02", 12)
-		+ Message(107, 1, {Field(104, Int16(137)), Field(102, "Half"), Field(160, Int16(151))})
-		+ Message(121, 2, {Field(102, "Half")}) + Message(105, 3, {Field(101, "said")});
+		+ Message(107, 1,
+			{wire_param(104, wire16(137)), wire_param(102, "Half"), wire_param(160, wire16(151))})
+		+ Message(121, 2, {wire_param(102, "Half")}) + Message(105, 3, {wire_param(101, "said")});
 	for (size_t size = 0; size <= bytes.size(); size++) {
 		RawClient client(fServer->Port());
 		client.Send(bytes.substr(0, size));
@@ -74,16 +74,14 @@ TEST_F(HostileClientTest, Noise_Survived)
 
 TEST_F(HostileClientTest, NeverReads_LosesTheConnectionAndNothingElse)
 {
-	RawClient deaf(Start());
-	deaf.Join("Deaf");
-	RawClient loud(fServer->Port());
-	loud.Join("Loud");
+	const auto deaf = Join("Deaf");
+	const auto loud = Join("Loud");
 	// More than the line and the server's patience hold together; buffers grow to some megabytes.
 	std::string text(60000, 'x');
 	for (int i = 0; i < 400; i++) {
-		loud.Type(text);
-		std::string message = loud.ReceiveMessage();
-		if (Parsed(message).type == 302)
+		loud->Type(text);
+		std::string message = loud->ReceiveMessage();
+		if (WireTransaction(message).type == 302)
 			return;
 	}
 	FAIL() << "the one who does not read is still there";
@@ -93,19 +91,19 @@ TEST_F(HostileClientTest, NeverReads_LosesTheConnectionAndNothingElse)
 TEST_F(HostileClientTest, AsksWithoutReading_NotHeardUntilItReads)
 {
 	fOptions.users = 2000;
-	RawClient client(Start());
-	client.Join("Greedy");
+	const auto client = Join("Greedy");
 	const int count = 200;
 	std::string requests;
 	for (int i = 0; i < count; i++)
 		requests += Message(300, static_cast<uint32_t>(i), {});
-	client.Send(requests);
+	client->Send(requests);
 	ExpectAlive();
 
 	int answers = 0;
 	while (answers < count) {
-		std::string message = client.ReceiveMessageOfType(0x00010000);
-		ASSERT_EQ(Parsed(message).id, static_cast<uint32_t>(answers)) << Readable(message);
+		std::string message = client->ReceiveMessageOfType(0x00010000);
+		ASSERT_EQ(WireTransaction(message).id, static_cast<uint32_t>(answers))
+			<< wire_dump(message);
 		answers++;
 	}
 }
@@ -114,8 +112,7 @@ TEST_F(HostileClientTest, AsksWithoutReading_NotHeardUntilItReads)
 TEST_F(HostileClientTest, AsksForEverWithoutReading_WaitsInTheNetwork)
 {
 	fOptions.users = 5000;
-	RawClient greedy(Start());
-	greedy.Join("Greedy");
+	const auto greedy = Join("Greedy");
 	std::string requests;
 	for (uint32_t i = 0; i < 10000; i++)
 		requests += Message(300, i, {});
@@ -124,7 +121,7 @@ TEST_F(HostileClientTest, AsksForEverWithoutReading_WaitsInTheNetwork)
 	size_t taken = 0;
 	size_t rounds = 0;
 	while (rounds < 10 && taken < 64 * 1024 * 1024) {
-		ssize_t sent = send(greedy.Socket(), requests.data(), requests.size(),
+		ssize_t sent = send(greedy->Socket(), requests.data(), requests.size(),
 			MSG_DONTWAIT | MSG_NOSIGNAL);
 		if (sent > 0) {
 			taken += static_cast<size_t>(sent);
@@ -142,19 +139,18 @@ TEST_F(HostileClientTest, RefusedWhileItTalks_StillReadsWhy)
 {
 	RawClient client(Start());
 	client.ShakeHands();
-	std::string login = Message(107, 1, {Field(105, Encoded("keeper"))});
+	std::string login = Message(107, 1, {wire_param(105, Encoded("keeper"))});
 	EXPECT_TRUE(client.Send(login + std::string(10000000, 'x')));
-	EXPECT_EQ(Parsed(client.ReceiveMessage()).error, 1u);
+	EXPECT_EQ(WireTransaction(client.ReceiveMessage()).error, 1u);
 	EXPECT_TRUE(client.ReceiveEnd());
 }
 
 
 TEST_F(HostileClientTest, FloodNobodyReads_CostsNothing)
 {
-	RawClient deaf(Start());
-	deaf.Join("Deaf");
-	deaf.Type("/flood 100000000");
-	deaf.ReceiveMessageOfType(106);
+	const auto deaf = Join("Deaf");
+	deaf->Type("/flood 100000000");
+	deaf->ReceiveMessageOfType(106);
 	ExpectAlive();
 }
 
@@ -193,6 +189,6 @@ TEST_F(HostileClientTest, ManyClients_EachHearsEverybody)
 		client->Type("hello");
 	for (const auto& client : clients) {
 		for (size_t i = 0; i < count; i++)
-			ASSERT_EQ(Parsed(client->ReceiveMessageOfType(106)).type, 106u);
+			ASSERT_EQ(WireTransaction(client->ReceiveMessageOfType(106)).type, 106u);
 	}
 }

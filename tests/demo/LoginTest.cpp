@@ -3,19 +3,18 @@
  * Distributed under the terms of the MIT License.
  */
 #include "QuietServer.h"
-#include "RawClient.h"
 
 
 class LoginTest : public QuietServer {};
 
-static const uint32_t kReply = 0x00010000;
 static const std::string kGreeting("TRTPHOTL\x00\x01\x00\x02", 12);
 
 
 static std::string
 login_reply(uint32_t id)
 {
-	return Message(kReply, id, {Field(160, Int16(190)), Field(162, "Lantern Caf\xc3\xa9")});
+	return Message(kReply, id,
+		{wire_param(160, wire16(190)), wire_param(162, "Lantern Caf\xc3\xa9")});
 }
 
 
@@ -30,8 +29,7 @@ TEST_F(LoginTest, Handshake_Answered)
 TEST_F(LoginTest, HandshakeByteByByte_Answered)
 {
 	RawClient client(Start());
-	for (char byte : kGreeting)
-		client.Send(std::string(1, byte));
+	client.SendOneByOne(kGreeting);
 	EXPECT_EQ(client.Receive(8), std::string("TRTP\0\0\0\0", 8));
 }
 
@@ -82,11 +80,11 @@ TEST_F(LoginTest, Agreement_FollowsTheLogin)
 	client.LogIn("Tester", 137);
 	EXPECT_EQ(client.ReceiveMessage(), login_reply(1));
 
-	Parsed agreement(client.ReceiveMessage());
+	const WireTransaction agreement(client.ReceiveMessage());
 	EXPECT_EQ(agreement.type, 109u);
 	EXPECT_NE(agreement.id, 0u);
 	EXPECT_EQ(agreement.fields.size(), 1u);
-	std::string text = agreement.Text(101);
+	std::string text = agreement.Field(101);
 	EXPECT_NE(text.find("\"keeper\""), std::string::npos);
 	EXPECT_NE(text.find("\"lantern\""), std::string::npos);
 	EXPECT_EQ(text.find('\n'), std::string::npos) << "lines end with carriage returns";
@@ -99,7 +97,7 @@ TEST_F(LoginTest, NoAgreement_SaidSo)
 	RawClient client(Start());
 	client.LogIn("Tester", 137);
 	EXPECT_EQ(client.ReceiveMessage(), login_reply(1));
-	EXPECT_EQ(client.ReceiveMessage(), Message(109, 1, {Field(154, "\x01")}));
+	EXPECT_EQ(client.ReceiveMessage(), Message(109, 1, {wire_param(154, "\x01")}));
 }
 
 
@@ -108,13 +106,14 @@ TEST_F(LoginTest, Agreed_AnsweredAndMadeKnown)
 	RawClient client(Start());
 	client.LogIn("Tester", 137);
 	client.ReceiveMessageOfType(109);
-	client.Request(121, {Field(102, "Tested"), Field(104, Int16(140)), Field(113, Int16(0))});
+	client.Request(121,
+		{wire_param(102, "Tested"), wire_param(104, wire16(140)), wire_param(113, wire16(0))});
 
 	EXPECT_EQ(client.ReceiveMessage(), Message(kReply, 2, {}));
 	EXPECT_EQ(client.ReceiveMessage(),
 		Message(301, 2,
-			{Field(103, Int16(4)), Field(104, Int16(140)), Field(112, Int16(0)),
-				Field(102, "Tested")}));
+			{wire_param(103, wire16(4)), wire_param(104, wire16(140)), wire_param(112, wire16(0)),
+				wire_param(102, "Tested")}));
 }
 
 
@@ -123,8 +122,8 @@ TEST_F(LoginTest, AgreedWithoutNick_KeepsTheOneOfTheLogin)
 	RawClient client(Start());
 	client.LogIn("Tester", 137);
 	client.ReceiveMessageOfType(109);
-	client.Request(121, {Field(104, Int16(140)), Field(113, Int16(0))});
-	EXPECT_EQ(Parsed(client.ReceiveMessageOfType(301)).Text(102), "Tester");
+	client.Request(121, {wire_param(104, wire16(140)), wire_param(113, wire16(0))});
+	EXPECT_EQ(WireTransaction(client.ReceiveMessageOfType(301)).Field(102), "Tester");
 }
 
 
@@ -134,8 +133,9 @@ TEST_F(LoginTest, NickTooLong_CutBetweenCharacters)
 	std::string nick = std::string(62, 'n') + "é and more";
 	client.LogIn(nick, 137);
 	client.ReceiveMessageOfType(109);
-	client.Request(121, {Field(102, nick), Field(104, Int16(137)), Field(113, Int16(0))});
-	EXPECT_EQ(Parsed(client.ReceiveMessageOfType(301)).Text(102), std::string(62, 'n'));
+	client.Request(121,
+		{wire_param(102, nick), wire_param(104, wire16(137)), wire_param(113, wire16(0))});
+	EXPECT_EQ(WireTransaction(client.ReceiveMessageOfType(301)).Field(102), std::string(62, 'n'));
 }
 
 
@@ -144,11 +144,12 @@ TEST_F(LoginTest, RightPassword_MakesAKeeper)
 	RawClient client(Start());
 	ASSERT_TRUE(client.ShakeHands());
 	client.Request(107,
-		{Field(104, Int16(137)), Field(105, Encoded("keeper")), Field(106, Encoded("lantern")),
-			Field(102, "Tester"), Field(160, Int16(151))});
+		{wire_param(104, wire16(137)), wire_param(105, Encoded("keeper")),
+			wire_param(106, Encoded("lantern")), wire_param(102, "Tester"),
+			wire_param(160, wire16(151))});
 	EXPECT_EQ(client.ReceiveMessage(), login_reply(1));
-	client.Request(121, {Field(104, Int16(137)), Field(113, Int16(0))});
-	EXPECT_EQ(Parsed(client.ReceiveMessageOfType(301)).Number(112), 2);
+	client.Request(121, {wire_param(104, wire16(137)), wire_param(113, wire16(0))});
+	EXPECT_EQ(WireTransaction(client.ReceiveMessageOfType(301)).Number(112), 2);
 }
 
 
@@ -159,9 +160,9 @@ TEST_F(LoginTest, WrongPassword_RefusedWithATextAndTheEnd)
 		RawClient client(Start());
 		ASSERT_TRUE(client.ShakeHands());
 		client.Request(107,
-			{Field(104, Int16(137)), Field(105, Encoded("keeper")), Field(106, Encoded(password))});
-		EXPECT_EQ(client.ReceiveMessage(),
-			Message(kReply, 1, {Field(100, "The password for \"keeper\" is wrong.")}, 1));
+			{wire_param(104, wire16(137)), wire_param(105, Encoded("keeper")),
+				wire_param(106, Encoded(password))});
+		EXPECT_EQ(client.ReceiveMessage(), Refusal(1, "The password for \"keeper\" is wrong."));
 		EXPECT_TRUE(client.ReceiveEnd());
 	}
 }
@@ -169,11 +170,9 @@ TEST_F(LoginTest, WrongPassword_RefusedWithATextAndTheEnd)
 
 TEST_F(LoginTest, SecondLogin_Refused)
 {
-	RawClient client(Start());
-	client.Join("Tester");
-	client.Request(107, {Field(104, Int16(137)), Field(160, Int16(151))});
-	EXPECT_EQ(client.ReceiveMessage(),
-		Message(kReply, 3, {Field(100, "You are logged in already.")}, 1));
+	const auto client = Join("Tester");
+	EXPECT_EQ(client->Ask(107, {wire_param(104, wire16(137)), wire_param(160, wire16(151))}),
+		Refusal(3, "You are logged in already."));
 }
 
 
@@ -184,8 +183,7 @@ TEST_F(LoginTest, RequestsBeforeTheLogin_Refused)
 		RawClient client(Start());
 		ASSERT_TRUE(client.ShakeHands());
 		client.Request(type, {});
-		EXPECT_EQ(client.ReceiveMessage(),
-			Message(kReply, 1, {Field(100, "Please log in first.")}, 1));
+		EXPECT_EQ(client.ReceiveMessage(), Refusal(1, "Please log in first."));
 	}
 }
 
@@ -196,11 +194,9 @@ TEST_F(LoginTest, TalkBeforeTheAgreement_Refused)
 	client.LogIn("Tester", 137);
 	client.ReceiveMessageOfType(109);
 	client.Type("hello");
-	EXPECT_EQ(client.ReceiveMessage(),
-		Message(kReply, 2, {Field(100, "Please accept the agreement first.")}, 1));
-	client.Request(108, {Field(103, Int16(1)), Field(101, "hello")});
-	EXPECT_EQ(client.ReceiveMessage(),
-		Message(kReply, 3, {Field(100, "Please accept the agreement first.")}, 1));
+	EXPECT_EQ(client.ReceiveMessage(), Refusal(2, "Please accept the agreement first."));
+	EXPECT_EQ(client.Ask(108, {wire_param(103, wire16(1)), wire_param(101, "hello")}),
+		Refusal(3, "Please accept the agreement first."));
 }
 
 
@@ -210,7 +206,7 @@ TEST_F(LoginTest, Silent_AcceptsAndSaysNothing)
 	RawClient client(Start());
 	ASSERT_TRUE(client.IsConnected());
 	client.Send(kGreeting);
-	client.Request(107, {Field(104, Int16(137)), Field(160, Int16(151))});
+	client.Request(107, {wire_param(104, wire16(137)), wire_param(160, wire16(151))});
 	// What arrives until the server ends is all that it ever said.
 	fServer->Stop();
 	EXPECT_EQ(client.Receive(1), "");

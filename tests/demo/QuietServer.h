@@ -6,9 +6,13 @@
 #define QUIET_SERVER_H
 
 
-#include "DemoServer.h"
+#include <memory>
+#include <string>
 
 #include <gtest/gtest.h>
+
+#include "DemoServer.h"
+#include "RawClient.h"
 
 
 /*!	A server that says nothing unasked, so that every byte that arrives is one that a test expects.
@@ -26,12 +30,22 @@ protected:
 		fOptions.users = 3;
 	}
 
-	//! Starts the server with the options as they are by now.
+	// Starts the server with the options as they are by now.
 	uint16_t Start()
 	{
 		fServer = std::make_unique<demo::DemoServer>(fOptions);
 		EXPECT_TRUE(fServer->Start());
 		return fServer->Port();
+	}
+
+	// Somebody who has joined: the next request is number 3, and the next notice too when nobody
+	// else is there. Starts the server if that does not run yet.
+	std::unique_ptr<RawClient> Join(const std::string& nick, uint16_t icon = 128)
+	{
+		const uint16_t port = fServer != NULL ? fServer->Port() : Start();
+		auto client = std::make_unique<RawClient>(port);
+		EXPECT_NE(0, client->Join(nick, icon));
+		return client;
 	}
 
 	demo::ServerOptions fOptions;

@@ -4,57 +4,35 @@
  */
 #include "RawClient.h"
 
-#include <cstdio>
-
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 
-static const size_t kHeaderSize = 20;
-static const uint32_t kReply = 0x00010000;
-
-
-static uint32_t
-number_at(const std::string& bytes, size_t offset, size_t size)
-{
-	uint32_t value = 0;
-	for (size_t i = offset; i < offset + size && i < bytes.size(); i++)
-		value = value << 8 | static_cast<unsigned char>(bytes[i]);
-	return value;
-}
-
-
-std::string
-Int16(uint16_t value)
-{
-	return {static_cast<char>(value >> 8), static_cast<char>(value)};
-}
-
-
-std::string
-Int32(uint32_t value)
-{
-	return Int16(static_cast<uint16_t>(value >> 16)) + Int16(static_cast<uint16_t>(value));
-}
-
-
-std::string
-Field(uint16_t id, const std::string& value)
-{
-	return Int16(id) + Int16(static_cast<uint16_t>(value.size())) + value;
-}
-
-
 std::string
 Message(uint32_t type, uint32_t id, const std::vector<std::string>& fields, uint32_t error)
 {
-	std::string data = Int16(static_cast<uint16_t>(fields.size()));
+	std::string params;
 	for (const std::string& field : fields)
-		data += field;
-	std::string size = Int32(static_cast<uint32_t>(data.size()));
-	return Int32(type) + Int32(id) + Int32(error) + size + size + data;
+		params += field;
+	return wire_transaction(type, id, params, error);
+}
+
+
+std::string
+Refusal(uint32_t id, const std::string& text)
+{
+	return Message(kReply, id, {wire_param(100, text)}, 1);
+}
+
+
+std::string
+UserNotice(uint32_t id, uint16_t socket, uint16_t icon, uint16_t status, const std::string& nick)
+{
+	return Message(301, id,
+		{wire_param(103, wire16(socket)), wire_param(104, wire16(icon)),
+			wire_param(112, wire16(status)), wire_param(102, nick)});
 }
 
 
@@ -64,19 +42,6 @@ Encoded(std::string credential)
 	for (char& byte : credential)
 		byte = static_cast<char>(255 - static_cast<unsigned char>(byte));
 	return credential;
-}
-
-
-std::string
-Readable(const std::string& bytes)
-{
-	std::string text;
-	for (char byte : bytes) {
-		char hexadecimal[8];
-		snprintf(hexadecimal, sizeof(hexadecimal), "<%02x>", static_cast<unsigned char>(byte));
-		text += byte >= ' ' && byte <= '~' ? std::string(1, byte) : hexadecimal;
-	}
-	return text;
 }
 
 
@@ -117,17 +82,41 @@ RawClient::Send(const std::string& bytes)
 
 
 void
+RawClient::SendOneByOne(const std::string& bytes)
+{
+	for (const char byte : bytes)
+		Send(std::string(1, byte));
+}
+
+
+void
 RawClient::Request(uint32_t type, const std::vector<std::string>& fields)
 {
 	Send(Message(type, ++fLastRequest, fields));
 }
 
 
-//! Says a line in the chat.
+/*!	Says a line in the chat. */
 void
 RawClient::Type(const std::string& line)
 {
-	Request(105, {Field(101, line)});
+	Request(105, {wire_param(101, line)});
+}
+
+
+std::string
+RawClient::Ask(uint32_t type, const std::vector<std::string>& fields)
+{
+	Request(type, fields);
+	return ReceiveMessage();
+}
+
+
+std::string
+RawClient::Say(const std::string& line)
+{
+	Type(line);
+	return ReceiveText();
 }
 
 
@@ -147,28 +136,37 @@ RawClient::Receive(size_t size)
 }
 
 
-//! One whole message; less than that when the connection ends or is silent.
+/*!	One whole message; less than that when the connection ends or is silent. */
 std::string
 RawClient::ReceiveMessage()
 {
-	std::string header = Receive(kHeaderSize);
-	return header.size() < kHeaderSize ? header : header + Receive(number_at(header, 12, 4));
+	std::string header = Receive(WireTransaction::kHeaderSize);
+	return header.size() < WireTransaction::kHeaderSize
+		? header
+		: header + Receive(wire_number_at(header, 12, 4));
 }
 
 
-//! The next message of that type; what stands before it is dropped.
+/*!	The next message of that type; what stands before it is dropped. */
 std::string
 RawClient::ReceiveMessageOfType(uint32_t type)
 {
 	while (true) {
 		std::string message = ReceiveMessage();
-		if (message.size() < kHeaderSize || number_at(message, 0, 4) == type)
+		if (message.size() < WireTransaction::kHeaderSize || wire_number_at(message, 0, 4) == type)
 			return message;
 	}
 }
 
 
-//! Whether the server closed the connection in order, with nothing left to read.
+std::string
+RawClient::ReceiveText()
+{
+	return WireTransaction(ReceiveMessage()).Field(101);
+}
+
+
+/*!	Whether the server closed the connection in order, with nothing left to read. */
 bool
 RawClient::ReceiveEnd()
 {
@@ -194,16 +192,17 @@ RawClient::ShakeHands()
 }
 
 
-//! Everything up to the login request; reads nothing but the handshake.
+/*!	Everything up to the login request; reads nothing but the handshake. */
 void
 RawClient::LogIn(const std::string& nick, uint16_t icon)
 {
 	ShakeHands();
-	Request(107, {Field(104, Int16(icon)), Field(102, nick), Field(160, Int16(151))});
+	Request(107,
+		{wire_param(104, wire16(icon)), wire_param(102, nick), wire_param(160, wire16(151))});
 }
 
 
-/*! Everything until the user is in, the news of that included.
+/*!	Everything until the user is in, the news of that included.
 	\return The user's socket number, 0 if that did not work.
 */
 uint16_t
@@ -211,40 +210,8 @@ RawClient::Join(const std::string& nick, uint16_t icon)
 {
 	LogIn(nick, icon);
 	ReceiveMessageOfType(109);
-	Request(121, {Field(102, nick), Field(104, Int16(icon)), Field(113, Int16(0))});
+	Request(121,
+		{wire_param(102, nick), wire_param(104, wire16(icon)), wire_param(113, wire16(0))});
 	ReceiveMessageOfType(kReply);
-	return Parsed(ReceiveMessageOfType(301)).Number(103);
-}
-
-
-Parsed::Parsed(const std::string& message)
-	: type(number_at(message, 0, 4)),
-	  id(number_at(message, 4, 4)),
-	  error(number_at(message, 8, 4))
-{
-	size_t offset = kHeaderSize + 2;
-	while (offset + 4 <= message.size()) {
-		auto field = static_cast<uint16_t>(number_at(message, offset, 2));
-		size_t length = number_at(message, offset + 2, 2);
-		fields.emplace_back(field, message.substr(offset + 4, length));
-		offset += 4 + length;
-	}
-}
-
-
-std::string
-Parsed::Text(uint16_t field) const
-{
-	for (const auto& entry : fields) {
-		if (entry.first == field)
-			return entry.second;
-	}
-	return "";
-}
-
-
-uint16_t
-Parsed::Number(uint16_t field) const
-{
-	return static_cast<uint16_t>(number_at(Text(field), 0, 2));
+	return WireTransaction(ReceiveMessageOfType(301)).Number(103);
 }

@@ -9,20 +9,21 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "WireBytes.h"
+#include "WireTransaction.h"
 
-// Bytes as they travel, written down by the test itself.
 
-std::string Int16(uint16_t value);
-std::string Int32(uint32_t value);
-std::string Field(uint16_t id, const std::string& value);
+const uint32_t kReply = 0x00010000;
+
+// What a test expects of the server. Fields are those of wire_param().
 std::string Message(uint32_t type, uint32_t id, const std::vector<std::string>& fields,
 	uint32_t error = 0);
+std::string Refusal(uint32_t id, const std::string& text);
+std::string UserNotice(uint32_t id, uint16_t socket, uint16_t icon, uint16_t status,
+	const std::string& nick);
 std::string Encoded(std::string credential);
-//! For failure messages: printable bytes as they are, the others in hexadecimal.
-std::string Readable(const std::string& bytes);
 
 
 /*!	A client that sends and receives what it is told to, byte for byte. Every wait has a deadline
@@ -40,13 +41,19 @@ public:
 	int Socket() const { return fSocket; }
 
 	bool Send(const std::string& bytes);
+	void SendOneByOne(const std::string& bytes);
 	void Request(uint32_t type, const std::vector<std::string>& fields);
 	void Type(const std::string& line);
+	// The same two, and what the server says next.
+	std::string Ask(uint32_t type, const std::vector<std::string>& fields);
+	std::string Say(const std::string& line);
 	uint32_t LastRequest() const { return fLastRequest; }
 
 	std::string Receive(size_t size);
 	std::string ReceiveMessage();
 	std::string ReceiveMessageOfType(uint32_t type);
+	// The text of the next message.
+	std::string ReceiveText();
 	bool ReceiveEnd();
 	void Close();
 
@@ -57,22 +64,6 @@ public:
 private:
 	int fSocket;
 	uint32_t fLastRequest = 0;
-};
-
-
-//! What a received message says: header words and the fields in their order.
-struct Parsed {
-	explicit Parsed(const std::string& message);
-
-	uint32_t type = 0;
-	uint32_t id = 0;
-	uint32_t error = 0;
-	std::vector<std::pair<uint16_t, std::string>> fields;
-
-	//! The first field with that id; empty if there is none.
-	std::string Text(uint16_t field) const;
-	//! The same as a number of 16 bits.
-	uint16_t Number(uint16_t field) const;
 };
 
 

@@ -3,7 +3,6 @@
  * Distributed under the terms of the MIT License.
  */
 #include "QuietServer.h"
-#include "RawClient.h"
 
 
 using demo::TrackerMode;
@@ -11,7 +10,7 @@ using demo::TrackerMode;
 
 class TrackerTest : public QuietServer {
 protected:
-	//! Everything that the tracker says until it ends.
+	// Everything that the tracker says until it ends.
 	std::string Answer(TrackerMode mode)
 	{
 		fOptions.tracker = mode;
@@ -23,11 +22,10 @@ protected:
 };
 
 
-static uint16_t
+static uint32_t
 number_at(const std::string& bytes, size_t offset)
 {
-	return static_cast<uint16_t>(static_cast<unsigned char>(bytes[offset]) << 8
-		| static_cast<unsigned char>(bytes[offset + 1]));
+	return wire_number_at(bytes, offset, 2);
 }
 
 
@@ -53,12 +51,13 @@ count_records(const std::string& answer)
 TEST_F(TrackerTest, One_ByteForByte)
 {
 	std::string description = "A small community that answers when it is talked to";
-	std::string record = Int32(0x7f000001);
+	std::string record = wire32(0x7f000001);
 	std::string answer = Answer(TrackerMode::kOne);
-	record += Int16(fServer->Port()) + Int16(3) + Int16(0) + "\x0d" + "Lantern Caf\xc3\xa9"
+	record += wire16(fServer->Port()) + wire16(3) + wire16(0) + "\x0d" + "Lantern Caf\xc3\xa9"
 		+ static_cast<char>(description.size()) + description;
 	auto size = static_cast<uint16_t>(record.size() + 4);
-	EXPECT_EQ(answer, "HTRK" + Int16(1) + Int16(1) + Int16(size) + Int16(1) + Int16(1) + record);
+	EXPECT_EQ(answer,
+		"HTRK" + wire16(1) + wire16(1) + wire16(size) + wire16(1) + wire16(1) + record);
 }
 
 
@@ -74,8 +73,7 @@ TEST_F(TrackerTest, Usual_ListsSeveralServers)
 TEST_F(TrackerTest, Users_AreCounted)
 {
 	fOptions.tracker = TrackerMode::kOne;
-	RawClient person(Start());
-	person.Join("Tester");
+	const auto person = Join("Tester");
 	RawClient client(fServer->TrackerPort());
 	client.Send(std::string("HTRK\x00\x01", 6));
 	EXPECT_EQ(number_at(client.Receive(70000), 20), 4);
@@ -85,7 +83,7 @@ TEST_F(TrackerTest, Users_AreCounted)
 TEST_F(TrackerTest, Empty_OnlyAHeader)
 {
 	EXPECT_EQ(Answer(TrackerMode::kEmpty),
-		"HTRK" + Int16(1) + Int16(1) + Int16(4) + Int16(0) + Int16(0));
+		"HTRK" + wire16(1) + wire16(1) + wire16(4) + wire16(0) + wire16(0));
 }
 
 
@@ -141,8 +139,7 @@ TEST_F(TrackerTest, QuestionByteByByte_Answered)
 	fOptions.tracker = TrackerMode::kEmpty;
 	Start();
 	RawClient client(fServer->TrackerPort());
-	for (char byte : std::string("HTRK\x00\x01", 6))
-		client.Send(std::string(1, byte));
+	client.SendOneByOne(std::string("HTRK\x00\x01", 6));
 	EXPECT_EQ(client.Receive(14).size(), 14u);
 	EXPECT_TRUE(client.ReceiveEnd());
 }

@@ -71,7 +71,7 @@ TEST(TransactionTest, Reply_CarriesNoTypeButTheRequestsNumber)
 {
 	EXPECT_EQ(flatten(Transaction::Reply(9)), Message(0x00010000, 9, {}));
 	EXPECT_EQ(flatten(Transaction::ErrorReply(9, "no")),
-		Message(0x00010000, 9, {Field(100, "no")}, 1));
+		Message(0x00010000, 9, {wire_param(100, "no")}, 1));
 }
 
 
@@ -88,7 +88,7 @@ TEST(TransactionTest, TextOfMoreThanAField_CutBetweenCharacters)
 
 TEST(TransactionTest, ParsedMessage_GivesItsPartsBack)
 {
-	std::string bytes = Message(108, 5, {Field(103, Int16(12)), Field(101, "hello")});
+	std::string bytes = Message(108, 5, {wire_param(103, wire16(12)), wire_param(101, "hello")});
 
 	Transaction request;
 	size_t consumed = 0;
@@ -110,7 +110,7 @@ TEST(TransactionTest, ParsedMessage_GivesItsPartsBack)
 
 TEST(TransactionTest, CutAtEachByte_WaitsForTheRest)
 {
-	std::string bytes = Message(105, 1, {Field(101, "hello")});
+	std::string bytes = Message(105, 1, {wire_param(101, "hello")});
 	for (size_t size = 0; size < bytes.size(); size++) {
 		SCOPED_TRACE(size);
 		Transaction request;
@@ -125,7 +125,7 @@ TEST(TransactionTest, AnnouncesTooMuch_KnownFromTheHeader)
 {
 	for (uint32_t size : {uint32_t(128 * 1024 - 19), 0x7fffffffu, 0xffffffffu, 0xffffffedu}) {
 		SCOPED_TRACE(size);
-		std::string header = Int32(105) + Int32(1) + Int32(0) + Int32(size) + Int32(size);
+		std::string header = wire32(105) + wire32(1) + wire32(0) + wire32(size) + wire32(size);
 		Transaction request;
 		size_t consumed = 0;
 		EXPECT_EQ(parse(header, &request, &consumed), Transaction::kTooLarge);
@@ -137,7 +137,7 @@ TEST(TransactionTest, NoRoomForTheNumberOfFields_HasNone)
 {
 	for (uint32_t size : {0u, 1u}) {
 		SCOPED_TRACE(size);
-		std::string bytes = Int32(300) + Int32(1) + Int32(0) + Int32(size) + Int32(size);
+		std::string bytes = wire32(300) + wire32(1) + wire32(0) + wire32(size) + wire32(size);
 		bytes += std::string(size, 'x');
 		Transaction request;
 		size_t consumed = 0;
@@ -150,10 +150,10 @@ TEST(TransactionTest, NoRoomForTheNumberOfFields_HasNone)
 
 TEST(TransactionTest, FieldPastTheEnd_EndsTheWalk)
 {
-	std::string overlong = Int16(101) + Int16(6) + "hello";
+	std::string overlong = wire16(101) + wire16(6) + "hello";
 	Transaction request;
 	size_t consumed = 0;
-	ASSERT_EQ(parse(Message(105, 1, {Field(102, "nick"), overlong}), &request, &consumed),
+	ASSERT_EQ(parse(Message(105, 1, {wire_param(102, "nick"), overlong}), &request, &consumed),
 		Transaction::kComplete);
 
 	std::string text;

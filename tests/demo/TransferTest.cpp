@@ -7,43 +7,35 @@
 #include "FileTree.h"
 
 #include "QuietServer.h"
-#include "RawClient.h"
+#include "WireRecords.h"
 
 
 using demo::PatternContent;
 
-static const uint32_t kReply = 0x00010000;
 static const size_t kOverhead = 24 + 16 + 16;
 
 
 static std::string
 path(const std::vector<std::string>& names)
 {
-	std::string value = Int16(static_cast<uint16_t>(names.size()));
+	std::string value = wire16(static_cast<uint16_t>(names.size()));
 	for (const std::string& name : names)
-		value += Int16(0) + std::string(1, static_cast<char>(name.size())) + name;
-	return Field(202, value);
+		value += wire16(0) + std::string(1, static_cast<char>(name.size())) + name;
+	return wire_param(202, value);
 }
 
 
 static std::string
 upload_object(const std::string& name, const std::string& data)
 {
-	std::string information = "AMAC????????" + std::string(58, '\0')
-		+ Int16(static_cast<uint16_t>(name.size())) + name + Int16(0);
-	return "FILP" + Int16(1) + std::string(16, '\0') + Int16(2) + "INFO" + Int32(0) + Int32(0)
-		+ Int32(static_cast<uint32_t>(information.size())) + information + "DATA" + Int32(0)
-		+ Int32(0) + Int32(static_cast<uint32_t>(data.size())) + data;
+	return wire_file_object(data, wire_information_fork(name));
 }
 
 
 static uint32_t
 number(const std::string& bytes)
 {
-	uint32_t value = 0;
-	for (char byte : bytes)
-		value = value << 8 | static_cast<unsigned char>(byte);
-	return value;
+	return wire_number_at(bytes, 0, bytes.size());
 }
 
 
@@ -54,17 +46,17 @@ protected:
 		fClient = std::make_unique<RawClient>(Start());
 		fClient->ShakeHands();
 		fClient->Request(107,
-			{Field(105, Encoded(login)), Field(106, Encoded(password)), Field(102, "Tester"),
-				Field(160, Int16(151))});
+			{wire_param(105, Encoded(login)), wire_param(106, Encoded(password)),
+				wire_param(102, "Tester"), wire_param(160, wire16(151))});
 		fClient->ReceiveMessageOfType(109);
-		fClient->Request(121, {Field(102, "Tester")});
+		fClient->Request(121, {wire_param(102, "Tester")});
 		fClient->ReceiveMessageOfType(301);
 	}
 
-	Parsed Ask(uint32_t type, const std::vector<std::string>& fields)
+	WireTransaction Ask(uint32_t type, const std::vector<std::string>& fields)
 	{
 		fClient->Request(type, fields);
-		Parsed reply(fClient->ReceiveMessageOfType(kReply));
+		const WireTransaction reply(fClient->ReceiveMessageOfType(kReply));
 		EXPECT_EQ(reply.id, fClient->LastRequest());
 		return reply;
 	}
@@ -73,11 +65,11 @@ protected:
 	{
 		uint16_t port = static_cast<uint16_t>(fServer->Port() + 1);
 		auto transfer = std::make_unique<RawClient>(port);
-		transfer->Send("HTXF" + Int32(reference) + Int32(size) + Int32(0));
+		transfer->Send("HTXF" + wire32(reference) + wire32(size) + wire32(0));
 		return transfer;
 	}
 
-	//! Everything that comes under a reference until the server ends.
+	// Everything that comes under a reference until the server ends.
 	std::string Fetch(uint32_t reference, size_t size)
 	{
 		auto transfer = OpenTransfer(reference);
@@ -86,9 +78,10 @@ protected:
 		return bytes;
 	}
 
-	Parsed Download(const std::vector<std::string>& folder, const std::string& name)
+	WireTransaction Download(const std::vector<std::string>& folder, const std::string& name)
 	{
-		return Ask(202, {Field(201, name), path(folder), Field(203, std::string(74, '\0'))});
+		return Ask(202,
+			{wire_param(201, name), path(folder), wire_param(203, std::string(74, '\0'))});
 	}
 
 	std::unique_ptr<RawClient> fClient;
@@ -98,21 +91,20 @@ protected:
 TEST_F(TransferTest, RootListing_ByteForByte)
 {
 	Join();
-	Parsed list = Ask(200, {});
+	const WireTransaction list = Ask(200, {});
 	EXPECT_EQ(list.error, 0u);
 	ASSERT_GE(list.fields.size(), 10u);
 	EXPECT_EQ(list.fields[1].first, 200);
-	EXPECT_EQ(list.fields[1].second, "fldrn/a " + Int32(9) + Int32(0) + Int32(5) + "Sizes");
+	EXPECT_EQ(list.fields[1].second, "fldrn/a " + wire32(9) + wire32(0) + wire32(5) + "Sizes");
 	EXPECT_EQ(list.fields[0].second.substr(0, 8), "TEXTttxt");
-	EXPECT_EQ(list.fields[0].second.substr(16), Int32(11) + "Read me.txt");
+	EXPECT_EQ(list.fields[0].second.substr(16), wire32(11) + "Read me.txt");
 }
 
 
 TEST_F(TransferTest, EmptyFolder_RepliesWithoutFields)
 {
 	Join();
-	fClient->Request(200, {path({"Empty"})});
-	EXPECT_EQ(fClient->ReceiveMessage(), Message(kReply, 3, {}));
+	EXPECT_EQ(fClient->Ask(200, {path({"Empty"})}), Message(kReply, 3, {}));
 }
 
 
@@ -128,11 +120,11 @@ TEST_F(TransferTest, InnerFolderAndLongOne_Listed)
 TEST_F(TransferTest, FoldersThatCannotBeHad_Refused)
 {
 	Join();
-	EXPECT_EQ(Ask(200, {path({"Nowhere"})}).Text(100), "There is no folder \"Nowhere\".");
-	EXPECT_EQ(Ask(200, {path({"Keeper's drawer"})}).Text(100),
+	EXPECT_EQ(Ask(200, {path({"Nowhere"})}).Field(100), "There is no folder \"Nowhere\".");
+	EXPECT_EQ(Ask(200, {path({"Keeper's drawer"})}).Field(100),
 		"Only keepers may look into this folder.");
-	EXPECT_EQ(Ask(200, {Field(202, "\x05")}).Text(100), "That is no path.");
-	EXPECT_EQ(Ask(202, {Field(201, "Ledger.txt"), path({"Keeper's drawer"})}).error, 1u);
+	EXPECT_EQ(Ask(200, {wire_param(202, "\x05")}).Field(100), "That is no path.");
+	EXPECT_EQ(Ask(202, {wire_param(201, "Ledger.txt"), path({"Keeper's drawer"})}).error, 1u);
 }
 
 
@@ -140,7 +132,7 @@ TEST_F(TransferTest, Keeper_MayLookIntoTheDrawer)
 {
 	Join("keeper", "lantern");
 	EXPECT_EQ(Ask(200, {path({"Keeper's drawer"})}).fields.size(), 1u);
-	EXPECT_NE(number(Download({"Trouble"}, "locked").Text(107)), 0u);
+	EXPECT_NE(number(Download({"Trouble"}, "locked").Field(107)), 0u);
 }
 
 
@@ -162,17 +154,17 @@ TEST_F(TransferTest, FilesOfAllSizes_ArriveWhole)
 		{"1048575 bytes", 1048575}, {"1048576 bytes", 1048576}, {"16 MiB", 16777216}};
 	for (const auto& file : files) {
 		SCOPED_TRACE(file.name);
-		Parsed reply = Download({"Sizes"}, file.name);
+		const WireTransaction reply = Download({"Sizes"}, file.name);
 		std::string name = file.name;
 		size_t informationSize = 74 + name.size();
-		EXPECT_EQ(number(reply.Text(108)), kOverhead + informationSize + file.size);
-		EXPECT_EQ(number(reply.Text(207)), file.size);
+		EXPECT_EQ(number(reply.Field(108)), kOverhead + informationSize + file.size);
+		EXPECT_EQ(number(reply.Field(207)), file.size);
 
 		std::string data(file.size, 0);
 		PatternContent(file.size).Read(0, reinterpret_cast<uint8_t*>(&data[0]), data.size());
 		std::string expected = upload_object(name, data);
 		expected.replace(44, 8, "BINA????");
-		EXPECT_TRUE(Fetch(number(reply.Text(107)), expected.size()) == expected);
+		EXPECT_TRUE(Fetch(number(reply.Field(107)), expected.size()) == expected);
 	}
 }
 
@@ -180,11 +172,11 @@ TEST_F(TransferTest, FilesOfAllSizes_ArriveWhole)
 TEST_F(TransferTest, ResourceFork_FollowsTheData)
 {
 	Join();
-	Parsed reply = Download({"Archives"}, "With a resource fork.sit");
-	size_t size = number(reply.Text(108));
-	std::string bytes = Fetch(number(reply.Text(107)), size);
+	const WireTransaction reply = Download({"Archives"}, "With a resource fork.sit");
+	size_t size = number(reply.Field(108));
+	std::string bytes = Fetch(number(reply.Field(107)), size);
 	ASSERT_EQ(bytes.size(), size);
-	EXPECT_EQ(bytes.substr(22, 2), Int16(3));
+	EXPECT_EQ(bytes.substr(22, 2), wire16(3));
 	EXPECT_EQ(bytes.substr(size - 7000 - 16, 4), "MACR");
 }
 
@@ -192,35 +184,35 @@ TEST_F(TransferTest, ResourceFork_FollowsTheData)
 TEST_F(TransferTest, OldNames_FoundByTheirBytes)
 {
 	Join();
-	EXPECT_NE(number(Download({"Names"}, "R\x8esum\x8e.txt").Text(107)), 0u);
-	EXPECT_NE(number(Download({"Names", "Odd ones"}, "../../escaped.txt").Text(107)), 0u);
+	EXPECT_NE(number(Download({"Names"}, "R\x8esum\x8e.txt").Field(107)), 0u);
+	EXPECT_NE(number(Download({"Names", "Odd ones"}, "../../escaped.txt").Field(107)), 0u);
 }
 
 
 TEST_F(TransferTest, FilesThatCannotBeHad_Refused)
 {
 	Join();
-	EXPECT_EQ(Download({}, "nothing").Text(100), "There is no file \"nothing\" here.");
-	EXPECT_EQ(Download({}, "Sizes").Text(100), "\"Sizes\" is a folder.");
-	EXPECT_EQ(Download({"Trouble"}, "gone meanwhile").Text(100),
+	EXPECT_EQ(Download({}, "nothing").Field(100), "There is no file \"nothing\" here.");
+	EXPECT_EQ(Download({}, "Sizes").Field(100), "\"Sizes\" is a folder.");
+	EXPECT_EQ(Download({"Trouble"}, "gone meanwhile").Field(100),
 		"There is no file \"gone meanwhile\" here.");
-	EXPECT_EQ(Download({"Trouble"}, "locked").Text(100), "Only keepers may have \"locked\".");
-	EXPECT_EQ(number(Download({"Trouble"}, "without a reference").Text(107)), 0u);
+	EXPECT_EQ(Download({"Trouble"}, "locked").Field(100), "Only keepers may have \"locked\".");
+	EXPECT_EQ(number(Download({"Trouble"}, "without a reference").Field(107)), 0u);
 }
 
 
 TEST_F(TransferTest, Troubles_AsTheirNamesSay)
 {
 	Join();
-	Parsed hangsUp = Download({"Trouble"}, "hangs up");
-	EXPECT_EQ(Fetch(number(hangsUp.Text(107)), 1), "");
+	const WireTransaction hangsUp = Download({"Trouble"}, "hangs up");
+	EXPECT_EQ(Fetch(number(hangsUp.Field(107)), 1), "");
 
-	Parsed cut = Download({"Trouble"}, "cut short");
-	size_t size = number(cut.Text(108));
-	EXPECT_EQ(Fetch(number(cut.Text(107)), size).size(), size / 2);
+	const WireTransaction cut = Download({"Trouble"}, "cut short");
+	size_t size = number(cut.Field(108));
+	EXPECT_EQ(Fetch(number(cut.Field(107)), size).size(), size / 2);
 
 	// It answers others meanwhile, and says nothing until it ends.
-	auto silent = OpenTransfer(number(Download({"Trouble"}, "says nothing").Text(107)));
+	auto silent = OpenTransfer(number(Download({"Trouble"}, "says nothing").Field(107)));
 	EXPECT_EQ(Ask(200, {}).error, 0u);
 	fServer->Stop();
 	EXPECT_EQ(silent->Receive(1), "");
@@ -230,7 +222,7 @@ TEST_F(TransferTest, Troubles_AsTheirNamesSay)
 TEST_F(TransferTest, Reference_IsGoodForOnce)
 {
 	Join();
-	uint32_t reference = number(Download({"Sizes"}, "1 byte").Text(107));
+	uint32_t reference = number(Download({"Sizes"}, "1 byte").Field(107));
 	EXPECT_EQ(Fetch(reference, 1000000).size(), kOverhead + 74 + 6 + 1);
 	EXPECT_EQ(Fetch(reference, 1), "");
 	EXPECT_EQ(Fetch(12345, 1), "");
@@ -254,9 +246,8 @@ TEST_F(TransferTest, TenDownloadsAtOnce_WhileTheChatGoesOn)
 	const size_t size = kOverhead + 74 + 6 + (16 << 20);
 	std::vector<std::unique_ptr<RawClient>> transfers;
 	for (int i = 0; i < 10; i++)
-		transfers.push_back(OpenTransfer(number(Download({"Sizes"}, "16 MiB").Text(107))));
-	fClient->Type("meanwhile");
-	EXPECT_EQ(Parsed(fClient->ReceiveMessage()).Text(101), "Tester:  meanwhile");
+		transfers.push_back(OpenTransfer(number(Download({"Sizes"}, "16 MiB").Field(107))));
+	EXPECT_EQ(fClient->Say("meanwhile"), "Tester:  meanwhile");
 	for (const auto& transfer : transfers) {
 		EXPECT_EQ(transfer->Receive(size).size(), size);
 		EXPECT_TRUE(transfer->ReceiveEnd());
@@ -271,19 +262,20 @@ TEST_F(TransferTest, Upload_StoredListedAndGivenBack)
 	PatternContent(data.size()).Read(0, reinterpret_cast<uint8_t*>(&data[0]), data.size());
 	std::string object = upload_object("mine.bin", data);
 	auto size = static_cast<uint32_t>(object.size());
-	Parsed reply = Ask(203, {Field(201, "mine.bin"), path({"Uploads"}), Field(108, Int32(size))});
-	auto transfer = OpenTransfer(number(reply.Text(107)), size);
+	const WireTransaction reply = Ask(203,
+		{wire_param(201, "mine.bin"), path({"Uploads"}), wire_param(108, wire32(size))});
+	auto transfer = OpenTransfer(number(reply.Field(107)), size);
 	EXPECT_TRUE(transfer->Send(object));
-	EXPECT_EQ(Parsed(fClient->ReceiveMessageOfType(106)).Text(101),
+	EXPECT_EQ(WireTransaction(fClient->ReceiveMessageOfType(106)).Field(101),
 		"Tester has left \"mine.bin\" (3000000 bytes) in Uploads.");
 	EXPECT_TRUE(transfer->ReceiveEnd());
 
-	Parsed list = Ask(200, {path({"Uploads"})});
+	const WireTransaction list = Ask(200, {path({"Uploads"})});
 	ASSERT_EQ(list.fields.size(), 1u);
 	EXPECT_EQ(list.fields[0].second,
-		"????????" + Int32(3000000) + Int32(0) + Int32(8) + "mine.bin");
-	Parsed download = Download({"Uploads"}, "mine.bin");
-	EXPECT_TRUE(Fetch(number(download.Text(107)), object.size()) == object);
+		"????????" + wire32(3000000) + wire32(0) + wire32(8) + "mine.bin");
+	const WireTransaction download = Download({"Uploads"}, "mine.bin");
+	EXPECT_TRUE(Fetch(number(download.Field(107)), object.size()) == object);
 }
 
 
@@ -292,9 +284,10 @@ TEST_F(TransferTest, EmptyUpload_Stored)
 	Join();
 	std::string object = upload_object("nothing", "");
 	auto size = static_cast<uint32_t>(object.size());
-	Parsed reply = Ask(203, {Field(201, "nothing"), Field(108, Int32(size))});
-	OpenTransfer(number(reply.Text(107)), size)->Send(object);
-	EXPECT_EQ(Parsed(fClient->ReceiveMessageOfType(106)).Text(101),
+	const WireTransaction reply = Ask(203,
+		{wire_param(201, "nothing"), wire_param(108, wire32(size))});
+	OpenTransfer(number(reply.Field(107)), size)->Send(object);
+	EXPECT_EQ(WireTransaction(fClient->ReceiveMessageOfType(106)).Field(101),
 		"Tester has left \"nothing\" (0 bytes) in the entrance.");
 }
 
@@ -318,9 +311,9 @@ TEST_F(TransferTest, UploadThatBreaksItsWord_NotStored)
 		{size, size, object + "more"},
 	};
 	for (const auto& entry : cases) {
-		Parsed reply = Ask(203,
-			{Field(201, "mine"), path({"Uploads"}), Field(108, Int32(entry.announced))});
-		auto transfer = OpenTransfer(number(reply.Text(107)), entry.size);
+		const WireTransaction reply = Ask(203,
+			{wire_param(201, "mine"), path({"Uploads"}), wire_param(108, wire32(entry.announced))});
+		auto transfer = OpenTransfer(number(reply.Field(107)), entry.size);
 		transfer->Send(entry.bytes);
 		EXPECT_TRUE(transfer->ReceiveEnd());
 	}
@@ -334,8 +327,9 @@ TEST_F(TransferTest, UploadCutAtEachByte_NotStored)
 	std::string object = upload_object("mine", "data");
 	auto size = static_cast<uint32_t>(object.size());
 	for (size_t cut = 0; cut < object.size(); cut++) {
-		Parsed reply = Ask(203, {Field(201, "mine"), path({"Uploads"}), Field(108, Int32(size))});
-		OpenTransfer(number(reply.Text(107)), size)->Send(object.substr(0, cut));
+		const WireTransaction reply = Ask(203,
+			{wire_param(201, "mine"), path({"Uploads"}), wire_param(108, wire32(size))});
+		OpenTransfer(number(reply.Field(107)), size)->Send(object.substr(0, cut));
 	}
 	EXPECT_TRUE(Ask(200, {path({"Uploads"})}).fields.empty());
 }
@@ -345,7 +339,8 @@ TEST_F(TransferTest, UploadsThatCannotBe_Refused)
 {
 	Join();
 	auto upload = [this](const std::string& name, const std::vector<std::string>& folder) {
-		return Ask(203, {Field(201, name), path(folder), Field(108, Int32(100))}).Text(100);
+		return Ask(203, {wire_param(201, name), path(folder), wire_param(108, wire32(100))})
+			.Field(100);
 	};
 	EXPECT_EQ(upload("Read me.txt", {}), "There is a file \"Read me.txt\" already.");
 	EXPECT_EQ(upload("Sizes", {}), "There is a file \"Sizes\" already.");
@@ -359,13 +354,13 @@ TEST_F(TransferTest, Banner_AnnouncedAndFetched)
 {
 	fOptions.banner = true;
 	Join();
-	EXPECT_EQ(fClient->ReceiveMessageOfType(122), Message(122, 3, {Field(152, "BMPf")}));
+	EXPECT_EQ(fClient->ReceiveMessageOfType(122), Message(122, 3, {wire_param(152, "BMPf")}));
 	std::string expected;
 	ASSERT_TRUE(demo::make_banner("night", &expected));
-	Parsed reply = Ask(212, {});
+	const WireTransaction reply = Ask(212, {});
 	EXPECT_EQ(reply.fields.size(), 2u);
-	EXPECT_EQ(number(reply.Text(108)), expected.size());
-	EXPECT_TRUE(Fetch(number(reply.Text(107)), expected.size()) == expected);
+	EXPECT_EQ(number(reply.Field(108)), expected.size());
+	EXPECT_TRUE(Fetch(number(reply.Field(107)), expected.size()) == expected);
 }
 
 

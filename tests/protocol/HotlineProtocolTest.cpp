@@ -19,7 +19,7 @@ bytes_of(const void* data, size_t size)
 }
 
 
-TEST(HotlineProtocolTest, Magics)
+TEST(HotlineProtocolTest, Magics_AreThoseOfTheProtocol)
 {
 	EXPECT_EQ(bytes_of(kClientMagic, sizeof(kClientMagic)),
 		"TRTPHOTL" + wire8(0) + wire8(1) + wire8(0) + wire8(2) + wire8(0));
@@ -29,7 +29,7 @@ TEST(HotlineProtocolTest, Magics)
 }
 
 
-TEST(HotlineProtocolTest, PortsAndSizes)
+TEST(HotlineProtocolTest, PortsAndSizes_AreThoseOfTheProtocol)
 {
 	EXPECT_EQ(kDefaultPort, 5500);
 	EXPECT_EQ(kTrackerPort, 5498);
@@ -42,27 +42,17 @@ TEST(HotlineProtocolTest, PortsAndSizes)
 }
 
 
-TEST(HotlineProtocolTest, NotificationCodes)
+TEST(HotlineProtocolTest, NotificationCodes_AreFourCharactersEach)
 {
-	EXPECT_EQ(uint32(kHLConnected), 0x484C636Eu);
-	EXPECT_EQ(uint32(kHLConnectFailed), 0x484C6366u);
-	EXPECT_EQ(uint32(kHLLoggedIn), 0x484C6C69u);
-	EXPECT_EQ(uint32(kHLDisconnected), 0x484C6463u);
-	EXPECT_EQ(uint32(kHLChatReceived), 0x484C6368u);
-	EXPECT_EQ(uint32(kHLMsgReceived), 0x484C6D67u);
-	EXPECT_EQ(uint32(kHLUserJoined), 0x484C756Au);
-	EXPECT_EQ(uint32(kHLUserChanged), 0x484C7563u);
-	EXPECT_EQ(uint32(kHLUserLeft), 0x484C756Cu);
-	EXPECT_EQ(uint32(kHLAgreement), 0x484C6167u);
-	EXPECT_EQ(uint32(kHLServerInfo), 0x484C7369u);
-	EXPECT_EQ(uint32(kHLTaskError), 0x484C7465u);
-	EXPECT_EQ(uint32(kHLPoliteQuit), 0x484C7071u);
-	EXPECT_EQ(uint32(kHLBroadcast), 0x484C6263u);
-	EXPECT_EQ(uint32(kHLFileListReceived), 0x484C666Cu);
-	EXPECT_EQ(uint32(kHLDownloadReady), 0x484C646Cu);
-	EXPECT_EQ(uint32(kHLUploadReady), 0x484C7570u);
-	EXPECT_EQ(uint32(kHLBannerReady), 0x484C6272u);
-	EXPECT_EQ(uint32(kHLServerBanner), 0x484C7362u);
+	const std::pair<uint32, const char*> codes[] = {{kHLConnected, "HLcn"},
+		{kHLConnectFailed, "HLcf"}, {kHLLoggedIn, "HLli"}, {kHLDisconnected, "HLdc"},
+		{kHLChatReceived, "HLch"}, {kHLMsgReceived, "HLmg"}, {kHLUserJoined, "HLuj"},
+		{kHLUserChanged, "HLuc"}, {kHLUserLeft, "HLul"}, {kHLAgreement, "HLag"},
+		{kHLServerInfo, "HLsi"}, {kHLTaskError, "HLte"}, {kHLPoliteQuit, "HLpq"},
+		{kHLBroadcast, "HLbc"}, {kHLFileListReceived, "HLfl"}, {kHLDownloadReady, "HLdl"},
+		{kHLUploadReady, "HLup"}, {kHLBannerReady, "HLbr"}, {kHLServerBanner, "HLsb"}};
+	for (const auto& [code, characters] : codes)
+		EXPECT_EQ(wire32(code), characters);
 }
 
 

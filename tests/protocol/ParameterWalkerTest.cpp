@@ -99,45 +99,41 @@ param_of(const std::string& value)
 }
 
 
-TEST(ParameterValueTest, UInt16_TakesTheFirstTwoBytesOfTwoOrMore)
+// What is read of the first bytes of a value, of none up to five.
+template<typename Number>
+static std::vector<Number>
+read_cut(void (*read)(const HotlineParam&, Number*), Number before)
 {
 	const std::string bytes = "\x12\x34\x56\x78\x9A";
-	const uint16 expected[] = {7, 7, 0x1234, 0x1234, 0x1234, 0x1234};
-	for (size_t length = 0; length <= 5; length++) {
-		SCOPED_TRACE(length);
+	std::vector<Number> numbers;
+	for (size_t length = 0; length <= bytes.size(); length++) {
 		const std::string value = bytes.substr(0, length);
-		uint16 number = 7;
-		ReadParamUInt16(param_of(value), &number);
-		EXPECT_EQ(number, expected[length]);
+		Number number = before;
+		read(param_of(value), &number);
+		numbers.push_back(number);
 	}
+	return numbers;
+}
+
+
+TEST(ParameterValueTest, UInt16_TakesTheFirstTwoBytesOfTwoOrMore)
+{
+	EXPECT_EQ(read_cut<uint16>(ReadParamUInt16, 7),
+		(std::vector<uint16>{7, 7, 0x1234, 0x1234, 0x1234, 0x1234}));
 }
 
 
 TEST(ParameterValueTest, UInt32_TakesTheFirstFourBytesOfFourOrMore)
 {
-	const std::string bytes = "\x12\x34\x56\x78\x9A";
-	const uint32 expected[] = {7, 7, 7, 7, 0x12345678, 0x12345678};
-	for (size_t length = 0; length <= 5; length++) {
-		SCOPED_TRACE(length);
-		const std::string value = bytes.substr(0, length);
-		uint32 number = 7;
-		ReadParamUInt32(param_of(value), &number);
-		EXPECT_EQ(number, expected[length]);
-	}
+	EXPECT_EQ(read_cut<uint32>(ReadParamUInt32, 7),
+		(std::vector<uint32>{7, 7, 7, 7, 0x12345678, 0x12345678}));
 }
 
 
 TEST(ParameterValueTest, Number_IsFourBytesOrElseTwo)
 {
-	const std::string bytes = "\x12\x34\x56\x78\x9A";
-	const uint32 expected[] = {0, 0, 0x1234, 0x1234, 0x12345678, 0x12345678};
-	for (size_t length = 0; length <= 5; length++) {
-		SCOPED_TRACE(length);
-		const std::string value = bytes.substr(0, length);
-		uint32 number = 0;
-		ReadParamNumber(param_of(value), &number);
-		EXPECT_EQ(number, expected[length]);
-	}
+	EXPECT_EQ(read_cut<uint32>(ReadParamNumber, 0),
+		(std::vector<uint32>{0, 0, 0x1234, 0x1234, 0x12345678, 0x12345678}));
 }
 
 

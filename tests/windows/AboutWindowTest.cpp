@@ -109,6 +109,24 @@ public:
 };
 
 
+/*!	A roll in a window of its own. */
+class RollTest : public testing::Test {
+protected:
+	RollTest()
+		: fWindow(new BWindow(BRect(0, 0, 300, 100), "credits", B_TITLED_WINDOW, 0)),
+		  fCredits(new StillCredits())
+	{
+		BLayoutBuilder::Group<>(fWindow.Window(), B_VERTICAL, 0).Add(fCredits);
+		fWindow.Window()->Show();
+		fWindow.Settle();
+		fWindow.Window()->Layout(true);
+	}
+
+	WindowProbe fWindow;
+	StillCredits* fCredits;
+};
+
+
 TEST_F(AboutWindowTest, WithoutALogo_ThePanelIsSmaller)
 {
 	_Open();
@@ -164,25 +182,15 @@ TEST_F(AboutWindowTest, Credits_RollByThemselves)
 }
 
 
-TEST_F(AboutWindowTest, OkButton_Closes)
+TEST_F(AboutWindowTest, OkButtonEscapeAndCloseBox_Close)
 {
 	_Open();
 	EXPECT_TRUE(fWindow->Find<BButton>("ok")->IsDefault());
 	fWindow->Invoke("ok");
 	fWindow->WaitForEnd();
-}
-
-
-TEST_F(AboutWindowTest, Escape_Closes)
-{
 	_Open();
 	press_window_key(fWindow->Window(), B_ESCAPE);
 	fWindow->WaitForEnd();
-}
-
-
-TEST_F(AboutWindowTest, CloseBox_Closes)
-{
 	_Open();
 	use_close_box(fWindow->Window());
 	fWindow->WaitForEnd();
@@ -199,17 +207,11 @@ TEST_F(AboutWindowTest, Credits_AreAHundredPixelsHigh)
 
 
 // Forty pixels after the start three lines and a half have come up.
-TEST_F(AboutWindowTest, Credits_RollUpWithBoldHeadings)
+TEST_F(RollTest, Credits_RollUpWithBoldHeadings)
 {
-	WindowProbe window(new BWindow(BRect(0, 0, 300, 100), "credits", B_TITLED_WINDOW, 0));
-	StillCredits* credits = new StillCredits();
-	BLayoutBuilder::Group<>(window.Window(), B_VERTICAL, 0).Add(credits);
-	window.Window()->Show();
-	window.Settle();
-	window.Window()->Layout(true);
-	credits->Tick(80);
-	const float height = credits->Bounds().Height();
-	EXPECT_TRUE(picture_of(credits) == drawn_view(size_of(credits), [height](BView* drawn) {
+	fCredits->Tick(80);
+	const float height = fCredits->Bounds().Height();
+	EXPECT_TRUE(picture_of(fCredits) == drawn_view(size_of(fCredits), [height](BView* drawn) {
 		fill_panel(drawn);
 		draw_centered(drawn, be_bold_font, 12, "The client", height - 40);
 		draw_centered(drawn, be_plain_font, 12, "Protocol client", height - 24);
@@ -219,25 +221,18 @@ TEST_F(AboutWindowTest, Credits_RollUpWithBoldHeadings)
 }
 
 
-TEST_F(AboutWindowTest, Credits_StartAgainWhenTheyHaveLeft)
+TEST_F(RollTest, Credits_StartAgainWhenTheyHaveLeft)
 {
-	WindowProbe window(new BWindow(BRect(0, 0, 300, 100), "credits", B_TITLED_WINDOW, 0));
-	StillCredits* credits = new StillCredits();
-	BLayoutBuilder::Group<>(window.Window(), B_VERTICAL, 0).Add(credits);
-	window.Window()->Show();
-	window.Settle();
-	window.Window()->Layout(true);
-
-	const std::string atFirst = picture_of(credits);
-	credits->Tick(200);
-	const std::string halfWay = picture_of(credits);
+	const std::string atFirst = picture_of(fCredits);
+	fCredits->Tick(200);
+	const std::string halfWay = picture_of(fCredits);
 	EXPECT_FALSE(atFirst == halfWay);
-	credits->Tick(kTicksOfARoll - 200);
-	EXPECT_FALSE(atFirst == picture_of(credits));
-	credits->Tick(1);
-	EXPECT_TRUE(atFirst == picture_of(credits));
-	credits->Tick(200);
-	EXPECT_TRUE(halfWay == picture_of(credits));
+	fCredits->Tick(kTicksOfARoll - 200);
+	EXPECT_FALSE(atFirst == picture_of(fCredits));
+	fCredits->Tick(1);
+	EXPECT_TRUE(atFirst == picture_of(fCredits));
+	fCredits->Tick(200);
+	EXPECT_TRUE(halfWay == picture_of(fCredits));
 }
 
 

@@ -4,7 +4,12 @@
  */
 #include "DrawnRow.h"
 
+#include <Bitmap.h>
+#include <DataIO.h>
+#include <Font.h>
 #include <LayoutBuilder.h>
+#include <ListItem.h>
+#include <TranslationUtils.h>
 #include <View.h>
 #include <Window.h>
 
@@ -48,6 +53,44 @@ drawn_row(const RowDrawing& draw, float width)
 
 
 std::string
+drawn_item(BListItem* item, bool complete, float width)
+{
+	return drawn_row(
+		[item, complete](BView* view, BRect frame) {
+			item->DrawItem(view, frame, complete);
+		},
+		width);
+}
+
+
+void
+fill_selected(BView* view, BRect frame)
+{
+	view->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
+	view->FillRect(frame);
+}
+
+
+float
+middle_baseline(BView* view, BRect frame)
+{
+	view->SetFont(be_plain_font);
+	font_height height;
+	view->GetFontHeight(&height);
+	return frame.top + (frame.Height() + height.ascent - height.descent) / 2;
+}
+
+
+void
+draw_line(BView* view, BRect frame, float left, const char* text, color_which color)
+{
+	const float y = middle_baseline(view, frame);
+	view->SetHighColor(ui_color(color));
+	view->DrawString(text, BPoint(frame.left + left, y));
+}
+
+
+std::string
 drawn_view(BSize size, const ViewDrawing& draw)
 {
 	const BRect frame(100, 100, 100 + size.width, 100 + size.height);
@@ -69,4 +112,13 @@ picture_file(int width, int height)
 	for (int i = 0; i < width * height; i++)
 		file += "\xe0\x30\x90";
 	return file;
+}
+
+
+std::unique_ptr<BBitmap>
+new_picture(int width, int height)
+{
+	const std::string file = picture_file(width, height);
+	BMemoryIO stream(file.data(), file.size());
+	return std::unique_ptr<BBitmap>(BTranslationUtils::GetBitmap(&stream));
 }

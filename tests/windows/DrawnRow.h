@@ -7,12 +7,16 @@
 
 
 #include <functional>
+#include <memory>
 #include <string>
 
+#include <InterfaceDefs.h>
 #include <Rect.h>
 #include <Size.h>
 
 
+class BBitmap;
+class BListItem;
 class BView;
 
 
@@ -27,7 +31,17 @@ std::string drawn_row(const RowDrawing& draw, float width = 289);
 /*!	The same for a view whose Bounds() have this size. */
 std::string drawn_view(BSize size, const ViewDrawing& draw);
 
-/*!	A picture file of one color. */
+/*!	The same for an item, drawn into a row that is complete or not. */
+std::string drawn_item(BListItem* item, bool complete = true, float width = 289);
+
+// What the rows of several lists have in common: the background of a selected one, the font and the
+// baseline of a line in its middle, and a line of text there.
+void fill_selected(BView* view, BRect frame);
+float middle_baseline(BView* view, BRect frame);
+void draw_line(BView* view, BRect frame, float left, const char* text, color_which color);
+
+/*!	A picture file of one color, and the picture in it. */
+std::unique_ptr<BBitmap> new_picture(int width, int height);
 std::string picture_file(int width, int height);
 
 

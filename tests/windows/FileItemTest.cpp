@@ -11,10 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <Bitmap.h>
-#include <DataIO.h>
 #include <Font.h>
 #include <InterfaceDefs.h>
-#include <TranslationUtils.h>
 #include <View.h>
 
 #include "DrawnRow.h"
@@ -25,29 +23,16 @@ static const float kShapeTextLeft = 4 + 10 + 8;
 static const float kIconTextLeft = 4 + 16 + 6;
 
 
-static std::unique_ptr<BBitmap>
-new_icon()
-{
-	const std::string file = picture_file(16, 16);
-	BMemoryIO stream(file.data(), file.size());
-	return std::unique_ptr<BBitmap>(BTranslationUtils::GetBitmap(&stream));
-}
-
-
 // The texts of a row; eight pixels at least are between them.
 static void
 draw_texts(BView* view, BRect frame, float left, const char* name, const char* right,
 	color_which nameColor = B_LIST_ITEM_TEXT_COLOR)
 {
-	view->SetFont(be_plain_font);
-	font_height height;
-	view->GetFontHeight(&height);
-	const float y = frame.top + (frame.Height() + height.ascent - height.descent) / 2;
-	view->SetHighColor(ui_color(nameColor));
+	const float y = middle_baseline(view, frame);
 	const float rightLeft = frame.right - 6 - view->StringWidth(right);
 	BString shown(name);
 	view->TruncateString(&shown, B_TRUNCATE_END, rightLeft - 8 - (frame.left + left));
-	view->DrawString(shown.String(), BPoint(frame.left + left, y));
+	draw_line(view, frame, left, shown.String(), nameColor);
 	view->SetHighColor(tint_color(ui_color(B_PANEL_BACKGROUND_COLOR), B_DARKEN_2_TINT));
 	view->DrawString(right, BPoint(rightLeft, y));
 }
@@ -106,15 +91,6 @@ drawn_icon(const BBitmap* icon, const char* name, const char* right)
 
 
 static std::string
-drawn_item(FileItem* item)
-{
-	return drawn_row([item](BView* view, BRect frame) {
-		item->DrawItem(view, frame, true);
-	});
-}
-
-
-static std::string
 drawn_file(const char* name, int32 size, BBitmap* stuffIt = NULL, BBitmap* image = NULL)
 {
 	FileItem item(name, "TEXT", "ttxt", size, NULL, stuffIt, image);
@@ -162,7 +138,7 @@ TEST(FileItemTest, Folder_SaysSoInPlaceOfASize)
 
 TEST(FileItemTest, FolderWithAPicture_ShowsIt)
 {
-	const std::unique_ptr<BBitmap> icon = new_icon();
+	const std::unique_ptr<BBitmap> icon = new_picture(16, 16);
 	ASSERT_NE(nullptr, icon);
 	FileItem item("name", "fldr", "", 0, icon.get(), NULL, NULL);
 	EXPECT_TRUE(drawn_item(&item) == drawn_icon(icon.get(), "name", "folder"));
@@ -172,41 +148,34 @@ TEST(FileItemTest, FolderWithAPicture_ShowsIt)
 // A folder without its picture is not taken for the file that its name promises.
 TEST(FileItemTest, FolderNamedLikeAnArchive_StaysASquare)
 {
-	const std::unique_ptr<BBitmap> icon = new_icon();
+	const std::unique_ptr<BBitmap> icon = new_picture(16, 16);
 	FileItem item("name.sit", "fldr", "", 0, NULL, icon.get(), icon.get());
 	EXPECT_TRUE(drawn_item(&item) == drawn_square("name.sit"));
 }
 
 
-TEST(FileItemTest, Archives_HaveThePictureOfArchives)
+TEST(FileItemTest, Name_ChoosesThePicture)
 {
-	const std::unique_ptr<BBitmap> icon = new_icon();
-	for (const char* name : {"a.sit", "a.SEA", "b.HqX", ".sit"}) {
-		SCOPED_TRACE(name);
-		EXPECT_TRUE(drawn_file(name, 5, icon.get(), NULL) == drawn_icon(icon.get(), name, "5 B"));
-		EXPECT_TRUE(drawn_file(name, 5, NULL, icon.get()) == drawn_circle(name, "5 B"));
-	}
-}
-
-
-TEST(FileItemTest, Images_HaveThePictureOfImages)
-{
-	const std::unique_ptr<BBitmap> icon = new_icon();
-	for (const char* name : {"a.jpg", "a.PNG", "a.gif", "a.bmp", "a.tif", "a.psd", "a.pcx",
-			 "a.JPEG", "a.tiff", ".jpeg", ".jpg"}) {
-		SCOPED_TRACE(name);
-		EXPECT_TRUE(drawn_file(name, 5, NULL, icon.get()) == drawn_icon(icon.get(), name, "5 B"));
-		EXPECT_TRUE(drawn_file(name, 5, icon.get(), NULL) == drawn_circle(name, "5 B"));
-	}
-}
-
-
-TEST(FileItemTest, OtherNames_HaveNoPicture)
-{
-	const std::unique_ptr<BBitmap> icon = new_icon();
-	for (const char* name : {"", "sit", "a.sitx", "a.sit ", "jpeg", "a.txt", "png"}) {
-		SCOPED_TRACE(name);
-		EXPECT_TRUE(drawn_file(name, 5, icon.get(), icon.get()) == drawn_circle(name, "5 B"));
+	const std::unique_ptr<BBitmap> icon = new_picture(16, 16);
+	const struct {
+		std::vector<const char*> names;
+		bool isArchive;
+		bool isImage;
+	} kinds[] = {
+		{{"a.sit", "a.SEA", "b.HqX", ".sit"}, true, false},
+		{{"a.jpg", "a.PNG", "a.gif", "a.bmp", "a.tif", "a.psd", "a.pcx", "a.JPEG", "a.tiff",
+			 ".jpeg", ".jpg"},
+			false, true},
+		{{"", "sit", "a.sitx", "a.sit ", "jpeg", "a.txt", "png"}, false, false},
+	};
+	for (const auto& kind : kinds) {
+		for (const char* name : kind.names) {
+			SCOPED_TRACE(name);
+			const std::string shape = drawn_circle(name, "5 B");
+			const std::string picture = drawn_icon(icon.get(), name, "5 B");
+			EXPECT_TRUE(drawn_file(name, 5, icon.get()) == (kind.isArchive ? picture : shape));
+			EXPECT_TRUE(drawn_file(name, 5, NULL, icon.get()) == (kind.isImage ? picture : shape));
+		}
 	}
 }
 
@@ -236,12 +205,9 @@ TEST(FileItemTest, SelectedRow_HasTheBackgroundOfASelection)
 	FileItem item("name", "TEXT", "", 5, NULL, NULL, NULL);
 	item.Select();
 	const std::string drawn = drawn_item(&item);
-	EXPECT_TRUE(drawn == drawn_row([&item](BView* view, BRect frame) {
-		item.DrawItem(view, frame, false);
-	}));
+	EXPECT_TRUE(drawn == drawn_item(&item, false));
 	EXPECT_TRUE(drawn == drawn_row([](BView* view, BRect frame) {
-		view->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
-		view->FillRect(frame);
+		fill_selected(view, frame);
 		draw_circle(view, frame);
 		draw_texts(view, frame, kShapeTextLeft, "name", "5 B", B_LIST_SELECTED_ITEM_TEXT_COLOR);
 	}));
@@ -259,7 +225,7 @@ TEST(FileItemTest, HostileName_IsDrawnAsItStands)
 
 TEST(FileItemTest, NameThatJustFits_HasNoToolTip)
 {
-	const std::unique_ptr<BBitmap> icon = new_icon();
+	const std::unique_ptr<BBitmap> icon = new_picture(16, 16);
 	const char* name = "a <b>name</b> & more";
 	const struct {
 		const char* type;
@@ -290,11 +256,7 @@ TEST(FileItemTest, NameIsDrawnWhole_ExactlyWithoutAToolTip)
 	int32 countWhole = 0;
 	for (float width = 60; width < 90; width++) {
 		SCOPED_TRACE(width);
-		const std::string drawn = drawn_row(
-			[&item](BView* view, BRect frame) {
-				item.DrawItem(view, frame);
-			},
-			width);
+		const std::string drawn = drawn_item(&item, false, width);
 		const std::string whole = drawn_row(
 			[name](BView* view, BRect frame) {
 				draw_circle(view, frame);

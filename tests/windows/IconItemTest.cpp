@@ -4,26 +4,14 @@
  */
 #include "IconItem.h"
 
-
 #include <gtest/gtest.h>
 
 #include <Bitmap.h>
-#include <DataIO.h>
 #include <Font.h>
 #include <InterfaceDefs.h>
-#include <TranslationUtils.h>
 #include <View.h>
 
 #include "DrawnRow.h"
-
-
-static BBitmap*
-new_icon(int width, int height)
-{
-	const std::string file = picture_file(width, height);
-	BMemoryIO stream(file.data(), file.size());
-	return BTranslationUtils::GetBitmap(&stream);
-}
 
 
 static BFont
@@ -52,7 +40,7 @@ draw_number(BView* view, BRect frame, const char* number, color_which color)
 
 // The item on a view that has the large font.
 static std::string
-drawn_item(IconItem* item, bool complete = true)
+drawn_icon_item(IconItem* item, bool complete = true)
 {
 	return drawn_row([item, complete](BView* view, BRect frame) {
 		const BFont font = large_font();
@@ -66,7 +54,7 @@ TEST(IconItemTest, Number_StandsOnTheBaselineOfTheViewsFont)
 {
 	IconItem item(65535, NULL);
 	EXPECT_EQ(65535, item.IconID());
-	EXPECT_TRUE(drawn_item(&item) == drawn_row([](BView* view, BRect frame) {
+	EXPECT_TRUE(drawn_icon_item(&item) == drawn_row([](BView* view, BRect frame) {
 		draw_number(view, frame, "65535", B_LIST_ITEM_TEXT_COLOR);
 	}));
 }
@@ -77,8 +65,8 @@ TEST(IconItemTest, Picture_HasSixteenPixelsEachWay)
 {
 	for (const auto& [width, height] : {std::pair<int, int>(16, 16), {32, 32}, {1, 40}}) {
 		SCOPED_TRACE(width);
-		IconItem item(7, new_icon(width, height));
-		EXPECT_TRUE(drawn_item(&item) == drawn_row([](BView* view, BRect frame) {
+		IconItem item(7, new_picture(width, height).release());
+		EXPECT_TRUE(drawn_icon_item(&item) == drawn_row([](BView* view, BRect frame) {
 			const float top = frame.top + (frame.Height() - 16) / 2;
 			view->SetHighColor(0xe0, 0x30, 0x90);
 			view->FillRect(BRect(frame.left + 6, top, frame.left + 21, top + 15));
@@ -93,9 +81,8 @@ TEST(IconItemTest, SelectedRow_HasTheColorsOfASelection)
 	IconItem item(7, NULL);
 	item.Select();
 	for (const bool complete : {false, true}) {
-		EXPECT_TRUE(drawn_item(&item, complete) == drawn_row([](BView* view, BRect frame) {
-			view->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
-			view->FillRect(frame);
+		EXPECT_TRUE(drawn_icon_item(&item, complete) == drawn_row([](BView* view, BRect frame) {
+			fill_selected(view, frame);
 			draw_number(view, frame, "7", B_LIST_SELECTED_ITEM_TEXT_COLOR);
 		}));
 	}

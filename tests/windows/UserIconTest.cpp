@@ -77,19 +77,18 @@ TEST_F(UserIconTest, PictureInTheFolder_IsFoundByItsNumber)
 }
 
 
-TEST_F(UserIconTest, IdWithoutAPicture_HasNone)
+TEST_F(UserIconTest, PictureOfTheFirst256_IsReadOnce)
 {
-	EXPECT_EQ(nullptr, fUsers->IconForID(65535));
-}
-
-
-TEST_F(UserIconTest, Picture_IsReadOnce)
-{
-	_CopyIcon(128, 60001);
-	const BBitmap* icon = fUsers->IconForID(60001);
-	EXPECT_NE(nullptr, icon);
-	_DeleteIcon(60001);
-	EXPECT_EQ(icon, fUsers->IconForID(60001));
+	for (const uint16 before : {0, 254}) {
+		SCOPED_TRACE(before);
+		_FillCache(before);
+		const uint16 id = static_cast<uint16>(60001 + before);
+		_CopyIcon(128, id);
+		const BBitmap* icon = fUsers->IconForID(id);
+		EXPECT_NE(nullptr, icon);
+		_DeleteIcon(id);
+		EXPECT_EQ(icon, fUsers->IconForID(id));
+	}
 }
 
 
@@ -100,17 +99,6 @@ TEST_F(UserIconTest, MissingPicture_IsNotLookedForAgain)
 	_CopyIcon(128, 60002);
 	EXPECT_EQ(nullptr, fUsers->IconForID(60002));
 	_DeleteIcon(60002);
-}
-
-
-TEST_F(UserIconTest, The256thId_IsStillKept)
-{
-	_FillCache(255);
-	_CopyIcon(128, 60003);
-	const BBitmap* icon = fUsers->IconForID(60003);
-	EXPECT_NE(nullptr, icon);
-	_DeleteIcon(60003);
-	EXPECT_EQ(icon, fUsers->IconForID(60003));
 }
 
 

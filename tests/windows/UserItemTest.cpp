@@ -98,23 +98,24 @@ TEST_F(UserItemTest, StatusWord_ColorsTheDotByItsValueAndTheNickByOneBit)
 }
 
 
-TEST_F(UserItemTest, SelectedRow_HasBackgroundAndTextOfASelection)
+TEST_F(UserItemTest, SelectedRow_HasTheColorsOfASelectionButAnAdministratorStaysRed)
 {
-	const std::unique_ptr<UserItem> item = _NewItem(0);
-	item->Select();
-	_ExpectColors(item.get(), false,
-		{ui_color(B_LIST_SELECTED_BACKGROUND_COLOR), kDefaultDot, outline(kDefaultDot),
-			ui_color(B_LIST_SELECTED_ITEM_TEXT_COLOR)});
-}
-
-
-TEST_F(UserItemTest, SelectedAdministrator_StaysRed)
-{
-	const std::unique_ptr<UserItem> item = _NewItem(2);
-	item->Select();
-	const rgb_color dot = {128, 0, 128, 255};
-	_ExpectColors(item.get(), false,
-		{ui_color(B_LIST_SELECTED_BACKGROUND_COLOR), dot, outline(dot), kRed});
+	const struct {
+		uint16 status;
+		rgb_color dot;
+		rgb_color text;
+	} cases[] = {
+		{0, kDefaultDot, ui_color(B_LIST_SELECTED_ITEM_TEXT_COLOR)},
+		{2, {128, 0, 128, 255}, kRed},
+	};
+	for (const auto& expected : cases) {
+		SCOPED_TRACE(expected.status);
+		const std::unique_ptr<UserItem> item = _NewItem(expected.status);
+		item->Select();
+		_ExpectColors(item.get(), false,
+			{ui_color(B_LIST_SELECTED_BACKGROUND_COLOR), expected.dot, outline(expected.dot),
+				expected.text});
+	}
 }
 
 

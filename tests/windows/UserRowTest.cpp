@@ -19,6 +19,7 @@
 #include <View.h>
 
 #include "AppMessages.h"
+#include "BuiltMessage.h"
 #include "DrawnRow.h"
 #include "MessageRecorder.h"
 #include "UserItem.h"
@@ -37,12 +38,7 @@ static void
 draw_nick(BView* view, BRect frame, const char* nick,
 	color_which nickColor = B_LIST_ITEM_TEXT_COLOR)
 {
-	view->SetFont(be_plain_font);
-	font_height height;
-	view->GetFontHeight(&height);
-	const float y = frame.top + (frame.Height() + height.ascent - height.descent) / 2;
-	view->SetHighColor(ui_color(nickColor));
-	view->DrawString(nick, BPoint(frame.left + kTextLeft, y));
+	draw_line(view, frame, kTextLeft, nick, nickColor);
 }
 
 
@@ -95,24 +91,13 @@ protected:
 	std::string _Drawn(uint16 icon, uint16 color, const char* nick) const
 	{
 		UserItem item(1, icon, color, nick, fUsers);
-		return _Drawn(&item);
-	}
-
-	static std::string _Drawn(BListItem* item)
-	{
-		return drawn_row([item](BView* view, BRect frame) {
-			item->DrawItem(view, frame, true);
-		});
+		return drawn_item(&item);
 	}
 
 	void _Add(uint16 icon, uint16 color, const char* nick)
 	{
-		BMessage message(kMsgAddUser);
-		message.AddUInt16("socket", 7);
-		message.AddUInt16("icon", icon);
-		message.AddUInt16("color", color);
-		message.AddString("nick", nick);
-		fWindow.Post(&message);
+		fWindow.Post(built_message(kMsgAddUser, "socket", uint16(7), "icon", icon, "color", color,
+			"nick", nick));
 	}
 
 	RecorderOwner fTarget;
@@ -167,11 +152,12 @@ TEST_F(UserRowTest, TheSameSocketTwice_ShowsTheLaterNickIconAndColor)
 	_Add(kOtherIcon, 0, "after");
 	BListView* list = fWindow.Find<BListView>("userlist");
 	ASSERT_EQ(1, list->CountItems());
-	EXPECT_TRUE(_Drawn(list->ItemAt(0)) == drawn_with_icon(fUsers->IconForID(kOtherIcon), "after"));
+	EXPECT_TRUE(
+		drawn_item(list->ItemAt(0)) == drawn_with_icon(fUsers->IconForID(kOtherIcon), "after"));
 
 	_Add(kNoIcon, 1, "at last");
 	ASSERT_EQ(1, list->CountItems());
-	EXPECT_TRUE(_Drawn(list->ItemAt(0)) == drawn_with_dot(make_color(200, 0, 0), "at last"));
+	EXPECT_TRUE(drawn_item(list->ItemAt(0)) == drawn_with_dot(make_color(200, 0, 0), "at last"));
 }
 
 
@@ -181,10 +167,7 @@ TEST_F(UserRowTest, NickThatJustFits_IsDrawnWholeAndHasNoToolTip)
 	UserItem item(1, kNoIcon, 0, nick, fUsers);
 	const float width = kTextLeft + std::ceil(be_plain_font->StringWidth(nick)) + kTextRight;
 	EXPECT_STREQ("", item.ToolTipText(width).String());
-	const RowDrawing draw = [&item](BView* view, BRect frame) {
-		item.DrawItem(view, frame);
-	};
-	EXPECT_TRUE(drawn_row(draw, width) == drawn_with_dot(make_color(50, 100, 180), nick));
+	EXPECT_TRUE(drawn_item(&item, false, width) == drawn_with_dot(make_color(50, 100, 180), nick));
 }
 
 
@@ -201,16 +184,11 @@ TEST_F(UserRowTest, NickWithAPixelTooFew_EndsInAnEllipsisAndIsTheToolTip)
 		if (isSelected)
 			item.Select();
 		EXPECT_STREQ(nick, item.ToolTipText(width).String());
-		const std::string drawn = drawn_row(
-			[&item](BView* view, BRect frame) {
-				item.DrawItem(view, frame);
-			},
-			width);
+		const std::string drawn = drawn_item(&item, false, width);
 		EXPECT_TRUE(drawn == drawn_row([&](BView* view, BRect frame) {
 			frame.right = frame.left + width;
-			view->SetHighColor(ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
 			if (isSelected)
-				view->FillRect(frame);
+				fill_selected(view, frame);
 			draw_dot(view, frame, make_color(50, 100, 180));
 			draw_nick(view, frame, cut.String(),
 				isSelected ? B_LIST_SELECTED_ITEM_TEXT_COLOR : B_LIST_ITEM_TEXT_COLOR);

@@ -13,9 +13,7 @@ class ConversationTest : public QuietServer {};
 TEST_F(ConversationTest, UserList_ShowsResidentsAndThoseWhoJoined)
 {
 	const auto client = Join("Tester", 137);
-	RawClient reading(fServer->Port());
-	reading.LogIn("Still reading", 128);
-	reading.ReceiveMessageOfType(109);
+	const auto reading = LogIn("Still reading", 128);
 
 	client->Request(300, {});
 	auto entry = [](uint16_t socket, uint16_t icon, uint16_t status, const std::string& nick) {
@@ -95,11 +93,9 @@ TEST_F(ConversationTest, OthersJoinChangeAndLeave_Told)
 TEST_F(ConversationTest, LeavesBeforeTheAgreement_NobodyTold)
 {
 	const auto witness = Join("Witness");
-	RawClient other(fServer->Port());
-	other.LogIn("Other", 131);
-	other.ReceiveMessageOfType(109);
-	other.Request(304, {wire_param(104, wire16(133)), wire_param(102, "Another")});
-	other.Close();
+	const auto other = LogIn("Other", 131);
+	other->Request(304, {wire_param(104, wire16(133)), wire_param(102, "Another")});
+	other->Close();
 	EXPECT_EQ(witness->Say("done"), "Witness:  done");
 }
 

@@ -18,19 +18,14 @@ login_reply(uint32_t id)
 }
 
 
-TEST_F(LoginTest, Handshake_Answered)
+TEST_F(LoginTest, HandshakeAtOnceOrByteByByte_Answered)
 {
 	RawClient client(Start());
 	client.Send(kGreeting);
 	EXPECT_EQ(client.Receive(8), std::string("TRTP\0\0\0\0", 8));
-}
-
-
-TEST_F(LoginTest, HandshakeByteByByte_Answered)
-{
-	RawClient client(Start());
-	client.SendOneByOne(kGreeting);
-	EXPECT_EQ(client.Receive(8), std::string("TRTP\0\0\0\0", 8));
+	RawClient slow(fServer->Port());
+	slow.SendOneByOne(kGreeting);
+	EXPECT_EQ(slow.Receive(8), std::string("TRTP\0\0\0\0", 8));
 }
 
 
@@ -103,43 +98,29 @@ TEST_F(LoginTest, NoAgreement_SaidSo)
 
 TEST_F(LoginTest, Agreed_AnsweredAndMadeKnown)
 {
-	RawClient client(Start());
-	client.LogIn("Tester", 137);
-	client.ReceiveMessageOfType(109);
-	client.Request(121,
+	const auto client = LogIn("Tester", 137);
+	client->Request(121,
 		{wire_param(102, "Tested"), wire_param(104, wire16(140)), wire_param(113, wire16(0))});
 
-	EXPECT_EQ(client.ReceiveMessage(), Message(kReply, 2, {}));
-	EXPECT_EQ(client.ReceiveMessage(),
+	EXPECT_EQ(client->ReceiveMessage(), Message(kReply, 2, {}));
+	EXPECT_EQ(client->ReceiveMessage(),
 		Message(301, 2,
 			{wire_param(103, wire16(4)), wire_param(104, wire16(140)), wire_param(112, wire16(0)),
 				wire_param(102, "Tested")}));
 }
 
 
-TEST_F(LoginTest, AgreedWithoutNick_KeepsTheOneOfTheLogin)
-{
-	RawClient client(Start());
-	client.LogIn("Tester", 137);
-	client.ReceiveMessageOfType(109);
-	client.Request(121, {wire_param(104, wire16(140)), wire_param(113, wire16(0))});
-	EXPECT_EQ(WireTransaction(client.ReceiveMessageOfType(301)).Field(102), "Tester");
-}
-
-
 TEST_F(LoginTest, NickTooLong_CutBetweenCharacters)
 {
-	RawClient client(Start());
 	std::string nick = std::string(62, 'n') + "é and more";
-	client.LogIn(nick, 137);
-	client.ReceiveMessageOfType(109);
-	client.Request(121,
+	const auto client = LogIn(nick, 137);
+	client->Request(121,
 		{wire_param(102, nick), wire_param(104, wire16(137)), wire_param(113, wire16(0))});
-	EXPECT_EQ(WireTransaction(client.ReceiveMessageOfType(301)).Field(102), std::string(62, 'n'));
+	EXPECT_EQ(WireTransaction(client->ReceiveMessageOfType(301)).Field(102), std::string(62, 'n'));
 }
 
 
-TEST_F(LoginTest, RightPassword_MakesAKeeper)
+TEST_F(LoginTest, RightPassword_MakesAKeeperUnderTheNickOfTheLogin)
 {
 	RawClient client(Start());
 	ASSERT_TRUE(client.ShakeHands());
@@ -149,7 +130,10 @@ TEST_F(LoginTest, RightPassword_MakesAKeeper)
 			wire_param(160, wire16(151))});
 	EXPECT_EQ(client.ReceiveMessage(), login_reply(1));
 	client.Request(121, {wire_param(104, wire16(137)), wire_param(113, wire16(0))});
-	EXPECT_EQ(WireTransaction(client.ReceiveMessageOfType(301)).Number(112), 2);
+	// Without a nick of its own, the one of the login stays.
+	const WireTransaction joined(client.ReceiveMessageOfType(301));
+	EXPECT_EQ(joined.Number(112), 2);
+	EXPECT_EQ(joined.Field(102), "Tester");
 }
 
 
@@ -190,12 +174,10 @@ TEST_F(LoginTest, RequestsBeforeTheLogin_Refused)
 
 TEST_F(LoginTest, TalkBeforeTheAgreement_Refused)
 {
-	RawClient client(Start());
-	client.LogIn("Tester", 137);
-	client.ReceiveMessageOfType(109);
-	client.Type("hello");
-	EXPECT_EQ(client.ReceiveMessage(), Refusal(2, "Please accept the agreement first."));
-	EXPECT_EQ(client.Ask(108, {wire_param(103, wire16(1)), wire_param(101, "hello")}),
+	const auto client = LogIn("Tester", 137);
+	client->Type("hello");
+	EXPECT_EQ(client->ReceiveMessage(), Refusal(2, "Please accept the agreement first."));
+	EXPECT_EQ(client->Ask(108, {wire_param(103, wire16(1)), wire_param(101, "hello")}),
 		Refusal(3, "Please accept the agreement first."));
 }
 

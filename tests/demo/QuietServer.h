@@ -42,9 +42,17 @@ protected:
 	// else is there. Starts the server if that does not run yet.
 	std::unique_ptr<RawClient> Join(const std::string& nick, uint16_t icon = 128)
 	{
-		const uint16_t port = fServer != NULL ? fServer->Port() : Start();
-		auto client = std::make_unique<RawClient>(port);
+		auto client = std::make_unique<RawClient>(fServer != NULL ? fServer->Port() : Start());
 		EXPECT_NE(0, client->Join(nick, icon));
+		return client;
+	}
+
+	// The same up to the agreement, which has been received.
+	std::unique_ptr<RawClient> LogIn(const std::string& nick, uint16_t icon)
+	{
+		auto client = std::make_unique<RawClient>(fServer != NULL ? fServer->Port() : Start());
+		client->LogIn(nick, icon);
+		client->ReceiveMessageOfType(109);
 		return client;
 	}
 

@@ -20,12 +20,24 @@ flatten(const Transaction& transaction)
 }
 
 
-static Transaction::ParseResult
-parse(const std::string& bytes, Transaction* _transaction, size_t* _consumed)
-{
-	return Transaction::Parse(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size(),
-		_transaction, _consumed);
-}
+// What is made of some bytes.
+struct Request : public Transaction {
+	explicit Request(const std::string& bytes)
+		: result(
+			Parse(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size(), this, &consumed))
+	{
+	}
+
+	std::string Text(uint16_t field) const
+	{
+		std::string text = "none";
+		FindText(field, &text);
+		return text;
+	}
+
+	size_t consumed = 0;
+	ParseResult result;
+};
 
 
 TEST(TransactionTest, NoFields_TwentyTwoBytes)
@@ -89,11 +101,9 @@ TEST(TransactionTest, TextOfMoreThanAField_CutBetweenCharacters)
 TEST(TransactionTest, ParsedMessage_GivesItsPartsBack)
 {
 	std::string bytes = Message(108, 5, {wire_param(103, wire16(12)), wire_param(101, "hello")});
-
-	Transaction request;
-	size_t consumed = 0;
-	ASSERT_EQ(parse(bytes + "next", &request, &consumed), Transaction::kComplete);
-	EXPECT_EQ(consumed, bytes.size());
+	const Request request(bytes + "next");
+	ASSERT_EQ(request.result, Transaction::kComplete);
+	EXPECT_EQ(request.consumed, bytes.size());
 	EXPECT_EQ(request.Type(), 108);
 	EXPECT_EQ(request.Id(), 5u);
 	EXPECT_FALSE(request.IsReply());
@@ -101,10 +111,8 @@ TEST(TransactionTest, ParsedMessage_GivesItsPartsBack)
 	uint32_t socket = 0;
 	EXPECT_TRUE(request.FindInt(103, &socket));
 	EXPECT_EQ(socket, 12u);
-	std::string text;
-	EXPECT_TRUE(request.FindText(101, &text));
-	EXPECT_EQ(text, "hello");
-	EXPECT_FALSE(request.FindText(102, &text));
+	EXPECT_EQ(request.Text(101), "hello");
+	EXPECT_EQ(request.Text(102), "none");
 }
 
 
@@ -113,10 +121,9 @@ TEST(TransactionTest, CutAtEachByte_WaitsForTheRest)
 	std::string bytes = Message(105, 1, {wire_param(101, "hello")});
 	for (size_t size = 0; size < bytes.size(); size++) {
 		SCOPED_TRACE(size);
-		Transaction request;
-		size_t consumed = 0;
-		EXPECT_EQ(parse(bytes.substr(0, size), &request, &consumed), Transaction::kIncomplete);
-		EXPECT_EQ(consumed, 0u);
+		const Request request(bytes.substr(0, size));
+		EXPECT_EQ(request.result, Transaction::kIncomplete);
+		EXPECT_EQ(request.consumed, 0u);
 	}
 }
 
@@ -126,9 +133,7 @@ TEST(TransactionTest, AnnouncesTooMuch_KnownFromTheHeader)
 	for (uint32_t size : {uint32_t(128 * 1024 - 19), 0x7fffffffu, 0xffffffffu, 0xffffffedu}) {
 		SCOPED_TRACE(size);
 		std::string header = wire32(105) + wire32(1) + wire32(0) + wire32(size) + wire32(size);
-		Transaction request;
-		size_t consumed = 0;
-		EXPECT_EQ(parse(header, &request, &consumed), Transaction::kTooLarge);
+		EXPECT_EQ(Request(header).result, Transaction::kTooLarge);
 	}
 }
 
@@ -138,11 +143,9 @@ TEST(TransactionTest, NoRoomForTheNumberOfFields_HasNone)
 	for (uint32_t size : {0u, 1u}) {
 		SCOPED_TRACE(size);
 		std::string bytes = wire32(300) + wire32(1) + wire32(0) + wire32(size) + wire32(size);
-		bytes += std::string(size, 'x');
-		Transaction request;
-		size_t consumed = 0;
-		EXPECT_EQ(parse(bytes, &request, &consumed), Transaction::kComplete);
-		EXPECT_EQ(consumed, 20 + size);
+		const Request request(bytes + std::string(size, 'x'));
+		EXPECT_EQ(request.result, Transaction::kComplete);
+		EXPECT_EQ(request.consumed, 20 + size);
 		EXPECT_EQ(request.CountFields(), 0);
 	}
 }
@@ -151,15 +154,10 @@ TEST(TransactionTest, NoRoomForTheNumberOfFields_HasNone)
 TEST(TransactionTest, FieldPastTheEnd_EndsTheWalk)
 {
 	std::string overlong = wire16(101) + wire16(6) + "hello";
-	Transaction request;
-	size_t consumed = 0;
-	ASSERT_EQ(parse(Message(105, 1, {wire_param(102, "nick"), overlong}), &request, &consumed),
-		Transaction::kComplete);
-
-	std::string text;
-	EXPECT_TRUE(request.FindText(102, &text));
-	EXPECT_EQ(text, "nick");
-	EXPECT_FALSE(request.FindText(101, &text));
+	const Request request(Message(105, 1, {wire_param(102, "nick"), overlong}));
+	ASSERT_EQ(request.result, Transaction::kComplete);
+	EXPECT_EQ(request.Text(102), "nick");
+	EXPECT_EQ(request.Text(101), "none");
 }
 
 

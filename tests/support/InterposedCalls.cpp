@@ -5,7 +5,6 @@
 #include "InterposedCalls.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
 #include <condition_variable>
 #include <cstring>
@@ -17,17 +16,10 @@
 #include "Interposed.h"
 
 
-static const int kNothing = -1;
+using Calls = InterposedCalls;
+
 static const bigtime_t kLongSnooze = 100000;
 
-static std::atomic<int> sSocketError(kNothing);
-static std::atomic<int> sConnectError(kNothing);
-static std::atomic<int> sSendSize(kNothing);
-static std::atomic<bool> sBreaksSend(false);
-static std::atomic<status_t> sSpawnError(B_OK);
-static std::atomic<int> sTimeoutDivisor(1);
-static std::atomic<size_t> sReceived(0);
-static std::atomic<bigtime_t> sClockStep(0);
 static std::atomic<bigtime_t> sClockOffset(0);
 
 // What the lock guards. Never destroyed: a transfer's thread may outlive the tests.
@@ -49,8 +41,8 @@ static Records& sRecords = *new Records;
 static bool
 take(std::atomic<int>& wanted, int* _value)
 {
-	*_value = wanted.exchange(kNothing);
-	return *_value != kNothing;
+	*_value = wanted.exchange(Calls::kNothing);
+	return *_value != Calls::kNothing;
 }
 
 
@@ -69,14 +61,14 @@ fails(std::atomic<int>& wanted)
 static int
 open_socket(int family, int type, int protocol)
 {
-	return fails(sSocketError) ? -1 : Interposed::RealSocket(family, type, protocol);
+	return fails(Calls::sSocketError) ? -1 : Interposed::RealSocket(family, type, protocol);
 }
 
 
 static int
 connect_socket(int socket, const sockaddr* address, socklen_t length)
 {
-	return fails(sConnectError) ? -1 : Interposed::RealConnect(socket, address, length);
+	return fails(Calls::sConnectError) ? -1 : Interposed::RealConnect(socket, address, length);
 }
 
 
@@ -84,9 +76,9 @@ static ssize_t
 send_bytes(int socket, const void* data, size_t size, int flags)
 {
 	int cut;
-	if (take(sSendSize, &cut))
+	if (take(Calls::sSendSize, &cut))
 		size = std::min(size, static_cast<size_t>(cut));
-	if (sBreaksSend.exchange(false))
+	if (Calls::sBreaksSend.exchange(false))
 		shutdown(socket, SHUT_WR);
 	return Interposed::RealSend(socket, data, size, flags);
 }
@@ -97,7 +89,7 @@ receive_bytes(int socket, void* buffer, size_t size, int flags)
 {
 	const ssize_t received = Interposed::RealReceive(socket, buffer, size, flags);
 	if (received > 0)
-		sReceived += static_cast<size_t>(received);
+		Calls::sReceived += static_cast<size_t>(received);
 	return received;
 }
 
@@ -114,7 +106,7 @@ set_option(int socket, int level, int option, const void* value, socklen_t lengt
 		const std::lock_guard<std::mutex> lock(sRecords.lock);
 		sRecords.timeouts.push_back({option, timeout.tv_sec});
 	}
-	const long microseconds = (timeout.tv_sec * 1000000 + timeout.tv_usec) / sTimeoutDivisor;
+	const long microseconds = (timeout.tv_sec * 1000000 + timeout.tv_usec) / Calls::sTimeoutDivisor;
 	timeout.tv_sec = microseconds / 1000000;
 	timeout.tv_usec = microseconds % 1000000;
 	return Interposed::RealSetOption(socket, level, option, &timeout, length);
@@ -145,7 +137,7 @@ spawn(thread_func function, const char* name, int32 priority, void* data)
 		const std::lock_guard<std::mutex> lock(sRecords.lock);
 		sRecords.threads.push_back({name, priority});
 	}
-	const status_t error = sSpawnError.exchange(B_OK);
+	const status_t error = Calls::sSpawnError.exchange(B_OK);
 	return error != B_OK ? error : Interposed::RealSpawn(function, name, priority, data);
 }
 
@@ -169,7 +161,7 @@ snooze_or_wait(bigtime_t microseconds)
 static bigtime_t
 stepped_time()
 {
-	sClockOffset += sClockStep;
+	sClockOffset += Calls::sClockStep;
 	return Interposed::RealTime() + sClockOffset;
 }
 
@@ -221,67 +213,11 @@ InterposedCalls::~InterposedCalls()
 }
 
 
-void
-InterposedCalls::FailNextSocket(int error)
-{
-	sSocketError = error;
-}
-
-
-void
-InterposedCalls::FailNextConnect(int error)
-{
-	sConnectError = error;
-}
-
-
-void
-InterposedCalls::CutNextSend(int size)
-{
-	sSendSize = size;
-}
-
-
-void
-InterposedCalls::BreakNextSend()
-{
-	sBreaksSend = true;
-}
-
-
-void
-InterposedCalls::FailNextSpawn(status_t error)
-{
-	sSpawnError = error;
-}
-
-
-void
-InterposedCalls::ShortenTimeouts(int divisor)
-{
-	sTimeoutDivisor = divisor;
-}
-
-
-void
-InterposedCalls::StepClock(int seconds)
-{
-	sClockStep = seconds * 1000000LL;
-}
-
-
 InterposedCalls::Timeouts
 InterposedCalls::SetTimeouts() const
 {
 	const std::lock_guard<std::mutex> lock(sRecords.lock);
 	return sRecords.timeouts;
-}
-
-
-size_t
-InterposedCalls::CountReceived() const
-{
-	return sReceived;
 }
 
 

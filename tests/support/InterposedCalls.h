@@ -6,6 +6,7 @@
 #define INTERPOSED_CALLS_H
 
 
+#include <atomic>
 #include <cstddef>
 #include <string>
 #include <utility>
@@ -44,23 +45,23 @@ public:
 
 	// The next call of the kind, on whatever thread, fails with this errno; a send sends that many
 	// bytes only.
-	void FailNextSocket(int error);
-	void FailNextConnect(int error);
-	void CutNextSend(int size);
+	void FailNextSocket(int error) { sSocketError = error; }
+	void FailNextConnect(int error) { sConnectError = error; }
+	void CutNextSend(int size) { sSendSize = size; }
 	// The next send finds that nothing can be sent any more, as when the other side has gone.
-	void BreakNextSend();
+	void BreakNextSend() { sBreaksSend = true; }
 	// The same for a thread; what is spawned after that is spawned.
-	void FailNextSpawn(status_t error);
+	void FailNextSpawn(status_t error) { sSpawnError = error; }
 
 	// Divides the time-outs that are set from now on.
-	void ShortenTimeouts(int divisor);
+	void ShortenTimeouts(int divisor) { sTimeoutDivisor = divisor; }
 	// Everybody who looks at the clock of the kits finds it so many seconds later than the last
 	// time.
-	void StepClock(int seconds);
+	void StepClock(int seconds) { sClockStep = seconds * 1000000LL; }
 	Timeouts SetTimeouts() const;
 
 	// The bytes that all recv() calls together have returned, the test's own included.
-	size_t CountReceived() const;
+	size_t CountReceived() const { return sReceived; }
 
 	// The threads that were asked for, in their order.
 	std::vector<Thread> Threads() const;
@@ -74,6 +75,17 @@ public:
 	// then does not snooze.
 	void HoldSnoozes();
 	void ReleaseSnoozes();
+
+	// What the calls themselves look at.
+	static const int kNothing = -1;
+	static inline std::atomic<int> sSocketError{kNothing};
+	static inline std::atomic<int> sConnectError{kNothing};
+	static inline std::atomic<int> sSendSize{kNothing};
+	static inline std::atomic<bool> sBreaksSend{false};
+	static inline std::atomic<status_t> sSpawnError{B_OK};
+	static inline std::atomic<int> sTimeoutDivisor{1};
+	static inline std::atomic<size_t> sReceived{0};
+	static inline std::atomic<bigtime_t> sClockStep{0};
 };
 
 

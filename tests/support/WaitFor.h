@@ -8,11 +8,19 @@
 
 #include <functional>
 
+#include <gtest/gtest.h>
+
 
 /*!	Waits until the condition holds; false when it does not within the given number of seconds.
 	In suites with windows the messages and the events of the application are served meanwhile.
 */
 bool WaitFor(const std::function<bool()>& condition, int seconds = 10);
+
+// A failure when the condition does not hold within ten seconds.
+#define EXPECT_SOON(...) \
+	EXPECT_TRUE(WaitFor([&] { \
+		return __VA_ARGS__; \
+	})) << #__VA_ARGS__
 
 // What is done between two looks at the condition, in place of a nap of a millisecond.
 void PassTimeWith(void (*pass)());

@@ -344,9 +344,7 @@ TEST_F(TrackerFetchTest, ListingThatDrips_EndsAfterAMinute)
 	FetchRun run(Address(), fRecorder.get());
 	ASSERT_TRUE(fServer.Accept());
 	fServer.Send(wire_tracker_header(65535, 0) + wire_server_record("one", ""));
-	EXPECT_TRUE(WaitFor([this, &run] {
-		return !fServer.Send("x") || run.HasEnded();
-	}));
+	EXPECT_SOON(!fServer.Send("x") || run.HasEnded());
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("done", Outcome().substr(Outcome().size() - 4));
 }
@@ -356,17 +354,13 @@ TEST_F(TrackerFetchTest, StoppedBeforeItStarts_ConnectsToNobody)
 {
 	fCalls.HoldLookups();
 	FetchRun run(Address(), fRecorder.get());
-	EXPECT_TRUE(WaitFor([this] {
-		return fCalls.Lookups().size() == 1;
-	}));
+	EXPECT_SOON(fCalls.Lookups().size() == 1);
 	run.Stop();
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("done", Outcome());
 	// The resolver answers when nobody is there any more.
 	fCalls.ReleaseLookups();
-	EXPECT_TRUE(WaitFor([] {
-		return count_threads_named("HL:Resolve") == 0;
-	}));
+	EXPECT_SOON(count_threads_named("HL:Resolve") == 0);
 	EXPECT_FALSE(fServer.HasCaller());
 }
 
@@ -381,9 +375,7 @@ TEST_F(TrackerFetchTest, StoppedWhileTheTrackerIsSilent_EndsAtOnce)
 		EXPECT_EQ(kRequest, fServer.Read(kRequest.size()));
 		const size_t before = fCalls.CountReceived();
 		fServer.Send(answer);
-		EXPECT_TRUE(WaitFor([&] {
-			return fCalls.CountReceived() == before + answer.size();
-		}));
+		EXPECT_SOON(fCalls.CountReceived() == before + answer.size());
 		run.Stop();
 		EXPECT_EQ(0, run.Result(5));
 		EXPECT_EQ("done", Outcome());
@@ -397,14 +389,10 @@ TEST_F(TrackerFetchTest, StoppedInTheListing_EndsWithTheNextByteAndPostsNone)
 	ASSERT_TRUE(fServer.Accept());
 	const std::string answer = wire_tracker_header(65535, 0) + wire_server_record("one", "");
 	fServer.Send(answer);
-	EXPECT_TRUE(WaitFor([this, &answer] {
-		return fCalls.CountReceived() == answer.size();
-	}));
+	EXPECT_SOON(fCalls.CountReceived() == answer.size());
 	run.running = false;
 	// The tracker neither closes nor falls silent.
-	EXPECT_TRUE(WaitFor([this, &run] {
-		return !fServer.Send("x") || run.HasEnded();
-	}));
+	EXPECT_SOON(!fServer.Send("x") || run.HasEnded());
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("done", Outcome());
 }

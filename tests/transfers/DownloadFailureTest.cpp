@@ -133,9 +133,7 @@ TEST_F(DownloadFailureTest, LocalFileRemovedOnTheWay_IsNotNoticed)
 	ASSERT_TRUE(fServer->Accept());
 	fServer->Send(
 		wire_zeros(24) + wire_fork_header("INFO", 0) + wire_fork_header("DATA", 4) + "da");
-	EXPECT_TRUE(WaitFor([this] {
-		return std::filesystem::remove(PathOf("file"));
-	}));
+	EXPECT_SOON(std::filesystem::remove(PathOf("file")));
 	fServer->Send("ta");
 	EXPECT_EQ(0, run.Result());
 	EXPECT_FALSE(std::filesystem::exists(PathOf("file")));

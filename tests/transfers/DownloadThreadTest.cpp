@@ -164,9 +164,7 @@ TEST_F(DownloadThreadTest, ConnectionResetInTheData_Fails)
 	ASSERT_TRUE(fServer->Accept());
 	fServer->Read(16);
 	fServer->Send(wire_file_object("data").substr(0, wire_file_object("data").size() - 1));
-	EXPECT_TRUE(WaitFor([this] {
-		return ContentOf(PathOf("file")) == "dat";
-	}));
+	EXPECT_SOON(ContentOf(PathOf("file")) == "dat");
 	fServer->Reset();
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("dat", ContentOf(PathOf("file")));

@@ -64,10 +64,8 @@ TransferTest::TearDown()
 	if (fRecorder == NULL)
 		fThreadsBefore--;
 	fServer->Hangup();
-	EXPECT_TRUE(WaitFor([this] {
-		return count_threads() == fThreadsBefore;
-	})) << count_threads()
-		<< " threads, before " << fThreadsBefore;
+	EXPECT_SOON(count_threads() == fThreadsBefore)
+		<< count_threads() << " threads, before " << fThreadsBefore;
 	EXPECT_EQ(fDescriptorsBefore, count_descriptors());
 }
 

@@ -176,9 +176,7 @@ TEST_F(AboutWindowTest, Credits_RollByThemselves)
 	_Open();
 	CreditsView* credits = fWindow->Find<CreditsView>("creditsView");
 	const std::string atFirst = picture_of(credits);
-	EXPECT_TRUE(WaitFor([&] {
-		return picture_of(credits) != atFirst;
-	}));
+	EXPECT_SOON(picture_of(credits) != atFirst);
 }
 
 

@@ -96,9 +96,7 @@ TEST_F(AgreementWindowTest, LongText_CanBeScrolled)
 	fWindow->Settle();
 	EXPECT_GT(view->PointAt(view->TextLength()).y, view->Bounds().bottom);
 	view->ScrollToOffset(view->TextLength());
-	EXPECT_TRUE(WaitFor([view] {
-		return view->PointAt(view->TextLength()).y < view->Bounds().bottom;
-	}));
+	EXPECT_SOON(view->PointAt(view->TextLength()).y < view->Bounds().bottom);
 }
 
 

@@ -55,9 +55,7 @@ protected:
 		fView->SetExplicitMinSize(BSize(0, 20));
 		BLayoutBuilder::Group<>(fWindow.Window(), B_VERTICAL, 0).Add(fView).AddGlue();
 		fWindow.Window()->Show();
-		EXPECT_TRUE(WaitFor([this] {
-			return fView->Frame().Width() == 299;
-		}));
+		EXPECT_SOON(fView->Frame().Width() == 299);
 	}
 
 	void _Show(int width, int height)

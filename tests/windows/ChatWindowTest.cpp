@@ -162,18 +162,12 @@ TEST_F(ChatWindowTest, AfterAnAppend_TheEndIsInView)
 	for (int line = 0; line < 200; line++)
 		fWindow->Window()->PostMessage(&message);
 	fWindow->Settle();
-	EXPECT_TRUE(WaitFor([this] {
-		return _ShowsTheEnd();
-	}));
+	EXPECT_SOON(_ShowsTheEnd());
 
 	fWindow->Find<BTextView>("chatview")->ScrollToOffset(0);
-	EXPECT_TRUE(WaitFor([this] {
-		return !_ShowsTheEnd();
-	}));
+	EXPECT_SOON(!_ShowsTheEnd());
 	_Append("the newest\n", 0xff);
-	EXPECT_TRUE(WaitFor([this] {
-		return _ShowsTheEnd();
-	}));
+	EXPECT_SOON(_ShowsTheEnd());
 }
 
 

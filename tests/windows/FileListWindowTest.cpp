@@ -365,9 +365,7 @@ TEST_F(FileListWindowTest, Controls_AreNamedAndReady)
 	_Open(NULL);
 	EXPECT_EQ("Download", accessible_of(fWindow->Find<BButton>("download")).name);
 	EXPECT_EQ("Upload", accessible_of(fWindow->Find<BButton>("upload")).name);
-	EXPECT_TRUE(WaitFor([this] {
-		return fList->IsFocus();
-	}));
+	EXPECT_SOON(fList->IsFocus());
 	BFont font;
 	fWindow->Find<BStringView>("countlabel")->GetFont(&font);
 	EXPECT_TRUE(font == *be_bold_font);

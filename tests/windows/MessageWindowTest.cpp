@@ -70,9 +70,7 @@ TEST_F(MessageWindowTest, AtFirst_IsNamedAfterTheNickAndEmpty)
 	EXPECT_EQ(0x8005, _Conversation()->Socket());
 	EXPECT_EQ("", _Transcript());
 	EXPECT_TRUE(fWindow->IsEnabled("pminput"));
-	EXPECT_TRUE(WaitFor([this] {
-		return fWindow->Find<BTextControl>("pminput")->TextView()->IsFocus();
-	}));
+	EXPECT_SOON(fWindow->Find<BTextControl>("pminput")->TextView()->IsFocus());
 	EXPECT_FALSE(fWindow->Find<BTextView>("pmchat")->IsEditable());
 	EXPECT_TRUE(fWindow->Find<BTextView>("pmchat")->DoesWordWrap());
 	EXPECT_EQ(0, fTarget->CountMessages());
@@ -157,14 +155,10 @@ TEST_F(MessageWindowTest, HostileNickAndText_AreShownAsTheyStand)
 TEST_F(MessageWindowTest, Incoming_RestoresAMinimizedWindow)
 {
 	fWindow->Window()->Minimize(true);
-	EXPECT_TRUE(WaitFor([this] {
-		return fWindow->Window()->IsMinimized();
-	}));
+	EXPECT_SOON(fWindow->Window()->IsMinimized());
 	_Receive("Ann", "wake up");
 	EXPECT_FALSE(fWindow->Window()->IsMinimized());
-	EXPECT_TRUE(WaitFor([this] {
-		return fWindow->Window()->IsActive();
-	}));
+	EXPECT_SOON(fWindow->Window()->IsActive());
 }
 
 
@@ -178,9 +172,7 @@ TEST_F(MessageWindowTest, AfterEveryLine_TheEndIsInView)
 	};
 	EXPECT_TRUE(WaitFor(showsTheEnd));
 	fWindow->Find<BTextView>("pmchat")->ScrollToOffset(0);
-	EXPECT_TRUE(WaitFor([&showsTheEnd] {
-		return !showsTheEnd();
-	}));
+	EXPECT_SOON(!showsTheEnd());
 	_Type("hi");
 	EXPECT_TRUE(WaitFor(showsTheEnd));
 }

@@ -246,9 +246,7 @@ TEST_F(OptionsWindowTest, TwoThousandIcons_AreAllListed)
 	_Open(kCount);
 	EXPECT_EQ(expected, _Icons());
 	EXPECT_EQ(kCount - 1, fList->CurrentSelection());
-	EXPECT_TRUE(WaitFor([this] {
-		return fList->Bounds().Intersects(fList->ItemFrame(kCount - 1));
-	}));
+	EXPECT_SOON(fList->Bounds().Intersects(fList->ItemFrame(kCount - 1)));
 	EXPECT_FALSE(fList->Bounds().Intersects(fList->ItemFrame(0)));
 }
 

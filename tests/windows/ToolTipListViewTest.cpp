@@ -30,15 +30,6 @@ without_line_ends(std::string text)
 }
 
 
-static bool
-wait_until_gone()
-{
-	return WaitFor([]() {
-		return tool_tip_on_screen().empty();
-	});
-}
-
-
 /*!	The lists of the windows, and what shows while the mouse rests over a row. */
 class ToolTipListViewTest : public WindowTest {
 protected:
@@ -46,7 +37,7 @@ protected:
 	void TearDown() override
 	{
 		fList->SetToolTip("");
-		EXPECT_TRUE(wait_until_gone());
+		EXPECT_SOON(tool_tip_on_screen().empty());
 	}
 
 	void _Open(BWindow* window, const char* list)
@@ -91,7 +82,7 @@ protected:
 	void _ExpectGone()
 	{
 		EXPECT_FALSE(_HasToolTip());
-		EXPECT_TRUE(wait_until_gone());
+		EXPECT_SOON(tool_tip_on_screen().empty());
 	}
 
 	// All of a name shows, broken into lines.
@@ -168,7 +159,7 @@ TEST_F(ToolTipListViewTest, NextRow_HasItsOwn)
 	EXPECT_EQ(kLong, _ToolTip(0));
 	EXPECT_EQ(kLong + " (2)", _ToolTip(1));
 	_ToolTip(2);
-	EXPECT_TRUE(wait_until_gone());
+	EXPECT_SOON(tool_tip_on_screen().empty());
 }
 
 
@@ -176,7 +167,7 @@ TEST_F(ToolTipListViewTest, BelowTheRows_IsNone)
 {
 	_ShowLongNick();
 	rest_mouse(fList, BPoint(20, fList->ItemFrame(0).bottom + 5));
-	EXPECT_TRUE(wait_until_gone());
+	EXPECT_SOON(tool_tip_on_screen().empty());
 }
 
 
@@ -200,7 +191,7 @@ TEST_F(ToolTipListViewTest, EmptiedList_TakesItAway)
 {
 	_ShowLongNick();
 	fWindow->Post(kMsgRemoveAll);
-	EXPECT_TRUE(wait_until_gone());
+	EXPECT_SOON(tool_tip_on_screen().empty());
 }
 
 
@@ -229,7 +220,7 @@ TEST_F(ToolTipListViewTest, WidenedWindow_HasRoomAndNone)
 	_ShowLongNick();
 	fWindow->Window()->ResizeTo(700, 370);
 	_WaitForWidth();
-	EXPECT_TRUE(wait_until_gone());
+	EXPECT_SOON(tool_tip_on_screen().empty());
 	EXPECT_FALSE(_HasToolTip());
 	EXPECT_EQ("", _ToolTip(0));
 
@@ -274,7 +265,7 @@ TEST_F(ToolTipListViewTest, LongNameOfAFileOrAFolder_IsItAsItStands)
 		EXPECT_EQ(kLong, _ToolTip(0));
 		EXPECT_EQ(kLong, accessible_of_row(fList, 0).name);
 		_ToolTip(1);
-		EXPECT_TRUE(wait_until_gone());
+		EXPECT_SOON(tool_tip_on_screen().empty());
 	}
 }
 
@@ -419,5 +410,5 @@ TEST_F(ServerToolTipTest, Refresh_TakesItAway)
 	_AddServer(kLong, "ships");
 	EXPECT_EQ(kLong, _ToolTip(0));
 	fWindow->Post(kMsgTrackerRefresh);
-	EXPECT_TRUE(wait_until_gone());
+	EXPECT_SOON(tool_tip_on_screen().empty());
 }

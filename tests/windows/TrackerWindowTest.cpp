@@ -40,9 +40,7 @@ protected:
 
 	void _AwaitStatus(const std::string& status)
 	{
-		EXPECT_TRUE(WaitFor([&] {
-			return fWindow->Label("status") == status;
-		})) << fWindow->Label("status");
+		EXPECT_SOON(fWindow->Label("status") == status) << fWindow->Label("status");
 	}
 
 	// As the fetch posts it.

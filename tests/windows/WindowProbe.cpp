@@ -52,9 +52,7 @@ WindowProbe::~WindowProbe()
 void
 WindowProbe::WaitForEnd() const
 {
-	EXPECT_TRUE(WaitFor([this] {
-		return !IsAlive();
-	}));
+	EXPECT_SOON(!IsAlive());
 }
 
 
@@ -74,9 +72,7 @@ WindowProbe::Settle(BLooper* looper)
 	looper->Unlock();
 	const BMessenger messenger(looper);
 	BMessenger(&barrier).SendMessage('barr');
-	EXPECT_TRUE(WaitFor([&] {
-		return barrier.HasPassed() || !messenger.IsValid();
-	}));
+	EXPECT_SOON(barrier.HasPassed() || !messenger.IsValid());
 	if (messenger.IsValid() && looper->Lock()) {
 		looper->RemoveHandler(&barrier);
 		looper->Unlock();

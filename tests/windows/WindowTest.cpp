@@ -44,9 +44,7 @@ WindowTest::ExpectMinimizedByClosing()
 {
 	fWindow->Post(B_QUIT_REQUESTED);
 	EXPECT_TRUE(fWindow->IsAlive());
-	EXPECT_TRUE(WaitFor([this] {
-		return fWindow->Window()->IsMinimized();
-	}));
+	EXPECT_SOON(fWindow->Window()->IsMinimized());
 }
 
 

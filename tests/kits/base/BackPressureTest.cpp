@@ -63,7 +63,7 @@ Poster::Poster(BLooper* looper, int32 messages, int32 dataSize)
 
 TEST(BackPressureTest, Poster_WaitsWhileTheQueueIsFull)
 {
-	ServedLooper* looper = new ServedLooper;
+	Owned<ServedLooper> looper;
 	Poster poster(looper, 100000);
 	ASSERT_TRUE(wait_for_full_queue(looper));
 	EXPECT_EQ(kLimit, poster.posted);
@@ -78,20 +78,18 @@ TEST(BackPressureTest, Poster_WaitsWhileTheQueueIsFull)
 	ASSERT_SERVED(received == 100000);
 	EXPECT_LE(maxWaiting, kLimit);
 	Join(poster.thread);
-	looper->Quit();
 }
 
 
 TEST(BackPressureTest, LargeMessages_AreCountedInBytes)
 {
-	ServedLooper* looper = new ServedLooper;
+	Owned<ServedLooper> looper;
 	Poster poster(looper, 20, 1024 * 1024);
 	ASSERT_TRUE(wait_for_full_queue(looper));
 	EXPECT_EQ(8, poster.posted);
 	looper->Run();
 	ASSERT_SERVED(looper->CountReceived() == 20);
 	Join(poster.thread);
-	looper->Quit();
 }
 
 
@@ -110,14 +108,12 @@ TEST(BackPressureTest, WaitingPoster_FailsWhenTheTargetDies)
 
 TEST(BackPressureTest, MainThread_NeverWaits)
 {
-	ScriptedLooper* looper = new ScriptedLooper;
+	Owned<ScriptedLooper> looper;
 	looper->Unlock();
 	for (int32 i = 0; i < kLimit + 5000; i++)
 		ASSERT_EQ(B_OK, looper->PostMessage('post'));
 	looper->Run();
 	EXPECT_SOON(looper->CountReceived() == kLimit + 5000);
-	looper->Lock();
-	looper->Quit();
 }
 
 
@@ -152,7 +148,7 @@ TEST(BackPressureTest, WhatOnePassesOnToASlowerOne_IsBounded)
 
 TEST(BackPressureTest, OwnThread_NeverWaits)
 {
-	ScriptedLooper* looper = new ScriptedLooper;
+	Owned<ScriptedLooper> looper;
 	looper->onMessage = [&](BMessage* message) {
 		for (int32 i = 0; message->what == 'more' && i < kLimit + 5000; i++)
 			looper->PostMessage('post');
@@ -160,14 +156,12 @@ TEST(BackPressureTest, OwnThread_NeverWaits)
 	looper->PostMessage('more');
 	looper->Run();
 	EXPECT_SOON(looper->CountReceived() == kLimit + 5001);
-	looper->Lock();
-	looper->Quit();
 }
 
 
 TEST(BackPressureTest, HolderOfTheLock_NeverWaits)
 {
-	ScriptedLooper* looper = new ScriptedLooper;
+	Owned<ScriptedLooper> looper;
 	looper->Run();
 	thread_id thread = RunThread([&] {
 		looper->Lock();
@@ -177,19 +171,16 @@ TEST(BackPressureTest, HolderOfTheLock_NeverWaits)
 	});
 	EXPECT_SOON(looper->CountReceived() == kLimit + 5000);
 	Join(thread);
-	looper->Lock();
-	looper->Quit();
 }
 
 
 TEST(BackPressureTest, ThreadThatIsWaitedFor_NeverWaits)
 {
 	// Nobody takes anything out of this queue, so that waiting for the poster could go on for ever.
-	ServedLooper* looper = new ServedLooper;
+	Owned<ServedLooper> looper;
 	Poster poster(looper, kLimit + 5000);
 	ASSERT_TRUE(wait_for_full_queue(looper));
 	EXPECT_EQ(kLimit, poster.posted);
 	EXPECT_EQ(B_OK, wait_for_thread(poster.thread, NULL));
 	EXPECT_EQ(kLimit + 5000, poster.posted);
-	looper->Quit();
 }

@@ -7,57 +7,19 @@
 
 #include <gtest/gtest.h>
 
-
-struct Counter {
-	BLocker lock{"test"};
-	int value = 0;
-};
-
-
-static status_t
-count_up(void* data)
-{
-	Counter* counter = static_cast<Counter*>(data);
-	for (int i = 0; i < 10000; i++) {
-		BAutolock locker(counter->lock);
-		counter->value++;
-	}
-	return B_OK;
-}
-
-
-static status_t
-is_locked_here(void* data)
-{
-	return static_cast<BLocker*>(data)->IsLocked() ? 1 : 0;
-}
-
-
-struct Attempt {
-	BLocker* lock;
-	bigtime_t timeout;
-};
-
-
-static status_t
-lock_and_unlock(void* data)
-{
-	const Attempt* attempt = static_cast<Attempt*>(data);
-	const status_t status = attempt->lock->LockWithTimeout(attempt->timeout);
-	if (status == B_OK)
-		attempt->lock->Unlock();
-	return status;
-}
+#include "RunThread.h"
 
 
 /*!	What LockWithTimeout() answers on another thread. */
 static status_t
 lock_elsewhere(BLocker* lock, bigtime_t timeout)
 {
-	Attempt attempt = {lock, timeout};
-	const thread_id thread = spawn_thread(lock_and_unlock, "other", B_NORMAL_PRIORITY, &attempt);
 	status_t status = B_ERROR;
-	EXPECT_EQ(B_OK, wait_for_thread(thread, &status));
+	Join(RunThread([&] {
+		status = lock->LockWithTimeout(timeout);
+		if (status == B_OK)
+			lock->Unlock();
+	}));
 	return status;
 }
 
@@ -79,10 +41,11 @@ TEST(LockerTest, IsLocked_SpeaksOfTheCallingThread)
 {
 	BLocker locker("test");
 	BAutolock autolock(locker);
-	thread_id thread = spawn_thread(is_locked_here, "other", B_NORMAL_PRIORITY, &locker);
-	status_t elsewhere = -1;
-	ASSERT_EQ(B_OK, wait_for_thread(thread, &elsewhere));
-	EXPECT_EQ(0, elsewhere);
+	bool isLockedElsewhere = true;
+	Join(RunThread([&] {
+		isLockedElsewhere = locker.IsLocked();
+	}));
+	EXPECT_FALSE(isLockedElsewhere);
 	EXPECT_TRUE(locker.IsLocked());
 }
 
@@ -105,17 +68,20 @@ TEST(LockerTest, LockWithTimeout_GivesUpWhileAnotherHoldsIt)
 
 TEST(LockerTest, Threads_ExcludeEachOther)
 {
-	Counter counter;
+	BLocker lock("test");
+	int value = 0;
 	thread_id threads[4];
-	for (thread_id& thread : threads)
-		thread = spawn_thread(count_up, "counter", B_NORMAL_PRIORITY, &counter);
+	for (thread_id& thread : threads) {
+		thread = RunThread([&] {
+			for (int i = 0; i < 10000; i++) {
+				BAutolock locker(lock);
+				value++;
+			}
+		});
+	}
 	for (thread_id thread : threads)
-		resume_thread(thread);
-	for (thread_id thread : threads)
-		wait_for_thread(thread, NULL);
-
-	BAutolock locker(counter.lock);
-	EXPECT_EQ(40000, counter.value);
+		Join(thread);
+	EXPECT_EQ(40000, value);
 }
 
 

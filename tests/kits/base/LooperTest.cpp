@@ -100,7 +100,7 @@ TEST(LooperTest, PostedMessage_IsACopy)
 
 TEST(LooperTest, BeforeRun_NothingIsDelivered)
 {
-	ScriptedLooper* looper = new ScriptedLooper;
+	Owned<ScriptedLooper> looper;
 	EXPECT_EQ(B_OK, looper->PostMessage('test'));
 	EXPECT_TRUE(looper->IsLocked());
 	EXPECT_EQ(B_BAD_THREAD_ID, looper->Thread());
@@ -109,7 +109,6 @@ TEST(LooperTest, BeforeRun_NothingIsDelivered)
 	EXPECT_EQ(thread, looper->Thread());
 	EXPECT_FALSE(looper->IsLocked());
 	EXPECT_SOON(looper->CountReceived() == 1);
-	quit(looper);
 }
 
 
@@ -130,7 +129,7 @@ TEST(LooperTest, Handlers_RunOnTheLoopersThreadWithItsLock)
 
 TEST(LooperTest, Lock_KeepsTheLooperFromDelivering)
 {
-	ScriptedLooper* looper = new ScriptedLooper;
+	Owned<ScriptedLooper> looper;
 	looper->Run();
 	ASSERT_TRUE(looper->Lock());
 	ASSERT_TRUE(looper->Lock());
@@ -141,13 +140,12 @@ TEST(LooperTest, Lock_KeepsTheLooperFromDelivering)
 	looper->Unlock();
 	EXPECT_FALSE(looper->IsLocked());
 	EXPECT_SOON(looper->CountReceived() == 1);
-	quit(looper);
 }
 
 
 TEST(LooperTest, Lock_IsHadInTheMiddleOfAFlood)
 {
-	ScriptedLooper* looper = new ScriptedLooper;
+	Owned<ScriptedLooper> looper;
 	looper->onMessage = [&](BMessage*) {
 		looper->PostMessage('more');
 	};
@@ -157,7 +155,6 @@ TEST(LooperTest, Lock_IsHadInTheMiddleOfAFlood)
 		ASSERT_TRUE(looper->Lock());
 		looper->Unlock();
 	}
-	quit(looper);
 }
 
 
@@ -247,11 +244,10 @@ TEST(LooperTest, QuitBeforeRun_DeletesTheLooper)
 
 TEST(LooperTest, QuitWithoutLock_DoesNothing)
 {
-	ScriptedLooper* looper = new ScriptedLooper;
+	Owned<ScriptedLooper> looper;
 	looper->Run();
 	looper->Quit();
 	EXPECT_TRUE(looper->Lock());
-	looper->Quit();
 }
 
 
@@ -327,7 +323,7 @@ TEST(LooperTest, Handler_GetsWhatIsPostedToIt)
 TEST(LooperTest, RemovedHandler_GetsNothingAnyMore)
 {
 	NotingHandler handler;
-	ScriptedLooper* looper = new ScriptedLooper;
+	Owned<ScriptedLooper> looper;
 	looper->AddHandler(&handler);
 	const BMessenger messenger(&handler);
 	messenger.SendMessage('mine');
@@ -338,33 +334,30 @@ TEST(LooperTest, RemovedHandler_GetsNothingAnyMore)
 	looper->Run();
 	EXPECT_SOON(looper->CountReceived() == 1);
 	EXPECT_EQ(0, handler.received);
-	quit(looper);
 }
 
 
 TEST(LooperTest, DeletedHandler_IsForgotten)
 {
 	NotingHandler* handler = new NotingHandler;
-	ScriptedLooper* looper = new ScriptedLooper;
+	Owned<ScriptedLooper> looper;
 	looper->AddHandler(handler);
 	BMessenger(handler).SendMessage('mine');
 	delete handler;
 	looper->PostMessage('last');
 	looper->Run();
 	EXPECT_SOON(looper->CountReceived() == 1);
-	quit(looper);
 }
 
 
 TEST(LooperTest, QuitRequestToAHandler_IsAMessageLikeOthers)
 {
 	NotingHandler handler;
-	ScriptedLooper* looper = new ScriptedLooper;
+	Owned<ScriptedLooper> looper;
 	looper->AddHandler(&handler);
 	BMessenger(&handler).SendMessage(B_QUIT_REQUESTED);
 	looper->Run();
 	EXPECT_SOON(handler.received == 1);
-	quit(looper);
 }
 
 

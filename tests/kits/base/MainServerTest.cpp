@@ -220,22 +220,17 @@ TEST_F(MainServerTest, WaitForThread_ServesTheOthersOnly)
 {
 	Run();
 	int32 innerCount = -1;
-	std::atomic<bool> release(false);
-	thread_id thread = RunThread([&] {
-		WaitFor([&] {
-			return release.load();
-		});
-	});
+	HeldThread held;
 	fFirst->onMessage = [&](BMessage* message) {
 		if (message->what != 'wait')
 			return;
 		fFirst->PostMessage('own ');
 		fSecond->PostMessage('free');
-		wait_for_thread(thread, NULL);
+		held.Wait();
 		innerCount = fFirst->CountReceived();
 	};
 	fSecond->onMessage = [&](BMessage*) {
-		release = true;
+		held.Release();
 	};
 	fFirst->PostMessage('wait');
 	ServeAll();
@@ -348,24 +343,18 @@ TEST_F(MainServerTest, DestructorInOwnHandler_WaitsWhileOthersAreServed)
 TEST_F(MainServerTest, TwoDying_HoldTheApplicationUntilBothAreGone)
 {
 	Run();
-	std::atomic<bool> release(false);
-	thread_id threads[2];
+	HeldThread held[2];
 	int32 counts[2] = {-1, -1};
-	for (thread_id& thread : threads)
-		thread = RunThread([&] {
-			WaitFor([&] {
-				return release.load();
-			});
-		});
 	fFirst->onDestroy = [&] {
 		fSecond->PostMessage(B_QUIT_REQUESTED);
-		wait_for_thread(threads[0], NULL);
+		held[0].Wait();
 		counts[0] = fApplication->CountReceived();
 	};
 	fSecond->onDestroy = [&] {
 		fApplication->PostMessage('quit');
-		release = true;
-		wait_for_thread(threads[1], NULL);
+		held[0].Release();
+		held[1].Release();
+		held[1].Wait();
 		counts[1] = fApplication->CountReceived();
 	};
 	fFirst->PostMessage(B_QUIT_REQUESTED);
@@ -406,7 +395,7 @@ TEST_F(MainServerTest, QuitWhileQueued_DropsTheRest)
 }
 
 
-TEST_F(MainServerTest, HandlerMayQuitAnother)
+TEST_F(MainServerTest, QuitByAnothersHandler_DeletesTheLooper)
 {
 	Run();
 	fSecond->PostMessage('drop');
@@ -432,14 +421,9 @@ TEST_F(MainServerTest, HandlerMayQuitAnother)
 TEST_F(MainServerTest, LooperScope_KeepsTheLooperFromBeingServed)
 {
 	Run();
-	std::atomic<bool> release(false);
-	thread_id thread = RunThread([&] {
-		WaitFor([&] {
-			return release.load();
-		});
-	});
+	HeldThread held;
 	fSecond->onMessage = [&](BMessage*) {
-		release = true;
+		held.Release();
 	};
 	{
 		LooperScope scope(fFirst);
@@ -449,7 +433,7 @@ TEST_F(MainServerTest, LooperScope_KeepsTheLooperFromBeingServed)
 		fSecond->PostMessage('test');
 		MainServer::Default()->ServeTurn();
 		EXPECT_EQ(0, fSecond->CountReceived());
-		wait_for_thread(thread, NULL);
+		held.Wait();
 		EXPECT_EQ(0, fFirst->CountReceived());
 		EXPECT_EQ(1, fSecond->CountReceived());
 	}
@@ -470,17 +454,12 @@ TEST_F(MainServerTest, WaitHook_WaitsInItsOwnWay)
 			return done(cookie);
 		});
 	});
-	std::atomic<bool> release(false);
-	thread_id thread = RunThread([&] {
-		WaitFor([&] {
-			return release.load();
-		});
-	});
+	HeldThread held;
 	fFirst->onMessage = [&](BMessage*) {
-		release = true;
+		held.Release();
 	};
 	fFirst->PostMessage('free');
-	EXPECT_EQ(B_OK, wait_for_thread(thread, NULL));
+	EXPECT_EQ(B_OK, held.Wait());
 	MainServer::Default()->SetWaitHook(NULL);
 	EXPECT_EQ(1, sCalls);
 	EXPECT_EQ(1, fFirst->CountReceived());

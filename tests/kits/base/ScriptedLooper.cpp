@@ -4,26 +4,9 @@
  */
 #include "ScriptedLooper.h"
 
-#include <memory>
-
 #include <poll.h>
 
 #include <LooperPrivate.h>
-
-
-namespace {
-
-
-status_t
-run_function(void* data)
-{
-	std::unique_ptr<std::function<void()>> function(static_cast<std::function<void()>*>(data));
-	(*function)();
-	return B_OK;
-}
-
-
-} // namespace
 
 
 ScriptedLooper::ScriptedLooper(const char* name)
@@ -117,21 +100,4 @@ ServeAll()
 {
 	while (MainServer::Default()->ServeTurn())
 		continue;
-}
-
-
-thread_id
-RunThread(std::function<void()> function, const char* name)
-{
-	auto* data = new std::function<void()>(std::move(function));
-	thread_id thread = spawn_thread(run_function, name, B_NORMAL_PRIORITY, data);
-	resume_thread(thread);
-	return thread;
-}
-
-
-void
-Join(thread_id thread)
-{
-	wait_for_thread(thread, NULL);
 }

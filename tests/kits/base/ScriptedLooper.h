@@ -11,6 +11,9 @@
 
 #include <Autolock.h>
 #include <Looper.h>
+#include <Messenger.h>
+
+#include "RunThread.h"
 
 
 /*!	A looper whose messages and end are given by the test, and which notes the codes that it
@@ -47,6 +50,33 @@ public:
 };
 
 
+/*!	A looper that quits at the end of a test, if it has not before. What its functions touch is to
+	outlive it.
+*/
+template<class LooperType>
+class Owned {
+public:
+	Owned()
+		: fLooper(new LooperType),
+		  fMessenger(fLooper)
+	{
+	}
+
+	~Owned()
+	{
+		if (fMessenger.IsValid() && fLooper->Lock())
+			fLooper->Quit();
+	}
+
+	operator LooperType*() const { return fLooper; }
+	LooperType* operator->() const { return fLooper; }
+
+private:
+	LooperType* fLooper;
+	BMessenger fMessenger;
+};
+
+
 /*!	Serves the loopers of the main thread until the condition holds. */
 bool ServeUntil(const std::function<bool()>& condition, int seconds = 60);
 
@@ -62,12 +92,5 @@ bool ServeUntil(const std::function<bool()>& condition, int seconds = 60);
 
 /*!	Serves the loopers of the main thread until none has anything to do. */
 void ServeAll();
-
-/*!	Runs a function on a thread of its own, which starts at once. */
-thread_id RunThread(std::function<void()> function, const char* name = "test");
-
-/*!	Waits until the thread has ended, if it has not yet. */
-void Join(thread_id thread);
-
 
 #endif // SCRIPTED_LOOPER_H

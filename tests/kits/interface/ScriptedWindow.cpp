@@ -85,23 +85,3 @@ ShowAndWait(ScriptedWindow* window)
 	ASSERT_SOON(!received->empty());
 	received->clear();
 }
-
-
-static status_t
-run_function(void* data)
-{
-	const std::unique_ptr<std::function<void()>> function(
-		static_cast<std::function<void()>*>(data));
-	(*function)();
-	return B_OK;
-}
-
-
-thread_id
-RunInThread(std::function<void()> function)
-{
-	const thread_id thread = spawn_thread(run_function, "test", B_NORMAL_PRIORITY,
-		new std::function<void()>(std::move(function)));
-	resume_thread(thread);
-	return thread;
-}

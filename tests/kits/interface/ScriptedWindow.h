@@ -11,8 +11,9 @@
 #include <vector>
 
 #include <Messenger.h>
-#include <OS.h>
 #include <Window.h>
+
+#include "RunThread.h"
 
 
 /*!	A window whose messages and end are given by the test, and which notes the codes that it
@@ -69,9 +70,6 @@ bool IsAlive(const BMessenger& window);
 
 /*!	Shows the window and waits until it has taken a message. */
 void ShowAndWait(ScriptedWindow* window);
-
-/*!	Runs a function on a thread of its own, which starts at once. */
-thread_id RunInThread(std::function<void()> function);
 
 
 #endif // SCRIPTED_WINDOW_H

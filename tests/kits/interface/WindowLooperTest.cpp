@@ -60,7 +60,7 @@ TEST(WindowLooperTest, PostRightAfterTheLastWasServed_IsServedToo)
 		served++;
 	};
 
-	const thread_id poster = RunInThread([&] {
+	const thread_id poster = RunThread([&] {
 		for (uint32 code = 1; code <= count; code++) {
 			window->PostMessage(code);
 			while (served < code && !givesUp)
@@ -69,8 +69,7 @@ TEST(WindowLooperTest, PostRightAfterTheLastWasServed_IsServedToo)
 	});
 	EXPECT_SOON(served == count);
 	givesUp = true;
-	status_t result;
-	wait_for_thread(poster, &result);
+	Join(poster);
 }
 
 
@@ -99,7 +98,7 @@ TEST(WindowLooperTest, PostFromTheOwnHandler_ComesAfterTheTurnOfOthers)
 
 TEST(WindowLooperTest, WaitingHandler_IsNotEnteredAgainWhileOthersAreServed)
 {
-	std::atomic<bool> released(false);
+	HeldThread held;
 	bool isInside = false;
 	bool wasEnteredAgain = false;
 	OwnedWindow waiting;
@@ -111,12 +110,7 @@ TEST(WindowLooperTest, WaitingHandler_IsNotEnteredAgainWhileOthersAreServed)
 		wasEnteredAgain = wasEnteredAgain || isInside;
 		isInside = true;
 		if (message->what == kWait) {
-			const thread_id thread = RunInThread([&] {
-				while (!released)
-					snooze(1000);
-			});
-			status_t result;
-			wait_for_thread(thread, &result);
+			held.Wait();
 		}
 		isInside = false;
 	};
@@ -129,7 +123,7 @@ TEST(WindowLooperTest, WaitingHandler_IsNotEnteredAgainWhileOthersAreServed)
 			waiting->PostMessage(kPing);
 			other->PostMessage(message->what);
 		} else
-			released = true;
+			held.Release();
 	};
 
 	waiting->PostMessage(kWait);
@@ -198,7 +192,7 @@ TEST(WindowLooperTest, LockOnAnotherThread_Fails)
 	ShowAndWait(window);
 
 	std::atomic<int> result(-1);
-	RunInThread([&] {
+	RunThread([&] {
 		result = window->Lock() ? 1 : 0;
 	});
 	EXPECT_SOON(result >= 0);
@@ -208,7 +202,7 @@ TEST(WindowLooperTest, LockOnAnotherThread_Fails)
 
 TEST(WindowLooperTest, QuittingWindow_TakesNoMessagesAndServesOthersWhileItWaits)
 {
-	std::atomic<bool> released(false);
+	HeldThread held;
 	ScriptedWindow* dying = new ScriptedWindow;
 	const BMessenger messenger(dying);
 	const std::shared_ptr<std::vector<uint32>> received = dying->Received();
@@ -216,43 +210,33 @@ TEST(WindowLooperTest, QuittingWindow_TakesNoMessagesAndServesOthersWhileItWaits
 	ShowAndWait(dying);
 	ShowAndWait(other);
 	dying->onDestroy = [&] {
-		const thread_id thread = RunInThread([&] {
-			while (!released)
-				snooze(1000);
-		});
-		status_t result;
-		wait_for_thread(thread, &result);
+		held.Wait();
 	};
 	other->onMessage = [&](BMessage*) {
 		EXPECT_TRUE(dying->IsHidden());
 		EXPECT_FALSE(dying->Lock());
 		EXPECT_NE(B_OK, messenger.SendMessage(kPing));
-		released = true;
+		held.Release();
 	};
 
 	dying->PostMessage(B_QUIT_REQUESTED);
 	dying->PostMessage(kPing);
 	other->PostMessage(kPing);
-	EXPECT_SOON(!IsAlive(messenger) && released);
+	EXPECT_SOON(!IsAlive(messenger) && held.IsReleased());
 	EXPECT_TRUE(received->empty());
 }
 
 
 TEST(WindowLooperTest, QuitByAnother_WhileAHandlerWaits_WaitsForTheHandler)
 {
-	std::atomic<bool> released(false);
+	HeldThread held;
 	std::string order;
 	ScriptedWindow* waiting = new ScriptedWindow;
 	OwnedWindow other;
 	ShowAndWait(waiting);
 	ShowAndWait(other);
 	waiting->onMessage = [&](BMessage*) {
-		const thread_id thread = RunInThread([&] {
-			while (!released)
-				snooze(1000);
-		});
-		status_t result;
-		wait_for_thread(thread, &result);
+		held.Wait();
 		order += "h";
 	};
 	waiting->onDestroy = [&] {
@@ -263,7 +247,7 @@ TEST(WindowLooperTest, QuitByAnother_WhileAHandlerWaits_WaitsForTheHandler)
 		waiting->Quit();
 		EXPECT_FALSE(waiting->Lock());
 		order += "q";
-		released = true;
+		held.Release();
 	};
 
 	waiting->PostMessage(kWait);
@@ -280,7 +264,7 @@ TEST(WindowLooperTest, FloodInOneWindow_LeavesOthersAndATimerServed)
 	OwnedWindow other;
 	ShowAndWait(flooded);
 	ShowAndWait(other);
-	const thread_id thread = RunInThread([&] {
+	const thread_id thread = RunThread([&] {
 		while (!stopped && flooded->PostMessage(kPing) == B_OK)
 			continue;
 	});
@@ -291,8 +275,7 @@ TEST(WindowLooperTest, FloodInOneWindow_LeavesOthersAndATimerServed)
 	EXPECT_SOON(other->Received()->size() >= 5);
 
 	stopped = true;
-	status_t result;
-	wait_for_thread(thread, &result);
+	Join(thread);
 }
 
 
@@ -302,7 +285,7 @@ TEST(WindowLooperTest, FiftyThreadsPostWhileWindowsComeAndGo_NothingGoesAstray)
 	std::atomic<bool> stopped(false);
 	std::atomic<int> running(50);
 	for (int i = 0; i < 50; i++) {
-		RunInThread([&] {
+		RunThread([&] {
 			while (!stopped) {
 				BWindow* window = target;
 				if (window == NULL || window->PostMessage(kPing) != B_OK)

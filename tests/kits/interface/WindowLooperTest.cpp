@@ -36,19 +36,6 @@ TEST(WindowLooperTest, BeforeShow_NothingIsDelivered)
 }
 
 
-TEST(WindowLooperTest, PostedMessages_ArriveInOrder)
-{
-	OwnedWindow window;
-	window->Show();
-	for (uint32 code = 1; code <= 1000; code++)
-		window->PostMessage(code);
-
-	ASSERT_SOON(window->Received()->size() == 1000);
-	for (uint32 code = 1; code <= 1000; code++)
-		EXPECT_EQ(code, (*window->Received())[code - 1]);
-}
-
-
 TEST(WindowLooperTest, PostRightAfterTheLastWasServed_IsServedToo)
 {
 	const uint32 count = 100;
@@ -70,29 +57,6 @@ TEST(WindowLooperTest, PostRightAfterTheLastWasServed_IsServedToo)
 	EXPECT_SOON(served == count);
 	givesUp = true;
 	Join(poster);
-}
-
-
-TEST(WindowLooperTest, PostFromTheOwnHandler_ComesAfterTheTurnOfOthers)
-{
-	std::string order;
-	OwnedWindow first;
-	OwnedWindow second;
-	ShowAndWait(first);
-	ShowAndWait(second);
-	first->onMessage = [&](BMessage* message) {
-		order += message->what == kPing ? "a" : "c";
-		if (message->what == kPing)
-			first->PostMessage(kPong);
-	};
-	second->onMessage = [&](BMessage*) {
-		order += "b";
-	};
-
-	first->PostMessage(kPing);
-	second->PostMessage(kPing);
-	EXPECT_SOON(order.size() == 3);
-	EXPECT_EQ("abc", order);
 }
 
 
@@ -183,20 +147,6 @@ TEST(WindowLooperTest, WindowThatIsGone_CannotBeLockedOrPostedTo)
 	EXPECT_FALSE(window->Lock());
 	EXPECT_NE(B_OK, window->PostMessage(kPing));
 	EXPECT_NE(B_OK, window->PostMessage(B_QUIT_REQUESTED));
-}
-
-
-TEST(WindowLooperTest, LockOnAnotherThread_Fails)
-{
-	OwnedWindow window;
-	ShowAndWait(window);
-
-	std::atomic<int> result(-1);
-	RunThread([&] {
-		result = window->Lock() ? 1 : 0;
-	});
-	EXPECT_SOON(result >= 0);
-	EXPECT_EQ(0, result);
 }
 
 
@@ -309,20 +259,4 @@ TEST(WindowLooperTest, FiftyThreadsPostWhileWindowsComeAndGo_NothingGoesAstray)
 
 	stopped = true;
 	EXPECT_SOON(running == 0);
-}
-
-
-TEST(WindowLooperTest, MessengerOfAWindow_IsNotTakenInByItsAddressUsedAgain)
-{
-	ScriptedWindow* window = new ScriptedWindow;
-	const BMessenger messenger(window);
-	window->Quit();
-	EXPECT_FALSE(messenger.IsValid());
-
-	// Sooner or later one of them stands where the first one was.
-	for (int i = 0; i < 50; i++) {
-		ScriptedWindow* next = new ScriptedWindow;
-		EXPECT_NE(B_OK, messenger.SendMessage(kPing));
-		next->Quit();
-	}
 }

@@ -47,12 +47,13 @@ private:
 };
 
 
-float
-max_height(BWindow* window)
+/*!	From the smallest to the largest width and height. */
+BRect
+size_limits(BWindow* window)
 {
-	float minWidth, maxWidth, minHeight, maxHeight;
-	window->GetSizeLimits(&minWidth, &maxWidth, &minHeight, &maxHeight);
-	return maxHeight;
+	BRect limits;
+	window->GetSizeLimits(&limits.left, &limits.right, &limits.top, &limits.bottom);
+	return limits;
 }
 
 
@@ -70,10 +71,14 @@ TEST(WindowTest, NewWindow_IsHiddenAndWhereItShallBe)
 	EXPECT_STREQ("Scripted", window->Title());
 	EXPECT_EQ(B_TITLED_WINDOW_LOOK, window->Look());
 	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, window->Feel());
+	window->SetTitle("Palimbra — a & b [*] \xff");
+	EXPECT_STREQ("Palimbra — a & b [*] \xff", window->Title());
+	window->SetTitle(NULL);
+	EXPECT_STREQ("", window->Title());
 }
 
 
-TEST(WindowTest, Minimize_IsReadAtOnceAndIgnoredWhileHidden)
+TEST(WindowTest, Minimized_IsReadAtOnceAndServed_AndIgnoredWhileHidden)
 {
 	OwnedWindow window;
 	window->Minimize(true);
@@ -82,27 +87,20 @@ TEST(WindowTest, Minimize_IsReadAtOnceAndIgnoredWhileHidden)
 	window->Show();
 	window->Minimize(true);
 	EXPECT_TRUE(window->IsMinimized());
+	window->PostMessage('ping');
+	EXPECT_SOON(window->Received()->size() == 1);
+	EXPECT_TRUE(window->IsMinimized());
+	EXPECT_FALSE(window->IsHidden());
 	window->Minimize(false);
 	EXPECT_FALSE(window->IsMinimized());
 }
 
 
-TEST(WindowTest, ShownThenMinimized_StaysMinimizedAndIsServed)
-{
-	OwnedWindow window;
-	window->Show();
-	window->Minimize(true);
-	window->PostMessage('ping');
-	EXPECT_SOON(window->Received()->size() == 1);
-	EXPECT_TRUE(window->IsMinimized());
-	EXPECT_FALSE(window->IsHidden());
-}
-
-
-TEST(WindowTest, Activate_GivesTheFocus)
+TEST(WindowTest, Activate_GivesTheFocusAndSaysNothing)
 {
 	OwnedWindow first;
 	OwnedWindow second;
+	testing::internal::CaptureStderr();
 	first->Show();
 	second->Show();
 	second->Activate(true);
@@ -112,27 +110,7 @@ TEST(WindowTest, Activate_GivesTheFocus)
 	first->Minimize(false);
 	first->Activate(true);
 	EXPECT_SOON(first->IsActive() && !second->IsActive());
-}
-
-
-TEST(WindowTest, Activate_SaysNothing)
-{
-	OwnedWindow window;
-	testing::internal::CaptureStderr();
-	ShowAndWait(window);
-	window->Activate(true);
-	EXPECT_SOON(window->IsActive());
 	EXPECT_EQ("", testing::internal::GetCapturedStderr());
-}
-
-
-TEST(WindowTest, Title_IsReadAtOnce)
-{
-	OwnedWindow window;
-	window->SetTitle("Palimbra — a & b [*] \xff");
-	EXPECT_STREQ("Palimbra — a & b [*] \xff", window->Title());
-	window->SetTitle(NULL);
-	EXPECT_STREQ("", window->Title());
 }
 
 
@@ -219,13 +197,11 @@ TEST(WindowTest, SizeLimits_FollowTheLayout)
 		.Add(new SizedView(BSize(99, 9), BSize(B_SIZE_UNLIMITED, 29)));
 	ShowAndWait(window);
 
-	float minWidth, maxWidth, minHeight, maxHeight;
 	ASSERT_SOON(window->Bounds().Height() == 49);
-	window->GetSizeLimits(&minWidth, &maxWidth, &minHeight, &maxHeight);
-	EXPECT_FLOAT_EQ(149, minWidth);
-	EXPECT_GE(maxWidth, 10000);
-	EXPECT_FLOAT_EQ(19, minHeight);
-	EXPECT_FLOAT_EQ(49, maxHeight);
+	const BRect limits = size_limits(window);
+	EXPECT_EQ(BPoint(149, 19), limits.LeftTop());
+	EXPECT_GE(limits.right, 10000);
+	EXPECT_FLOAT_EQ(49, limits.bottom);
 
 	window->ResizeTo(10, 10);
 	EXPECT_EQ(BRect(0, 0, 149, 19), window->Bounds());
@@ -256,7 +232,7 @@ TEST(WindowTest, GrowingMinimum_GrowsTheWindow_AndShrinkingMaximum_ShrinksIt)
 	window->InvalidateLayout();
 	EXPECT_SOON(window->Bounds().Height() == 40);
 	EXPECT_FLOAT_EQ(0, banner->Frame().Height());
-	EXPECT_FLOAT_EQ(40, max_height(window));
+	EXPECT_FLOAT_EQ(40, size_limits(window).bottom);
 }
 
 
@@ -293,12 +269,7 @@ TEST(WindowTest, NotResizable_HasOneSizeWithinItsLayout)
 		.Add(new SizedView(BSize(99, 49), BSize(B_SIZE_UNLIMITED, 79)));
 	window->Layout(false);
 
-	float minWidth, maxWidth, minHeight, maxHeight;
-	window->GetSizeLimits(&minWidth, &maxWidth, &minHeight, &maxHeight);
-	EXPECT_FLOAT_EQ(299, minWidth);
-	EXPECT_FLOAT_EQ(299, maxWidth);
-	EXPECT_FLOAT_EQ(79, minHeight);
-	EXPECT_FLOAT_EQ(79, maxHeight);
+	EXPECT_EQ(BRect(299, 79, 299, 79), size_limits(window));
 	EXPECT_EQ(BRect(0, 0, 299, 79), window->Bounds());
 }
 

@@ -38,6 +38,14 @@ public:
 };
 
 
+void
+activate(BWindow* window)
+{
+	window->Activate(true);
+	ASSERT_SOON(window->IsActive());
+}
+
+
 } // namespace
 
 
@@ -118,40 +126,32 @@ TEST(WindowUseTest, CloseBox_AsksTheWindowAndDoesNothingElse)
 }
 
 
-TEST(WindowUseTest, Escape_ClosesOnlyWhereItShall)
+TEST(WindowUseTest, EscapeAndCommandW_AskTheWindow_WhereTheyShall)
 {
-	for (const bool closes : {false, true}) {
-		SCOPED_TRACE(closes);
+	const struct {
+		char key;
+		uint32 modifiers;
+		uint32 flags;
+		int asked;
+	} cases[] = {
+		{B_ESCAPE, 0, B_CLOSE_ON_ESCAPE, 1},
+		{B_ESCAPE, 0, 0, 0},
+		{'W', B_COMMAND_KEY, 0, 1},
+		{'W', B_COMMAND_KEY, B_NOT_CLOSABLE, 0},
+	};
+	for (const auto& entry : cases) {
+		SCOPED_TRACE(testing::Message() << int(entry.key) << " with flags " << entry.flags);
 		int asked = 0;
-		OwnedWindow window(closes ? B_CLOSE_ON_ESCAPE : 0);
+		OwnedWindow window(entry.flags);
 		window->onQuitRequested = [&] {
 			asked++;
 			return false;
 		};
 		ShowAndWait(window);
-		press_window_key(window, B_ESCAPE);
+		press_window_key(window, entry.key, entry.modifiers);
 		window->PostMessage('last');
 		EXPECT_SOON(window->Received()->size() == 1);
-		EXPECT_EQ(closes ? 1 : 0, asked);
-	}
-}
-
-
-TEST(WindowUseTest, CommandW_AsksTheWindow_UnlessItHasNoCloseBox)
-{
-	for (const bool closes : {false, true}) {
-		SCOPED_TRACE(closes);
-		int asked = 0;
-		OwnedWindow window(closes ? 0 : B_NOT_CLOSABLE);
-		window->onQuitRequested = [&] {
-			asked++;
-			return false;
-		};
-		ShowAndWait(window);
-		press_window_key(window, 'W', B_COMMAND_KEY);
-		window->PostMessage('last');
-		EXPECT_SOON(window->Received()->size() == 1);
-		EXPECT_EQ(closes ? 1 : 0, asked);
+		EXPECT_EQ(entry.asked, asked);
 	}
 }
 
@@ -213,8 +213,7 @@ TEST(WindowUseTest, Shortcut_ChoosesTheItem)
 	bar->AddItem(menu);
 	BLayoutBuilder::Group<>(window, B_VERTICAL).Add(bar);
 	ShowAndWait(window);
-	window->Activate(true);
-	ASSERT_SOON(window->IsActive());
+	activate(window);
 
 	press_window_key(window, 'K', B_COMMAND_KEY);
 	press_window_key(window, '1', B_COMMAND_KEY);
@@ -235,8 +234,7 @@ TEST(WindowUseTest, Tab_GoesThroughTheViewsInTheOrderInWhichTheyWereAdded)
 	window->AddChild(last);
 	first->MakeFocus(true);
 	ShowAndWait(window);
-	window->Activate(true);
-	ASSERT_SOON(window->IsActive());
+	activate(window);
 
 	press_window_key(window, B_TAB);
 	EXPECT_EQ(last, window->CurrentFocus());
@@ -254,8 +252,7 @@ TEST(WindowUseTest, DefaultButton_ShowsWhetherItHasTheFocus)
 	ok->MakeDefault(true);
 	other->MakeFocus(true);
 	ShowAndWait(window);
-	window->Activate(true);
-	ASSERT_SOON(window->IsActive());
+	activate(window);
 
 	// Not compared by what would print all pixels.
 	const std::string unfocused = picture_of(ok);

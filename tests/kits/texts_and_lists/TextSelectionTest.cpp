@@ -38,24 +38,49 @@ protected:
 		return places;
 	}
 
-	void Drag(BPoint from, BPoint to)
+	// What the mouse does. Each returns the selection then.
+	std::string Click(BPoint where)
 	{
-		press_mouse(fText, from);
-		drag_mouse(fText, to);
-		release_mouse(fText, to);
+		click(fText, where);
+		return Selection();
 	}
 
-	void ClickWithShift(BPoint where)
+	std::string ClickWithShift(BPoint where)
 	{
 		press_mouse(fText, where, B_SHIFT_KEY);
-		release_mouse(fText, where);
+		return Release(where);
 	}
 
-	void TripleClick(BPoint where)
+	std::string DoubleClick(BPoint where)
+	{
+		double_click(fText, where);
+		return Selection();
+	}
+
+	std::string TripleClick(BPoint where)
 	{
 		double_click(fText, where);
 		press_mouse(fText, where);
+		return Release(where);
+	}
+
+	std::string DragTo(BPoint where)
+	{
+		drag_mouse(fText, where);
+		return Selection();
+	}
+
+	std::string Release(BPoint where)
+	{
 		release_mouse(fText, where);
+		return Selection();
+	}
+
+	std::string Drag(BPoint from, BPoint to)
+	{
+		press_mouse(fText, from);
+		DragTo(to);
+		return Release(to);
 	}
 };
 
@@ -94,11 +119,9 @@ TEST_F(TextSelectionTest, LeftAndRight_LeaveTheSelectionToTheirSide)
 {
 	Append("some words");
 	fText->Select(2, 6);
-	Press(B_LEFT_ARROW);
-	EXPECT_EQ(Selection(), "2..2");
+	EXPECT_EQ(Press(B_LEFT_ARROW), "2..2");
 	fText->Select(2, 6);
-	Press(B_RIGHT_ARROW);
-	EXPECT_EQ(Selection(), "6..6");
+	EXPECT_EQ(Press(B_RIGHT_ARROW), "6..6");
 }
 
 
@@ -109,8 +132,7 @@ TEST_F(TextSelectionTest, ByWords_StopsWhereWordsBegin)
 	EXPECT_EQ(Walk(22, B_LEFT_ARROW, 8, B_COMMAND_KEY), "18 16 15 14 9 7 4 0 ");
 	EXPECT_EQ(Walk(4, B_RIGHT_ARROW, 3, B_COMMAND_KEY | B_SHIFT_KEY), "7 9 14 ");
 	EXPECT_EQ(Selection(), "4..14");
-	Press(B_LEFT_ARROW, B_COMMAND_KEY | B_SHIFT_KEY);
-	EXPECT_EQ(Selection(), "4..9");
+	EXPECT_EQ(Press(B_LEFT_ARROW, B_COMMAND_KEY | B_SHIFT_KEY), "4..9");
 }
 
 
@@ -124,8 +146,7 @@ TEST_F(TextSelectionTest, UpAndDown_KeepTheColumnOverShorterLines)
 	Press(B_DOWN_ARROW);
 	Press(B_LEFT_ARROW);
 	Press(B_DOWN_ARROW);
-	Press(B_DOWN_ARROW);
-	EXPECT_EQ(Selection(), "12..12");
+	EXPECT_EQ(Press(B_DOWN_ARROW), "12..12");
 	EXPECT_EQ(Walk(5, B_DOWN_ARROW, 3, B_SHIFT_KEY), "9 10 16 ");
 	EXPECT_EQ(Selection(), "5..16");
 }
@@ -151,8 +172,7 @@ TEST_F(TextSelectionTest, UpAndDown_GoByTheRowsOfAWrappedLine)
 	fText->GetSelection(&start, &end);
 	EXPECT_GT(fText->PointAt(start).y, fText->PointAt(2).y);
 	EXPECT_EQ(fText->PointAt(start).x, fText->PointAt(2).x);
-	Press(B_UP_ARROW);
-	EXPECT_EQ(Selection(), "2..2");
+	EXPECT_EQ(Press(B_UP_ARROW), "2..2");
 }
 
 
@@ -196,8 +216,7 @@ TEST_F(TextSelectionTest, HebrewLine_IsWalkedFromRightToLeft)
 	EXPECT_EQ(Walk(17, B_RIGHT_ARROW, 2, B_COMMAND_KEY), "13 4 ");
 	EXPECT_EQ(Walk(6, B_LEFT_ARROW, 2, B_SHIFT_KEY), "8 10 ");
 	fText->Select(6, 10);
-	Press(B_RIGHT_ARROW);
-	EXPECT_EQ(Selection(), "6..6");
+	EXPECT_EQ(Press(B_RIGHT_ARROW), "6..6");
 }
 
 
@@ -322,81 +341,62 @@ TEST_F(TextSelectionTest, KeysThatItDoesNotUse_ReachTheWindow)
 TEST_F(TextSelectionTest, Click_SetsTheCaretAtTheCloserEdge)
 {
 	Append("mmmm\nmmmm");
-	click(fText, Before(6));
-	EXPECT_EQ(Selection(), "6..6");
-	click(fText, Behind(6));
-	EXPECT_EQ(Selection(), "7..7");
+	EXPECT_EQ(Click(Before(6)), "6..6");
+	EXPECT_EQ(Click(Behind(6)), "7..7");
 	// Beside a line it is its end, below the text that of the text.
-	click(fText, BPoint(200, fText->PointAt(0).y + 5));
-	EXPECT_EQ(Selection(), "4..4");
-	click(fText, BPoint(8, 120));
-	EXPECT_EQ(Selection(), "9..9");
+	EXPECT_EQ(Click(BPoint(200, fText->PointAt(0).y + 5)), "4..4");
+	EXPECT_EQ(Click(BPoint(8, 120)), "9..9");
 }
 
 
 TEST_F(TextSelectionTest, ClickWithShift_ExtendsFromTheAnchor)
 {
 	Append("some words\nmore words");
-	click(fText, Before(5));
-	ClickWithShift(Before(13));
-	EXPECT_EQ(Selection(), "5..13");
-	ClickWithShift(Before(2));
-	EXPECT_EQ(Selection(), "2..5");
-	Press(B_RIGHT_ARROW, B_SHIFT_KEY);
-	EXPECT_EQ(Selection(), "3..5");
+	Click(Before(5));
+	EXPECT_EQ(ClickWithShift(Before(13)), "5..13");
+	EXPECT_EQ(ClickWithShift(Before(2)), "2..5");
+	EXPECT_EQ(Press(B_RIGHT_ARROW, B_SHIFT_KEY), "3..5");
 }
 
 
 TEST_F(TextSelectionTest, ClickWithShiftAfterWords_ExtendsByWords)
 {
 	Append("some words and more words");
-	double_click(fText, Before(6));
-	ClickWithShift(Before(17));
-	EXPECT_EQ(Selection(), "5..19");
-	ClickWithShift(Before(2));
-	EXPECT_EQ(Selection(), "0..10");
+	DoubleClick(Before(6));
+	EXPECT_EQ(ClickWithShift(Before(17)), "5..19");
+	EXPECT_EQ(ClickWithShift(Before(2)), "0..10");
 	// A key ends that.
 	Press(B_LEFT_ARROW);
-	ClickWithShift(Before(12));
-	EXPECT_EQ(Selection(), "0..12");
+	EXPECT_EQ(ClickWithShift(Before(12)), "0..12");
 }
 
 
 TEST_F(TextSelectionTest, Drag_SelectsForwardsAndBackwards)
 {
 	Append("some words\nmore words");
-	Drag(Before(2), Before(14));
-	EXPECT_EQ(Selection(), "2..14");
-	click(fText, Before(0));
-	Drag(Before(14), Before(2));
-	EXPECT_EQ(Selection(), "2..14");
-	Press(B_LEFT_ARROW, B_SHIFT_KEY);
-	EXPECT_EQ(Selection(), "1..14");
+	EXPECT_EQ(Drag(Before(2), Before(14)), "2..14");
+	Click(Before(0));
+	EXPECT_EQ(Drag(Before(14), Before(2)), "2..14");
+	EXPECT_EQ(Press(B_LEFT_ARROW, B_SHIFT_KEY), "1..14");
 }
 
 
 TEST_F(TextSelectionTest, DragAboveAndBelowAShortText_SelectsToItsEdge)
 {
 	Append("some words\nmore words");
-	Drag(Before(5), BPoint(40, -30));
-	EXPECT_EQ(Selection(), "0..5");
-	click(fText, Before(0));
-	Drag(Before(5), BPoint(40, 130));
-	EXPECT_EQ(Selection(), "5..21");
+	EXPECT_EQ(Drag(Before(5), BPoint(40, -30)), "0..5");
+	Click(Before(0));
+	EXPECT_EQ(Drag(Before(5), BPoint(40, 130)), "5..21");
 }
 
 
 TEST_F(TextSelectionTest, DoubleClick_SelectsTheWord)
 {
 	Append("some words, (more)");
-	double_click(fText, Before(6));
-	EXPECT_EQ(Selection(), "5..10");
-	double_click(fText, Behind(9));
-	EXPECT_EQ(Selection(), "5..10");
-	double_click(fText, Before(0));
-	EXPECT_EQ(Selection(), "0..4");
-	double_click(fText, Before(14));
-	EXPECT_EQ(Selection(), "13..17");
+	EXPECT_EQ(DoubleClick(Before(6)), "5..10");
+	EXPECT_EQ(DoubleClick(Behind(9)), "5..10");
+	EXPECT_EQ(DoubleClick(Before(0)), "0..4");
+	EXPECT_EQ(DoubleClick(Before(14)), "13..17");
 }
 
 
@@ -404,27 +404,20 @@ TEST_F(TextSelectionTest, DoubleClickThatIsDragged_SelectsWords)
 {
 	Append("some words and more");
 	press_mouse_again(fText, Before(7));
-	drag_mouse(fText, Before(12));
-	EXPECT_EQ(Selection(), "5..14");
-	drag_mouse(fText, Before(6));
-	EXPECT_EQ(Selection(), "5..10");
-	drag_mouse(fText, Before(2));
-	EXPECT_EQ(Selection(), "0..10");
-	release_mouse(fText, Before(2));
-	drag_mouse(fText, Before(18));
-	EXPECT_EQ(Selection(), "0..10");
+	EXPECT_EQ(DragTo(Before(12)), "5..14");
+	EXPECT_EQ(DragTo(Before(6)), "5..10");
+	EXPECT_EQ(DragTo(Before(2)), "0..10");
+	Release(Before(2));
+	EXPECT_EQ(DragTo(Before(18)), "0..10");
 }
 
 
 TEST_F(TextSelectionTest, TripleClick_SelectsTheLine)
 {
 	Append("first\nsome words\nlast");
-	TripleClick(Before(8));
-	EXPECT_EQ(Selection(), "6..17");
-	ClickWithShift(Before(1));
-	EXPECT_EQ(Selection(), "0..17");
-	TripleClick(Before(19));
-	EXPECT_EQ(Selection(), "17..21");
+	EXPECT_EQ(TripleClick(Before(8)), "6..17");
+	EXPECT_EQ(ClickWithShift(Before(1)), "0..17");
+	EXPECT_EQ(TripleClick(Before(19)), "17..21");
 }
 
 
@@ -434,9 +427,9 @@ TEST_F(TextSelectionTest, DragBeyondTheEdge_ScrollsByItself)
 	SelectAt(0);
 	fText->ScrollToOffset(0);
 	press_mouse(fText, Before(0));
-	drag_mouse(fText, BPoint(10, fText->Bounds().Height() + 20));
+	DragTo(BPoint(10, fText->Bounds().Height() + 20));
 	EXPECT_SOON(Top() >= 5 * 5);
-	release_mouse(fText, BPoint(10, fText->Bounds().Height() + 20));
+	Release(BPoint(10, fText->Bounds().Height() + 20));
 	const int32 top = Top();
 	int32 start;
 	int32 end;
@@ -445,11 +438,11 @@ TEST_F(TextSelectionTest, DragBeyondTheEdge_ScrollsByItself)
 	EXPECT_GT(end, top);
 
 	// Back again, above the upper edge.
-	click(fText, BPoint(200, 60));
+	Click(BPoint(200, 60));
 	press_mouse(fText, BPoint(200, 60));
-	drag_mouse(fText, BPoint(10, -20));
+	DragTo(BPoint(10, -20));
 	EXPECT_SOON(Top() == 0);
-	release_mouse(fText, BPoint(10, -20));
+	Release(BPoint(10, -20));
 	fText->GetSelection(&start, &end);
 	EXPECT_EQ(start, 0);
 }
@@ -461,8 +454,7 @@ TEST_F(TextSelectionTest, ClickIntoTheSelection_ClearsItOnRelease)
 	fText->Select(0, 10);
 	press_mouse(fText, Before(4));
 	EXPECT_EQ(Selection(), "0..10");
-	release_mouse(fText, Before(4));
-	EXPECT_EQ(Selection(), "4..4");
+	EXPECT_EQ(Release(Before(4)), "4..4");
 }
 
 
@@ -472,9 +464,8 @@ TEST_F(TextSelectionTest, DragOfTheSelection_LeavesIt)
 	fText->Select(0, 10);
 	press_mouse(fText, Before(4));
 	cancel_next_drag(fText);
-	drag_mouse(fText, BPoint(100, 100));
-	release_mouse(fText, BPoint(100, 100));
-	EXPECT_EQ(Selection(), "0..10");
+	DragTo(BPoint(100, 100));
+	EXPECT_EQ(Release(BPoint(100, 100)), "0..10");
 	EXPECT_STREQ(fText->Text(), "some words and more");
 }
 
@@ -493,8 +484,7 @@ TEST_F(TextSelectionTest, Copy_TakesWhatIsSelected)
 	fText->Select(3, 8);
 	Press('C', B_COMMAND_KEY);
 	EXPECT_EQ(clipboard(), "caf\xc3\xa9");
-	Press('A', B_COMMAND_KEY);
-	EXPECT_EQ(Selection(), "0..25");
+	EXPECT_EQ(Press('A', B_COMMAND_KEY), "0..25");
 	Press('C', B_COMMAND_KEY);
 	EXPECT_EQ(clipboard(), "<b>caf\xc3\xa9</b>\n\xef\xbf\xbd\xf0\x9f\x98\x80\nlast\n");
 }
@@ -510,8 +500,7 @@ TEST_F(TextSelectionTest, ContextMenu_CopiesAndSelectsAll)
 	open_context_menu(fText, BPoint(10, 10));
 	EXPECT_EQ(shown_menu_items(), "(Copy)|Select All|");
 	Press(B_DOWN_ARROW);
-	Press(B_ENTER);
-	EXPECT_EQ(Selection(), "0..10");
+	EXPECT_EQ(Press(B_ENTER), "0..10");
 
 	set_clipboard("before");
 	open_context_menu(fText, BPoint(10, 10));
@@ -528,7 +517,7 @@ TEST_F(TextSelectionTest, NotSelectable_IsOnlyScrolled)
 	fText->MakeSelectable(false);
 	set_clipboard("before");
 	Drag(Before(0), Before(12));
-	double_click(fText, Before(6));
+	DoubleClick(Before(6));
 	for (const char key : {'A', 'C'})
 		Press(key, B_COMMAND_KEY);
 	Press(B_RIGHT_ARROW, B_SHIFT_KEY);

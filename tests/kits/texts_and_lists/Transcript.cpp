@@ -52,10 +52,11 @@ Transcript::WaitUntilShown()
 }
 
 
-void
+std::string
 Transcript::Press(char key, uint32 modifiers)
 {
 	press_window_key(fWindow, key, modifiers);
+	return Selection();
 }
 
 

@@ -25,10 +25,10 @@ protected:
 	void Append(const std::string& text, int times = 1);
 	// Until the screen shows what has changed.
 	bool WaitUntilShown();
-	void Press(char key, uint32 modifiers = 0);
-
 	// As in "3..7", in bytes.
 	std::string Selection() const;
+	// Returns the selection then.
+	std::string Press(char key, uint32 modifiers = 0);
 	void SelectAt(int32 offset) { fText->Select(offset, offset); }
 
 	// Within a character, near its left and its right edge, on the line of the first one.

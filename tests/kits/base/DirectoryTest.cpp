@@ -26,14 +26,19 @@ remaining_names(BDirectory& directory)
 }
 
 
-TEST(DirectoryTest, Entries_AreAllListedOnce)
+class DirectoryTest : public testing::Test {
+protected:
+	TemporaryFolder fFolder;
+};
+
+
+TEST_F(DirectoryTest, Entries_AreAllListedOnce)
 {
-	TemporaryFolder folder;
-	folder.AddFile("a", "");
-	folder.AddFile("\xff bytes", "");
-	folder.AddFolder("sub");
-	folder.AddLink("dangling", "nowhere");
-	BDirectory directory(folder.Path().c_str());
+	fFolder.AddFile("a", "");
+	fFolder.AddFile("\xff bytes", "");
+	fFolder.AddFolder("sub");
+	fFolder.AddLink("dangling", "nowhere");
+	BDirectory directory(fFolder.Path().c_str());
 	ASSERT_EQ(B_OK, directory.InitCheck());
 	EXPECT_EQ((std::multiset<std::string>{"a", "\xff bytes", "sub", "dangling"}),
 		remaining_names(directory));
@@ -44,40 +49,31 @@ TEST(DirectoryTest, Entries_AreAllListedOnce)
 }
 
 
-TEST(DirectoryTest, EmptyFolder_HasNoEntries)
+TEST_F(DirectoryTest, EmptyOrNoFolder_HasNoEntries)
 {
-	TemporaryFolder folder;
-	BDirectory directory(folder.Path().c_str());
-	BEntry entry;
-	EXPECT_EQ(B_ENTRY_NOT_FOUND, directory.GetNextEntry(&entry));
-}
-
-
-TEST(DirectoryTest, NotAFolder_IsAnError)
-{
-	TemporaryFolder folder;
-	folder.AddFile("file", "");
-	EXPECT_EQ(B_NOT_A_DIRECTORY, BDirectory(folder.PathOf("file").c_str()).InitCheck());
-	EXPECT_EQ(B_ENTRY_NOT_FOUND, BDirectory(folder.PathOf("none").c_str()).InitCheck());
+	fFolder.AddFolder("empty");
+	fFolder.AddFile("file", "");
+	EXPECT_EQ(B_NOT_A_DIRECTORY, BDirectory(fFolder.PathOf("file").c_str()).InitCheck());
+	EXPECT_EQ(B_ENTRY_NOT_FOUND, BDirectory(fFolder.PathOf("none").c_str()).InitCheck());
 	EXPECT_EQ(B_BAD_VALUE, BDirectory(static_cast<const char*>(NULL)).InitCheck());
-	BDirectory unset;
 	BEntry entry;
+	EXPECT_EQ(B_ENTRY_NOT_FOUND, BDirectory(fFolder.PathOf("empty").c_str()).GetNextEntry(&entry));
+	BDirectory unset;
 	EXPECT_EQ(B_NO_INIT, unset.GetNextEntry(&entry));
 }
 
 
-TEST(DirectoryTest, CreateDirectory_LeavesAnExistingOneAlone)
+TEST_F(DirectoryTest, CreateDirectory_LeavesAnExistingOneAlone)
 {
-	TemporaryFolder folder;
-	BDirectory directory(folder.Path().c_str());
+	BDirectory directory(fFolder.Path().c_str());
 	BDirectory created;
 	EXPECT_EQ(B_OK, directory.CreateDirectory("Downloads", &created));
-	folder.AddFile("Downloads/file", "x");
+	fFolder.AddFile("Downloads/file", "x");
 	EXPECT_EQ(B_FILE_EXISTS, directory.CreateDirectory("Downloads", NULL));
 	EXPECT_EQ(std::multiset<std::string>{"file"}, remaining_names(created));
 	EXPECT_EQ(B_ENTRY_NOT_FOUND, directory.CreateDirectory("none/sub", NULL));
 
 	// Without a directory, from an absolute path.
-	EXPECT_EQ(B_OK, BDirectory().CreateDirectory(folder.PathOf("other").c_str(), NULL));
-	EXPECT_TRUE(BEntry(folder.PathOf("other").c_str()).IsDirectory());
+	EXPECT_EQ(B_OK, BDirectory().CreateDirectory(fFolder.PathOf("other").c_str(), NULL));
+	EXPECT_TRUE(BEntry(fFolder.PathOf("other").c_str()).IsDirectory());
 }

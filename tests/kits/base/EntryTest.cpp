@@ -19,76 +19,73 @@ path_of(const BEntry& entry)
 }
 
 
-TEST(EntryTest, NameThatIsNotThere_IsAnEntryNevertheless)
+class EntryTest : public testing::Test {
+protected:
+	TemporaryFolder fFolder;
+};
+
+
+TEST_F(EntryTest, NameThatIsNotThere_IsAnEntryNeverthelessButNotInAFolderThatIsNot)
 {
-	TemporaryFolder folder;
-	BEntry entry(folder.PathOf("none").c_str());
+	BEntry entry(fFolder.PathOf("none").c_str());
 	EXPECT_EQ(B_OK, entry.InitCheck());
 	EXPECT_FALSE(entry.Exists());
-	EXPECT_EQ(folder.PathOf("none"), path_of(entry));
+	EXPECT_EQ(fFolder.PathOf("none"), path_of(entry));
 	off_t size = 7;
 	EXPECT_EQ(B_ENTRY_NOT_FOUND, entry.GetSize(&size));
 	EXPECT_EQ(7, size);
-}
 
-
-TEST(EntryTest, FolderThatIsNotThere_IsAnError)
-{
-	TemporaryFolder folder;
-	BEntry entry(folder.PathOf("none/name").c_str());
-	EXPECT_EQ(B_ENTRY_NOT_FOUND, entry.InitCheck());
+	BEntry nowhere(fFolder.PathOf("none/name").c_str());
+	EXPECT_EQ(B_ENTRY_NOT_FOUND, nowhere.InitCheck());
 	BPath path;
-	EXPECT_EQ(B_NO_INIT, entry.GetPath(&path));
+	EXPECT_EQ(B_NO_INIT, nowhere.GetPath(&path));
 }
 
 
-TEST(EntryTest, File_HasSizeAndPath)
+TEST_F(EntryTest, File_HasSizeAndPath)
 {
-	TemporaryFolder folder;
-	folder.AddFile("file.txt", "12345");
-	BEntry entry(folder.PathOf("file.txt").c_str());
+	fFolder.AddFile("file.txt", "12345");
+	BEntry entry(fFolder.PathOf("file.txt").c_str());
 	EXPECT_TRUE(entry.Exists());
 	EXPECT_TRUE(entry.IsFile());
 	EXPECT_FALSE(entry.IsDirectory());
 	off_t size = 0;
 	EXPECT_EQ(B_OK, entry.GetSize(&size));
 	EXPECT_EQ(5, size);
-	EXPECT_EQ(folder.PathOf("file.txt"), path_of(entry));
+	EXPECT_EQ(fFolder.PathOf("file.txt"), path_of(entry));
 }
 
 
-TEST(EntryTest, RawBytesInNames_AreKept)
+TEST_F(EntryTest, RawBytesInNames_AreKept)
 {
-	TemporaryFolder folder;
 	std::string name = "\x8e\xff\x01 name";
-	folder.AddFile(name, "x");
-	BEntry entry(folder.PathOf(name).c_str());
+	fFolder.AddFile(name, "x");
+	BEntry entry(fFolder.PathOf(name).c_str());
 	EXPECT_TRUE(entry.Exists());
-	EXPECT_EQ(folder.PathOf(name), path_of(entry));
+	EXPECT_EQ(fFolder.PathOf(name), path_of(entry));
 	entry_ref ref;
 	ASSERT_EQ(B_OK, entry.GetRef(&ref));
 	EXPECT_EQ(name, ref.name);
-	EXPECT_EQ(folder.PathOf(name), BPath(&ref).Path());
+	EXPECT_EQ(fFolder.PathOf(name), BPath(&ref).Path());
 }
 
 
-TEST(EntryTest, Reference_FindsTheEntryAgain)
+TEST_F(EntryTest, Reference_FindsTheEntryAgain)
 {
-	TemporaryFolder folder;
-	folder.AddFile("file", "");
+	fFolder.AddFile("file", "");
 	entry_ref ref;
-	ASSERT_EQ(B_OK, get_ref_for_path(folder.PathOf("file").c_str(), &ref));
+	ASSERT_EQ(B_OK, get_ref_for_path(fFolder.PathOf("file").c_str(), &ref));
 	entry_ref copy;
 	copy = ref;
-	EXPECT_EQ(folder.PathOf("file"), BPath(&copy).Path());
+	EXPECT_EQ(fFolder.PathOf("file"), BPath(&copy).Path());
 	copy.set_name("other");
-	EXPECT_EQ(folder.PathOf("other"), BPath(&copy).Path());
-	EXPECT_EQ(folder.PathOf("file"), BPath(&ref).Path());
-	EXPECT_NE(B_OK, get_ref_for_path(folder.PathOf("none/file").c_str(), &ref));
+	EXPECT_EQ(fFolder.PathOf("other"), BPath(&copy).Path());
+	EXPECT_EQ(fFolder.PathOf("file"), BPath(&ref).Path());
+	EXPECT_NE(B_OK, get_ref_for_path(fFolder.PathOf("none/file").c_str(), &ref));
 }
 
 
-TEST(EntryTest, EmptyReference_IsNoEntry)
+TEST_F(EntryTest, EmptyReference_IsNoEntry)
 {
 	entry_ref ref;
 	EXPECT_EQ(NULL, ref.name);
@@ -98,20 +95,19 @@ TEST(EntryTest, EmptyReference_IsNoEntry)
 }
 
 
-TEST(EntryTest, Link_IsFollowedOnlyWhenAskedTo)
+TEST_F(EntryTest, Link_IsFollowedOnlyWhenAskedTo)
 {
-	TemporaryFolder folder;
-	folder.AddFile("file", "12345");
-	folder.AddLink("link", "file");
-	folder.AddLink("second", "link");
-	EXPECT_TRUE(BEntry(folder.PathOf("second").c_str()).IsSymLink());
+	fFolder.AddFile("file", "12345");
+	fFolder.AddLink("link", "file");
+	fFolder.AddLink("second", "link");
+	EXPECT_TRUE(BEntry(fFolder.PathOf("second").c_str()).IsSymLink());
 	entry_ref ref;
-	ASSERT_EQ(B_OK, get_ref_for_path(folder.PathOf("second").c_str(), &ref));
+	ASSERT_EQ(B_OK, get_ref_for_path(fFolder.PathOf("second").c_str(), &ref));
 	EXPECT_STREQ("second", ref.name);
 	EXPECT_TRUE(BEntry(&ref).IsSymLink());
 	for (const BEntry& followed :
-		{BEntry(folder.PathOf("second").c_str(), true), BEntry(&ref, true)}) {
-		EXPECT_EQ(folder.PathOf("file"), path_of(followed));
+		{BEntry(fFolder.PathOf("second").c_str(), true), BEntry(&ref, true)}) {
+		EXPECT_EQ(fFolder.PathOf("file"), path_of(followed));
 		EXPECT_TRUE(followed.IsFile());
 		off_t size = 0;
 		EXPECT_EQ(B_OK, followed.GetSize(&size));
@@ -120,43 +116,35 @@ TEST(EntryTest, Link_IsFollowedOnlyWhenAskedTo)
 }
 
 
-TEST(EntryTest, LinkThatLeadsNowhere_HasNoSizeWhenFollowed)
+TEST_F(EntryTest, LinkThatLeadsNowhere_HasNoSizeWhenFollowed)
 {
-	TemporaryFolder folder;
-	folder.AddLink("name", "none");
-	folder.AddLink("folder", "none/name");
+	fFolder.AddLink("name", "none");
+	fFolder.AddLink("folder", "none/name");
 	for (const char* name : {"name", "folder"}) {
 		SCOPED_TRACE(name);
-		BEntry followed(folder.PathOf(name).c_str(), true);
+		BEntry followed(fFolder.PathOf(name).c_str(), true);
 		EXPECT_FALSE(followed.Exists());
 		off_t size = 7;
 		EXPECT_NE(B_OK, followed.GetSize(&size));
 		EXPECT_EQ(7, size);
-		EXPECT_TRUE(BEntry(folder.PathOf(name).c_str()).IsSymLink());
+		EXPECT_TRUE(BEntry(fFolder.PathOf(name).c_str()).IsSymLink());
 	}
 }
 
 
-TEST(EntryTest, LinkToItself_IsAnError)
+TEST_F(EntryTest, LinkToItselfAndNameTooLong_AreErrors)
 {
-	TemporaryFolder folder;
-	folder.AddLink("loop", "loop");
-	EXPECT_EQ(B_LINK_LIMIT, BEntry(folder.PathOf("loop").c_str(), true).InitCheck());
-	EXPECT_EQ(B_OK, BEntry(folder.PathOf("loop").c_str()).InitCheck());
+	fFolder.AddLink("loop", "loop");
+	EXPECT_EQ(B_LINK_LIMIT, BEntry(fFolder.PathOf("loop").c_str(), true).InitCheck());
+	EXPECT_EQ(B_OK, BEntry(fFolder.PathOf("loop").c_str()).InitCheck());
+	EXPECT_EQ(B_NAME_TOO_LONG, BEntry(fFolder.PathOf(std::string(256, 'x')).c_str()).InitCheck());
+	EXPECT_EQ(B_OK, BEntry(fFolder.PathOf(std::string(255, 'x')).c_str()).InitCheck());
 }
 
 
-TEST(EntryTest, Root_IsAFolder)
+TEST_F(EntryTest, Root_IsAFolder)
 {
 	BEntry root("/");
 	EXPECT_EQ("/", path_of(root));
 	EXPECT_TRUE(root.IsDirectory());
-}
-
-
-TEST(EntryTest, NameTooLong_IsAnError)
-{
-	TemporaryFolder folder;
-	EXPECT_EQ(B_NAME_TOO_LONG, BEntry(folder.PathOf(std::string(256, 'x')).c_str()).InitCheck());
-	EXPECT_EQ(B_OK, BEntry(folder.PathOf(std::string(255, 'x')).c_str()).InitCheck());
 }

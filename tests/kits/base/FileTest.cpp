@@ -11,10 +11,15 @@
 #include "TemporaryFolder.h"
 
 
-TEST(FileTest, BytesWritten_AreReadBackInOrder)
+class FileTest : public testing::Test {
+protected:
+	TemporaryFolder fFolder;
+};
+
+
+TEST_F(FileTest, BytesWritten_AreReadBackInOrder)
 {
-	TemporaryFolder folder;
-	const std::string path = folder.PathOf("file");
+	const std::string path = fFolder.PathOf("file");
 	{
 		BFile file(path.c_str(), B_READ_WRITE | B_CREATE_FILE);
 		ASSERT_EQ(B_OK, file.InitCheck());
@@ -32,11 +37,10 @@ TEST(FileTest, BytesWritten_AreReadBackInOrder)
 }
 
 
-TEST(FileTest, Modes_AreKept)
+TEST_F(FileTest, Modes_AreKept)
 {
-	TemporaryFolder folder;
-	folder.AddFile("file", "12345");
-	std::string path = folder.PathOf("file");
+	fFolder.AddFile("file", "12345");
+	std::string path = fFolder.PathOf("file");
 	BFile reader(path.c_str(), B_READ_ONLY);
 	EXPECT_LT(reader.Write("x", 1), 0);
 
@@ -54,10 +58,13 @@ TEST(FileTest, Modes_AreKept)
 }
 
 
-TEST(FileTest, FileThatIsNotThere_IsNotFound)
+TEST_F(FileTest, WhatIsNoFile_IsAnError)
 {
-	TemporaryFolder folder;
-	BFile file(folder.PathOf("none").c_str(), B_READ_ONLY);
+	EXPECT_EQ(B_IS_A_DIRECTORY, BFile(fFolder.Path().c_str(), B_READ_ONLY).InitCheck());
+	EXPECT_EQ(B_IS_A_DIRECTORY, BFile(fFolder.Path().c_str(), B_READ_WRITE).InitCheck());
+	EXPECT_EQ(B_BAD_VALUE, BFile(static_cast<const char*>(NULL), B_READ_ONLY).InitCheck());
+
+	BFile file(fFolder.PathOf("none").c_str(), B_READ_ONLY);
 	EXPECT_EQ(B_ENTRY_NOT_FOUND, file.InitCheck());
 	char byte;
 	off_t size = 7;
@@ -68,27 +75,12 @@ TEST(FileTest, FileThatIsNotThere_IsNotFound)
 }
 
 
-TEST(FileTest, Folder_IsNoFile)
+TEST_F(FileTest, SizesBeyondFourGigabytes_AreWhole)
 {
-	TemporaryFolder folder;
-	EXPECT_EQ(B_IS_A_DIRECTORY, BFile(folder.Path().c_str(), B_READ_ONLY).InitCheck());
-	EXPECT_EQ(B_IS_A_DIRECTORY, BFile(folder.Path().c_str(), B_READ_WRITE).InitCheck());
-}
-
-
-TEST(FileTest, NoPath_IsAnError)
-{
-	EXPECT_EQ(B_BAD_VALUE, BFile(static_cast<const char*>(NULL), B_READ_ONLY).InitCheck());
-}
-
-
-TEST(FileTest, SizesBeyondFourGigabytes_AreWhole)
-{
-	TemporaryFolder folder;
-	folder.AddFile("large", "");
+	fFolder.AddFile("large", "");
 	const off_t kLarge = off_t(5) << 30;
-	std::filesystem::resize_file(folder.PathOf("large"), static_cast<std::uintmax_t>(kLarge));
-	BFile file(folder.PathOf("large").c_str(), B_READ_ONLY);
+	std::filesystem::resize_file(fFolder.PathOf("large"), static_cast<std::uintmax_t>(kLarge));
+	BFile file(fFolder.PathOf("large").c_str(), B_READ_ONLY);
 	off_t size = 0;
 	EXPECT_EQ(B_OK, file.GetSize(&size));
 	EXPECT_EQ(kLarge, size);

@@ -22,43 +22,29 @@ protected:
 };
 
 
-TEST_F(ListTest, AddItem_Appends)
+TEST_F(ListTest, AddedItems_AreAtTheEnd_AndNoneOutside)
 {
 	EXPECT_TRUE(fList.AddItem(&sItems[3]));
 	ASSERT_EQ(4, fList.CountItems());
 	EXPECT_EQ(&sItems[0], fList.ItemAt(0));
 	EXPECT_EQ(&sItems[3], fList.ItemAt(3));
-}
-
-
-TEST_F(ListTest, ItemAt_OutsideOfTheList_IsNull)
-{
-	EXPECT_EQ(NULL, fList.ItemAt(3));
+	EXPECT_EQ(NULL, fList.ItemAt(4));
 	EXPECT_EQ(NULL, fList.ItemAt(-1));
+	fList.MakeEmpty();
+	EXPECT_EQ(0, fList.CountItems());
 	EXPECT_EQ(0, BList(5).CountItems());
 }
 
 
-TEST_F(ListTest, RemoveItem_ByIndex_AnswersTheItem)
+TEST_F(ListTest, RemoveItem_AnswersTheOneAtTheIndex_OrTakesTheFirstOfSuch)
 {
 	EXPECT_EQ(&sItems[1], fList.RemoveItem(int32(1)));
 	EXPECT_EQ(2, fList.CountItems());
 	EXPECT_EQ(NULL, fList.RemoveItem(int32(2)));
-}
 
-
-TEST_F(ListTest, RemoveItem_ByPointer_TakesTheFirst)
-{
 	fList.AddItem(&sItems[0]);
 	EXPECT_TRUE(fList.RemoveItem(&sItems[0]));
-	EXPECT_EQ(&sItems[1], fList.ItemAt(0));
-	EXPECT_EQ(&sItems[0], fList.ItemAt(2));
+	EXPECT_EQ(&sItems[2], fList.ItemAt(0));
+	EXPECT_EQ(&sItems[0], fList.ItemAt(1));
 	EXPECT_FALSE(fList.RemoveItem(&sItems[3]));
-}
-
-
-TEST_F(ListTest, MakeEmpty_RemovesAll)
-{
-	fList.MakeEmpty();
-	EXPECT_EQ(0, fList.CountItems());
 }

@@ -211,34 +211,26 @@ TEST(LooperTest, QuitFromOutside_DropsTheQueueAndWaitsForTheThread)
 }
 
 
-TEST(LooperTest, QuitInOwnHandler_DeletesTheLooper)
+TEST(LooperTest, QuitInOwnHandlerOrBeforeRun_DeletesTheLooper)
 {
-	std::atomic<bool> isDestroyed(false);
-	ScriptedLooper* looper = new ScriptedLooper;
-	looper->onDestroy = [&] {
-		isDestroyed = true;
-	};
-	looper->onMessage = [&](BMessage*) {
-		looper->Quit();
-	};
-	thread_id thread = looper->Run();
-	looper->PostMessage('quit');
-	wait_for_thread(thread, NULL);
-	EXPECT_TRUE(isDestroyed);
-	EXPECT_FALSE(looper->Lock());
-}
-
-
-TEST(LooperTest, QuitBeforeRun_DeletesTheLooper)
-{
-	bool isDestroyed = false;
-	ScriptedLooper* looper = new ScriptedLooper;
-	looper->onDestroy = [&] {
-		isDestroyed = true;
-	};
-	looper->PostMessage('test');
-	looper->Quit();
-	EXPECT_TRUE(isDestroyed);
+	for (const bool runs : {false, true}) {
+		SCOPED_TRACE(runs);
+		std::atomic<bool> isDestroyed(false);
+		ScriptedLooper* looper = new ScriptedLooper;
+		looper->onDestroy = [&] {
+			isDestroyed = true;
+		};
+		looper->onMessage = [&](BMessage*) {
+			looper->Quit();
+		};
+		looper->PostMessage('quit');
+		if (runs)
+			wait_for_thread(looper->Run(), NULL);
+		else
+			looper->Quit();
+		EXPECT_TRUE(isDestroyed);
+		EXPECT_FALSE(looper->Lock());
+	}
 }
 
 
@@ -311,53 +303,35 @@ TEST(LooperTest, Handler_GetsWhatIsPostedToIt)
 
 	const BMessenger messenger(&handler);
 	EXPECT_EQ(B_OK, messenger.SendMessage('mine'));
+	// To a handler a request to quit is a message like others.
+	EXPECT_EQ(B_OK, messenger.SendMessage(B_QUIT_REQUESTED));
 	EXPECT_EQ(B_OK, messenger.SendMessage('pass'));
 	EXPECT_SOON(looper->CountReceived() == 1);
-	EXPECT_EQ(1, handler.received);
+	EXPECT_EQ(2, handler.received);
 	EXPECT_EQ(uint32('pass'), looper->Received()[0]);
 	quit(looper);
 	EXPECT_EQ(NULL, handler.Looper());
 }
 
 
-TEST(LooperTest, RemovedHandler_GetsNothingAnyMore)
+TEST(LooperTest, RemovedOrDeletedHandler_GetsNothingAnyMore)
 {
 	NotingHandler handler;
+	NotingHandler* deleted = new NotingHandler;
 	Owned<ScriptedLooper> looper;
 	looper->AddHandler(&handler);
+	looper->AddHandler(deleted);
 	const BMessenger messenger(&handler);
 	messenger.SendMessage('mine');
+	BMessenger(deleted).SendMessage('mine');
 	EXPECT_TRUE(looper->RemoveHandler(&handler));
 	EXPECT_FALSE(looper->RemoveHandler(&handler));
+	delete deleted;
 	messenger.SendMessage('mine');
 	looper->PostMessage('last');
 	looper->Run();
 	EXPECT_SOON(looper->CountReceived() == 1);
 	EXPECT_EQ(0, handler.received);
-}
-
-
-TEST(LooperTest, DeletedHandler_IsForgotten)
-{
-	NotingHandler* handler = new NotingHandler;
-	Owned<ScriptedLooper> looper;
-	looper->AddHandler(handler);
-	BMessenger(handler).SendMessage('mine');
-	delete handler;
-	looper->PostMessage('last');
-	looper->Run();
-	EXPECT_SOON(looper->CountReceived() == 1);
-}
-
-
-TEST(LooperTest, QuitRequestToAHandler_IsAMessageLikeOthers)
-{
-	NotingHandler handler;
-	Owned<ScriptedLooper> looper;
-	looper->AddHandler(&handler);
-	BMessenger(&handler).SendMessage(B_QUIT_REQUESTED);
-	looper->Run();
-	EXPECT_SOON(handler.received == 1);
 }
 
 

@@ -10,7 +10,13 @@
 #include <gtest/gtest.h>
 
 
-TEST(MessageTest, New_HasACodeAndNothingElse)
+class MessageTest : public testing::Test {
+protected:
+	BMessage fMessage;
+};
+
+
+TEST_F(MessageTest, New_HasACodeAndNothingElse)
 {
 	BMessage message('test');
 	EXPECT_EQ(uint32('test'), message.what);
@@ -20,109 +26,83 @@ TEST(MessageTest, New_HasACodeAndNothingElse)
 }
 
 
-TEST(MessageTest, EveryType_ComesBackAsItWent)
+TEST_F(MessageTest, EveryType_ComesBackAsItWent)
 {
-	BMessage message;
-	EXPECT_EQ(B_OK, message.AddBool("bool", true));
-	EXPECT_EQ(B_OK, message.AddInt16("int16", -16));
-	EXPECT_EQ(B_OK, message.AddUInt16("uint16", 0xffff));
-	EXPECT_EQ(B_OK, message.AddInt32("int32", INT32_MIN));
-	EXPECT_EQ(B_OK, message.AddUInt32("uint32", UINT32_MAX));
-	EXPECT_EQ(B_OK, message.AddInt64("int64", INT64_MIN));
-	EXPECT_EQ(B_OK, message.AddString("string", "text"));
-	EXPECT_EQ(B_OK, message.AddPointer("pointer", &message));
+	EXPECT_EQ(B_OK, fMessage.AddBool("bool", true));
+	EXPECT_EQ(B_OK, fMessage.AddInt16("int16", -16));
+	EXPECT_EQ(B_OK, fMessage.AddUInt16("uint16", 0xffff));
+	EXPECT_EQ(B_OK, fMessage.AddInt32("int32", INT32_MIN));
+	EXPECT_EQ(B_OK, fMessage.AddUInt32("uint32", UINT32_MAX));
+	EXPECT_EQ(B_OK, fMessage.AddInt64("int64", INT64_MIN));
+	EXPECT_EQ(B_OK, fMessage.AddString("string", "text"));
+	EXPECT_EQ(B_OK, fMessage.AddPointer("pointer", &fMessage));
 
-	EXPECT_TRUE(message.GetBool("bool"));
-	EXPECT_EQ(-16, message.GetInt16("int16", 0));
-	EXPECT_EQ(0xffff, message.GetUInt16("uint16", 0));
-	EXPECT_EQ(INT32_MIN, message.GetInt32("int32", 0));
-	EXPECT_EQ(UINT32_MAX, message.GetUInt32("uint32", 0));
-	EXPECT_EQ(INT64_MIN, message.GetInt64("int64", 0));
-	EXPECT_STREQ("text", message.GetString("string"));
-	EXPECT_EQ(&message, message.GetPointer("pointer"));
-	EXPECT_EQ(8, message.CountNames(B_ANY_TYPE));
+	EXPECT_TRUE(fMessage.GetBool("bool"));
+	EXPECT_EQ(-16, fMessage.GetInt16("int16", 0));
+	EXPECT_EQ(0xffff, fMessage.GetUInt16("uint16", 0));
+	EXPECT_EQ(INT32_MIN, fMessage.GetInt32("int32", 0));
+	EXPECT_EQ(UINT32_MAX, fMessage.GetUInt32("uint32", 0));
+	EXPECT_EQ(INT64_MIN, fMessage.GetInt64("int64", 0));
+	EXPECT_STREQ("text", fMessage.GetString("string"));
+	EXPECT_EQ(&fMessage, fMessage.GetPointer("pointer"));
+	EXPECT_EQ(8, fMessage.CountNames(B_ANY_TYPE));
 }
 
 
-TEST(MessageTest, AbsentField_GivesTheDefault)
+TEST_F(MessageTest, FieldOfAnotherNameTypeOrIndex_GivesTheDefault)
 {
-	BMessage message;
-	EXPECT_FALSE(message.GetBool("none"));
-	EXPECT_TRUE(message.GetBool("none", true));
-	EXPECT_EQ(5500, message.GetUInt16("none", 5500));
-	EXPECT_EQ(NULL, message.GetString("none"));
-	EXPECT_STREQ("???", message.GetString("none", "???"));
-	EXPECT_EQ(NULL, message.GetPointer("none"));
+	fMessage.AddInt16("port", 5500);
+	EXPECT_FALSE(fMessage.GetBool("none"));
+	EXPECT_TRUE(fMessage.GetBool("none", true));
+	EXPECT_EQ(5500, fMessage.GetUInt16("none", 5500));
+	EXPECT_EQ(NULL, fMessage.GetString("none"));
+	EXPECT_STREQ("???", fMessage.GetString("none", "???"));
+	EXPECT_EQ(NULL, fMessage.GetPointer("none"));
+
+	EXPECT_EQ(7, fMessage.GetUInt16("port", 7));
+	EXPECT_EQ(9, fMessage.GetInt32("port", 9));
+	EXPECT_STREQ("default", fMessage.GetString("port", "default"));
+	EXPECT_FALSE(fMessage.HasData("port", B_UINT16_TYPE));
+	EXPECT_TRUE(fMessage.HasData("port", B_INT16_TYPE));
+
+	fMessage.AddInt32("value", 1);
+	EXPECT_EQ(7, fMessage.GetInt32("value", 1, 7));
+	EXPECT_EQ(7, fMessage.GetInt32("value", -1, 7));
+	EXPECT_FALSE(fMessage.HasData("value", B_INT32_TYPE, 1));
 }
 
 
-TEST(MessageTest, WrongType_IsNotFound)
+TEST_F(MessageTest, SecondTypeUnderOneName_IsRefused)
 {
-	BMessage message;
-	message.AddInt16("port", 5500);
-	EXPECT_EQ(7, message.GetUInt16("port", 7));
-	EXPECT_EQ(9, message.GetInt32("port", 9));
-	EXPECT_STREQ("default", message.GetString("port", "default"));
-	EXPECT_FALSE(message.HasData("port", B_UINT16_TYPE));
-	EXPECT_TRUE(message.HasData("port", B_INT16_TYPE));
+	fMessage.AddString("name", "text");
+	EXPECT_EQ(B_BAD_TYPE, fMessage.AddInt32("name", 1));
+	EXPECT_STREQ("text", fMessage.GetString("name"));
 }
 
 
-TEST(MessageTest, SecondTypeUnderOneName_IsRefused)
+TEST_F(MessageTest, SeveralValues_KeepTheirOrder)
 {
-	BMessage message;
-	message.AddString("name", "text");
-	EXPECT_EQ(B_BAD_TYPE, message.AddInt32("name", 1));
-	EXPECT_STREQ("text", message.GetString("name"));
-}
-
-
-TEST(MessageTest, SeveralValues_KeepTheirOrder)
-{
-	BMessage message;
 	for (int32 i = 0; i < 1000; i++) {
 		BString name;
 		name << "file " << i;
-		message.AddString("name", name);
-		message.AddInt32("size", i * 10);
+		fMessage.AddString("name", name);
+		fMessage.AddInt32("size", i * 10);
 	}
 
 	type_code type = 0;
 	int32 count = 0;
-	EXPECT_EQ(B_OK, message.GetInfo("size", &type, &count));
+	EXPECT_EQ(B_OK, fMessage.GetInfo("size", &type, &count));
 	EXPECT_EQ(type_code(B_INT32_TYPE), type);
 	EXPECT_EQ(1000, count);
-	EXPECT_STREQ("file 999", message.GetString("name", 999, ""));
-	EXPECT_STREQ("file 0", message.GetString("name", 0, ""));
+	EXPECT_STREQ("file 999", fMessage.GetString("name", 999, ""));
+	EXPECT_STREQ("file 0", fMessage.GetString("name", 0, ""));
 	for (int32 i = 0; i < 1000; i++)
-		ASSERT_EQ(i * 10, message.GetInt32("size", i, -1));
-	EXPECT_EQ(5000, message.GetInt32("size", 500, -1));
+		ASSERT_EQ(i * 10, fMessage.GetInt32("size", i, -1));
+	EXPECT_EQ(5000, fMessage.GetInt32("size", 500, -1));
 }
 
 
-TEST(MessageTest, IndexOutside_IsNotFound)
-{
-	BMessage message;
-	message.AddInt32("value", 1);
-	EXPECT_EQ(7, message.GetInt32("value", 1, 7));
-	EXPECT_EQ(7, message.GetInt32("value", -1, 7));
-	EXPECT_FALSE(message.HasData("value", B_INT32_TYPE, 1));
-}
-
-
-TEST(MessageTest, ValuesAddedAfterALook_AreFound)
-{
-	BMessage message;
-	message.AddInt32("value", 0);
-	EXPECT_EQ(0, message.GetInt32("value", 0, -1));
-	message.AddString("other", "between");
-	message.AddInt32("value", 1);
-	EXPECT_EQ(1, message.GetInt32("value", 1, -1));
-	EXPECT_EQ(0, message.GetInt32("value", 0, -1));
-}
-
-
-TEST(MessageTest, Fields_AreFoundInEveryOrder)
+TEST_F(MessageTest, Fields_AreFoundInEveryOrder)
 {
 	const char* const names[] = {"socket", "nick", "icon", "text"};
 	BMessage message;
@@ -141,23 +121,25 @@ TEST(MessageTest, Fields_AreFoundInEveryOrder)
 }
 
 
-TEST(MessageTest, FieldAddedAfterALook_IsFoundWithAllOthers)
+TEST_F(MessageTest, AddedAfterALook_IsFoundWithAllOthers)
 {
-	BMessage message;
-	message.AddInt32("first", 1);
-	message.AddInt32("second", 2);
-	message.AddInt32("third", 3);
-	EXPECT_EQ(2, message.GetInt32("second", -1));
-	message.AddInt32("fourth", 4);
+	fMessage.AddInt32("first", 1);
+	fMessage.AddInt32("second", 2);
+	fMessage.AddInt32("third", 3);
+	EXPECT_EQ(2, fMessage.GetInt32("second", -1));
+	fMessage.AddInt32("fourth", 4);
+	fMessage.AddInt32("second", 5);
 
-	EXPECT_EQ(4, message.CountNames(B_INT32_TYPE));
-	EXPECT_EQ(1, message.GetInt32("first", -1));
-	EXPECT_EQ(3, message.GetInt32("third", -1));
-	EXPECT_EQ(4, message.GetInt32("fourth", -1));
+	EXPECT_EQ(4, fMessage.CountNames(B_INT32_TYPE));
+	EXPECT_EQ(1, fMessage.GetInt32("first", -1));
+	EXPECT_EQ(2, fMessage.GetInt32("second", 0, -1));
+	EXPECT_EQ(5, fMessage.GetInt32("second", 1, -1));
+	EXPECT_EQ(3, fMessage.GetInt32("third", -1));
+	EXPECT_EQ(4, fMessage.GetInt32("fourth", -1));
 }
 
 
-TEST(MessageTest, Copy_IsIndependentAndComplete)
+TEST_F(MessageTest, Copy_IsIndependentAndComplete)
 {
 	BMessage message('orig');
 	message.AddString("text", "before");
@@ -175,7 +157,7 @@ TEST(MessageTest, Copy_IsIndependentAndComplete)
 }
 
 
-TEST(MessageTest, Copy_OfEverySize_HasItsBytes)
+TEST_F(MessageTest, Copy_OfEverySize_HasItsBytes)
 {
 	for (int32 size : {0, 1, 100, 200, 250, 300, 65535, 1000000}) {
 		SCOPED_TRACE(size);
@@ -197,17 +179,16 @@ TEST(MessageTest, Copy_OfEverySize_HasItsBytes)
 }
 
 
-TEST(MessageTest, OwnValue_MayBeAddedAgain)
+TEST_F(MessageTest, OwnValue_MayBeAddedAgain)
 {
-	BMessage message;
-	message.AddString("text", "some text that is long enough to make the block grow soon");
+	fMessage.AddString("text", "some text that is long enough to make the block grow soon");
 	for (int i = 0; i < 100; i++)
-		message.AddString("copy", message.GetString("text"));
-	EXPECT_STREQ(message.GetString("text"), message.GetString("copy", 99, ""));
+		fMessage.AddString("copy", fMessage.GetString("text"));
+	EXPECT_STREQ(fMessage.GetString("text"), fMessage.GetString("copy", 99, ""));
 }
 
 
-TEST(MessageTest, Data_KeepsEveryByte)
+TEST_F(MessageTest, Data_KeepsEveryByte)
 {
 	const uint8 bytes[5] = {0, 1, 0xff, 0, 7};
 	BMessage message;
@@ -221,77 +202,66 @@ TEST(MessageTest, Data_KeepsEveryByte)
 }
 
 
-TEST(MessageTest, DataNotFound_IsNull)
+TEST_F(MessageTest, DataNotFound_IsNull)
 {
-	BMessage message;
-	const void* data = &message;
+	const void* data = &fMessage;
 	ssize_t size = 5;
-	EXPECT_EQ(B_NAME_NOT_FOUND, message.FindData("data", B_RAW_TYPE, &data, &size));
+	EXPECT_EQ(B_NAME_NOT_FOUND, fMessage.FindData("data", B_RAW_TYPE, &data, &size));
 	EXPECT_EQ(NULL, data);
 	EXPECT_EQ(0, size);
 	const char* string = "x";
-	EXPECT_EQ(B_NAME_NOT_FOUND, message.FindString("text", 0, &string));
+	EXPECT_EQ(B_NAME_NOT_FOUND, fMessage.FindString("text", 0, &string));
 	EXPECT_EQ(NULL, string);
 }
 
 
-TEST(MessageTest, NothingToAdd_IsRefused)
+TEST_F(MessageTest, NothingToAdd_IsRefused)
 {
-	BMessage message;
-	EXPECT_EQ(B_BAD_VALUE, message.AddData("data", B_RAW_TYPE, NULL, 5));
-	EXPECT_EQ(B_BAD_VALUE, message.AddData("data", B_RAW_TYPE, &message, 0));
-	EXPECT_EQ(B_BAD_VALUE, message.AddString("text", static_cast<const char*>(NULL)));
-	EXPECT_EQ(B_BAD_VALUE, message.AddInt32(NULL, 1));
-	EXPECT_EQ(B_BAD_VALUE, message.AddInt32(std::string(256, 'n').c_str(), 1));
-	EXPECT_TRUE(message.IsEmpty());
+	EXPECT_EQ(B_BAD_VALUE, fMessage.AddData("data", B_RAW_TYPE, NULL, 5));
+	EXPECT_EQ(B_BAD_VALUE, fMessage.AddData("data", B_RAW_TYPE, &fMessage, 0));
+	EXPECT_EQ(B_BAD_VALUE, fMessage.AddString("text", static_cast<const char*>(NULL)));
+	EXPECT_EQ(B_BAD_VALUE, fMessage.AddInt32(NULL, 1));
+	EXPECT_EQ(B_BAD_VALUE, fMessage.AddInt32(std::string(256, 'n').c_str(), 1));
+	EXPECT_TRUE(fMessage.IsEmpty());
 }
 
 
-TEST(MessageTest, EmptyString_IsAValue)
+TEST_F(MessageTest, String_MayBeEmptyButEndsWithAZeroByte)
 {
-	BMessage message;
-	message.AddString("login", "");
-	const char* login = NULL;
-	EXPECT_EQ(B_OK, message.FindString("login", 0, &login));
-	EXPECT_STREQ("", login);
-	EXPECT_STREQ("", message.GetString("login", "default"));
-}
-
-
-TEST(MessageTest, DataWithoutZeroByte_IsNoString)
-{
-	BMessage message;
-	message.AddData("text", B_STRING_TYPE, "abc", 3);
+	fMessage.AddString("login", "");
 	const char* string = NULL;
-	EXPECT_EQ(B_BAD_DATA, message.FindString("text", 0, &string));
+	EXPECT_EQ(B_OK, fMessage.FindString("login", 0, &string));
+	EXPECT_STREQ("", string);
+	EXPECT_STREQ("", fMessage.GetString("login", "default"));
+	fMessage.AddData("text", B_STRING_TYPE, "abc", 3);
+	EXPECT_EQ(B_BAD_DATA, fMessage.FindString("text", 0, &string));
 	EXPECT_EQ(NULL, string);
 }
 
 
-TEST(MessageTest, GetInfo_WalksThroughTheFields)
+TEST_F(MessageTest, GetInfo_WalksThroughTheFields)
 {
-	BMessage message;
-	message.AddInt32("one", 1);
-	message.AddString("two", "2");
-	message.AddInt32("three", 3);
-	message.AddInt32("three", 3);
+	fMessage.AddInt32("one", 1);
+	fMessage.AddString("two", "2");
+	fMessage.AddInt32("three", 3);
+	fMessage.AddInt32("three", 3);
 
 	char* name = NULL;
 	type_code type = 0;
 	int32 count = 0;
-	ASSERT_EQ(B_OK, message.GetInfo(B_ANY_TYPE, 1, &name, &type, &count));
+	ASSERT_EQ(B_OK, fMessage.GetInfo(B_ANY_TYPE, 1, &name, &type, &count));
 	EXPECT_STREQ("two", name);
 	EXPECT_EQ(type_code(B_STRING_TYPE), type);
-	ASSERT_EQ(B_OK, message.GetInfo(B_INT32_TYPE, 1, &name, &type, &count));
+	ASSERT_EQ(B_OK, fMessage.GetInfo(B_INT32_TYPE, 1, &name, &type, &count));
 	EXPECT_STREQ("three", name);
 	EXPECT_EQ(2, count);
-	EXPECT_EQ(B_BAD_INDEX, message.GetInfo(B_ANY_TYPE, 3, &name, &type));
-	EXPECT_EQ(B_NAME_NOT_FOUND, message.GetInfo(B_BOOL_TYPE, 0, &name, &type));
-	EXPECT_EQ(2, message.CountNames(B_INT32_TYPE));
+	EXPECT_EQ(B_BAD_INDEX, fMessage.GetInfo(B_ANY_TYPE, 3, &name, &type));
+	EXPECT_EQ(B_NAME_NOT_FOUND, fMessage.GetInfo(B_BOOL_TYPE, 0, &name, &type));
+	EXPECT_EQ(2, fMessage.CountNames(B_INT32_TYPE));
 }
 
 
-TEST(MessageTest, Reference_ComesBackWhole)
+TEST_F(MessageTest, Reference_ComesBackWhole)
 {
 	entry_ref ref;
 	ASSERT_EQ(B_OK, get_ref_for_path("/proc/self", &ref));

@@ -10,21 +10,16 @@
 #include "TemporaryFolder.h"
 
 
-TEST(PathTest, New_IsNotSet)
+TEST(PathTest, NewOrOfBadSources_IsNotSet)
 {
 	BPath path;
 	EXPECT_EQ(NULL, path.Path());
 	EXPECT_EQ(NULL, path.Leaf());
 	EXPECT_NE(B_OK, path.Append("x"));
 	EXPECT_EQ(B_NO_INIT, path.GetParent(&path));
-}
-
-
-TEST(PathTest, AbsolutePath_IsTakenAsItStands)
-{
-	BPath path("/does/not/exist");
-	EXPECT_STREQ("/does/not/exist", path.Path());
-	EXPECT_STREQ("exist", path.Leaf());
+	EXPECT_EQ(NULL, BPath(static_cast<const char*>(NULL)).Path());
+	EXPECT_EQ(NULL, BPath("/base", "/absolute").Path());
+	EXPECT_EQ(NULL, BPath("").Path());
 }
 
 
@@ -67,6 +62,8 @@ TEST(PathTest, RelativePath_BecomesAbsolute)
 	char current[PATH_MAX];
 	ASSERT_TRUE(getcwd(current, sizeof(current)) != NULL);
 	EXPECT_EQ(std::string(current) + "/name", BPath("name").Path());
+	EXPECT_STREQ("/does/not/exist", BPath("/does/not/exist").Path());
+	EXPECT_STREQ("exist", BPath("/does/not/exist").Leaf());
 }
 
 
@@ -77,12 +74,4 @@ TEST(PathTest, Reference_GivesItsPath)
 	EXPECT_EQ(NULL, BPath(&ref).Path());
 	ASSERT_EQ(B_OK, get_ref_for_path(folder.PathOf("name").c_str(), &ref));
 	EXPECT_EQ(folder.PathOf("name"), BPath(&ref).Path());
-}
-
-
-TEST(PathTest, BadSources_LeaveItUnset)
-{
-	EXPECT_EQ(NULL, BPath(static_cast<const char*>(NULL)).Path());
-	EXPECT_EQ(NULL, BPath("/base", "/absolute").Path());
-	EXPECT_EQ(NULL, BPath("").Path());
 }

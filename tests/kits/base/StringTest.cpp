@@ -9,22 +9,17 @@
 #include <gtest/gtest.h>
 
 
-TEST(StringTest, New_IsEmpty)
+TEST(StringTest, NewAndNullText_AreTheEmptyString)
 {
 	BString string;
 	EXPECT_STREQ("", string.String());
 	EXPECT_EQ(0, string.Length());
 	EXPECT_TRUE(string.IsEmpty());
-}
-
-
-TEST(StringTest, NullText_IsTheEmptyString)
-{
 	const char* none = NULL;
 	EXPECT_EQ(0, BString(none).Length());
 	EXPECT_EQ(0, BString("abc").SetTo(none, 3).Length());
 	EXPECT_STREQ("abc", (BString("abc") << none).String());
-	EXPECT_TRUE(BString() == none);
+	EXPECT_TRUE(string == none);
 }
 
 
@@ -58,18 +53,12 @@ TEST(StringTest, Stream_WritesTextsAndNumbers)
 }
 
 
-TEST(StringTest, Format_MayContainTheStringItself)
+TEST(StringTest, Format_MayContainTheStringItself_AndHasNoLimit)
 {
 	BString string("x");
 	string.SetToFormat("%s-%d-%s", string.String(), 7, string.String());
 	EXPECT_STREQ("x-7-x", string.String());
-}
-
-
-TEST(StringTest, Format_HasNoLimit)
-{
 	const std::string large(100000, 'a');
-	BString string;
 	string.SetToFormat("<%s>", large.c_str());
 	EXPECT_EQ("<" + large + ">", string.String());
 }
@@ -83,30 +72,24 @@ TEST(StringTest, Trim_TakesWhiteSpaceFromBothEndsOnly)
 }
 
 
-TEST(StringTest, FindLast_AnswersAByteOffset)
+TEST(StringTest, FindLastAndComparisons_SeeEveryByte)
 {
 	EXPECT_EQ(8, BString("one two one").FindLast('o'));
 	EXPECT_EQ(B_ERROR, BString("one two one").FindLast('x'));
-}
 
+	const BString name("name.sit");
+	EXPECT_TRUE(name.EndsWith(".sit"));
+	EXPECT_TRUE(name.EndsWith(""));
+	EXPECT_FALSE(name.EndsWith("a very long name.sit"));
+	EXPECT_FALSE(name.EndsWith(".si"));
 
-TEST(StringTest, EndsWith_ComparesAllOfIt)
-{
-	BString string("name.sit");
-	EXPECT_TRUE(string.EndsWith(".sit"));
-	EXPECT_TRUE(string.EndsWith(""));
-	EXPECT_FALSE(string.EndsWith("a very long name.sit"));
-	EXPECT_FALSE(string.EndsWith(".si"));
-}
-
-
-TEST(StringTest, Comparison_SeesEveryByte)
-{
-	BString string("b");
+	const BString string("b");
 	EXPECT_TRUE(string == "b");
 	EXPECT_TRUE(string != "c");
 	EXPECT_FALSE(string == "");
 	EXPECT_FALSE(string != "b");
+	const char bytes[] = "\xff\xfe\x80\x01";
+	EXPECT_STREQ(bytes, BString(bytes).String());
 }
 
 
@@ -128,11 +111,4 @@ TEST(StringTest, LockBuffer_WritesInPlace)
 
 	string.LockBuffer(20);
 	EXPECT_STREQ("abc", string.UnlockBuffer(3).String());
-}
-
-
-TEST(StringTest, InvalidBytes_AreKept)
-{
-	const char bytes[] = "\xff\xfe\x80\x01";
-	EXPECT_STREQ(bytes, BString(bytes).String());
 }

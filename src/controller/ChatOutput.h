@@ -13,8 +13,8 @@ class BLooper;
 class BMessage;
 
 
-/*!	What the controller says in the chat window, which shows nothing else. Lives in the main window's
-	thread; borrows the chat window.
+/*!	What the controller says in the chat window, which shows nothing else. Lives in the main
+	window's thread; borrows the chat window.
 */
 class ChatOutput {
 public:

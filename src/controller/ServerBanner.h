@@ -17,8 +17,9 @@ class BLooper;
 class BMessage;
 
 
-/*!	The server's banner: fetches it in a thread, which posts it to the target, and shows it. Lives in
-	the main window's thread; borrows the target. The view is the window's once it has been added.
+/*!	The server's banner: fetches it in a thread, which posts it to the target, and shows it. Lives
+	in the main window's thread; borrows the target. The view is the window's once it has been
+	added.
 */
 class ServerBanner {
 public:

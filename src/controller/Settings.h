@@ -13,8 +13,8 @@
 class BMessage;
 
 
-/*!	What the user has chosen: kept in memory only, every start begins with the defaults. Lives in the
-	main window's thread.
+/*!	What the user has chosen: kept in memory only, every start begins with the defaults. Lives in
+	the main window's thread.
 */
 class Settings {
 public:

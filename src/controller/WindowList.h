@@ -10,9 +10,9 @@
 #include <Window.h>
 
 
-/*!	The windows of one kind that the controller has opened, in that order. Lives in the main window's
-	thread. Borrows the windows, which delete themselves: one that has closed stays in the list until
-	it is removed, and Lock() on it fails.
+/*!	The windows of one kind that the controller has opened, in that order. Lives in the main
+	window's thread. Borrows the windows, which delete themselves: one that has closed stays in the
+	list until it is removed, and Lock() on it fails.
 */
 template<class Kind>
 class WindowList {

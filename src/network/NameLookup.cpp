@@ -73,7 +73,8 @@ NameLookup::Record::Resolve()
 // #pragma mark -
 
 
-/*!	\param port In host order; it stands in the addresses that are found. There is none above 65,535.
+/*!	\param port In host order; it stands in the addresses that are found. There is none above
+	65,535.
 */
 NameLookup::NameLookup(const char* host, uint32 port)
 	: fRecord(std::make_shared<Record>(host, port)),

@@ -14,8 +14,8 @@
 
 /*!	Looks up the IPv4 addresses of one host. The system's resolver cannot be told to stop, so for a
 	lookup that can be canceled it runs in a thread "HL:Resolve" that shares nothing but its own
-	record: a lookup that is canceled ends at once and leaves that thread behind, which ends whenever
-	the resolver does.
+	record: a lookup that is canceled ends at once and leaves that thread behind, which ends
+	whenever the resolver does.
 	Run() belongs to one thread and is called once, Cancel() to any.
 */
 class NameLookup {

@@ -36,8 +36,8 @@ RequestChannel::Open(const Socket& socket)
 }
 
 
-/*!	Sends no more on that connection, which is shut down, as what its queue still sends would keep it
-	open. What waits for a reply is forgotten. Does nothing while another connection is open.
+/*!	Sends no more on that connection, which is shut down, as what its queue still sends would keep
+	it open. What waits for a reply is forgotten. Does nothing while another connection is open.
 */
 void
 RequestChannel::Close(const Socket& socket)

@@ -23,8 +23,8 @@ static const int kTimeoutSeconds = 10;
 static const bigtime_t kRecordsTimeout = 60 * 1000000LL;
 
 
-/*!	Receives until the buffer is full or the tracker closes. If the bytes come one at a time, it is an
-	error when they take longer than one of them may.
+/*!	Receives until the buffer is full or the tracker closes. If the bytes come one at a time, it is
+	an error when they take longer than one of them may.
 	\return The bytes received; -1 on an error or a time-out.
 */
 ssize_t

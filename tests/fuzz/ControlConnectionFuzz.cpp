@@ -94,8 +94,8 @@ read_replies(const ParameterWalker& params)
 }
 
 
-/*!	The input is what a server sends after the handshake. Each transaction is read as whatever it may
-	be, as the id of a reply decides that.
+/*!	The input is what a server sends after the handshake. Each transaction is read as whatever it
+	may be, as the id of a reply decides that.
 */
 extern "C" int
 LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)

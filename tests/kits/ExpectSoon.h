@@ -11,15 +11,4 @@
 #include "WaitFor.h"
 
 
-// Something holds by now, or after having been waited for.
-#define EXPECT_SOON(...) \
-	EXPECT_TRUE(WaitFor([&] { \
-		return (__VA_ARGS__); \
-	}))
-#define ASSERT_SOON(...) \
-	ASSERT_TRUE(WaitFor([&] { \
-		return (__VA_ARGS__); \
-	}))
-
-
 #endif // EXPECT_SOON_H

@@ -24,8 +24,8 @@ static const char* const kOddTexts[] = {"<b>bold</b>", "&amp;", "&File", "%s%n",
 	"\xFF\xFE\x80", "\x01\x07\x1B[31m\x7F", "\xE2\x80\x9Cquoted\xE2\x80\x9D"};
 
 
-/*!	Parameters in memory of exactly their size, and what they shall be read as: the notification with
-	its fields, or nothing.
+/*!	Parameters in memory of exactly their size, and what they shall be read as: the notification
+	with its fields, or nothing.
 */
 struct Reading {
 	std::string params;

@@ -14,8 +14,8 @@
 #include <OS.h>
 
 
-// The names that the linker option --wrap gives to the real side of a call; those of the kits are C++
-// ones.
+// The names that the linker option --wrap gives to the real side of a call; those of the kits are
+// C++ ones.
 extern "C"
 {
 	thread_id __real__Z12spawn_threadPFiPvEPKciS_(thread_func function, const char* name,

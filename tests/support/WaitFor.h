@@ -19,7 +19,11 @@ bool WaitFor(const std::function<bool()>& condition, int seconds = 10);
 // A failure when the condition does not hold within ten seconds.
 #define EXPECT_SOON(...) \
 	EXPECT_TRUE(WaitFor([&] { \
-		return __VA_ARGS__; \
+		return (__VA_ARGS__); \
+	})) << #__VA_ARGS__
+#define ASSERT_SOON(...) \
+	ASSERT_TRUE(WaitFor([&] { \
+		return (__VA_ARGS__); \
 	})) << #__VA_ARGS__
 
 // What is done between two looks at the condition, in place of a nap of a millisecond.

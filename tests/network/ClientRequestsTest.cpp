@@ -3,6 +3,7 @@
  * Distributed under the terms of the MIT License.
  */
 #include <atomic>
+#include <utility>
 #include <vector>
 
 #include "ClientFixture.h"
@@ -12,19 +13,42 @@
 /*!	After the login the client has sent the ids 1 and 2. */
 class ClientRequestsTest : public ClientTest {
 protected:
-	ClientRequestsTest() { LogIn(); }
+	ClientRequestsTest()
+		: fNextId(3)
+	{
+		LogIn();
+	}
+
+	// That the next request is that one, with the next id.
+	void ExpectRequest(uint32 type, const std::string& params)
+	{
+		ExpectSent(wire_transaction(type, fNextId++, params));
+	}
+
+private:
+	uint32 fNextId;
 };
 
 
+static const std::string kResumeInformation = "RFLT" + wire16(1) + wire_zeros(34) + wire16(2)
+	+ "DATA" + wire_zeros(12) + "MACR" + wire_zeros(12);
+
+
 static std::string
-resume_information()
+nick_param(const std::string& nick)
 {
-	return "RFLT" + wire16(1) + wire_zeros(34) + wire16(2) + "DATA" + wire_zeros(12) + "MACR"
-		+ wire_zeros(12);
+	return wire_param(102, nick);
 }
 
 
-TEST_F(ClientRequestsTest, Chat)
+static std::string
+icon_param(unsigned int icon)
+{
+	return wire_param(104, wire16(icon));
+}
+
+
+TEST_F(ClientRequestsTest, Chat_ByteForByte)
 {
 	client->SendChat("hello\r\n<b>%s");
 	// clang-format off
@@ -39,18 +63,21 @@ TEST_F(ClientRequestsTest, Chat)
 TEST_F(ClientRequestsTest, EmptyChat_IsAnEmptyTextOfDataLength6)
 {
 	client->SendChat("");
-	const std::string expected = wire_transaction(105, 3, wire_param(101, ""));
-	EXPECT_EQ(expected.substr(12, 4), wire32(6));
-	ExpectSent(expected);
+	EXPECT_EQ(wire_transaction(105, 3, wire_param(101, "")).substr(12, 4), wire32(6));
+	ExpectRequest(105, wire_param(101, ""));
 }
 
 
-TEST_F(ClientRequestsTest, NoText_SendsNothingAndTakesNoId)
+TEST_F(ClientRequestsTest, NothingToSend_TakesNoId)
 {
 	client->SendChat(NULL);
 	client->SendPrivateMsg(7, NULL);
+	client->RequestDownload("a", NULL);
+	client->RequestDownload("a", "");
+	client->RequestUpload("a", NULL, 1, "/n");
+	client->RequestUpload("a", "", 1, "/n");
 	client->SendChat("x");
-	ExpectSent(wire_transaction(105, 3, wire_param(101, "x")));
+	ExpectRequest(105, wire_param(101, "x"));
 }
 
 
@@ -58,16 +85,15 @@ TEST_F(ClientRequestsTest, LongestTexts_AndLongerOnesCutBetweenCharacters)
 {
 	const std::string longest(65535, 'x');
 	client->SendChat(longest.c_str());
-	ExpectSent(wire_transaction(105, 3, wire_param(101, longest)));
+	ExpectRequest(105, wire_param(101, longest));
 	client->SendChat((longest + "y").c_str());
-	ExpectSent(wire_transaction(105, 4, wire_param(101, longest)));
+	ExpectRequest(105, wire_param(101, longest));
 	client->SendPrivateMsg(7, (longest.substr(2) + "\xE2\x82\xAC").c_str());
-	ExpectSent(
-		wire_transaction(108, 5, wire_param(103, wire16(7)) + wire_param(101, longest.substr(2))));
+	ExpectRequest(108, wire_param(103, wire16(7)) + wire_param(101, longest.substr(2)));
 }
 
 
-TEST_F(ClientRequestsTest, PrivateMessage)
+TEST_F(ClientRequestsTest, PrivateMessage_ByteForByte)
 {
 	client->SendPrivateMsg(0xFEDC, "psst");
 	// clang-format off
@@ -80,68 +106,52 @@ TEST_F(ClientRequestsTest, PrivateMessage)
 }
 
 
-TEST_F(ClientRequestsTest, UserList)
+TEST_F(ClientRequestsTest, WithoutParameters_AreTheirHeader)
 {
 	client->RequestUserList();
-	ExpectSent(wire32(300) + wire32(3) + wire32(0) + wire32(2) + wire32(2) + wire16(0));
+	client->RequestBanner();
+	client->RequestFileList(NULL);
+	client->RequestFileList("");
+	uint32 id = 3;
+	for (const uint32 type : {300u, 212u, 200u, 200u})
+		ExpectSent(wire32(type) + wire32(id++) + wire32(0) + wire32(2) + wire32(2) + wire16(0));
 }
 
 
-TEST_F(ClientRequestsTest, NickAndIcon)
+TEST_F(ClientRequestsTest, NickAndIcon_CutAt64BytesBetweenCharacters)
 {
 	client->ChangeNickAndIcon("Bert", 0x8889);
-	ExpectSent(wire_transaction(304, 3, wire_param(104, wire16(0x8889)) + wire_param(102, "Bert")));
-}
+	ExpectRequest(304, icon_param(0x8889) + nick_param("Bert"));
+	for (const char* nick : {"", static_cast<const char*>(NULL)}) {
+		client->ChangeNickAndIcon(nick, 137);
+		ExpectRequest(304, icon_param(137));
+	}
 
-
-TEST_F(ClientRequestsTest, NickAndIcon_WithoutANick)
-{
-	client->ChangeNickAndIcon("", 137);
-	ExpectSent(wire_transaction(304, 3, wire_param(104, wire16(137))));
-	client->ChangeNickAndIcon(NULL, 137);
-	ExpectSent(wire_transaction(304, 4, wire_param(104, wire16(137))));
-}
-
-
-TEST_F(ClientRequestsTest, NickAndIcon_CutsAt64BytesBetweenCharacters)
-{
 	const std::string nick(70, 'n');
-	client->ChangeNickAndIcon(nick.c_str(), 137);
-	ExpectSent(wire_transaction(304, 3,
-		wire_param(104, wire16(137)) + wire_param(102, nick.substr(0, 64))));
-	client->ChangeNickAndIcon((nick.substr(0, 63) + "\xC3\xA4").c_str(), 137);
-	ExpectSent(wire_transaction(304, 4,
-		wire_param(104, wire16(137)) + wire_param(102, nick.substr(0, 63))));
-	client->ChangeNickAndIcon((nick.substr(0, 62) + "\xC3\xA4").c_str(), 137);
-	ExpectSent(wire_transaction(304, 5,
-		wire_param(104, wire16(137)) + wire_param(102, nick.substr(0, 62) + "\xC3\xA4")));
+	const std::pair<std::string, size_t> cut[] = {{nick, 64}, {nick.substr(0, 63) + "\xC3\xA4", 63},
+		{nick.substr(0, 62) + "\xC3\xA4", 64}};
+	for (const auto& [text, length] : cut) {
+		client->ChangeNickAndIcon(text.c_str(), 137);
+		ExpectRequest(304, icon_param(137) + nick_param(text.substr(0, length)));
+	}
 }
 
 
-TEST_F(ClientRequestsTest, UserInfo)
+TEST_F(ClientRequestsTest, UserInfo_NamesTheUser)
 {
 	client->GetUserInfo(0xFEDC);
-	ExpectSent(wire_transaction(303, 3, wire_param(103, wire16(0xFEDC))));
+	ExpectRequest(303, wire_param(103, wire16(0xFEDC)));
 }
 
 
-TEST_F(ClientRequestsTest, FileList_OfTheRootHasNoParameter)
-{
-	client->RequestFileList(NULL);
-	ExpectSent(wire32(200) + wire32(3) + wire32(0) + wire32(2) + wire32(2) + wire16(0));
-	client->RequestFileList("");
-	ExpectSent(wire32(200) + wire32(4) + wire32(0) + wire32(2) + wire32(2) + wire16(0));
-}
-
-
-TEST_F(ClientRequestsTest, FileList_OfASlashHasAValueOfTwoBytes)
+TEST_F(ClientRequestsTest, FileListOfASlash_HasAValueOfTwoBytes)
 {
 	client->RequestFileList("/");
-	ExpectSent(wire_transaction(200, 3, wire_param(202, wire16(0))));
+	ExpectRequest(200, wire_param(202, wire16(0)));
 }
 
 
-TEST_F(ClientRequestsTest, FileList_OfAFolder)
+TEST_F(ClientRequestsTest, FileListOfAFolder_ByteForByte)
 {
 	client->RequestFileList("//a//bc/");
 	// clang-format off
@@ -155,83 +165,45 @@ TEST_F(ClientRequestsTest, FileList_OfAFolder)
 }
 
 
-TEST_F(ClientRequestsTest, Download_FromAFolder)
+TEST_F(ClientRequestsTest, Download_HasNameFolderAndResumeInformation)
 {
+	const std::string resume = wire_param(203, kResumeInformation);
+	const std::string params = wire_param(201, "a.txt")
+		+ wire_param(202, wire16(1) + wire16(0) + wire8(7) + "uploads") + resume;
+	EXPECT_EQ(wire_transaction(202, 3, params).substr(12, 10),
+		wire32(105) + wire32(105) + wire16(3));
 	client->RequestDownload("uploads", "a.txt");
-	const std::string expected = wire_transaction(202, 3,
-		wire_param(201, "a.txt") + wire_param(202, wire16(1) + wire16(0) + wire8(7) + "uploads")
-			+ wire_param(203, resume_information()));
-	EXPECT_EQ(expected.substr(12, 10), wire32(105) + wire32(105) + wire16(3));
-	ExpectSent(expected);
-}
-
-
-TEST_F(ClientRequestsTest, Download_FromTheRoot)
-{
-	for (const char* folder : {static_cast<const char*>(NULL), ""})
+	ExpectRequest(202, params);
+	// From the root.
+	for (const char* folder : {static_cast<const char*>(NULL), ""}) {
 		client->RequestDownload(folder, "\xFF %s");
-	const std::string params = wire_param(201, "\xFF %s") + wire_param(203, resume_information());
-	ExpectSent(wire_transaction(202, 3, params));
-	ExpectSent(wire_transaction(202, 4, params));
+		ExpectRequest(202, wire_param(201, "\xFF %s") + resume);
+	}
+	// A name that is longer than a parameter.
+	client->RequestDownload("", std::string(70000, 'f').c_str());
+	ExpectRequest(202, wire_param(201, std::string(65535, 'f')) + resume);
 }
 
 
-TEST_F(ClientRequestsTest, FileNameOver65535Bytes_IsCut)
-{
-	const std::string name(70000, 'f');
-	client->RequestDownload("", name.c_str());
-	ExpectSent(wire_transaction(202, 3,
-		wire_param(201, name.substr(0, 65535)) + wire_param(203, resume_information())));
-}
-
-
-TEST_F(ClientRequestsTest, Upload)
+TEST_F(ClientRequestsTest, Upload_AnnouncesWhatItWillSend)
 {
 	const std::string name(200, 'u');
 	client->RequestUpload("a/b", name.c_str(), 1000, "/home/u");
 	const std::string path = wire16(2) + wire16(0) + wire8(1) + "a" + wire16(0) + wire8(1) + "b";
-	ExpectSent(wire_transaction(203, 3,
-		wire_param(201, name) + wire_param(202, path) + wire_param(108, wire32(1258))));
+	ExpectRequest(203,
+		wire_param(201, name) + wire_param(202, path) + wire_param(108, wire32(1258)));
+
+	// To the root. What is too large to announce wraps as its transfer does.
+	const std::pair<uint32, uint32> sizes[] = {{0, 74 + 1 + 56}, {0xFFFFFFFF - 131, 0xFFFFFFFF},
+		{0xFFFFFFFF, 130}};
+	for (const auto& [fileSize, announced] : sizes) {
+		client->RequestUpload(NULL, "n", fileSize, NULL);
+		ExpectRequest(203, wire_param(201, "n") + wire_param(108, wire32(announced)));
+	}
 }
 
 
-TEST_F(ClientRequestsTest, Upload_ToTheRoot)
-{
-	client->RequestUpload(NULL, "n", 0, NULL);
-	ExpectSent(
-		wire_transaction(203, 3, wire_param(201, "n") + wire_param(108, wire32(74 + 1 + 56))));
-}
-
-
-TEST_F(ClientRequestsTest, UploadTooLargeToAnnounce_WrapsAsItsTransferDoes)
-{
-	client->RequestUpload("", "n", 0xFFFFFFFF - 131, "/n");
-	ExpectSent(
-		wire_transaction(203, 3, wire_param(201, "n") + wire_param(108, wire32(0xFFFFFFFF))));
-	client->RequestUpload("", "n", 0xFFFFFFFF, "/n");
-	ExpectSent(wire_transaction(203, 4, wire_param(201, "n") + wire_param(108, wire32(130))));
-}
-
-
-TEST_F(ClientRequestsTest, NoFileName_SendsNothing)
-{
-	client->RequestDownload("a", NULL);
-	client->RequestDownload("a", "");
-	client->RequestUpload("a", NULL, 1, "/n");
-	client->RequestUpload("a", "", 1, "/n");
-	client->SendChat("x");
-	ExpectSent(wire_transaction(105, 3, wire_param(101, "x")));
-}
-
-
-TEST_F(ClientRequestsTest, Banner)
-{
-	client->RequestBanner();
-	ExpectSent(wire32(212) + wire32(3) + wire32(0) + wire32(2) + wire32(2) + wire16(0));
-}
-
-
-TEST_F(ClientRequestsTest, Agreed)
+TEST_F(ClientRequestsTest, Agreed_ByteForByte)
 {
 	client->SendAgreed("Ann", 137);
 	// clang-format off
@@ -245,23 +217,16 @@ TEST_F(ClientRequestsTest, Agreed)
 }
 
 
-TEST_F(ClientRequestsTest, Agreed_WithoutANick)
+TEST_F(ClientRequestsTest, Agreed_CutsItsNickAtByte63)
 {
-	const std::string params = wire_param(104, wire16(137)) + wire_param(113, wire16(0));
-	client->SendAgreed("", 137);
-	ExpectSent(wire_transaction(121, 3, params));
-	client->SendAgreed(NULL, 137);
-	ExpectSent(wire_transaction(121, 4, params));
-}
-
-
-TEST_F(ClientRequestsTest, Agreed_CutsAtByte63)
-{
+	const std::string rest = icon_param(137) + wire_param(113, wire16(0));
+	for (const char* nick : {"", static_cast<const char*>(NULL)}) {
+		client->SendAgreed(nick, 137);
+		ExpectRequest(121, rest);
+	}
 	const std::string nick = std::string(62, 'n') + "\xC3\xA4 more";
 	client->SendAgreed(nick.c_str(), 137);
-	ExpectSent(wire_transaction(121, 3,
-		wire_param(102, nick.substr(0, 63)) + wire_param(104, wire16(137))
-			+ wire_param(113, wire16(0))));
+	ExpectRequest(121, nick_param(nick.substr(0, 63)) + rest);
 }
 
 

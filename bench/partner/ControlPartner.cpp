@@ -11,7 +11,8 @@
 
 #include "Fail.h"
 #include "Stream.h"
-#include "WireWriter.h"
+#include "WireBytes.h"
+#include "WireRecords.h"
 
 
 static const size_t kChatSize = 62;
@@ -69,9 +70,7 @@ ServeChat(int listener, long count)
 {
 	std::string text = " Bosun:  the tide turns at six";
 	text.resize(kChatSize - kHeaderSize - kFieldHeaderSize, '.');
-	WireWriter field;
-	field.Field(kText, text);
-	const std::string line = Transaction(kChatLine, 0, 1, field.Bytes());
+	const std::string line = wire_transaction(kChatLine, 0, wire_param(kText, text));
 	std::string block;
 	while (block.size() < kBlockSize)
 		block += line;
@@ -95,40 +94,28 @@ static std::string
 file_fields(long count)
 {
 	static const char* const kEndings[] = {".txt", ".sit", ".jpg", "", " (final).pdf"};
-	WireWriter fields;
+	std::string fields;
 	for (long i = 0; i < count; i++) {
 		const bool isFolder = i % 10 == 9;
 		const std::string name = (isFolder ? "Charts of " : "Logbook ") + std::to_string(i * 7919)
 			+ (isFolder ? "" : kEndings[i % 5]);
-		WireWriter entry;
-		entry.Text(isFolder ? "fldr" : "TEXT");
-		entry.Text(isFolder ? "n/a " : "ttxt");
-		entry.Number(static_cast<uint64_t>(i) * 977 % 5000000, 4);
-		entry.Zeros(4);
-		entry.Number(name.size(), 4);
-		entry.Text(name);
-		fields.Field(kFile, entry.Bytes());
+		fields += wire_param(kFile,
+			(isFolder ? "fldrn/a " : "TEXTttxt") + wire32(static_cast<uint32_t>(i * 977 % 5000000))
+				+ wire_zeros(4) + wire32(static_cast<uint32_t>(name.size())) + name);
 	}
-	return fields.Bytes();
+	return fields;
 }
 
 
 static std::string
 answer_to(uint32_t type, uint32_t id)
 {
-	WireWriter fields;
-	if (type == kLogin) {
-		fields.Field(kServerName, "Harbor");
-	} else if (type == kUserListRequest) {
-		WireWriter user;
-		user.Number(1, 2);
-		user.Number(128, 2);
-		user.Number(0, 2);
-		user.Number(5, 2);
-		user.Text("Bosun");
-		fields.Field(kUser, user.Bytes());
-	}
-	return Transaction(kReply, id, 1, fields.Bytes());
+	std::string fields;
+	if (type == kLogin)
+		fields = wire_param(kServerName, "Harbor");
+	else if (type == kUserListRequest)
+		fields = wire_param(kUser, wire_user(1, 128, 0, "Bosun"));
+	return wire_transaction(kReply, id, fields);
 }
 
 
@@ -146,7 +133,7 @@ ServeListing(int listener, long count)
 
 		std::string answer = answer_to(type, id);
 		if (type == kFileListRequest) {
-			answer = Transaction(kReply, id, static_cast<int>(count), files);
+			answer = wire_transaction(kReply, id, files);
 			wait_for_word();
 		}
 		SendFully(client, answer.data(), answer.size());

@@ -10,7 +10,8 @@
 
 #include "Fail.h"
 #include "Stream.h"
-#include "WireWriter.h"
+#include "WireBytes.h"
+#include "WireRecords.h"
 
 
 static const size_t kRequestSize = 16;
@@ -20,24 +21,10 @@ static const size_t kBlockSize = 256 * 1024;
 static std::string
 file_description(long size)
 {
-	const std::string name = "cargo";
-	WireWriter writer;
-	writer.Text("FILP");
-	writer.Number(1, 2);
-	writer.Zeros(16);
-	writer.Number(2, 2);
-	writer.Text("INFO");
-	writer.Zeros(8);
-	writer.Number(74 + name.size(), 4);
-	writer.Text("AMAC????????");
-	writer.Zeros(58);
-	writer.Number(name.size(), 2);
-	writer.Text(name);
-	writer.Zeros(2);
-	writer.Text("DATA");
-	writer.Zeros(8);
-	writer.Number(static_cast<uint64_t>(size), 4);
-	return writer.Bytes();
+	const std::string information = wire_information_fork("cargo");
+	return "FILP" + wire16(1) + wire_zeros(16) + wire16(2)
+		+ wire_fork_header("INFO", static_cast<uint32_t>(information.size())) + information
+		+ wire_fork_header("DATA", static_cast<uint32_t>(size));
 }
 
 

@@ -62,7 +62,7 @@ TEST_F(CommandInterpreterTest, Broadcast_ReachesEverybody)
 }
 
 
-TEST_F(CommandInterpreterTest, ResidentLeavesAndComesBack)
+TEST_F(CommandInterpreterTest, Resident_LeavesAndComesBack)
 {
 	EXPECT_EQ(Answer("/leave juniper"), Message(302, 3, {wire_param(103, wire16(1))}));
 	EXPECT_EQ(Answer("/leave juniper"), Refusal(4, "Nobody here is called juniper."));

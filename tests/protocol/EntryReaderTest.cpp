@@ -38,7 +38,7 @@ user(unsigned int nickLength, const std::string& nick)
 }
 
 
-TEST(UserEntryTest, WholeEntry)
+TEST(UserEntryTest, WholeEntry_HasAllItsFields)
 {
 	UserEntry entry;
 	ASSERT_TRUE(ReadUserEntry(Value(user(4, "Bert")).param, &entry));
@@ -95,7 +95,7 @@ file(uint32_t nameLength, const std::string& name)
 }
 
 
-TEST(FileEntryTest, WholeEntry)
+TEST(FileEntryTest, WholeEntry_HasAllItsFields)
 {
 	FileEntry entry;
 	ASSERT_TRUE(ReadFileEntry(Value(file(8, "read me\xFF")).param, &entry));

@@ -114,7 +114,7 @@ TEST(TransactionParserTest, SeveralInARow_StayInStep)
 }
 
 
-TEST(TransactionParserTest, NeverAsksForMoreThanTheStage)
+TEST(TransactionParserTest, EachStage_AsksForNoMoreThanItself)
 {
 	TransactionParser parser;
 	EXPECT_EQ(parser.BytesNeeded(), 22u);
@@ -130,7 +130,7 @@ TEST(TransactionParserTest, NeverAsksForMoreThanTheStage)
 }
 
 
-TEST(TransactionParserTest, SizesBelow3)
+TEST(TransactionParserTest, SizeBelowThree_IsDroppedOrHasNoParameters)
 {
 	const std::string next = wire_transaction(106, 9, wire_param(101, "next"));
 	const std::string nextParsed = "1 id 9 error 0 101:next";

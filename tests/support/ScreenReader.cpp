@@ -13,6 +13,9 @@
 #include "UserInput.h"
 
 
+using TextQuestion = QString (
+	QAccessibleTextInterface::*)(int, QAccessible::TextBoundaryType, int*, int*) const;
+
 static std::vector<std::string> sHeard;
 // The text that is listened to, NULL for none.
 static const QObject* sListenedTo = NULL;
@@ -150,36 +153,36 @@ ScreenReader::Text(int start, int end) const
 }
 
 
-std::string
-ScreenReader::Before(int position, text_boundary boundary) const
+/*!	What the text says at a position, and from where to where. */
+static std::string
+read(QAccessibleTextInterface* text, TextQuestion ask, int position, text_boundary boundary)
 {
 	int start = 0;
 	int end = 0;
-	const QString text = _Text()->textBeforeOffset(position,
-		QAccessible::TextBoundaryType(boundary), &start, &end);
-	return range(start, end) + " " + text.toStdString();
+	const QString found = (text->*ask)(position,
+		static_cast<QAccessible::TextBoundaryType>(boundary), &start, &end);
+	return range(start, end) + " " + found.toStdString();
+}
+
+
+std::string
+ScreenReader::Before(int position, text_boundary boundary) const
+{
+	return read(_Text(), &QAccessibleTextInterface::textBeforeOffset, position, boundary);
 }
 
 
 std::string
 ScreenReader::At(int position, text_boundary boundary) const
 {
-	int start = 0;
-	int end = 0;
-	const QString text = _Text()->textAtOffset(position, QAccessible::TextBoundaryType(boundary),
-		&start, &end);
-	return range(start, end) + " " + text.toStdString();
+	return read(_Text(), &QAccessibleTextInterface::textAtOffset, position, boundary);
 }
 
 
 std::string
 ScreenReader::After(int position, text_boundary boundary) const
 {
-	int start = 0;
-	int end = 0;
-	const QString text = _Text()->textAfterOffset(position, QAccessible::TextBoundaryType(boundary),
-		&start, &end);
-	return range(start, end) + " " + text.toStdString();
+	return read(_Text(), &QAccessibleTextInterface::textAfterOffset, position, boundary);
 }
 
 

@@ -40,36 +40,44 @@ clipboard()
 }
 
 
-static void
-send_mouse(QWidget* widget, QEvent::Type type, const QPoint& where, bool isDown,
-	Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-{
-	const Qt::MouseButtons buttons = isDown ? Qt::LeftButton : Qt::NoButton;
-	const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-	QMouseEvent event(type, where, widget->mapToGlobal(where), button, buttons, modifiers);
-	QApplication::sendEvent(widget, &event);
-}
+/*!	The widget that the mouse is over at a point of a view, and where that is in it. */
+struct MouseTarget {
+	MouseTarget(BView* view, const QPoint& where)
+		: widget(ViewPeer::Of(view)->Widget()),
+		  place(where)
+	{
+		QAbstractScrollArea* area = qobject_cast<QAbstractScrollArea*>(widget);
+		if (area == NULL)
+			return;
+		place = area->viewport()->mapFrom(area, place);
+		widget = area->viewport();
+	}
 
+	MouseTarget(BView* view, BPoint where)
+		: MouseTarget(view, point_to_toolkit(where).toPoint())
+	{
+	}
 
-static QWidget*
-target_of(BView* view, QPoint& _where)
-{
-	QWidget* widget = ViewPeer::Of(view)->Widget();
-	QAbstractScrollArea* area = qobject_cast<QAbstractScrollArea*>(widget);
-	if (area == NULL)
-		return widget;
-	_where = area->viewport()->mapFrom(area, _where);
-	return area->viewport();
-}
+	void Send(QEvent::Type type, bool isDown, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+	{
+		const Qt::MouseButtons buttons = isDown ? Qt::LeftButton : Qt::NoButton;
+		const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+		QMouseEvent event(type, place, OnScreen(), button, buttons, modifiers);
+		QApplication::sendEvent(widget, &event);
+	}
+
+	QPoint OnScreen() const { return widget->mapToGlobal(place); }
+
+	QWidget* widget;
+	QPoint place;
+};
 
 
 void
 click(BView* view, BPoint where)
 {
-	QPoint place = point_to_toolkit(where).toPoint();
-	QWidget* widget = target_of(view, place);
-	send_mouse(widget, QEvent::MouseButtonPress, place, true);
-	send_mouse(widget, QEvent::MouseButtonRelease, place, false);
+	press_mouse(view, where);
+	release_mouse(view, where);
 }
 
 
@@ -85,63 +93,51 @@ void
 press_mouse_again(BView* view, BPoint where)
 {
 	click(view, where);
-	QPoint place = point_to_toolkit(where).toPoint();
-	QWidget* widget = target_of(view, place);
-	send_mouse(widget, QEvent::MouseButtonDblClick, place, true);
+	MouseTarget(view, where).Send(QEvent::MouseButtonDblClick, true);
 }
 
 
 void
 point_at(BView* view, BPoint where)
 {
-	QPoint place = point_to_toolkit(where).toPoint();
-	QWidget* widget = target_of(view, place);
-	QHoverEvent enter(QEvent::HoverEnter, place, widget->mapToGlobal(place), QPointF(-1, -1));
-	QApplication::sendEvent(widget, &enter);
-	QMouseEvent move(QEvent::MouseMove, place, widget->mapToGlobal(place), Qt::NoButton,
-		Qt::NoButton, Qt::NoModifier);
-	QApplication::sendEvent(widget, &move);
-	QHoverEvent hover(QEvent::HoverMove, place, widget->mapToGlobal(place), place);
-	QApplication::sendEvent(widget, &hover);
+	MouseTarget target(view, where);
+	QHoverEvent enter(QEvent::HoverEnter, target.place, target.OnScreen(), QPointF(-1, -1));
+	QApplication::sendEvent(target.widget, &enter);
+	target.Send(QEvent::MouseMove, false);
+	QHoverEvent hover(QEvent::HoverMove, target.place, target.OnScreen(), target.place);
+	QApplication::sendEvent(target.widget, &hover);
 }
 
 
 void
 rest_mouse(BView* view, BPoint where)
 {
-	QPoint place = point_to_toolkit(where).toPoint();
-	QWidget* widget = target_of(view, place);
-	QHelpEvent event(QEvent::ToolTip, place, widget->mapToGlobal(place));
-	QApplication::sendEvent(widget, &event);
+	const MouseTarget target(view, where);
+	QHelpEvent event(QEvent::ToolTip, target.place, target.OnScreen());
+	QApplication::sendEvent(target.widget, &event);
 }
 
 
 void
 press_mouse(BView* view, BPoint where, uint32 modifiers)
 {
-	QPoint place = point_to_toolkit(where).toPoint();
-	QWidget* widget = target_of(view, place);
-	Qt::KeyboardModifiers keys;
-	keys.setFlag(Qt::ShiftModifier, (modifiers & B_SHIFT_KEY) != 0);
-	send_mouse(widget, QEvent::MouseButtonPress, place, true, keys);
+	const bool isShifted = (modifiers & B_SHIFT_KEY) != 0;
+	MouseTarget(view, where)
+		.Send(QEvent::MouseButtonPress, true, isShifted ? Qt::ShiftModifier : Qt::NoModifier);
 }
 
 
 void
 drag_mouse(BView* view, BPoint where)
 {
-	QPoint place = point_to_toolkit(where).toPoint();
-	QWidget* widget = target_of(view, place);
-	send_mouse(widget, QEvent::MouseMove, place, true);
+	MouseTarget(view, where).Send(QEvent::MouseMove, true);
 }
 
 
 void
 release_mouse(BView* view, BPoint where)
 {
-	QPoint place = point_to_toolkit(where).toPoint();
-	QWidget* widget = target_of(view, place);
-	send_mouse(widget, QEvent::MouseButtonRelease, place, false);
+	MouseTarget(view, where).Send(QEvent::MouseButtonRelease, false);
 }
 
 
@@ -157,22 +153,20 @@ cancel_next_drag(BView* view)
 void
 open_context_menu(BView* view, BPoint where)
 {
-	QPoint place = point_to_toolkit(where).toPoint();
-	QWidget* widget = target_of(view, place);
-	QContextMenuEvent event(QContextMenuEvent::Mouse, place, widget->mapToGlobal(place));
-	QApplication::sendEvent(widget, &event);
+	const MouseTarget target(view, where);
+	QContextMenuEvent event(QContextMenuEvent::Mouse, target.place, target.OnScreen());
+	QApplication::sendEvent(target.widget, &event);
 }
 
 
 void
 turn_wheel(BView* view, int notches)
 {
-	QPoint place(10, 10);
-	QWidget* widget = target_of(view, place);
-	QWheelEvent event(place, widget->mapToGlobal(place), QPoint(),
+	const MouseTarget target(view, QPoint(10, 10));
+	QWheelEvent event(target.place, target.OnScreen(), QPoint(),
 		QPoint(0, notches * QWheelEvent::DefaultDeltasPerStep), Qt::NoButton, Qt::NoModifier,
 		Qt::NoScrollPhase, false);
-	QApplication::sendEvent(widget, &event);
+	QApplication::sendEvent(target.widget, &event);
 }
 
 
@@ -217,6 +211,13 @@ click_scroll_bar(BView* view, scroll_button button)
 }
 
 
+static QAccessibleInterface*
+interface_of(BView* view)
+{
+	return QAccessible::queryAccessibleInterface(ViewPeer::Of(view)->FocusWidget());
+}
+
+
 static Accessible
 describe(QAccessibleInterface* interface)
 {
@@ -249,27 +250,23 @@ describe(QAccessibleInterface* interface)
 Accessible
 accessible_of(BView* view)
 {
-	return describe(QAccessible::queryAccessibleInterface(ViewPeer::Of(view)->FocusWidget()));
+	return describe(interface_of(view));
 }
 
 
 Accessible
 accessible_of_row(BView* list, int row)
 {
-	QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(
-		ViewPeer::Of(list)->FocusWidget());
-	return describe(interface->child(row));
+	return describe(interface_of(list)->child(row));
 }
 
 
 std::string
 accessible_attributes(BView* view, int position)
 {
-	QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(
-		ViewPeer::Of(view)->FocusWidget());
 	int start = 0;
 	int end = 0;
-	return interface->textInterface()->attributes(position, &start, &end).toStdString();
+	return interface_of(view)->textInterface()->attributes(position, &start, &end).toStdString();
 }
 
 
@@ -283,9 +280,7 @@ waits_for_frame(BView* view)
 int
 accessible_position_at(BView* view, BPoint where)
 {
-	QWidget* widget = ViewPeer::Of(view)->FocusWidget();
-	QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
-	return interface->textInterface()->offsetAtPoint(
+	return interface_of(view)->textInterface()->offsetAtPoint(
 		ViewPeer::Of(view)->Widget()->mapToGlobal(point_to_toolkit(where).toPoint()));
 }
 
@@ -318,5 +313,5 @@ picture_of(BView* view)
 	const QImage image = ViewPeer::Of(view)->Widget()->grab().toImage().convertToFormat(
 		QImage::Format_RGB32);
 	return std::string(reinterpret_cast<const char*>(image.constBits()),
-		size_t(image.sizeInBytes()));
+		static_cast<size_t>(image.sizeInBytes()));
 }

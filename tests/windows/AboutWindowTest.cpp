@@ -232,10 +232,3 @@ TEST_F(RollTest, Credits_StartAgainWhenTheyHaveLeft)
 	fCredits->Tick(200);
 	EXPECT_TRUE(halfWay == picture_of(fCredits));
 }
-
-
-TEST_F(AboutWindowTest, Layout_IsTidy)
-{
-	_Open();
-	fWindow->ExpectTidyAtTwoSizes();
-}

@@ -32,6 +32,11 @@ TEST_F(AgreementWindowTest, AtFirst_ShowsTheTextAndAcceptIsTheDefault)
 	EXPECT_STREQ("Server Agreement", fWindow->Window()->Title());
 	EXPECT_EQ("Please read and accept the server agreement to continue:", fWindow->Label("label"));
 	EXPECT_EQ("Be kind.\nStay long.", fWindow->Transcript("agreementtext"));
+	const BTextView* text = fWindow->Find<BTextView>("agreementtext");
+	EXPECT_FALSE(text->IsEditable());
+	EXPECT_TRUE(text->IsSelectable());
+	EXPECT_TRUE(text->DoesWordWrap());
+	EXPECT_FALSE(text->IsStylable());
 	EXPECT_STREQ("Accept", fWindow->Find<BButton>("accept")->Label());
 	EXPECT_STREQ("Decline", fWindow->Find<BButton>("decline")->Label());
 	EXPECT_TRUE(fWindow->Find<BButton>("accept")->IsDefault());
@@ -39,16 +44,6 @@ TEST_F(AgreementWindowTest, AtFirst_ShowsTheTextAndAcceptIsTheDefault)
 	BFont font;
 	fWindow->Find<BStringView>("label")->GetFont(&font);
 	EXPECT_EQ(*be_bold_font, font);
-}
-
-
-TEST_F(AgreementWindowTest, TheText_CanBeSelectedButNotEdited)
-{
-	const BTextView* text = fWindow->Find<BTextView>("agreementtext");
-	EXPECT_FALSE(text->IsEditable());
-	EXPECT_TRUE(text->IsSelectable());
-	EXPECT_TRUE(text->DoesWordWrap());
-	EXPECT_FALSE(text->IsStylable());
 }
 
 
@@ -130,12 +125,6 @@ TEST_F(AgreementWindowTest, TheTarget_MayBeGone)
 	fTarget.reset();
 	fWindow->Invoke("accept");
 	fWindow->WaitForEnd();
-}
-
-
-TEST_F(AgreementWindowTest, Layout_IsTidyAtTwoSizes)
-{
-	fWindow->ExpectTidyAtTwoSizes();
 }
 
 

@@ -43,29 +43,19 @@ protected:
 };
 
 
-TEST_F(ChatWindowTest, AtFirst_IsEmptyAndDisabled)
+TEST_F(ChatWindowTest, AtFirst_IsAnEmptyDocumentForReading)
 {
 	EXPECT_STREQ("Chat", fWindow->Window()->Title());
 	EXPECT_EQ("", fWindow->Transcript("chatview"));
 	EXPECT_EQ("", fWindow->Text("chatinput"));
 	EXPECT_FALSE(fWindow->IsEnabled("chatinput"));
-}
-
-
-TEST_F(ChatWindowTest, AtFirst_IsADocumentThatFollowsItsLayout)
-{
 	EXPECT_EQ(B_DOCUMENT_WINDOW_LOOK, fWindow->Window()->Look());
 	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, fWindow->Window()->Feel());
 	EXPECT_EQ(uint32(B_AUTO_UPDATE_SIZE_LIMITS), fWindow->Window()->Flags());
 	const BScrollView* scrollView = fWindow->Find<BScrollView>("chatscroll");
-	EXPECT_EQ(fWindow->Find<BTextView>("chatview"), scrollView->Target());
 	EXPECT_EQ(B_FANCY_BORDER, scrollView->Border());
-}
-
-
-TEST_F(ChatWindowTest, TheTranscript_CanBeSelectedButNotEdited)
-{
 	const BTextView* view = fWindow->Find<BTextView>("chatview");
+	EXPECT_EQ(view, scrollView->Target());
 	EXPECT_FALSE(view->IsEditable());
 	EXPECT_TRUE(view->IsSelectable());
 	EXPECT_TRUE(view->IsStylable());
@@ -191,12 +181,6 @@ TEST_F(ChatWindowTest, Closing_MinimizesAndChatGoesOn)
 	ExpectMinimizedByClosing();
 	_Append("still here\n", 0xff);
 	EXPECT_EQ("still here\n", fWindow->Transcript("chatview"));
-}
-
-
-TEST_F(ChatWindowTest, Layout_IsTidyAtTwoSizes)
-{
-	fWindow->ExpectTidyAtTwoSizes();
 }
 
 

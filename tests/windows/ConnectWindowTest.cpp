@@ -145,12 +145,6 @@ TEST_F(ConnectWindowTest, Cancel_ClosesAndPostsNothing)
 }
 
 
-TEST_F(ConnectWindowTest, Layout_IsTidyAtTwoSizes)
-{
-	fWindow->ExpectTidyAtTwoSizes();
-}
-
-
 TEST_F(ConnectWindowTest, TheTarget_MayBeGone)
 {
 	fTarget.reset();

@@ -383,10 +383,3 @@ TEST_F(FileListWindowTest, Closing_TellsWhichWindowItWas)
 	EXPECT_EQ(B_OK, notice.FindPointer("window", &closed));
 	EXPECT_EQ(window, closed);
 }
-
-
-TEST_F(FileListWindowTest, Layout_IsTidyAtTwoSizes)
-{
-	_Open("a/b");
-	fWindow->ExpectTidyAtTwoSizes();
-}

@@ -187,9 +187,3 @@ TEST_F(MessageWindowTest, Closing_SaysSoOnceAndEndsTheWindow)
 	EXPECT_EQ(0x8005, notice.GetUInt16("socket", 0));
 	EXPECT_EQ(window, notice.GetPointer("window"));
 }
-
-
-TEST_F(MessageWindowTest, Layout_IsTidyAtTwoSizes)
-{
-	fWindow->ExpectTidyAtTwoSizes();
-}

@@ -249,11 +249,3 @@ TEST_F(OptionsWindowTest, TwoThousandIcons_AreAllListed)
 	EXPECT_SOON(fList->Bounds().Intersects(fList->ItemFrame(kCount - 1)));
 	EXPECT_FALSE(fList->Bounds().Intersects(fList->ItemFrame(0)));
 }
-
-
-TEST_F(OptionsWindowTest, Layout_IsTidyAtTwoSizes)
-{
-	_AddIcon("1.png");
-	_Open(137);
-	fWindow->ExpectTidyAtTwoSizes();
-}

@@ -192,10 +192,3 @@ TEST_F(TrackerWindowTest, ClosedWhileLoading_EndsWithTheFetch)
 	}));
 	EXPECT_EQ(0, fTarget->CountMessages());
 }
-
-
-TEST_F(TrackerWindowTest, Layout_IsTidyAtTwoSizes)
-{
-	fTracker.Hangup();
-	fWindow->ExpectTidyAtTwoSizes();
-}

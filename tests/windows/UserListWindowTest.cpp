@@ -160,12 +160,6 @@ TEST_F(UserListWindowTest, ARowThatIsNoUser_IsSkipped)
 }
 
 
-TEST_F(UserListWindowTest, Layout_IsTidyAtTwoSizes)
-{
-	fWindow->ExpectTidyAtTwoSizes();
-}
-
-
 TEST_F(UserListWindowTest, HostileNick_IsKeptAsItStands)
 {
 	uint16 socket = 0;

@@ -2,9 +2,9 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include "ServerOptions.h"
-
 #include <gtest/gtest.h>
+
+#include "ServerOptions.h"
 
 
 using demo::CommandLine;

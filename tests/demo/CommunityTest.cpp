@@ -4,16 +4,16 @@
  */
 #include "Community.h"
 
+#include <chrono>
+#include <set>
+
+#include <gtest/gtest.h>
+
 #include "Audience.h"
 #include "Persona.h"
 #include "ProtocolCodes.h"
 #include "ServerOptions.h"
 #include "Transaction.h"
-
-#include <chrono>
-#include <set>
-
-#include <gtest/gtest.h>
 
 
 using namespace demo;

@@ -2,9 +2,8 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include "QuietServer.h"
-
 #include "Persona.h"
+#include "QuietServer.h"
 
 
 class ConversationTest : public QuietServer {};

@@ -6,13 +6,12 @@
 
 #include <csignal>
 #include <cstdio>
-
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "RawClient.h"
-
 #include <gtest/gtest.h>
+
+#include "RawClient.h"
 
 
 using demo::DemoServer;

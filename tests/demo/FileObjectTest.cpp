@@ -131,8 +131,8 @@ TEST_F(FileObjectReaderTest, CutAtEachByte_WaitsForTheRest)
 TEST_F(FileObjectReaderTest, NotWhatWasAnnounced_Broken)
 {
 	std::string bytes = object(2, fork("INFO", information("name")) + fork("DATA", "data"));
-	for (uint64_t announced : {uint64_t(0), uint64_t(23), uint64_t(24), uint64_t(bytes.size() - 1),
-			 uint64_t(bytes.size() + 1)}) {
+	for (uint64_t announced :
+		std::initializer_list<uint64_t>{0, 23, 24, bytes.size() - 1, bytes.size() + 1}) {
 		SCOPED_TRACE(announced);
 		EXPECT_EQ(Read(bytes, announced, 1000), FileObjectReader::kBroken);
 	}

@@ -4,9 +4,9 @@
  */
 #include "FileTree.h"
 
-#include "WireBytes.h"
-
 #include <gtest/gtest.h>
+
+#include "WireBytes.h"
 
 
 using namespace demo;

@@ -4,11 +4,9 @@
  */
 #include <chrono>
 #include <memory>
-
 #include <sys/socket.h>
 
 #include "QuietServer.h"
-
 #include "Server.h"
 
 
@@ -131,7 +129,7 @@ TEST_F(HostileClientTest, AsksForEverWithoutReading_WaitsInTheNetwork)
 			rounds++;
 		}
 	}
-	EXPECT_LT(taken, size_t(64 * 1024 * 1024));
+	EXPECT_LT(taken, static_cast<size_t>(64 * 1024 * 1024));
 }
 
 

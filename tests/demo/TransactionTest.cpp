@@ -4,9 +4,9 @@
  */
 #include "Transaction.h"
 
-#include "RawClient.h"
-
 #include <gtest/gtest.h>
+
+#include "RawClient.h"
 
 
 using demo::Transaction;
@@ -130,7 +130,8 @@ TEST(TransactionTest, CutAtEachByte_WaitsForTheRest)
 
 TEST(TransactionTest, AnnouncesTooMuch_KnownFromTheHeader)
 {
-	for (uint32_t size : {uint32_t(128 * 1024 - 19), 0x7fffffffu, 0xffffffffu, 0xffffffedu}) {
+	for (uint32_t size :
+		std::initializer_list<uint32_t>{128 * 1024 - 19, 0x7fffffffu, 0xffffffffu, 0xffffffedu}) {
 		SCOPED_TRACE(size);
 		std::string header = wire32(105) + wire32(1) + wire32(0) + wire32(size) + wire32(size);
 		EXPECT_EQ(Request(header).result, Transaction::kTooLarge);

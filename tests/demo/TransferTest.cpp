@@ -5,7 +5,6 @@
 #include "Banners.h"
 #include "FileContent.h"
 #include "FileTree.h"
-
 #include "QuietServer.h"
 #include "WireRecords.h"
 

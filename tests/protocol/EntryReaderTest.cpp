@@ -5,8 +5,9 @@
 #include "EntryReader.h"
 
 #include <algorithm>
-#include <gtest/gtest.h>
 #include <memory>
+
+#include <gtest/gtest.h>
 
 #include "HotlineProtocol.h"
 #include "WireBytes.h"

@@ -5,8 +5,9 @@
 #include "HotlineProtocol.h"
 
 #include <cstring>
-#include <gtest/gtest.h>
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "HotlineNotifications.h"
 #include "WireBytes.h"

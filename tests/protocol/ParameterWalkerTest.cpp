@@ -4,10 +4,11 @@
  */
 #include "ParameterWalker.h"
 
-#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include <String.h>
 

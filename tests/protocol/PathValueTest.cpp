@@ -4,8 +4,9 @@
  */
 #include "PathValue.h"
 
-#include <gtest/gtest.h>
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "WireBytes.h"
 

@@ -4,9 +4,10 @@
  */
 #include "TransactionBuilder.h"
 
-#include <gtest/gtest.h>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "HotlineProtocol.h"
 #include "WireBytes.h"

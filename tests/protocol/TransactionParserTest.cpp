@@ -6,9 +6,10 @@
 
 #include <algorithm>
 #include <cstring>
-#include <gtest/gtest.h>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "HotlineProtocol.h"
 #include "WireBytes.h"
@@ -105,7 +106,7 @@ TEST(TransactionParserTest, SeveralInARow_StayInStep)
 	const std::string bytes = wire_transaction(106, 1, wire_param(101, std::string(300, 'x')))
 		+ wire_transaction(111, 2, "") + wire_transaction(355, 3, wire_param(101, "b"))
 		+ wire_transaction(999, 4, wire_param(101, "c")) + wire_transaction(104, 5, "zzz");
-	for (const size_t size : {size_t(1), size_t(3), size_t(23), SIZE_MAX}) {
+	for (const size_t size : std::initializer_list<size_t>{1, 3, 23, SIZE_MAX}) {
 		SCOPED_TRACE(size);
 		EXPECT_EQ(parse(bytes, size),
 			Parsed({"1 id 1 error 0 101:" + std::string(300, 'x'), "9 id 3 error 0 101:b",
@@ -170,7 +171,7 @@ TEST(TransactionParserTest, Reset_ForgetsHalfATransaction)
 {
 	TransactionParser parser;
 	const std::string bytes = wire_transaction(106, 1, wire_param(101, std::string(1000, 'x')));
-	for (const size_t size : {size_t(10), size_t(22), size_t(500)}) {
+	for (const size_t size : std::initializer_list<size_t>{10, 22, 500}) {
 		SCOPED_TRACE(size);
 		EXPECT_EQ(parse(parser, bytes.substr(0, size), SIZE_MAX), Parsed());
 		EXPECT_TRUE(parser.Reset());

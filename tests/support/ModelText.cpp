@@ -8,7 +8,8 @@
 static bool
 in_range(const std::string& bytes, size_t at, int low, int high)
 {
-	return at < bytes.size() && uint8(bytes[at]) >= low && uint8(bytes[at]) <= high;
+	return at < bytes.size() && static_cast<uint8>(bytes[at]) >= low
+		&& static_cast<uint8>(bytes[at]) <= high;
 }
 
 
@@ -52,9 +53,9 @@ static char32_t
 character(const std::string& bytes, size_t at, size_t length)
 {
 	static const int kLeadMasks[] = {0, 0x7f, 0x1f, 0x0f, 0x07};
-	char32_t code = char32_t(uint8(bytes[at]) & kLeadMasks[length]);
+	char32_t code = char32_t(static_cast<uint8>(bytes[at]) & kLeadMasks[length]);
 	for (size_t i = 1; i < length; i++)
-		code = code * 64 + (uint8(bytes[at + i]) - 0x80);
+		code = code * 64 + (static_cast<uint8>(bytes[at + i]) - 0x80);
 	return code;
 }
 
@@ -85,7 +86,7 @@ ModelText::ModelText(const std::string& bytes)
 	fLines.push_back({0, 0, 0, 0, std::u16string()});
 	size_t at = 0;
 	while (at < bytes.size()) {
-		fMarks.push_back({int32(at), position, int32(fLines.size()) - 1});
+		fMarks.push_back({static_cast<int32>(at), position, static_cast<int32>(fLines.size()) - 1});
 		Line& line = fLines.back();
 		const size_t length = well_formed(bytes, at);
 		const char32_t code = length > 0 ? character(bytes, at, length) : 0xfffd;
@@ -93,26 +94,26 @@ ModelText::ModelText(const std::string& bytes)
 		if (code == '\n' || code == '\r' || code == 0x2029) {
 			if (code == '\r' && in_range(bytes, at, '\n', '\n'))
 				at++;
-			line.endByteCount = int32(at) - line.offset - line.byteCount;
+			line.endByteCount = static_cast<int32>(at) - line.offset - line.byteCount;
 			position++;
-			fLines.push_back({int32(at), position, 0, 0, std::u16string()});
+			fLines.push_back({static_cast<int32>(at), position, 0, 0, std::u16string()});
 		} else {
 			append_character(line.text, code);
-			position = line.position + int32(line.text.size());
-			line.byteCount = int32(at) - line.offset;
+			position = line.position + static_cast<int32>(line.text.size());
+			line.byteCount = static_cast<int32>(at) - line.offset;
 		}
 	}
-	fMarks.push_back({int32(at), position, int32(fLines.size()) - 1});
+	fMarks.push_back({static_cast<int32>(at), position, static_cast<int32>(fLines.size()) - 1});
 }
 
 
 static std::string
 lines_complaint(const TextStore& store, const ModelText& model)
 {
-	if (size_t(store.CountLines()) != model.Lines().size())
+	if (static_cast<size_t>(store.CountLines()) != model.Lines().size())
 		return "wrong number of lines";
 	for (int32 i = 0; i < store.CountLines(); i++) {
-		const ModelText::Line& line = model.Lines()[size_t(i)];
+		const ModelText::Line& line = model.Lines()[static_cast<size_t>(i)];
 		const std::string where = " line " + std::to_string(i);
 		if (store.OffsetOf(i) != line.offset)
 			return "wrong offset of" + where;
@@ -120,7 +121,7 @@ lines_complaint(const TextStore& store, const ModelText& model)
 			return "wrong position of" + where;
 		if (store.CountBytesOf(i) != line.byteCount)
 			return "wrong number of bytes of" + where;
-		if (store.CountPositionsOf(i) != int32(line.text.size()))
+		if (store.CountPositionsOf(i) != static_cast<int32>(line.text.size()))
 			return "wrong number of positions of" + where;
 		if (store.TextOf(i) != line.text)
 			return "wrong text of" + where;
@@ -158,7 +159,8 @@ text_store_complaint(const TextStore& store, const std::string& bytes)
 	const ModelText model(bytes);
 	std::vector<ModelText::Mark> marks = model.Marks();
 	const ModelText::Mark end = marks.back();
-	if (store.CountBytes() != int32(bytes.size()) || store.CountPositions() != end.position)
+	if (store.CountBytes() != static_cast<int32>(bytes.size())
+		|| store.CountPositions() != end.position)
 		return "the lengths are wrong";
 	// With the NUL that follows.
 	if (std::string(store.Bytes(), bytes.size() + 1) != bytes + '\0')
@@ -181,17 +183,17 @@ text_change_complaint(TextStore& store, std::string& bytes, size_t offset, size_
 {
 	const ModelText before(bytes);
 	bytes.replace(offset, removed, added);
-	const int32 first = store.Replace(int32(offset), int32(removed), added.data(),
-		int32(added.size()));
+	const int32 first = store.Replace(static_cast<int32>(offset), static_cast<int32>(removed),
+		added.data(), static_cast<int32>(added.size()));
 	std::string complaint = text_store_complaint(store, bytes);
 	if (!complaint.empty())
 		return complaint;
 
 	const ModelText after(bytes);
-	if (first < 0 || size_t(first) >= after.Lines().size()
-		|| size_t(first) >= before.Lines().size())
+	if (first < 0 || static_cast<size_t>(first) >= after.Lines().size()
+		|| static_cast<size_t>(first) >= before.Lines().size())
 		return "there is no line " + std::to_string(first) + " that could have changed";
-	for (size_t i = 0; i < size_t(first); i++) {
+	for (size_t i = 0; i < static_cast<size_t>(first); i++) {
 		if (!(before.Lines()[i] == after.Lines()[i]))
 			return "line " + std::to_string(i) + " has changed before " + std::to_string(first);
 	}

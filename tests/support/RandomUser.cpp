@@ -41,14 +41,14 @@ RandomUser::RandomUser(BView* text, uint32 seed)
 int32
 RandomUser::Number(int32 limit)
 {
-	return int32(fRandom() % uint32(limit));
+	return static_cast<int32>(fRandom() % static_cast<uint32>(limit));
 }
 
 
 void
 RandomUser::PressKey()
 {
-	const int key = kKeys[Number(int32(std::size(kKeys)))];
+	const int key = kKeys[Number(static_cast<int32>(std::size(kKeys)))];
 	Qt::KeyboardModifiers modifiers;
 	modifiers.setFlag(Qt::ShiftModifier, Number(2) == 0);
 	modifiers.setFlag(Qt::ControlModifier, Number(3) == 0);
@@ -71,7 +71,7 @@ RandomUser::MoveMouse()
 			modifiers);
 		QApplication::sendEvent(fViewport, &event);
 	};
-	const QEvent::Type type = kTypes[Number(int32(std::size(kTypes)))];
+	const QEvent::Type type = kTypes[Number(static_cast<int32>(std::size(kTypes)))];
 	if (type == QEvent::MouseMove)
 		send(QEvent::MouseButtonDblClick, Qt::LeftButton);
 	send(type, type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton);

@@ -68,7 +68,8 @@ void
 move_window(BWindow* window, BPoint leftTop)
 {
 	QWidget* widget = widget_of(window);
-	widget->setGeometry(QRect(QPoint(int(leftTop.x), int(leftTop.y)), widget->size()));
+	widget->setGeometry(
+		QRect(QPoint(static_cast<int>(leftTop.x), static_cast<int>(leftTop.y)), widget->size()));
 }
 
 

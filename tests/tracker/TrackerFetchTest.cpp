@@ -137,7 +137,7 @@ TEST_F(TrackerFetchTest, Request_IsSixBytesAndNothingFollows)
 TEST_F(TrackerFetchTest, Server_IsPostedWithAllItsFields)
 {
 	const std::string record = wire_server_record("caf\xe9 <b>", "100 % &File", 65535, 40000);
-	EXPECT_EQ(0, Fetch(wire_tracker_header(uint16(record.size() + 4), 1) + record));
+	EXPECT_EQ(0, Fetch(wire_tracker_header(static_cast<uint16>(record.size() + 4), 1) + record));
 
 	const std::vector<BMessage> messages = fRecorder->Messages();
 	const BMessage server = built_message(kMsgTrackerServer, "name", "caf\xe9 <b>", "desc",
@@ -163,8 +163,8 @@ TEST_F(TrackerFetchTest, Size_EndsTheListingWithoutTheTrackerClosing)
 {
 	FetchRun run(Address(), fRecorder.get());
 	ASSERT_TRUE(fServer.Accept());
-	fServer.Send(
-		wire_tracker_header(uint16(fTwo.size() + 4), 0) + fTwo + wire_server_record("beyond", ""));
+	fServer.Send(wire_tracker_header(static_cast<uint16>(fTwo.size() + 4), 0) + fTwo
+		+ wire_server_record("beyond", ""));
 	EXPECT_TRUE(fServer.WaitForEnd());
 	EXPECT_EQ(0, run.Result());
 	EXPECT_EQ("one two done", Outcome());
@@ -192,7 +192,7 @@ TEST_F(TrackerFetchTest, ListingWithoutEnd_IsReadUpTo64KiB)
 	const std::vector<BMessage> messages = fRecorder->Messages();
 	ASSERT_EQ(5461u + 1, messages.size());
 	EXPECT_STREQ("0.0.0.0", messages[5460].GetString("ip"));
-	EXPECT_EQ(uint32(kMsgTrackerDone), messages[5461].what);
+	EXPECT_EQ(static_cast<uint32>(kMsgTrackerDone), messages[5461].what);
 }
 
 
@@ -201,7 +201,8 @@ TEST_F(TrackerFetchTest, ServerCount_LimitsTheRecords)
 	for (const auto& [count, outcome] : {std::pair<uint16, const char*>(0, "one two done"),
 			 {1, "one done"}, {2, "one two done"}, {65535, "one two done"}}) {
 		SCOPED_TRACE(count);
-		ExpectOutcomeOf(wire_tracker_header(uint16(fTwo.size() + 4), count) + fTwo, 0, outcome);
+		ExpectOutcomeOf(wire_tracker_header(static_cast<uint16>(fTwo.size() + 4), count) + fTwo, 0,
+			outcome);
 	}
 }
 
@@ -212,7 +213,7 @@ TEST_F(TrackerFetchTest, ListingCutAtAnyByte_KeepsWhatIsWhole)
 	const std::string listing = first + wire_server_record("two", "2");
 	for (size_t length = 0; length < listing.size(); length++) {
 		SCOPED_TRACE(length);
-		ExpectOutcomeOf(wire_tracker_header(uint16(listing.size() + 4), 2)
+		ExpectOutcomeOf(wire_tracker_header(static_cast<uint16>(listing.size() + 4), 2)
 				+ listing.substr(0, length),
 			0, length >= first.size() ? "one done" : "done");
 	}
@@ -424,7 +425,8 @@ protected:
 
 	void Send(const std::string& bytes)
 	{
-		EXPECT_EQ(ssize_t(bytes.size()), write(fSockets[1], bytes.data(), bytes.size()));
+		EXPECT_EQ(static_cast<ssize_t>(bytes.size()),
+			write(fSockets[1], bytes.data(), bytes.size()));
 	}
 
 	void CloseSender()

@@ -61,7 +61,7 @@ TEST(TrackerListingTest, HeaderWithoutTheMagic_IsNone)
 	for (size_t i = 0; i < 4; i++) {
 		SCOPED_TRACE(i);
 		std::string header = wire_tracker_header(100, 1);
-		header[i] = char(header[i] | 0x20);
+		header[i] = static_cast<char>(header[i] | 0x20);
 		size_t size = 0;
 		uint16 count = 0;
 		EXPECT_FALSE(TrackerListing::ReadHeader(reinterpret_cast<const uint8*>(header.data()),

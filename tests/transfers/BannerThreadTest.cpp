@@ -2,8 +2,6 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include "TransferTest.h"
-
 #include <algorithm>
 #include <cerrno>
 #include <sys/socket.h>
@@ -11,6 +9,7 @@
 #include "AppMessages.h"
 #include "InterposedCalls.h"
 #include "PatternBytes.h"
+#include "TransferTest.h"
 #include "WireBytes.h"
 
 
@@ -27,12 +26,13 @@ protected:
 	void ExpectData(const std::string& expected)
 	{
 		const BMessage message = fRecorder->OnlyMessage();
-		EXPECT_EQ(uint32(kMsgBannerData), message.what);
+		EXPECT_EQ(static_cast<uint32>(kMsgBannerData), message.what);
 		EXPECT_EQ(1, message.CountNames(B_ANY_TYPE));
 		const void* data = NULL;
 		ssize_t size = 0;
 		ASSERT_EQ(B_OK, message.FindData("data", B_RAW_TYPE, &data, &size));
-		EXPECT_TRUE(expected == std::string(static_cast<const char*>(data), size_t(size)));
+		EXPECT_TRUE(
+			expected == std::string(static_cast<const char*>(data), static_cast<size_t>(size)));
 	}
 
 	void ExpectSilentFailure(BannerDLInfo* info)

@@ -2,8 +2,6 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include "TransferTest.h"
-
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
@@ -13,6 +11,7 @@
 
 #include "AppMessages.h"
 #include "InterposedCalls.h"
+#include "TransferTest.h"
 #include "WaitFor.h"
 #include "WireBytes.h"
 #include "WireRecords.h"
@@ -78,7 +77,7 @@ TEST_F(DownloadFailureTest, RequestSentInPart_IsSilent)
 TEST_F(DownloadFailureTest, SilenceBeforeTheData_EndsAfterSixtySeconds)
 {
 	const std::string stream = wire_file_object("data");
-	for (const size_t length : {size_t(0), size_t(39), size_t(60), stream.size() - 5}) {
+	for (const size_t length : std::initializer_list<size_t>{0, 39, 60, stream.size() - 5}) {
 		SCOPED_TRACE(length);
 		InterposedCalls calls;
 		calls.ShortenTimeouts(300);
@@ -189,7 +188,7 @@ static std::atomic<pid_t> sTransferThread(0);
 static status_t
 download_and_tell_thread(void* info)
 {
-	sTransferThread = pid_t(syscall(SYS_gettid));
+	sTransferThread = static_cast<pid_t>(syscall(SYS_gettid));
 	return DownloadThread(info);
 }
 

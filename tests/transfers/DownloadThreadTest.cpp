@@ -2,14 +2,13 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include "TransferTest.h"
-
 #include <filesystem>
 #include <sys/socket.h>
 
 #include "AppMessages.h"
 #include "InterposedCalls.h"
 #include "PatternBytes.h"
+#include "TransferTest.h"
 #include "WaitFor.h"
 #include "WireBytes.h"
 #include "WireRecords.h"
@@ -231,5 +230,5 @@ TEST_F(DownloadThreadTest, TenAtOnce_AllArrive)
 		const std::string data = ContentOf(PathOf(std::to_string(i)));
 		EXPECT_TRUE(data == PatternBytes(i * 1000, 3 * kPiece)) << "file " << i;
 	}
-	EXPECT_EQ(int32(kCount), fRecorder->CountMessages());
+	EXPECT_EQ(static_cast<int32>(kCount), fRecorder->CountMessages());
 }

@@ -78,7 +78,7 @@ TEST(FlattenedFileReaderTest, InformationFork_IsAskedForInPiecesOf512)
 
 TEST(FlattenedFileReaderTest, NoInformation_LeadsToTheDataHeader)
 {
-	for (const uint32 size : {uint32(0), uint32(0x10000), uint32(0xffff0000)}) {
+	for (const uint32 size : std::initializer_list<uint32>{0, 0x10000, 0xffff0000}) {
 		SCOPED_TRACE(size);
 		FlattenedFileReader reader;
 		const std::string headers = wire_zeros(24) + wire_fork_header("INFO", size);

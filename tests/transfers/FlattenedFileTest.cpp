@@ -18,9 +18,9 @@ template<typename Function>
 static std::string
 written(size_t size, const Function& build)
 {
-	std::string buffer(size + 1, char(kUntouched));
+	std::string buffer(size + 1, static_cast<char>(kUntouched));
 	build(reinterpret_cast<uint8*>(buffer.data()));
-	EXPECT_EQ(char(kUntouched), buffer[size]);
+	EXPECT_EQ(static_cast<char>(kUntouched), buffer[size]);
 	buffer.resize(size);
 	return buffer;
 }

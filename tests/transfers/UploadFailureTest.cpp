@@ -2,14 +2,13 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include "TransferTest.h"
-
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
 
 #include "AppMessages.h"
 #include "InterposedCalls.h"
+#include "TransferTest.h"
 
 
 // More than all buffers between the two sides hold, so that the sender is still at work.

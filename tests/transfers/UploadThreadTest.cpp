@@ -2,14 +2,13 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include "TransferTest.h"
-
 #include <filesystem>
 #include <sys/socket.h>
 
 #include "AppMessages.h"
 #include "InterposedCalls.h"
 #include "PatternBytes.h"
+#include "TransferTest.h"
 #include "WireBytes.h"
 #include "WireRecords.h"
 
@@ -30,7 +29,8 @@ protected:
 	static std::string Expected(const std::string& name, const std::string& data)
 	{
 		const std::string object = wire_file_object(data, wire_information_fork(name));
-		return "HTXF" + wire32(0x01020304) + wire32(uint32(object.size())) + wire32(0) + object;
+		return "HTXF" + wire32(0x01020304) + wire32(static_cast<uint32>(object.size())) + wire32(0)
+			+ object;
 	}
 };
 
@@ -119,7 +119,7 @@ TEST_F(UploadThreadTest, LongerName_IsCutTo128Bytes)
 
 TEST_F(UploadThreadTest, FileOver4GiB_WrapsTheSizesAndGoesOn)
 {
-	static const uint64 kSize = (uint64(1) << 32) + 10;
+	static const uint64 kSize = (static_cast<uint64>(1) << 32) + 10;
 
 	const std::string path = NewFile("file", "sparse");
 	std::filesystem::resize_file(path, kSize);
@@ -198,5 +198,5 @@ TEST_F(UploadThreadTest, TenAtOnce_AllArrive)
 		EXPECT_EQ(0, runs[i]->Result());
 		EXPECT_TRUE(Expected(std::to_string(i), PatternBytes(i * 1000, 300000)) == received[i]);
 	}
-	EXPECT_EQ(int32(kCount), fRecorder->CountMessages());
+	EXPECT_EQ(static_cast<int32>(kCount), fRecorder->CountMessages());
 }

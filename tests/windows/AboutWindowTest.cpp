@@ -76,8 +76,8 @@ protected:
 			draw_centered(drawn, be_bold_font, 14, "Palimbra - Hotline Client", y + 16);
 			draw_rule(drawn, y + 26);
 		});
-		const size_t lineSize = (size_t(view->Bounds().Width()) + 1) * 4;
-		const size_t start = (size_t(y) - 10) * lineSize;
+		const size_t lineSize = (static_cast<size_t>(view->Bounds().Width()) + 1) * 4;
+		const size_t start = (static_cast<size_t>(y) - 10) * lineSize;
 		const size_t size = 40 * lineSize;
 		EXPECT_TRUE(expected.substr(start, size) == picture_of(view).substr(start, size));
 	}

@@ -73,7 +73,7 @@ TEST_F(AgreementWindowTest, AtFirst_IsInTheCenterAndClosesOnEscape)
 	const BWindow* window = fWindow->Window();
 	EXPECT_EQ(B_TITLED_WINDOW_LOOK, window->Look());
 	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, window->Feel());
-	EXPECT_EQ(uint32(B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS | B_CLOSE_ON_ESCAPE),
+	EXPECT_EQ(static_cast<uint32>(B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS | B_CLOSE_ON_ESCAPE),
 		window->Flags());
 	ExpectCenteredLike(new AgreementWindow(BRect(10, 10, 460, 360), fTarget.get(), NULL));
 }
@@ -102,7 +102,7 @@ TEST_F(AgreementWindowTest, PressingBothButtons_AnswersTheFirst)
 	fWindow->Window()->PostMessage(kMsgDeclineAgreement);
 	fWindow->Window()->PostMessage(kMsgAcceptAgreement);
 	fWindow->WaitForEnd();
-	EXPECT_EQ(uint32(kMsgAcceptAgreement), fTarget->OnlyMessage().what);
+	EXPECT_EQ(static_cast<uint32>(kMsgAcceptAgreement), fTarget->OnlyMessage().what);
 }
 
 

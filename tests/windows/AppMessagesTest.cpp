@@ -2,11 +2,12 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
+#include "AppMessages.h"
+
 #include <map>
 
 #include <gtest/gtest.h>
 
-#include "AppMessages.h"
 #include "HotlineNotifications.h"
 
 
@@ -29,7 +30,8 @@ static const uint32 kNotifications[] = {kHLConnected, kHLConnectFailed, kHLLogge
 static std::string
 readable(uint32 code)
 {
-	return {char(code >> 24), char(code >> 16 & 0xff), char(code >> 8 & 0xff), char(code & 0xff)};
+	return {static_cast<char>(code >> 24), static_cast<char>(code >> 16 & 0xff),
+		static_cast<char>(code >> 8 & 0xff), static_cast<char>(code & 0xff)};
 }
 
 

@@ -25,7 +25,8 @@ static const unsigned kRightEdge = 0x2040c0;
 static std::string
 pixel_bytes(unsigned color)
 {
-	return {char(color >> 16), char(color >> 8), char(color)};
+	return {static_cast<char>(color >> 16), static_cast<char>(color >> 8),
+		static_cast<char>(color)};
 }
 
 
@@ -70,7 +71,8 @@ protected:
 	static unsigned _Background()
 	{
 		const rgb_color color = ui_color(B_PANEL_BACKGROUND_COLOR);
-		return unsigned(color.red) << 16 | unsigned(color.green) << 8 | color.blue;
+		return static_cast<unsigned int>(color.red) << 16
+			| static_cast<unsigned int>(color.green) << 8 | color.blue;
 	}
 
 	WindowProbe fWindow;

@@ -51,7 +51,7 @@ TEST_F(ChatWindowTest, AtFirst_IsAnEmptyDocumentForReading)
 	EXPECT_FALSE(fWindow->IsEnabled("chatinput"));
 	EXPECT_EQ(B_DOCUMENT_WINDOW_LOOK, fWindow->Window()->Look());
 	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, fWindow->Window()->Feel());
-	EXPECT_EQ(uint32(B_AUTO_UPDATE_SIZE_LIMITS), fWindow->Window()->Flags());
+	EXPECT_EQ(static_cast<uint32>(B_AUTO_UPDATE_SIZE_LIMITS), fWindow->Window()->Flags());
 	const BScrollView* scrollView = fWindow->Find<BScrollView>("chatscroll");
 	EXPECT_EQ(B_FANCY_BORDER, scrollView->Border());
 	const BTextView* view = fWindow->Find<BTextView>("chatview");
@@ -107,7 +107,7 @@ TEST_F(ChatWindowTest, Enabling_SwitchesTheLineAndFocusesIt)
 TEST_F(ChatWindowTest, AppendWithoutTextOrColor_IsNothingOrBlack)
 {
 	_Append("green\n", 0x008000ff);
-	fWindow->Post(built_message(kMsgAppendChat, "color", int32(0xff)));
+	fWindow->Post(built_message(kMsgAppendChat, "color", static_cast<int32>(0xff)));
 	fWindow->Post(built_message(kMsgAppendChat, "text", "plain\n"));
 	EXPECT_EQ("green\nplain\n", fWindow->Transcript("chatview"));
 	_ExpectColor(7, make_color(0, 0, 0, 0));

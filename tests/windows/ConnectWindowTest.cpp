@@ -62,7 +62,7 @@ TEST_F(ConnectWindowTest, AtFirst_IsADialogOfOneSizeInTheCenter)
 	const BWindow* window = fWindow->Window();
 	EXPECT_EQ(B_TITLED_WINDOW_LOOK, window->Look());
 	EXPECT_EQ(B_MODAL_APP_WINDOW_FEEL, window->Feel());
-	EXPECT_EQ(uint32(B_NOT_RESIZABLE | B_NOT_ZOOMABLE | B_ASYNCHRONOUS_CONTROLS
+	EXPECT_EQ(static_cast<uint32>(B_NOT_RESIZABLE | B_NOT_ZOOMABLE | B_ASYNCHRONOUS_CONTROLS
 				  | B_AUTO_UPDATE_SIZE_LIMITS | B_CLOSE_ON_ESCAPE),
 		window->Flags());
 	ExpectCenteredLike(new ConnectWindow(BRect(0, 0, 350, 220), fTarget.get()));
@@ -86,7 +86,7 @@ TEST_F(ConnectWindowTest, Connect_PostsTheRequestAndCloses)
 	fWindow->Invoke("connect");
 	fWindow->WaitForEnd();
 	fTarget->ExpectOnly(built_message(kMsgConnectServer, "address", "hotline.example.org", "port",
-		int16(5600), "login", " guest ", "password", "se cret "));
+		static_cast<int16>(5600), "login", " guest ", "password", "se cret "));
 }
 
 
@@ -159,6 +159,6 @@ TEST_F(ConnectWindowTest, HostileLogin_IsSentAsTyped)
 	const std::string login = "<b>&amp;%s[*]&File";
 	_Fill(login.c_str(), "1", login.c_str(), login.c_str());
 	fWindow->Invoke("connect");
-	fTarget->ExpectOnly(built_message(kMsgConnectServer, "address", login, "port", int16(1),
-		"login", login, "password", login));
+	fTarget->ExpectOnly(built_message(kMsgConnectServer, "address", login, "port",
+		static_cast<int16>(1), "login", login, "password", login));
 }

@@ -4,7 +4,6 @@
  */
 #include "ConnectionMark.h"
 
-
 #include "AgreementWindow.h"
 #include "AppMessages.h"
 #include "ChatWindow.h"
@@ -78,10 +77,10 @@ TEST_F(ConnectionMarkTest, MessageToAClosingConversation_GoesBackWithIt)
 	const std::vector<BMessage> posted = fTarget->Messages();
 	ASSERT_EQ(2u, posted.size());
 	const BMessage returned = built_message(kHLMsgReceived, "text", "hello", "nick", "Ann",
-		"socket", uint16(5));
+		"socket", static_cast<uint16>(5));
 	EXPECT_EQ(MessageRecorder::Describe(&returned), MessageRecorder::Describe(&posted[0]));
 	EXPECT_EQ(kConnection, ConnectionOf(&posted[0]));
-	EXPECT_EQ(uint32(kMsgPMWinClosed), posted[1].what);
+	EXPECT_EQ(static_cast<uint32>(kMsgPMWinClosed), posted[1].what);
 	EXPECT_EQ(kConnection, ConnectionOf(&posted[1]));
 }
 
@@ -128,7 +127,8 @@ TEST_F(ConnectionMarkTest, ClosingFileList_HasIt)
 TEST_F(ConnectionMarkTest, PickedUser_HasThatOfTheList)
 {
 	Open(new UserListWindow(kFrame, fTarget.get()));
-	fWindow->Post(built_message(kMsgAddUser, "socket", uint16(5), "connection", kConnection));
+	fWindow->Post(
+		built_message(kMsgAddUser, "socket", static_cast<uint16>(5), "connection", kConnection));
 	InvokeRow("userlist", 0);
 	_ExpectPosted(kMsgOpenPM);
 }

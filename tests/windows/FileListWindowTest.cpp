@@ -4,7 +4,6 @@
  */
 #include "FileListWindow.h"
 
-
 #include <Button.h>
 #include <Entry.h>
 #include <Font.h>
@@ -378,7 +377,7 @@ TEST_F(FileListWindowTest, Closing_TellsWhichWindowItWas)
 	const void* window = fWindow->Window();
 	CloseAndWait();
 	const BMessage notice = fTarget->OnlyMessage();
-	EXPECT_EQ(uint32(kMsgFileWinClosed), notice.what);
+	EXPECT_EQ(static_cast<uint32>(kMsgFileWinClosed), notice.what);
 	void* closed = NULL;
 	EXPECT_EQ(B_OK, notice.FindPointer("window", &closed));
 	EXPECT_EQ(window, closed);

@@ -46,7 +46,8 @@ protected:
 			SCOPED_TRACE(offset);
 			BFont font;
 			rgb_color found = {1, 2, 3, 4};
-			fWindow->Find<BTextView>("pmchat")->GetFontAndColor(int32(offset), &font, &found);
+			fWindow->Find<BTextView>("pmchat")->GetFontAndColor(static_cast<int32>(offset), &font,
+				&found);
 			EXPECT_TRUE(found == color);
 			EXPECT_EQ(isName, font == *be_bold_font);
 			EXPECT_EQ(!isName, font == *be_plain_font);
@@ -120,7 +121,8 @@ TEST_F(MessageWindowTest, Typed_IsEchoedAndSentOnce)
 	EXPECT_EQ("You: hi\n", _Transcript());
 	_ExpectOneLine("You", kOutgoing);
 	EXPECT_EQ("", fWindow->Text("pminput"));
-	fTarget->ExpectOnly(built_message(kMsgPMSend, "socket", uint16(0x8005), "text", "hi"));
+	fTarget->ExpectOnly(
+		built_message(kMsgPMSend, "socket", static_cast<uint16>(0x8005), "text", "hi"));
 }
 
 
@@ -183,7 +185,7 @@ TEST_F(MessageWindowTest, Closing_SaysSoOnceAndEndsTheWindow)
 	const void* window = fWindow->Window();
 	CloseAndWait();
 	const BMessage notice = fTarget->OnlyMessage();
-	EXPECT_EQ(uint32(kMsgPMWinClosed), notice.what);
+	EXPECT_EQ(static_cast<uint32>(kMsgPMWinClosed), notice.what);
 	EXPECT_EQ(0x8005, notice.GetUInt16("socket", 0));
 	EXPECT_EQ(window, notice.GetPointer("window"));
 }

@@ -200,10 +200,10 @@ TEST_F(OptionsWindowTest, Save_SendsTheFieldsAsTypedAndCloses)
 		const std::string typed = fWindow->Text("nick");
 		fWindow->Invoke("save");
 		fWindow->WaitForEnd();
-		fTarget->ExpectLast(
-			built_message(kMsgOptionsSave, "nick", typed, "tracker", typed, "icon", uint16(137)));
+		fTarget->ExpectLast(built_message(kMsgOptionsSave, "nick", typed, "tracker", typed, "icon",
+			static_cast<uint16>(137)));
 	}
-	EXPECT_EQ(int32(texts.size()), fTarget->CountMessages());
+	EXPECT_EQ(static_cast<int32>(texts.size()), fTarget->CountMessages());
 }
 
 

@@ -2,8 +2,6 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
-#include "TrackerWindow.h"
-
 #include <algorithm>
 #include <memory>
 #include <vector>
@@ -15,6 +13,7 @@
 
 #include "MessageRecorder.h"
 #include "RawServer.h"
+#include "TrackerWindow.h"
 #include "WaitFor.h"
 #include "WindowProbe.h"
 

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstring>
 
-
 #include "AppMessages.h"
 #include "FileListWindow.h"
 #include "RawServer.h"

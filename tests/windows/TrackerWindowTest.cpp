@@ -34,7 +34,8 @@ protected:
 
 	void _Answer(uint16_t count, const std::string& records)
 	{
-		fTracker.Send(wire_tracker_header(uint16_t(records.size() + 4), count) + records);
+		fTracker.Send(
+			wire_tracker_header(static_cast<uint16_t>(records.size() + 4), count) + records);
 		fTracker.Hangup();
 	}
 

@@ -58,7 +58,7 @@ TEST_F(UserListWindowTest, AtFirst_IsAnEmptyDocumentThatFollowsItsLayout)
 	EXPECT_EQ(0, fList->CountItems());
 	EXPECT_EQ(B_DOCUMENT_WINDOW_LOOK, fWindow->Window()->Look());
 	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, fWindow->Window()->Feel());
-	EXPECT_EQ(uint32(B_AUTO_UPDATE_SIZE_LIMITS), fWindow->Window()->Flags());
+	EXPECT_EQ(static_cast<uint32>(B_AUTO_UPDATE_SIZE_LIMITS), fWindow->Window()->Flags());
 	EXPECT_EQ(B_SINGLE_SELECTION_LIST, fList->ListType());
 	EXPECT_EQ(fList, fWindow->Find<BScrollView>("userscroll")->Target());
 	EXPECT_EQ(B_FANCY_BORDER, fWindow->Find<BScrollView>("userscroll")->Border());
@@ -143,7 +143,8 @@ TEST_F(UserListWindowTest, InvokingAUser_AsksForAPrivateConversation)
 	_Add(1, "one");
 	_Add(0x8002, "two");
 	InvokeRow("userlist", 1);
-	fTarget->ExpectOnly(built_message(kMsgOpenPM, "socket", uint16(0x8002), "nick", "two"));
+	fTarget->ExpectOnly(
+		built_message(kMsgOpenPM, "socket", static_cast<uint16>(0x8002), "nick", "two"));
 }
 
 

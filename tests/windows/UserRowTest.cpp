@@ -96,8 +96,8 @@ protected:
 
 	void _Add(uint16 icon, uint16 color, const char* nick)
 	{
-		fWindow.Post(built_message(kMsgAddUser, "socket", uint16(7), "icon", icon, "color", color,
-			"nick", nick));
+		fWindow.Post(built_message(kMsgAddUser, "socket", static_cast<uint16>(7), "icon", icon,
+			"color", color, "nick", nick));
 	}
 
 	RecorderOwner fTarget;
@@ -132,7 +132,7 @@ TEST_F(UserRowTest, PictureOfAnotherSize_FillsTheSameSquare)
 	{
 		const std::string bytes = picture_file(40, 24);
 		BFile file(path.Path(), B_WRITE_ONLY | B_CREATE_FILE | B_ERASE_FILE);
-		ASSERT_EQ(ssize_t(bytes.size()), file.Write(bytes.data(), bytes.size()));
+		ASSERT_EQ(static_cast<ssize_t>(bytes.size()), file.Write(bytes.data(), bytes.size()));
 	}
 	const std::string expected = drawn_row([](BView* view, BRect frame) {
 		const float top = frame.top + (frame.Height() - 16) / 2;

@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <functional>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -50,68 +51,53 @@ TEST(DrawingTest, Background_IsTheViewColor)
 }
 
 
-TEST(DrawingTest, FilledRect_IncludesItsEdges)
+TEST(DrawingTest, Shapes_CoverTheirPixelsAndNoOthers)
 {
-	Canvas view([](BView* owner) {
-		owner->SetHighColor(255, 0, 0);
-		owner->FillRect(BRect(2, 3, 4, 5));
-	});
-	EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(2, 3)));
-	EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(4, 5)));
-	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(1, 3)));
-	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(5, 5)));
-	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(4, 6)));
-}
-
-
-TEST(DrawingTest, SolidLow_IsTheLowColor)
-{
-	Canvas view([](BView* owner) {
-		owner->SetLowColor(make_color(0, 255, 0));
-		owner->FillRect(owner->Bounds(), B_SOLID_LOW);
-	});
-	EXPECT_EQ(0x00ff00u, pixel_of(&view, BPoint(5, 5)));
-}
-
-
-TEST(DrawingTest, StrokedRect_IsOnePixelWideAndHollow)
-{
-	Canvas view([](BView* owner) {
-		owner->SetHighColor(255, 0, 0);
-		owner->StrokeRect(BRect(2, 2, 6, 6));
-	});
-	EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(2, 2)));
-	EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(6, 6)));
-	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(3, 3)));
-	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(7, 6)));
-}
-
-
-TEST(DrawingTest, Line_IncludesBothEnds)
-{
-	Canvas view([](BView* owner) {
-		owner->SetHighColor(255, 0, 0);
-		owner->StrokeLine(BPoint(2, 4), BPoint(8, 4));
-	});
-	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(1, 4)));
-	EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(2, 4)));
-	EXPECT_EQ(0xff0000u, pixel_of(&view, BPoint(8, 4)));
-	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(9, 4)));
-	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(5, 5)));
-	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(5, 3)));
-}
-
-
-TEST(DrawingTest, FilledEllipse_FillsItsMiddleAndNotItsCorners)
-{
-	Canvas view([](BView* owner) {
-		owner->SetHighColor(0, 0, 255);
-		owner->FillEllipse(BRect(2, 2, 14, 14));
-	});
-	EXPECT_EQ(0x0000ffu, pixel_of(&view, BPoint(8, 8)));
-	EXPECT_EQ(0x0000ffu, pixel_of(&view, BPoint(8, 3)));
-	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(2, 2)));
-	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(14, 14)));
+	const struct {
+		const char* name;
+		std::function<void(BView*)> draw;
+		std::vector<BPoint> covered;
+		std::vector<BPoint> left;
+	} cases[] = {
+		{"filled rect",
+			[](BView* owner) {
+				owner->FillRect(BRect(2, 3, 4, 5));
+			},
+			{BPoint(2, 3), BPoint(4, 5)}, {BPoint(1, 3), BPoint(5, 5), BPoint(4, 6)}},
+		{"low color",
+			[](BView* owner) {
+				owner->SetLowColor(owner->HighColor());
+				owner->SetHighColor(0, 0, 0);
+				owner->FillRect(owner->Bounds(), B_SOLID_LOW);
+			},
+			{BPoint(5, 5)}, {}},
+		{"stroked rect",
+			[](BView* owner) {
+				owner->StrokeRect(BRect(2, 2, 6, 6));
+			},
+			{BPoint(2, 2), BPoint(6, 6)}, {BPoint(3, 3), BPoint(7, 6)}},
+		{"line",
+			[](BView* owner) {
+				owner->StrokeLine(BPoint(2, 4), BPoint(8, 4));
+			},
+			{BPoint(2, 4), BPoint(8, 4)}, {BPoint(1, 4), BPoint(9, 4), BPoint(5, 5), BPoint(5, 3)}},
+		{"filled ellipse",
+			[](BView* owner) {
+				owner->FillEllipse(BRect(2, 2, 14, 14));
+			},
+			{BPoint(8, 8), BPoint(8, 3)}, {BPoint(2, 2), BPoint(14, 14)}},
+	};
+	for (const auto& shape : cases) {
+		SCOPED_TRACE(shape.name);
+		Canvas view([&](BView* owner) {
+			owner->SetHighColor(255, 0, 0);
+			shape.draw(owner);
+		});
+		for (const BPoint& place : shape.covered)
+			EXPECT_EQ(0xff0000u, pixel_of(&view, place));
+		for (const BPoint& place : shape.left)
+			EXPECT_EQ(kBackground, pixel_of(&view, place));
+	}
 }
 
 

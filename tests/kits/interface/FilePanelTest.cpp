@@ -29,8 +29,6 @@ static const uint32 kChosen = 'chsn';
 class FilePanelTest : public testing::Test {
 protected:
 	FilePanelTest()
-		: fWindow(new ScriptedWindow),
-		  fCloser(fWindow)
 	{
 		fFolder.AddFile("first.txt", "1");
 		fFolder.AddFile("sm\xc3\xb8rrebr\xc3\xb8\xc3\xb8 & <b>%s", "2");
@@ -62,8 +60,7 @@ protected:
 	}
 
 	TemporaryFolder fFolder;
-	ScriptedWindow* fWindow;
-	WindowCloser fCloser;
+	OwnedWindow fWindow;
 	std::unique_ptr<BFilePanel> fPanel;
 	std::vector<std::string> fPaths;
 	std::vector<int32> fMarks;
@@ -75,6 +72,7 @@ TEST_F(FilePanelTest, ChosenFile_ArrivesWithThePanelsMessage)
 	EXPECT_FALSE(fPanel->IsShowing());
 	fPanel->Show();
 	EXPECT_TRUE(fPanel->IsShowing());
+	EXPECT_EQ("Name|Size|Date Modified|", file_panel_columns());
 	TypeAndWait(fFolder.PathOf("first.txt"));
 	EXPECT_EQ(kChosen, fWindow->Received()->back());
 	EXPECT_EQ(std::vector<int32>{7}, fMarks);
@@ -83,22 +81,15 @@ TEST_F(FilePanelTest, ChosenFile_ArrivesWithThePanelsMessage)
 }
 
 
-TEST_F(FilePanelTest, NameInTheFolder_IsEnough)
+TEST_F(FilePanelTest, Canceled_SendsNothing_AndShownAgainANameInTheFolderIsEnough)
 {
-	fPanel->Show();
-	TypeAndWait("sm\xc3\xb8rrebr\xc3\xb8\xc3\xb8 & <b>%s");
-	EXPECT_EQ(std::vector<std::string>{fFolder.PathOf("sm\xc3\xb8rrebr\xc3\xb8\xc3\xb8 & <b>%s")},
-		fPaths);
-}
-
-
-TEST_F(FilePanelTest, Canceled_SendsNothing_AndShowsAgain)
-{
+	const std::string name = "sm\xc3\xb8rrebr\xc3\xb8\xc3\xb8 & <b>%s";
 	fPanel->Show();
 	EXPECT_TRUE(cancel_file_panel());
 	EXPECT_FALSE(fPanel->IsShowing());
 	fPanel->Show();
-	TypeAndWait(fFolder.PathOf("first.txt"));
+	TypeAndWait(name);
+	EXPECT_EQ(std::vector<std::string>{fFolder.PathOf(name)}, fPaths);
 	EXPECT_EQ(1u, fWindow->Received()->size());
 }
 
@@ -140,19 +131,12 @@ TEST_F(FilePanelTest, MissingFile_LeavesThePanelOpen)
 }
 
 
-// The user is told that there is no such file, and the window that the panel belongs to closes.
-TEST_F(FilePanelTest, DeletedAfterAMissingFile_IsGone)
-{
-	fPanel->Show();
-	ASSERT_TRUE(type_into_file_panel(fFolder.PathOf("missing").c_str()));
-	fPanel.reset();
-	EXPECT_FALSE(cancel_file_panel());
-}
-
-
+// Also where the user is told that there is no such file: the window that the panel belongs to may
+// close.
 TEST_F(FilePanelTest, DeletedWhileOpen_IsGone)
 {
 	fPanel->Show();
+	ASSERT_TRUE(type_into_file_panel(fFolder.PathOf("missing").c_str()));
 	fPanel.reset();
 	EXPECT_FALSE(cancel_file_panel());
 }
@@ -173,11 +157,4 @@ TEST_F(FilePanelTest, Shortcuts_AreThoseOfAnyWindow)
 	EXPECT_TRUE(press_file_panel_key('w', B_COMMAND_KEY));
 	EXPECT_FALSE(fPanel->IsShowing());
 	EXPECT_EQ(1, asked);
-}
-
-
-TEST_F(FilePanelTest, Columns_LeaveRoomForNamesAndDates)
-{
-	fPanel->Show();
-	EXPECT_EQ("Name|Size|Date Modified|", file_panel_columns());
 }

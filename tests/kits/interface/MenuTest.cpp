@@ -64,23 +64,12 @@ TEST(MenuTest, Shortcut_IsWithTheCommandKey)
 }
 
 
-TEST(MenuTest, ItemWithoutAMessage_SendsNothing)
-{
-	BMenuItem item("Open", NULL);
-	EXPECT_EQ(B_BAD_VALUE, choose(&item));
-}
-
-
 TEST(MenuTest, ChosenItem_SendsItsMessageToTheWindow)
 {
 	OwnedWindow window;
-	BMenuBar* bar = new BMenuBar("bar");
-	BMenu* menu = new BMenu("Server");
-	menu->AddSeparatorItem();
 	BMenuItem* item = new BMenuItem("Open", new BMessage(kOpen));
-	menu->AddItem(item);
-	bar->AddItem(menu);
-	window->AddChild(bar);
+	BMenuItem* silent = new BMenuItem("Close", NULL);
+	BMenu* menu = AddMenu(window, {silent, item});
 	BMenuItem* later = new BMenuItem("Later", new BMessage('late'));
 	menu->AddItem(later);
 	ShowAndWait(window);
@@ -89,6 +78,7 @@ TEST(MenuTest, ChosenItem_SendsItsMessageToTheWindow)
 	window->onMessage = [&](BMessage* message) {
 		index = message->GetInt32("index", -1);
 	};
+	EXPECT_EQ(B_BAD_VALUE, choose(silent));
 	EXPECT_EQ(B_OK, choose(item));
 	EXPECT_SOON(window->Received()->size() == 1);
 	EXPECT_EQ(kOpen, window->Received()->front());
@@ -102,15 +92,11 @@ TEST(MenuTest, ChosenItem_SendsItsMessageToTheWindow)
 
 TEST(MenuTest, QuitItem_AsksTheWindow)
 {
-	ScriptedWindow* window = new ScriptedWindow;
+	OwnedWindow window;
 	const BMessenger messenger(window);
 	bool wasAsked = false;
-	BMenuBar* bar = new BMenuBar("bar");
-	BMenu* menu = new BMenu("Server");
 	BMenuItem* quit = new BMenuItem("Quit", new BMessage(B_QUIT_REQUESTED), 'Q');
-	menu->AddItem(quit);
-	bar->AddItem(menu);
-	window->AddChild(bar);
+	AddMenu(window, {quit});
 	ShowAndWait(window);
 	window->onQuitRequested = [&] {
 		wasAsked = true;
@@ -127,13 +113,9 @@ TEST(MenuTest, ItemWithATarget_KeepsIt)
 {
 	OwnedWindow window;
 	OwnedWindow target;
-	BMenuBar* bar = new BMenuBar("bar");
-	BMenu* menu = new BMenu("Server");
 	BMenuItem* item = new BMenuItem("Open", new BMessage(kOpen));
 	item->SetTarget(target);
-	menu->AddItem(item);
-	bar->AddItem(menu);
-	window->AddChild(bar);
+	AddMenu(window, {item});
 	EXPECT_EQ(target, item->Target());
 }
 
@@ -142,20 +124,15 @@ TEST(MenuTest, ItemWithATarget_KeepsIt)
 class MenuKeyTest : public testing::Test {
 protected:
 	MenuKeyTest()
-		: fWindow(new ScriptedWindow),
-		  fCloser(fWindow),
-		  fButton(new BButton("push", "Push", new BMessage('push')))
+		: fButton(new BButton("push", "Push", new BMessage('push')))
 	{
-		BMenuBar* bar = new BMenuBar("bar");
-		BMenu* server = new BMenu("&Server");
-		server->AddItem(new BMenuItem("Open & shut…", new BMessage(kOpen), 'O'));
+		BMenu* server = AddMenu(fWindow,
+			{new BMenuItem("Open & shut…", new BMessage(kOpen), 'O')});
 		server->AddSeparatorItem();
 		server->AddItem(new BMenuItem("Close", new BMessage('clos')));
-		bar->AddItem(server);
 		BMenu* windows = new BMenu("Windows");
 		windows->AddItem(new BMenuItem("Chat", new BMessage('chat')));
-		bar->AddItem(windows);
-		fWindow->AddChild(bar);
+		server->Supermenu()->AddItem(windows);
 		fWindow->AddChild(fButton);
 		ShowAndWait(fWindow);
 		fButton->MakeFocus(true);
@@ -176,8 +153,7 @@ protected:
 		});
 	}
 
-	ScriptedWindow* fWindow;
-	WindowCloser fCloser;
+	OwnedWindow fWindow;
 	BButton* fButton;
 };
 
@@ -211,11 +187,7 @@ TEST_F(MenuKeyTest, Label_IsShownAsItStands)
 	for (const char* label : {"&File", "&&", "<b>bold</b> &amp;", "%s %n 100 %", "Title [*]"}) {
 		SCOPED_TRACE(label);
 		delete fWindow->FindView("bar");
-		BMenu* menu = new BMenu("Menu");
-		menu->AddItem(new BMenuItem(label, NULL));
-		BMenuBar* bar = new BMenuBar("bar");
-		bar->AddItem(menu);
-		fWindow->AddChild(bar);
+		AddMenu(fWindow, {new BMenuItem(label, NULL)});
 		press_menu_key(fWindow);
 		EXPECT_TRUE(WaitForMark(label)) << marked_menu_item();
 		press_window_key(fWindow, B_ESCAPE);
@@ -224,31 +196,22 @@ TEST_F(MenuKeyTest, Label_IsShownAsItStands)
 }
 
 
-TEST_F(MenuKeyTest, Escape_LeavesEverythingAsItWas)
-{
-	press_menu_key(fWindow);
-	ASSERT_TRUE(WaitForMark("Open & shut…")) << marked_menu_item();
-	press_window_key(fWindow, B_ESCAPE);
-	EXPECT_EQ("", marked_menu_item());
-	EXPECT_FALSE(fButton->IsFocus());
-	press_window_key(fWindow, B_ESCAPE);
-	EXPECT_TRUE(fButton->IsFocus());
-	press_window_key(fWindow, B_SPACE);
-	EXPECT_TRUE(WaitForMessage('push'));
-	EXPECT_EQ(1u, fWindow->Received()->size());
-}
-
-
-TEST_F(MenuKeyTest, BarThatHasTheKeyboard_ShowsIt)
+TEST_F(MenuKeyTest, Escape_LeavesTheMenuThenTheBar_AndEverythingAsItWas)
 {
 	BView* bar = fWindow->FindView("bar");
 	const std::string before = picture_of(bar);
 	press_menu_key(fWindow);
 	ASSERT_TRUE(WaitForMark("Open & shut…")) << marked_menu_item();
 	press_window_key(fWindow, B_ESCAPE);
+	EXPECT_EQ("", marked_menu_item());
+	EXPECT_FALSE(fButton->IsFocus());
 	EXPECT_TRUE(before != picture_of(bar));
 	press_window_key(fWindow, B_ESCAPE);
+	EXPECT_TRUE(fButton->IsFocus());
 	EXPECT_TRUE(before == picture_of(bar));
+	press_window_key(fWindow, B_SPACE);
+	EXPECT_TRUE(WaitForMessage('push'));
+	EXPECT_EQ(1u, fWindow->Received()->size());
 }
 
 

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cstdio>
+#include <map>
 #include <string>
 #include <unistd.h>
 
@@ -15,6 +16,8 @@
 #include <OS.h>
 #include <Roster.h>
 #include <Window.h>
+
+#include "RunThread.h"
 
 
 namespace {
@@ -48,22 +51,13 @@ public:
 };
 
 
-status_t
-wait_for_all_dying(void* count)
-{
-	while (sDyingCount < *static_cast<const int*>(count))
-		snooze(1000);
-	return B_OK;
-}
-
-
 void
 wait_until_dying(int count)
 {
-	status_t result;
-	const thread_id thread = spawn_thread(wait_for_all_dying, "wait", B_NORMAL_PRIORITY, &count);
-	resume_thread(thread);
-	wait_for_thread(thread, &result);
+	Join(RunThread([count] {
+		while (sDyingCount < count)
+			snooze(1000);
+	}));
 }
 
 
@@ -144,13 +138,13 @@ public:
 };
 
 
-status_t
-post_for_ever(void* data)
+template<class WindowType>
+WindowType*
+show(const char* title)
 {
-	BWindow* window = static_cast<BWindow*>(data);
-	while (true)
-		window->PostMessage('ping');
-	return B_OK;
+	WindowType* window = new WindowType(title);
+	window->Show();
+	return window;
 }
 
 
@@ -164,22 +158,18 @@ public:
 
 	void ReadyToRun() override
 	{
+		static const std::map<std::string, void (Program::*)()> kScenarios = {
+			{"controller", &Program::_Controller},
+			{"refusal", &Program::_Refusal},
+			{"waiting", &Program::_Waiting},
+			{"threads", &Program::_Threads},
+			{"info", &Program::_Info},
+			{"environment", &Program::_Environment},
+		};
 		if (fScenario.compare(0, 6, "order ") == 0)
 			_CloseInOrder(fScenario.c_str() + 6);
-		else if (fScenario == "controller")
-			_Controller();
-		else if (fScenario == "refusal")
-			_Refusal();
-		else if (fScenario == "waiting")
-			_Waiting();
-		else if (fScenario == "threads")
-			_Threads();
-		else if (fScenario == "info")
-			_Info();
-		else if (fScenario == "environment")
-			_Environment();
 		else
-			PostMessage(B_QUIT_REQUESTED);
+			(this->*kScenarios.at(fScenario))();
 	}
 
 	void MessageReceived(BMessage* message) override
@@ -207,10 +197,8 @@ private:
 	{
 		const char* const names[] = {"0", "1", "2"};
 		BWindow* windows[3];
-		for (int i = 0; i < 3; i++) {
-			windows[i] = new SlowWindow(names[i]);
-			windows[i]->Show();
-		}
+		for (int i = 0; i < 3; i++)
+			windows[i] = show<SlowWindow>(names[i]);
 		for (; *order != '\0'; order++)
 			windows[*order - '0']->PostMessage(B_QUIT_REQUESTED);
 		PostMessage(B_QUIT_REQUESTED);
@@ -218,40 +206,34 @@ private:
 
 	void _Controller()
 	{
-		BWindow* controller = new ControllerWindow("main");
-		BWindow* other = new TalkingWindow("other");
-		controller->Show();
-		other->Show();
+		BWindow* controller = show<ControllerWindow>("main");
+		show<TalkingWindow>("other");
 		controller->PostMessage(B_QUIT_REQUESTED);
 	}
 
 	void _Refusal()
 	{
-		BWindow* first = new TalkingWindow("first");
-		StubbornWindow* stubborn = new StubbornWindow("stubborn");
-		BWindow* last = new TalkingWindow("last");
-		stubborn->RefuseOnly(1);
-		first->Show();
-		stubborn->Show();
-		last->Show();
+		show<TalkingWindow>("first");
+		show<StubbornWindow>("stubborn")->RefuseOnly(1);
+		show<TalkingWindow>("last");
 		PostMessage(B_QUIT_REQUESTED);
 	}
 
 	void _Waiting()
 	{
-		BWindow* first = new TalkingWindow("first");
-		BWindow* waiting = new WaitingWindow("waiting");
-		first->Show();
-		waiting->Show();
-		waiting->PostMessage('wait');
+		show<TalkingWindow>("first");
+		show<WaitingWindow>("waiting")->PostMessage('wait');
 	}
 
 	void _Threads()
 	{
-		BWindow* window = new TalkingWindow("window");
-		window->Show();
-		for (int i = 0; i < 4; i++)
-			resume_thread(spawn_thread(post_for_ever, "poster", B_NORMAL_PRIORITY, window));
+		BWindow* window = show<TalkingWindow>("window");
+		for (int i = 0; i < 4; i++) {
+			RunThread([window] {
+				while (true)
+					window->PostMessage('ping');
+			});
+		}
 		PostMessage(B_QUIT_REQUESTED);
 	}
 

@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <MenuBar.h>
+#include <MenuItem.h>
+
 #include "ExpectSoon.h"
 
 
@@ -73,6 +76,19 @@ bool
 IsAlive(const BMessenger& window)
 {
 	return window.IsValid();
+}
+
+
+BMenu*
+AddMenu(BWindow* window, const std::vector<BMenuItem*>& items)
+{
+	BMenu* menu = new BMenu("Server");
+	for (BMenuItem* item : items)
+		menu->AddItem(item);
+	BMenuBar* bar = new BMenuBar("bar");
+	bar->AddItem(menu);
+	window->AddChild(bar);
+	return menu;
 }
 
 

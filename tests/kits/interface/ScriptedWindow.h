@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+#include <Menu.h>
 #include <Messenger.h>
 #include <Window.h>
 
@@ -67,6 +68,11 @@ private:
 
 /*!	Whether the window is there and can be posted to. */
 bool IsAlive(const BMessenger& window);
+
+/*!	Gives the window a bar with one menu of these items.
+	\return The menu.
+*/
+BMenu* AddMenu(BWindow* window, const std::vector<BMenuItem*>& items);
 
 /*!	Shows the window and waits until it has taken a message. */
 void ShowAndWait(ScriptedWindow* window);

@@ -11,7 +11,6 @@
 #include <Bitmap.h>
 #include <Button.h>
 #include <LayoutBuilder.h>
-#include <MenuBar.h>
 #include <MenuItem.h>
 #include <Message.h>
 #include <StringView.h>
@@ -206,12 +205,9 @@ TEST(WindowUseTest, Return_PressesTheDefaultButton_WhereverTheFocusIs)
 TEST(WindowUseTest, Shortcut_ChoosesTheItem)
 {
 	OwnedWindow window;
-	BMenuBar* bar = new BMenuBar("bar");
-	BMenu* menu = new BMenu("Server");
-	menu->AddItem(new BMenuItem("Connect…", new BMessage('conn'), 'K'));
-	menu->AddItem(new BMenuItem("Chat", new BMessage('chat'), '1'));
-	bar->AddItem(menu);
-	BLayoutBuilder::Group<>(window, B_VERTICAL).Add(bar);
+	AddMenu(window,
+		{new BMenuItem("Connect…", new BMessage('conn'), 'K'),
+			new BMenuItem("Chat", new BMessage('chat'), '1')});
 	ShowAndWait(window);
 	activate(window);
 
@@ -323,21 +319,8 @@ TEST(ButtonUseTest, IconWithoutALabel_IsCalledByItsToolTip)
 }
 
 
-TEST(ButtonUseTest, ToolTip_IsShownAsItStands)
-{
-	BButton button("button", "", NULL);
-	for (const char* text :
-		{"<b>bold</b>", "&amp; & <", "[*]", "two  blanks", " ahead", "one\ntwo", "\nbelow", "%s"}) {
-		button.SetToolTip(text);
-		EXPECT_EQ(text, shown_tool_tip(&button));
-	}
-	button.SetToolTip("a\ttab");
-	EXPECT_EQ("a tab", shown_tool_tip(&button));
-}
-
-
-// As where texts are drawn; and only line feeds end a line.
-TEST(ButtonUseTest, WhatHasNoShapeInAToolTip_IsReplaced)
+// Shapeless characters as where texts are drawn; and only line feeds end a line.
+TEST(ButtonUseTest, ToolTip_IsShownAsItStandsAndWhatHasNoShapeIsReplaced)
 {
 	std::string accents = "a";
 	for (int i = 0; i < 30; i++)
@@ -346,12 +329,18 @@ TEST(ButtonUseTest, WhatHasNoShapeInAToolTip_IsReplaced)
 		std::string text;
 		std::string shown;
 	} cases[] = {
+		{"a\ttab", "a tab"},
 		{"a\x01\x1b\x7f", "a\ufffd\ufffd\ufffd"},
 		{"bytes \xff", "bytes \ufffd"},
 		{"a\rb\u2028c\u2029d", "a\ufffdb\ufffdc\ufffdd"},
 		{accents + "\u0301", accents + "\ufffd"},
 	};
 	BButton button("button", "", NULL);
+	for (const char* text :
+		{"<b>bold</b>", "&amp; & <", "[*]", "two  blanks", " ahead", "one\ntwo", "\nbelow", "%s"}) {
+		button.SetToolTip(text);
+		EXPECT_EQ(text, shown_tool_tip(&button));
+	}
 	for (const auto& expected : cases) {
 		button.SetToolTip(expected.text.c_str());
 		EXPECT_EQ(expected.shown, shown_tool_tip(&button));

@@ -58,6 +58,13 @@ protected:
 		return read;
 	}
 
+	// What was told of all that has changed by now.
+	Strings Heard()
+	{
+		fText->PointAt(0);
+		return fReader->Heard();
+	}
+
 	std::unique_ptr<ScreenReader> fReader;
 };
 
@@ -187,16 +194,6 @@ TEST_F(AccessibleTextTest, CaretAndSelection_AreTheUsers)
 }
 
 
-TEST_F(AccessibleTextTest, CaretSetByAScreenReader_IsSeen)
-{
-	Append("line\n", 100);
-	fReader->SetCaret(300);
-	EXPECT_TRUE(IsSeen(300));
-	fReader->Select(20, 22);
-	EXPECT_TRUE(IsSeen(20));
-}
-
-
 TEST_F(AccessibleTextTest, Attributes_AreThoseOfTheRun)
 {
 	fText->SetFontAndColor(be_bold_font, B_FONT_ALL, &kRed);
@@ -233,9 +230,12 @@ TEST_F(AccessibleTextTest, Places_AreWhereTheCharactersAre)
 }
 
 
-TEST_F(AccessibleTextTest, PlacesInHebrew_AreOnTheLeftOfWhereTheyBegin)
+TEST_F(AccessibleTextTest, PlacesInHebrew_AreOnTheLeftOfWhereTheyBegin_AndNoneOutside)
 {
 	Append("\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d");
+	EXPECT_EQ(fReader->PositionAt(BPoint(-1, 10)), -1);
+	EXPECT_EQ(fReader->PositionAt(BPoint(10, -5)), -1);
+	EXPECT_EQ(fReader->PositionAt(BPoint(10, 500)), -1);
 	for (int i = 0; i < 4; i++) {
 		SCOPED_TRACE(i);
 		const BRect place = fReader->PlaceOf(i);
@@ -247,17 +247,7 @@ TEST_F(AccessibleTextTest, PlacesInHebrew_AreOnTheLeftOfWhereTheyBegin)
 }
 
 
-TEST_F(AccessibleTextTest, PointOutside_IsNoPosition)
-{
-	Append("some words");
-	EXPECT_EQ(fReader->PositionAt(BPoint(-1, 10)), -1);
-	EXPECT_EQ(fReader->PositionAt(BPoint(10, -5)), -1);
-	EXPECT_EQ(fReader->PositionAt(BPoint(10, 500)), -1);
-	EXPECT_EQ(fReader->PositionAt(BPoint(200, 8)), 10);
-}
-
-
-TEST_F(AccessibleTextTest, ScrollToSubstring_ShowsIt)
+TEST_F(AccessibleTextTest, WhatAScreenReaderGoesTo_IsSeen)
 {
 	Append("line\n", 100);
 	for (const int position : {400, 0, 250, 495, 30}) {
@@ -268,46 +258,32 @@ TEST_F(AccessibleTextTest, ScrollToSubstring_ShowsIt)
 	// Of what does not fit the start is shown.
 	fReader->ScrollTo(200, 400);
 	EXPECT_TRUE(IsSeen(200));
+	fReader->SetCaret(300);
+	EXPECT_TRUE(IsSeen(300));
+	fReader->Select(20, 22);
+	EXPECT_TRUE(IsSeen(20));
 }
 
 
 // #pragma mark - what is announced
 
 
-TEST_F(AccessibleTextTest, Appended_IsToldOnce)
+TEST_F(AccessibleTextTest, ChangedText_IsToldOnce)
 {
 	fText->Insert(0, "one\n", 4);
 	fText->Insert(4, "caf\xc3\xa9\r\n", 7);
 	EXPECT_SOON(fReader->CountCharacters() == 9);
-	fText->PointAt(0);
-	EXPECT_EQ(fReader->Heard(), Strings({"inserted 0 one\ncaf\xc3\xa9\n"}));
+	EXPECT_EQ(Heard(), Strings({"inserted 0 one\ncaf\xc3\xa9\n"}));
 	fText->Insert(11, "more", 4);
-	fText->PointAt(0);
-	EXPECT_EQ(fReader->Heard(), Strings({"inserted 9 more"}));
-	fText->PointAt(0);
-	EXPECT_EQ(fReader->Heard(), Strings());
-}
-
-
-TEST_F(AccessibleTextTest, InsertedWithin_IsTold)
-{
-	Append("one three");
-	fReader->Heard();
+	EXPECT_EQ(Heard(), Strings({"inserted 9 more"}));
+	EXPECT_EQ(Heard(), Strings());
 	fText->Insert(4, "two ", 4);
-	fText->PointAt(0);
-	EXPECT_EQ(fReader->Heard(), Strings({"inserted 4 two "}));
-}
+	EXPECT_EQ(Heard(), Strings({"inserted 4 two "}));
 
-
-TEST_F(AccessibleTextTest, AnotherText_IsTold)
-{
-	Append("before");
-	fReader->Heard();
 	fText->SetText("after\n");
-	fText->PointAt(0);
-	const Strings heard = fReader->Heard();
+	const Strings heard = Heard();
 	ASSERT_GE(heard.size(), 2u);
-	EXPECT_EQ(heard.front(), "removed 0 before");
+	EXPECT_EQ(heard.front(), "removed 0 one\ntwo caf\xc3\xa9\nmore");
 	EXPECT_EQ(heard.back(), "inserted 0 after\n");
 }
 

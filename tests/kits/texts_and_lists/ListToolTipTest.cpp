@@ -128,8 +128,7 @@ TEST_F(ListToolTipTest, ToolTipThatIsSetAnew_LeavesTheScreen)
 
 TEST_F(ListToolTipTest, ScrolledList_TakesItAway)
 {
-	AddStrings(100);
-	ASSERT_TRUE(WaitForRows(100));
+	ShowStrings(100);
 	rest_mouse(fList, CenterOf(1));
 	ASSERT_EQ("row 1", tool_tip_on_screen());
 	scroll_to(fList, 40);

@@ -76,6 +76,15 @@ ListViewFixture::AddStrings(int32 count)
 }
 
 
+/*!	Adds them, and waits until they are on the screen. */
+void
+ListViewFixture::ShowStrings(int32 count)
+{
+	AddStrings(count);
+	ASSERT_TRUE(WaitForRows(fList->CountItems()));
+}
+
+
 bool
 ListViewFixture::WaitForRows(int32 count)
 {

@@ -48,6 +48,7 @@ protected:
 	// The test owns the item from here on.
 	BListItem* Keep(BListItem* item);
 	void AddStrings(int32 count);
+	void ShowStrings(int32 count);
 	// Waits until the toolkit has so many rows.
 	bool WaitForRows(int32 count);
 	BPoint CenterOf(int32 index);

@@ -76,8 +76,11 @@ class ListViewRowsTest : public ListViewFixture {};
 } // namespace
 
 
-TEST_F(ListViewRowsTest, Rows_DrawThemselves)
+TEST_F(ListViewRowsTest, Rows_DrawThemselves_AndLeaveTheListsFontAndColors)
 {
+	BFont before;
+	fList->GetFont(&before);
+	const rgb_color high = fList->HighColor();
 	ColorItem* item = new ColorItem("red", make_color(200, 0, 0));
 	fList->AddItem(Keep(item));
 	fList->AddItem(Keep(new ColorItem("green", make_color(0, 128, 0))));
@@ -86,15 +89,16 @@ TEST_F(ListViewRowsTest, Rows_DrawThemselves)
 	EXPECT_EQ(pixel_of(fList, BPoint(frame.right - 2, frame.top)), 0xc80000u);
 	EXPECT_EQ(pixel_of(fList, BPoint(frame.right - 2, frame.bottom)), 0xc80000u);
 	EXPECT_EQ(pixel_of(fList, BPoint(frame.right - 2, frame.bottom + 1)), 0x008000u);
+	BFont after;
+	fList->GetFont(&after);
+	EXPECT_TRUE(before == after);
+	EXPECT_TRUE(fList->HighColor() == high);
 }
 
 
 TEST_F(ListViewRowsTest, MouseOverARow_ChangesNothing)
 {
-	fList->AddItem(Keep(new BStringItem("first")));
-	fList->AddItem(Keep(new BStringItem("second")));
-	fList->AddItem(Keep(new BStringItem("third")));
-	ASSERT_SOON(accessible_of(fList).childCount == 3);
+	ShowStrings(3);
 	const std::string before = picture_of(fList);
 	point_at(fList, BPoint(10, fList->ItemFrame(1).top + 2));
 	EXPECT_TRUE(before == picture_of(fList));
@@ -105,21 +109,6 @@ TEST_F(ListViewRowsTest, MouseOverARow_ChangesNothing)
 		EXPECT_EQ(pixel_of(fList, BPoint(right, fList->ItemFrame(0).top)),
 			pixel_of(fList, BPoint(right, fList->ItemFrame(i).top)));
 	}
-}
-
-
-TEST_F(ListViewRowsTest, DrawingARow_LeavesTheListsFontAndColors)
-{
-	BFont before;
-	fList->GetFont(&before);
-	const rgb_color high = fList->HighColor();
-	ColorItem* item = new ColorItem("red", make_color(200, 0, 0));
-	fList->AddItem(Keep(item));
-	ASSERT_SOON(item->CountDrawn() > 0);
-	BFont after;
-	fList->GetFont(&after);
-	EXPECT_TRUE(before == after);
-	EXPECT_TRUE(fList->HighColor() == high);
 }
 
 
@@ -139,8 +128,7 @@ TEST_F(ListViewRowsTest, InvalidatedItem_IsDrawnAgain)
 
 TEST_F(ListViewRowsTest, InvalidatedThenRemoved_IsNoTrouble)
 {
-	AddStrings(10);
-	ASSERT_TRUE(WaitForRows(10));
+	ShowStrings(10);
 	for (int32 i = 0; i < 10; i++)
 		fList->InvalidateItem(i);
 	for (int32 i = 9; i > 1; i--)

@@ -37,7 +37,7 @@ class ListViewTest : public ListViewFixture {};
 } // namespace
 
 
-TEST_F(ListViewTest, AddedItems_AreThereAtOnce)
+TEST_F(ListViewTest, AddedItems_AreThereAtOnceInTheirOrder)
 {
 	AddStrings(3);
 	EXPECT_EQ(fList->CountItems(), 3);
@@ -46,12 +46,6 @@ TEST_F(ListViewTest, AddedItems_AreThereAtOnce)
 	EXPECT_EQ(fList->ItemAt(-1), nullptr);
 	EXPECT_FALSE(fList->AddItem(NULL));
 	EXPECT_TRUE(WaitForRows(3));
-}
-
-
-TEST_F(ListViewTest, Items_AreAllOfThemInTheirOrder)
-{
-	AddStrings(3);
 	fList->RemoveItem(1);
 	const BListItem** items = fList->Items();
 	EXPECT_EQ(items[0], fItems[0].get());
@@ -61,8 +55,7 @@ TEST_F(ListViewTest, Items_AreAllOfThemInTheirOrder)
 
 TEST_F(ListViewTest, RemovedItems_AreGoneFromTheToolkitAtOnce)
 {
-	AddStrings(5);
-	ASSERT_TRUE(WaitForRows(5));
+	ShowStrings(5);
 	AddStrings(2);
 	EXPECT_EQ(fList->RemoveItem(int32(1)), fItems[1].get());
 	fItems[1].reset();
@@ -77,8 +70,7 @@ TEST_F(ListViewTest, RemovedItems_AreGoneFromTheToolkitAtOnce)
 
 TEST_F(ListViewTest, ManyItemsRemovedOneByOne_LeaveNothing)
 {
-	AddStrings(20000);
-	ASSERT_TRUE(WaitForRows(20000));
+	ShowStrings(20000);
 	for (int32 i = fList->CountItems() - 1; i >= 0; i--) {
 		ASSERT_EQ(fList->RemoveItem(i), fItems[size_t(i)].get());
 		fItems[size_t(i)].reset();
@@ -109,44 +101,31 @@ TEST_F(ListViewTest, Select_MarksTheItemAndSendsTheMessage)
 
 TEST_F(ListViewTest, RemovingTheSelectedRow_SelectsNoOther)
 {
-	AddStrings(3);
-	ASSERT_TRUE(WaitForRows(3));
+	ShowStrings(3);
 	click(fList, CenterOf(1));
 	ASSERT_EQ(fList->CurrentSelection(), 1);
 	EXPECT_EQ(fList->RemoveItem(int32(1)), fItems[1].get());
 	EXPECT_EQ(fList->CurrentSelection(), -1);
-	EXPECT_FALSE(fItems[1]->IsSelected());
-	EXPECT_FALSE(fItems[2]->IsSelected());
-	EXPECT_FALSE(fItems[0]->IsSelected());
+	for (const auto& item : fItems)
+		EXPECT_FALSE(item->IsSelected());
 	EXPECT_SOON(fWindow->Count(kMsgSelected) == 2);
-}
 
-
-TEST_F(ListViewTest, RemovingAnotherRow_KeepsTheSelection)
-{
-	AddStrings(3);
-	fList->Select(2);
+	// And that of another row leaves it.
+	fList->Select(1);
 	fList->RemoveItem(int32(0));
-	EXPECT_EQ(fList->CurrentSelection(), 1);
+	EXPECT_EQ(fList->CurrentSelection(), 0);
 	EXPECT_TRUE(fItems[2]->IsSelected());
 }
 
 
-TEST_F(ListViewTest, Click_SelectsAndDoesNotInvoke)
+TEST_F(ListViewTest, Click_Selects_AndOnlyADoubleClickInvokes)
 {
-	AddStrings(3);
-	ASSERT_TRUE(WaitForRows(3));
+	ShowStrings(3);
 	click(fList, CenterOf(1));
 	EXPECT_EQ(fList->CurrentSelection(), 1);
 	EXPECT_SOON(fWindow->Count(kMsgSelected) == 1);
 	EXPECT_EQ(fWindow->Count(kMsgInvoked), 0);
-}
 
-
-TEST_F(ListViewTest, DoubleClick_Invokes)
-{
-	AddStrings(3);
-	ASSERT_TRUE(WaitForRows(3));
 	double_click(fList, CenterOf(2));
 	ASSERT_SOON(fWindow->Count(kMsgInvoked) == 1);
 	EXPECT_EQ(fWindow->Last().GetInt32("index", -1), 2);
@@ -157,8 +136,7 @@ TEST_F(ListViewTest, DoubleClick_Invokes)
 
 TEST_F(ListViewTest, DoubleClickBelowTheRows_InvokesNothing)
 {
-	AddStrings(1);
-	ASSERT_TRUE(WaitForRows(1));
+	ShowStrings(1);
 	fList->Select(0);
 	const BRect frame = fList->ItemFrame(0);
 	double_click(fList, BPoint(frame.left + 20, frame.bottom + 40));
@@ -170,32 +148,23 @@ TEST_F(ListViewTest, DoubleClickBelowTheRows_InvokesNothing)
 }
 
 
-TEST_F(ListViewTest, FirstArrowAfterGettingTheFocus_SelectsTheFirstRow)
-{
-	AddStrings(3);
-	ASSERT_TRUE(WaitForRows(3));
-	fList->MakeFocus(true);
-	ASSERT_SOON(fList->IsFocus());
-	press_key(fList, kKeyDown);
-	EXPECT_EQ(fList->CurrentSelection(), 0);
-	press_key(fList, kKeyDown);
-	EXPECT_EQ(fList->CurrentSelection(), 1);
-}
-
-
-TEST_F(ListViewTest, EndAfterGettingTheFocus_SelectsTheLastRow)
+TEST_F(ListViewTest, FirstKeyAfterGettingTheFocus_SelectsTheRowAtThatEnd)
 {
 	press_key(fList, kKeyEnd);
 	EXPECT_EQ(fList->CurrentSelection(), -1);
-
-	AddStrings(3);
-	ASSERT_TRUE(WaitForRows(3));
+	ShowStrings(3);
 	fList->MakeFocus(true);
 	ASSERT_SOON(fList->IsFocus());
 	press_key(fList, kKeyEnd);
 	EXPECT_EQ(fList->CurrentSelection(), 2);
 	press_key(fList, kKeyHome);
 	EXPECT_EQ(fList->CurrentSelection(), 0);
+
+	fList->DeselectAll();
+	for (const int32 row : {0, 1}) {
+		press_key(fList, kKeyDown);
+		EXPECT_EQ(fList->CurrentSelection(), row);
+	}
 }
 
 

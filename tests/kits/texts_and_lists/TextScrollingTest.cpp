@@ -80,72 +80,58 @@ protected:
 } // namespace
 
 
-TEST_F(TextScrollingTest, UpByRowsFromTheEnd_ShowsEachRowOnce)
+TEST_F(TextScrollingTest, ByRows_ShowsEachRowOnce)
 {
 	AppendLines(60);
-	ScrollToEnd();
-	const std::vector<int32> tops = Tops([this]() {
-		click_scroll_bar(fText, kScrollStepUp);
-	});
-	std::vector<int32> rows = Rows();
-	ASSERT_GT(rows.size(), 150u);
-	rows.resize(size_t(RowOf(rows, tops.front())) + 1);
-	std::reverse(rows.begin(), rows.end());
-	EXPECT_EQ(tops, rows);
-}
-
-
-TEST_F(TextScrollingTest, DownByRowsFromTheStart_ShowsEachRowOnce)
-{
-	AppendLines(60);
-	const std::vector<int32> tops = Tops([this]() {
+	const std::vector<int32> down = Tops([this]() {
 		click_scroll_bar(fText, kScrollStepDown);
 	});
 	EXPECT_TRUE(IsSeen(fText->TextLength()));
 	std::vector<int32> rows = Rows();
-	rows.resize(size_t(RowOf(rows, tops.back())) + 1);
-	EXPECT_EQ(tops, rows);
+	ASSERT_GT(rows.size(), 150u);
+	rows.resize(size_t(RowOf(rows, down.back())) + 1);
+	EXPECT_EQ(down, rows);
+
+	// From the end of a text of which nothing else has been seen.
+	fText->SetText("");
+	AppendLines(60);
+	ScrollToEnd();
+	std::vector<int32> up = Tops([this]() {
+		click_scroll_bar(fText, kScrollStepUp);
+	});
+	std::reverse(up.begin(), up.end());
+	EXPECT_EQ(up, rows);
 }
 
 
-TEST_F(TextScrollingTest, Wheel_GoesByThreeRowsBothWays)
+TEST_F(TextScrollingTest, WheelAndPages_GoBySoManyRowsBothWays)
 {
-	AppendLines(60);
-	ScrollToEnd();
-	const std::vector<int32> up = Tops([this]() {
-		turn_wheel(fText, 1);
-	});
-	const std::vector<int32> down = Tops([this]() {
-		turn_wheel(fText, -1);
-	});
-	const std::vector<int32> rows = Rows();
-	for (size_t i = 1; i + 1 < up.size(); i++)
-		EXPECT_EQ(RowOf(rows, up[i - 1]) - RowOf(rows, up[i]), 3) << i;
-	for (size_t i = 1; i + 1 < down.size(); i++)
-		EXPECT_EQ(RowOf(rows, down[i]) - RowOf(rows, down[i - 1]), 3) << i;
-	EXPECT_EQ(up.back(), 0);
-	EXPECT_EQ(down.back(), up.front());
-}
-
-
-TEST_F(TextScrollingTest, ByPages_LeavesNoRowOut)
-{
-	AppendLines(60);
-	ScrollToEnd();
-	const int page = scroll_state(fText).page;
-	const std::vector<int32> up = Tops([this]() {
-		click_scroll_bar(fText, kScrollPageUp);
-	});
-	const std::vector<int32> down = Tops([this]() {
-		click_scroll_bar(fText, kScrollPageDown);
-	});
-	const std::vector<int32> rows = Rows();
-	for (size_t i = 1; i + 1 < up.size(); i++)
-		EXPECT_EQ(RowOf(rows, up[i - 1]) - RowOf(rows, up[i]), page) << i;
-	for (size_t i = 1; i + 1 < down.size(); i++)
-		EXPECT_EQ(RowOf(rows, down[i]) - RowOf(rows, down[i - 1]), page) << i;
-	EXPECT_EQ(up.back(), 0);
-	EXPECT_TRUE(IsSeen(fText->TextLength()));
+	const struct {
+		const char* name;
+		int rows;
+		std::function<void()> up;
+		std::function<void()> down;
+	} cases[] = {
+		{"wheel", 3, std::bind(turn_wheel, fText, 1), std::bind(turn_wheel, fText, -1)},
+		{"page", scroll_state(fText).page, std::bind(click_scroll_bar, fText, kScrollPageUp),
+			std::bind(click_scroll_bar, fText, kScrollPageDown)},
+	};
+	for (const auto& entry : cases) {
+		SCOPED_TRACE(entry.name);
+		fText->SetText("");
+		AppendLines(60);
+		ScrollToEnd();
+		const std::vector<int32> up = Tops(entry.up);
+		const std::vector<int32> down = Tops(entry.down);
+		const std::vector<int32> rows = Rows();
+		for (size_t i = 1; i + 1 < up.size(); i++)
+			EXPECT_EQ(RowOf(rows, up[i - 1]) - RowOf(rows, up[i]), entry.rows) << i;
+		for (size_t i = 1; i + 1 < down.size(); i++)
+			EXPECT_EQ(RowOf(rows, down[i]) - RowOf(rows, down[i - 1]), entry.rows) << i;
+		EXPECT_EQ(up.back(), 0);
+		EXPECT_EQ(down.back(), up.front());
+		EXPECT_TRUE(IsSeen(fText->TextLength()));
+	}
 }
 
 
@@ -161,17 +147,14 @@ TEST_F(TextScrollingTest, PlacesAskedForAbove_DoNotMoveTheText)
 	EXPECT_EQ(RowOf(rows, Top()), RowOf(rows, top) - 1);
 	click_scroll_bar(fText, kScrollStepDown);
 	EXPECT_EQ(Top(), top);
-}
 
-
-TEST_F(TextScrollingTest, PlacesAskedForAbove_DoNotMoveTheTextWithTheNextStepDown)
-{
+	fText->SetText("");
 	AppendLines(60);
 	fText->ScrollToOffset(fText->TextLength() / 2);
-	const int32 top = Top();
-	const std::vector<int32> rows = Rows();
+	const int32 middle = Top();
+	Rows();
 	click_scroll_bar(fText, kScrollStepDown);
-	EXPECT_EQ(RowOf(rows, Top()), RowOf(rows, top) + 1);
+	EXPECT_EQ(RowOf(rows, Top()), RowOf(rows, middle) + 1);
 }
 
 

@@ -24,7 +24,7 @@ lock_elsewhere(BLocker* lock, bigtime_t timeout)
 }
 
 
-TEST(LockerTest, Lock_MayBeTakenAgainByItsHolder)
+TEST(LockerTest, Lock_MayBeTakenAgainByItsHolder_AndByAnAutolock)
 {
 	BLocker locker("test");
 	EXPECT_FALSE(locker.IsLocked());
@@ -33,6 +33,12 @@ TEST(LockerTest, Lock_MayBeTakenAgainByItsHolder)
 	locker.Unlock();
 	EXPECT_TRUE(locker.IsLocked());
 	locker.Unlock();
+	EXPECT_FALSE(locker.IsLocked());
+
+	{
+		BAutolock autolock(locker);
+		EXPECT_TRUE(locker.IsLocked());
+	}
 	EXPECT_FALSE(locker.IsLocked());
 }
 
@@ -82,15 +88,4 @@ TEST(LockerTest, Threads_ExcludeEachOther)
 	for (thread_id thread : threads)
 		Join(thread);
 	EXPECT_EQ(40000, value);
-}
-
-
-TEST(LockerTest, Autolock_HoldsTheLockForAsLongAsItLives)
-{
-	BLocker locker("test");
-	{
-		BAutolock autolock(locker);
-		EXPECT_TRUE(locker.IsLocked());
-	}
-	EXPECT_FALSE(locker.IsLocked());
 }

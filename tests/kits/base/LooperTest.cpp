@@ -14,9 +14,6 @@
 #include "ScriptedLooper.h"
 
 
-namespace {
-
-
 /*	Every one stands at the same address. */
 class SameAddressLooper : public ScriptedLooper {
 public:
@@ -25,7 +22,7 @@ public:
 };
 
 
-alignas(16) char sPlace[sizeof(SameAddressLooper)];
+alignas(16) static char sPlace[sizeof(SameAddressLooper)];
 
 
 void*
@@ -55,15 +52,12 @@ public:
 };
 
 
-void
+static void
 quit(BLooper* looper)
 {
 	if (looper->Lock())
 		looper->Quit();
 }
-
-
-} // namespace
 
 
 TEST(LooperTest, Messages_ArriveInTheOrderOfPosting)

@@ -19,10 +19,7 @@
 #include "WaitFor.h"
 
 
-namespace {
-
-
-bool
+static bool
 is_readable()
 {
 	pollfd descriptor = {MainServer::Default()->WakeDescriptor(), POLLIN, 0};
@@ -63,9 +60,6 @@ protected:
 	ServedLooper* fFirst;
 	ServedLooper* fSecond;
 };
-
-
-} // namespace
 
 
 TEST_F(MainServerTest, BeforeStart_NothingIsServed)
@@ -340,31 +334,6 @@ TEST_F(MainServerTest, DestructorInOwnHandler_WaitsWhileOthersAreServed)
 }
 
 
-TEST_F(MainServerTest, TwoDying_HoldTheApplicationUntilBothAreGone)
-{
-	Run();
-	HeldThread held[2];
-	int32 counts[2] = {-1, -1};
-	fFirst->onDestroy = [&] {
-		fSecond->PostMessage(B_QUIT_REQUESTED);
-		held[0].Wait();
-		counts[0] = fApplication->CountReceived();
-	};
-	fSecond->onDestroy = [&] {
-		fApplication->PostMessage('quit');
-		held[0].Release();
-		held[1].Release();
-		held[1].Wait();
-		counts[1] = fApplication->CountReceived();
-	};
-	fFirst->PostMessage(B_QUIT_REQUESTED);
-	ServeAll();
-	EXPECT_EQ(0, counts[0]);
-	EXPECT_EQ(0, counts[1]);
-	EXPECT_EQ(1, fApplication->CountReceived());
-}
-
-
 TEST_F(MainServerTest, Windows_AreListedInTheOrderOfTheirCreation)
 {
 	std::vector<BLooper*> windows;
@@ -463,35 +432,4 @@ TEST_F(MainServerTest, WaitHook_WaitsInItsOwnWay)
 	MainServer::Default()->SetWaitHook(NULL);
 	EXPECT_EQ(1, sCalls);
 	EXPECT_EQ(1, fFirst->CountReceived());
-}
-
-
-TEST_F(MainServerTest, FiftyThreads_PostWhileWindowsComeAndGo)
-{
-	std::atomic<BLooper*> current(NULL);
-	std::atomic<bool> stop(false);
-	std::vector<thread_id> threads(50);
-	for (thread_id& thread : threads) {
-		thread = RunThread([&] {
-			while (!stop) {
-				BLooper* looper = current;
-				if (looper != NULL) {
-					looper->PostMessage('test');
-					BMessenger(looper).SendMessage('test');
-				}
-				snooze(100);
-			}
-		});
-	}
-
-	for (int round = 0; round < 30; round++) {
-		ServedLooper* looper = new ServedLooper;
-		looper->Run();
-		current = looper;
-		EXPECT_SERVED(looper->CountReceived() >= 20);
-		looper->Quit();
-	}
-	stop = true;
-	for (thread_id thread : threads)
-		Join(thread);
 }

@@ -11,15 +11,6 @@
 #include "ScriptedLooper.h"
 
 
-TEST(MessengerTest, Empty_IsNotValid)
-{
-	BMessenger messenger;
-	EXPECT_FALSE(messenger.IsValid());
-	EXPECT_EQ(B_BAD_PORT_ID, messenger.SendMessage('test'));
-	EXPECT_EQ(NULL, messenger.Target(NULL));
-}
-
-
 TEST(MessengerTest, Looper_IsItsOwnTarget)
 {
 	ScriptedLooper* looper = new ScriptedLooper;
@@ -42,7 +33,7 @@ TEST(MessengerTest, Looper_IsItsOwnTarget)
 }
 
 
-TEST(MessengerTest, BadTargets_AreNamed)
+TEST(MessengerTest, BadTargets_AreNamedAndNotValid)
 {
 	status_t result = B_OK;
 	const BHandler* nobody = NULL;
@@ -52,13 +43,16 @@ TEST(MessengerTest, BadTargets_AreNamed)
 	BMessenger withoutLooper(&alone, NULL, &result);
 	EXPECT_EQ(B_BAD_HANDLER, result);
 
-	ScriptedLooper* first = new ScriptedLooper;
-	ScriptedLooper* second = new ScriptedLooper;
+	Owned<ScriptedLooper> first;
+	Owned<ScriptedLooper> second;
 	BMessenger mismatched(first, second, &result);
 	EXPECT_EQ(B_MISMATCHED_VALUES, result);
 	EXPECT_FALSE(mismatched.IsValid());
-	first->Quit();
-	second->Quit();
+
+	BMessenger messenger;
+	EXPECT_FALSE(messenger.IsValid());
+	EXPECT_EQ(B_BAD_PORT_ID, messenger.SendMessage('test'));
+	EXPECT_EQ(NULL, messenger.Target(NULL));
 }
 
 

@@ -16,17 +16,14 @@
 #include "ExpectSoon.h"
 
 
-namespace {
-
-
-status_t
+static status_t
 answer(void* data)
 {
 	return *static_cast<status_t*>(data);
 }
 
 
-status_t
+static status_t
 raise_flag(void* data)
 {
 	*static_cast<std::atomic<bool>*>(data) = true;
@@ -34,7 +31,7 @@ raise_flag(void* data)
 }
 
 
-status_t
+static status_t
 wait_for_flag(void* data)
 {
 	std::atomic<bool>* flag = static_cast<std::atomic<bool>*>(data);
@@ -44,7 +41,7 @@ wait_for_flag(void* data)
 }
 
 
-status_t
+static status_t
 own_id(void* data)
 {
 	*static_cast<thread_id*>(data) = find_thread(NULL);
@@ -52,21 +49,21 @@ own_id(void* data)
 }
 
 
-status_t
+static status_t
 wait_for_itself(void* /*data*/)
 {
 	return wait_for_thread(find_thread(NULL), NULL);
 }
 
 
-status_t
+static status_t
 wait_for_other(void* data)
 {
 	return wait_for_thread(*static_cast<thread_id*>(data), NULL);
 }
 
 
-bool
+static bool
 has_system_thread(const char* name)
 {
 	bool found = false;
@@ -85,9 +82,6 @@ has_system_thread(const char* name)
 	closedir(tasks);
 	return found;
 }
-
-
-} // namespace
 
 
 TEST(ThreadTest, Spawned_RunsOnlyWhenResumed)

@@ -12,14 +12,11 @@
 #include <String.h>
 
 
-namespace {
-
-
 /*!	Runs the program of the quit scenarios.
 	\param environment Variables for it, as a shell takes them.
 	\return What it printed, and its status.
 */
-std::string
+static std::string
 run_scenario(const char* name, const char* environment = "")
 {
 	BString command;
@@ -36,7 +33,7 @@ run_scenario(const char* name, const char* environment = "")
 }
 
 
-int
+static int
 count(const std::string& text, const std::string& part)
 {
 	int result = 0;
@@ -46,27 +43,10 @@ count(const std::string& text, const std::string& part)
 }
 
 
-} // namespace
-
-
-TEST(ApplicationTest, AppInfo_NamesTheProgramAndItsSignature)
-{
-	EXPECT_EQ("ok:quit_program signature:application/x-vnd.Palimbra-quit yes:application status 0",
-		run_scenario("info"));
-}
-
-
 TEST(ApplicationTest, Signature_IsTheOneThatWasGiven)
 {
 	EXPECT_STREQ("application/x-vnd.Palimbra-tests", be_app->Signature());
 	EXPECT_TRUE(be_app_messenger.IsValid());
-}
-
-
-TEST(ApplicationTest, VariableThatTheToolkitTakesOut_StandsLastInTheEnvironment)
-{
-	EXPECT_EQ("last:DESKTOP_STARTUP_ID=it yes:application status 0",
-		run_scenario("environment", "DESKTOP_STARTUP_ID=it"));
 }
 
 
@@ -82,31 +62,33 @@ TEST(ApplicationTest, ThreeWaitingWindows_CloseInEveryOrder_AndThenTheProgramQui
 }
 
 
-TEST(ApplicationTest, ControllerThatAsksTheApplication_TakesItsRefusingWindowsWithIt)
+TEST(ApplicationTest, Scenarios_EndAsTheyShall)
 {
-	EXPECT_EQ("asked:main gone:chat gone:users gone:main asked:other gone:other yes:application "
-			  "status 0",
-		run_scenario("controller"));
-}
-
-
-TEST(ApplicationTest, WindowThatRefuses_StopsTheQuit_UntilItAgrees)
-{
-	EXPECT_EQ("asked:first gone:first asked:stubborn no:application asked:stubborn gone:stubborn "
-			  "asked:last gone:last yes:application status 0",
-		run_scenario("refusal"));
-}
-
-
-TEST(ApplicationTest, WindowThatWaitsInAHandler_IsAskedWhenItHasLeftIt)
-{
-	EXPECT_EQ("asked:first gone:first no:application waited:waiting asked:waiting gone:waiting "
-			  "yes:application status 0",
-		run_scenario("waiting"));
-}
-
-
-TEST(ApplicationTest, ThreadsThatStillPost_DoNotKeepTheProgram)
-{
-	EXPECT_EQ("asked:window gone:window yes:application status 0", run_scenario("threads"));
+	const struct {
+		const char* scenario;
+		const char* environment;
+		const char* output;
+	} cases[] = {
+		{"info", "", "ok:quit_program signature:application/x-vnd.Palimbra-quit yes:application"},
+		// The toolkit takes this variable out, so it has to stand last.
+		{"environment", "DESKTOP_STARTUP_ID=it", "last:DESKTOP_STARTUP_ID=it yes:application"},
+		// A controller asks the application, and takes its refusing windows with it.
+		{"controller", "",
+			"asked:main gone:chat gone:users gone:main asked:other gone:other yes:application"},
+		// A window that refuses stops the quit, until it agrees.
+		{"refusal", "",
+			"asked:first gone:first asked:stubborn no:application asked:stubborn gone:stubborn "
+			"asked:last gone:last yes:application"},
+		// A window that waits in a handler is asked when it has left it.
+		{"waiting", "",
+			"asked:first gone:first no:application waited:waiting asked:waiting gone:waiting "
+			"yes:application"},
+		// Threads that still post do not keep the program.
+		{"threads", "", "asked:window gone:window yes:application"},
+	};
+	for (const auto& entry : cases) {
+		SCOPED_TRACE(entry.scenario);
+		EXPECT_EQ(std::string(entry.output) + " status 0",
+			run_scenario(entry.scenario, entry.environment));
+	}
 }

@@ -16,17 +16,14 @@
 #include "UserInput.h"
 
 
-namespace {
-
-
-const unsigned kBackground = 0xd8d8d8;
+static const unsigned kBackground = 0xd8d8d8;
 
 
 /*!	A view that draws what the test says. */
-class Canvas : public BView {
+class DrawnView : public BView {
 public:
-	explicit Canvas(std::function<void(BView*)> draw)
-		: BView("canvas", B_WILL_DRAW),
+	explicit DrawnView(std::function<void(BView*)> draw)
+		: BView("drawn", B_WILL_DRAW),
 		  fDraw(std::move(draw))
 	{
 		SetViewUIColor(B_PANEL_BACKGROUND_COLOR);
@@ -39,12 +36,9 @@ private:
 };
 
 
-} // namespace
-
-
 TEST(DrawingTest, Background_IsTheViewColor)
 {
-	Canvas view([](BView*) {});
+	DrawnView view([](BView*) {});
 	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(5, 5)));
 	view.SetViewColor(make_color(1, 2, 3));
 	EXPECT_EQ(0x010203u, pixel_of(&view, BPoint(5, 5)));
@@ -89,7 +83,7 @@ TEST(DrawingTest, Shapes_CoverTheirPixelsAndNoOthers)
 	};
 	for (const auto& shape : cases) {
 		SCOPED_TRACE(shape.name);
-		Canvas view([&](BView* owner) {
+		DrawnView view([&](BView* owner) {
 			owner->SetHighColor(255, 0, 0);
 			shape.draw(owner);
 		});
@@ -103,7 +97,7 @@ TEST(DrawingTest, Shapes_CoverTheirPixelsAndNoOthers)
 
 TEST(DrawingTest, StrokedEllipse_IsHollow)
 {
-	Canvas view([](BView* owner) {
+	DrawnView view([](BView* owner) {
 		owner->SetHighColor(0, 0, 255);
 		owner->StrokeEllipse(BRect(2, 2, 14, 14));
 	});
@@ -124,7 +118,7 @@ TEST(DrawingTest, Bitmap_CoversItsPlaceByItsAlpha_InBothModes)
 	memcpy(bitmap.Bits(), pixels, 8);
 	for (const drawing_mode mode : {B_OP_COPY, B_OP_ALPHA}) {
 		SCOPED_TRACE(mode);
-		Canvas view([&](BView* owner) {
+		DrawnView view([&](BView* owner) {
 			owner->SetDrawingMode(mode);
 			owner->SetBlendingMode(B_PIXEL_ALPHA, B_ALPHA_OVERLAY);
 			owner->DrawBitmap(&bitmap, BPoint(3, 4));
@@ -141,7 +135,7 @@ TEST(DrawingTest, BitmapInARect_FillsIt)
 	BBitmap bitmap(BRect(0, 0, 0, 0), B_RGBA32);
 	const uint8 pixel[4] = {0, 255, 0, 255};
 	memcpy(bitmap.Bits(), pixel, 4);
-	Canvas view([&](BView* owner) {
+	DrawnView view([&](BView* owner) {
 		owner->DrawBitmap(&bitmap, BRect(2, 2, 17, 17));
 	});
 	EXPECT_EQ(0x00ff00u, pixel_of(&view, BPoint(2, 2)));
@@ -153,7 +147,7 @@ TEST(DrawingTest, BitmapInARect_FillsIt)
 TEST(DrawingTest, ChangedBitmap_IsDrawnAsItIsNow)
 {
 	BBitmap bitmap(BRect(0, 0, 0, 0), B_RGBA32);
-	Canvas view([&](BView* owner) {
+	DrawnView view([&](BView* owner) {
 		owner->DrawBitmap(&bitmap, BPoint(0, 0));
 	});
 	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(0, 0)));
@@ -170,7 +164,7 @@ TEST(DrawingTest, ChangedBitmap_IsDrawnAsItIsNow)
 
 TEST(DrawingTest, String_StandsOnItsBaseline)
 {
-	Canvas view([](BView* owner) {
+	DrawnView view([](BView* owner) {
 		owner->SetHighColor(0, 0, 0);
 		owner->DrawString("|||||", BPoint(5, 20));
 	});
@@ -187,7 +181,7 @@ TEST(DrawingTest, FontChangedWhileDrawing_IsMeasuredAtOnce)
 {
 	float narrow = 0;
 	float wide = 0;
-	Canvas view([&](BView* owner) {
+	DrawnView view([&](BView* owner) {
 		owner->SetFont(be_plain_font);
 		narrow = owner->StringWidth("measure");
 		owner->SetFont(be_bold_font);
@@ -200,7 +194,7 @@ TEST(DrawingTest, FontChangedWhileDrawing_IsMeasuredAtOnce)
 
 TEST(DrawingTest, DrawingAtAnotherTime_LeavesNothing)
 {
-	Canvas view([](BView*) {});
+	DrawnView view([](BView*) {});
 	const std::string before = picture_of(&view);
 	view.SetHighColor(255, 0, 0);
 	view.FillRect(BRect(0, 0, 20, 20));

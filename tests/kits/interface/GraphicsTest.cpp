@@ -13,7 +13,7 @@
 #include <String.h>
 
 
-TEST(RectTest, Edges_AreIncluded)
+TEST(RectTest, EdgesUnionAndIntersection_AreIncluded)
 {
 	const BRect rect(0, 0, 15, 15);
 	EXPECT_FLOAT_EQ(15, rect.Width());
@@ -21,11 +21,7 @@ TEST(RectTest, Edges_AreIncluded)
 	EXPECT_FALSE(rect.Contains(BPoint(16, 15)));
 	EXPECT_FALSE(BRect().IsValid());
 	EXPECT_TRUE(BRect(3, 3, 3, 3).IsValid());
-}
 
-
-TEST(RectTest, UnionAndIntersection)
-{
 	const BRect first(0, 0, 10, 10);
 	const BRect second(5, 6, 20, 8);
 	EXPECT_EQ(BRect(5, 6, 10, 8), first & second);
@@ -64,7 +60,7 @@ TEST(ColorTest, SystemColors_AreTheDefaultOnes)
 }
 
 
-TEST(FontTest, BoldAndLarger_AreWider)
+TEST(FontTest, BoldLargerAndInvalidText_IsWider)
 {
 	EXPECT_GT(be_bold_font->StringWidth("Users Online"),
 		be_plain_font->StringWidth("Users Online"));
@@ -74,6 +70,10 @@ TEST(FontTest, BoldAndLarger_AreWider)
 	EXPECT_FLOAT_EQ(0, be_plain_font->StringWidth(NULL));
 	EXPECT_EQ(*be_plain_font, BFont());
 	EXPECT_FALSE(*be_plain_font == large);
+
+	EXPECT_GT(be_plain_font->StringWidth("a\xff"), be_plain_font->StringWidth("a"));
+	EXPECT_FLOAT_EQ(be_plain_font->StringWidth("\xef\xbf\xbd\xef\xbf\xbd"),
+		be_plain_font->StringWidth("\xe2\x82"));
 }
 
 
@@ -114,14 +114,6 @@ TEST(FontTest, ScriptsOfTheWorld_HaveAWidth)
 }
 
 
-TEST(FontTest, InvalidBytes_HaveAWidth)
-{
-	EXPECT_GT(be_plain_font->StringWidth("a\xff"), be_plain_font->StringWidth("a"));
-	EXPECT_FLOAT_EQ(be_plain_font->StringWidth("\xef\xbf\xbd\xef\xbf\xbd"),
-		be_plain_font->StringWidth("\xe2\x82"));
-}
-
-
 TEST(FontTest, TruncatedString_FitsAndSaysSo)
 {
 	const BString whole("A description that is much too long");
@@ -143,7 +135,7 @@ TEST(FontTest, TruncatedString_FitsAndSaysSo)
 }
 
 
-TEST(BitmapTest, NewBitmap_IsAllZero)
+TEST(BitmapTest, NewBitmap_IsAllZero_AndOfGoodBoundsOnly)
 {
 	const BBitmap bitmap(BRect(0, 0, 2, 1), B_RGBA32);
 	ASSERT_TRUE(bitmap.IsValid());
@@ -154,11 +146,7 @@ TEST(BitmapTest, NewBitmap_IsAllZero)
 	const uint8* bits = static_cast<const uint8*>(bitmap.Bits());
 	for (int32 i = 0; i < bitmap.BitsLength(); i++)
 		EXPECT_EQ(0, bits[i]);
-}
 
-
-TEST(BitmapTest, BadBounds_AreNotValid)
-{
 	EXPECT_FALSE(BBitmap(BRect(), B_RGBA32).IsValid());
 	EXPECT_FALSE(BBitmap(BRect(0, 0, 3, 3), B_NO_COLOR_SPACE).IsValid());
 	EXPECT_TRUE(BBitmap(BRect(0, 0, 3, 3), B_RGB32).IsValid());

@@ -15,9 +15,6 @@
 #include "ScriptedWindow.h"
 
 
-namespace {
-
-
 /*!	A view without any size of its own. */
 class Box : public BView {
 public:
@@ -29,7 +26,7 @@ public:
 
 
 /*!	Gives the window its size, and its views theirs. */
-void
+static void
 LayOut(BWindow* window, float width, float height)
 {
 	window->Layout(false);
@@ -38,18 +35,20 @@ LayOut(BWindow* window, float width, float height)
 }
 
 
-} // namespace
+class LayoutTest : public testing::Test {
+protected:
+	OwnedWindow fWindow;
+};
 
 
-TEST(LayoutTest, Views_ShareTheSpaceByTheirWeights)
+TEST_F(LayoutTest, Views_ShareTheSpaceByTheirWeights)
 {
-	OwnedWindow window;
 	Box* small = new Box;
 	Box* large = new Box;
-	BLayoutBuilder::Group<>(window, B_HORIZONTAL, 0).Add(small, 1).Add(large, 3);
+	BLayoutBuilder::Group<>(fWindow, B_HORIZONTAL, 0).Add(small, 1).Add(large, 3);
 	for (const float width : {399.0f, 799.0f}) {
 		SCOPED_TRACE(width);
-		LayOut(window, width, 99);
+		LayOut(fWindow, width, 99);
 		const float quarter = (width + 1) / 4;
 		EXPECT_EQ(BRect(0, 0, quarter - 1, 99), small->Frame());
 		EXPECT_EQ(BRect(quarter, 0, width, 99), large->Frame());
@@ -57,19 +56,18 @@ TEST(LayoutTest, Views_ShareTheSpaceByTheirWeights)
 }
 
 
-TEST(LayoutTest, SpacingAndInsets_AreInPixels)
+TEST_F(LayoutTest, SpacingAndInsets_AreInPixels)
 {
-	OwnedWindow window;
 	Box* first = new Box;
 	Box* second = new Box;
-	BLayoutBuilder::Group<>(window, B_VERTICAL, 10).SetInsets(1, 2, 3, 4).Add(first).Add(second);
-	LayOut(window, 99, 115);
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 10).SetInsets(1, 2, 3, 4).Add(first).Add(second);
+	LayOut(fWindow, 99, 115);
 	EXPECT_EQ(BRect(1, 2, 96, 51), first->Frame());
 	EXPECT_EQ(BRect(1, 62, 96, 111), second->Frame());
 }
 
 
-TEST(LayoutTest, NamedSpacings_FollowTheFontsSize)
+TEST_F(LayoutTest, NamedSpacings_FollowTheFontsSize)
 {
 	const float standard = std::ceil(be_plain_font->Size() * 0.85f);
 	const struct {
@@ -93,19 +91,18 @@ TEST(LayoutTest, NamedSpacings_FollowTheFontsSize)
 }
 
 
-TEST(LayoutTest, LabelRow_TakesNoMoreThanItsHeight)
+TEST_F(LayoutTest, LabelRow_TakesNoMoreThanItsHeight)
 {
-	OwnedWindow window;
 	Box* list = new Box;
 	BStringView* label = new BStringView("label", "12 users online");
-	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0)
 		.Add(list, 1.0f)
 		.AddGroup(B_HORIZONTAL, 0, 1.0f)
 		.Add(label)
 		.AddGlue(1.0f);
 	for (const float height : {199.0f, 599.0f}) {
 		SCOPED_TRACE(height);
-		LayOut(window, 219, height);
+		LayOut(fWindow, 219, height);
 		EXPECT_FLOAT_EQ(label->PreferredSize().height, label->Frame().Height());
 		EXPECT_FLOAT_EQ(height, label->Frame().bottom);
 		EXPECT_FLOAT_EQ(0, label->Frame().left);
@@ -114,12 +111,11 @@ TEST(LayoutTest, LabelRow_TakesNoMoreThanItsHeight)
 }
 
 
-TEST(LayoutTest, Glue_PushesButtonsToTheRight)
+TEST_F(LayoutTest, Glue_PushesButtonsToTheRight)
 {
-	OwnedWindow window;
 	BButton* cancel = new BButton("cancel", "Cancel", NULL);
 	BButton* ok = new BButton("ok", "OK", NULL);
-	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0)
 		.Add(new Box)
 		.AddGroup(B_HORIZONTAL, 5)
 		.AddGlue()
@@ -128,7 +124,7 @@ TEST(LayoutTest, Glue_PushesButtonsToTheRight)
 		.End();
 	for (const float width : {399.0f, 699.0f}) {
 		SCOPED_TRACE(width);
-		LayOut(window, width, 299);
+		LayOut(fWindow, width, 299);
 		EXPECT_FLOAT_EQ(width, ok->Frame().right);
 		EXPECT_FLOAT_EQ(ok->Frame().left - 6, cancel->Frame().right);
 		EXPECT_FLOAT_EQ(ok->PreferredSize().width, ok->Frame().Width());
@@ -137,47 +133,44 @@ TEST(LayoutTest, Glue_PushesButtonsToTheRight)
 }
 
 
-TEST(LayoutTest, ViewSmallerThanItsPlace_StandsInItsMiddle)
+TEST_F(LayoutTest, ViewSmallerThanItsPlace_StandsInItsMiddle)
 {
-	OwnedWindow window;
 	Box* view = new Box;
 	view->SetExplicitMaxSize(BSize(19, 9));
-	BLayoutBuilder::Group<>(window, B_HORIZONTAL, 0).Add(view).Add(new Box);
-	LayOut(window, 199, 99);
+	BLayoutBuilder::Group<>(fWindow, B_HORIZONTAL, 0).Add(view).Add(new Box);
+	LayOut(fWindow, 199, 99);
 	EXPECT_EQ(BRect(0, 45, 19, 54), view->Frame());
 }
 
 
-TEST(LayoutTest, ViewWithALayout_LaysItsOwnChildrenOut)
+TEST_F(LayoutTest, ViewWithALayout_LaysItsOwnChildrenOut)
 {
-	OwnedWindow window;
 	BGroupLayout* layout = new BGroupLayout(B_HORIZONTAL, 0);
 	BView* group = new BView("group", B_WILL_DRAW, layout);
 	Box* left = new Box("left");
 	Box* right = new Box("right");
 	layout->AddView(left, 1);
 	layout->AddView(right, 1);
-	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).SetInsets(10).Add(group);
-	window->ResizeTo(119, 39);
-	window->Show();
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0).SetInsets(10).Add(group);
+	fWindow->ResizeTo(119, 39);
+	fWindow->Show();
 	EXPECT_SOON(group->Frame() == BRect(10, 10, 109, 29));
 	EXPECT_EQ(BRect(0, 0, 49, 19), left->Frame());
 	EXPECT_EQ(BRect(50, 0, 99, 19), right->Frame());
-	EXPECT_EQ(right, window->FindView("right"));
+	EXPECT_EQ(right, fWindow->FindView("right"));
 }
 
 
-TEST(LayoutTest, RemovedView_LeavesItsPlaceToTheOthers)
+TEST_F(LayoutTest, RemovedView_LeavesItsPlaceToTheOthers)
 {
-	OwnedWindow window;
 	Box* first = new Box;
 	Box* second = new Box;
-	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).Add(first).Add(second);
-	LayOut(window, 99, 99);
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0).Add(first).Add(second);
+	LayOut(fWindow, 99, 99);
 	EXPECT_EQ(BRect(0, 50, 99, 99), second->Frame());
 
 	delete first;
-	window->Layout(true);
+	fWindow->Layout(true);
 	EXPECT_EQ(BRect(0, 0, 99, 99), second->Frame());
 }
 

@@ -126,8 +126,7 @@ protected:
 	MenuKeyTest()
 		: fButton(new BButton("push", "Push", new BMessage('push')))
 	{
-		BMenu* server = AddMenu(fWindow,
-			{new BMenuItem("Open & shut…", new BMessage(kOpen), 'O')});
+		BMenu* server = AddMenu(fWindow, {new BMenuItem("Open & shut…", new BMessage(kOpen), 'O')});
 		server->AddSeparatorItem();
 		server->AddItem(new BMenuItem("Close", new BMessage('clos')));
 		BMenu* windows = new BMenu("Windows");

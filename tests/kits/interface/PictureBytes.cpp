@@ -7,11 +7,8 @@
 #include <algorithm>
 
 
-namespace {
-
-
 // Forgets the codes that were made since.
-const uint32 kGifClear = 256;
+static const uint32 kGifClear = 256;
 
 
 /*!	Appends numbers of any count of bits, the lowest bit first, as deflate and GIF want them. */
@@ -46,7 +43,7 @@ private:
 };
 
 
-void
+static void
 append_number(std::string& bytes, uint32 value, int count)
 {
 	for (int i = 0; i < count; i++)
@@ -54,7 +51,7 @@ append_number(std::string& bytes, uint32 value, int count)
 }
 
 
-void
+static void
 append_big_endian(std::string& bytes, uint32 value)
 {
 	for (int shift = 24; shift >= 0; shift -= 8)
@@ -63,7 +60,7 @@ append_big_endian(std::string& bytes, uint32 value)
 
 
 /*!	\param colors Of the table between the headers and the pixels. */
-std::string
+static std::string
 bmp_headers(int32 width, int32 height, uint16 bitsPerPixel, uint32 compression, uint32 pixelBytes,
 	uint32 colors)
 {
@@ -87,7 +84,7 @@ bmp_headers(int32 width, int32 height, uint16 bitsPerPixel, uint32 compression, 
 }
 
 
-void
+static void
 append_chunk(std::string& bytes, const std::string& type, const std::string& data)
 {
 	append_big_endian(bytes, uint32(data.size()));
@@ -104,7 +101,7 @@ append_chunk(std::string& bytes, const std::string& type, const std::string& dat
 
 
 /*!	A zlib stream of at least one zero byte, in codes of 13 bits for 258 of them. */
-std::string
+static std::string
 deflate_zeros(uint64 count)
 {
 	std::string bytes("\x78\xda");
@@ -132,7 +129,7 @@ deflate_zeros(uint64 count)
 /*!	That many times color 0, as GIF packs it: the code 256 + n, where it is known, stands for n of
 	them.
 */
-std::string
+static std::string
 compress_run(uint64 count)
 {
 	std::string bytes;
@@ -162,9 +159,6 @@ compress_run(uint64 count)
 	writer.Finish();
 	return bytes;
 }
-
-
-} // namespace
 
 
 std::string

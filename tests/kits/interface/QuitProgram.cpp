@@ -20,13 +20,10 @@
 #include "RunThread.h"
 
 
-namespace {
+static std::atomic<int> sDyingCount(0);
 
 
-std::atomic<int> sDyingCount(0);
-
-
-void
+static void
 print(const char* what, const char* who)
 {
 	printf("%s:%s ", what, who);
@@ -51,7 +48,7 @@ public:
 };
 
 
-void
+static void
 wait_until_dying(int count)
 {
 	Join(RunThread([count] {
@@ -139,7 +136,7 @@ public:
 
 
 template<class WindowType>
-WindowType*
+static WindowType*
 show(const char* title)
 {
 	WindowType* window = new WindowType(title);
@@ -258,9 +255,6 @@ private:
 
 	const std::string fScenario;
 };
-
-
-} // namespace
 
 
 int

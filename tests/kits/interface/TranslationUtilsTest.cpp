@@ -15,18 +15,15 @@
 
 #include <Bitmap.h>
 #include <DataIO.h>
-#include <OS.h>
 #include <TranslationUtils.h>
 
 #include "ExpectSoon.h"
 #include "PictureBytes.h"
+#include "RunThread.h"
 #include "TemporaryFolder.h"
 
 
-namespace {
-
-
-std::unique_ptr<BBitmap>
+static std::unique_ptr<BBitmap>
 decode(const std::string& bytes)
 {
 	BMemoryIO stream(static_cast<const void*>(bytes.data()), bytes.size());
@@ -35,7 +32,7 @@ decode(const std::string& bytes)
 
 
 /*!	The most memory that this process ever had, in bytes. */
-int64
+static int64
 peak_memory()
 {
 	struct rusage usage;
@@ -50,7 +47,7 @@ struct BlackPicture {
 	std::string bytes;
 };
 
-std::vector<BlackPicture>
+static std::vector<BlackPicture>
 make_black_pictures(int32 edge)
 {
 	return {
@@ -59,26 +56,6 @@ make_black_pictures(int32 edge)
 		{"PNG", make_black_png(uint32(edge), uint32(edge))},
 	};
 }
-
-
-struct Loading {
-	std::string path;
-	std::atomic<bool> isDone;
-	BBitmap* bitmap;
-};
-
-
-status_t
-load(void* cookie)
-{
-	Loading* loading = static_cast<Loading*>(cookie);
-	loading->bitmap = BTranslationUtils::GetBitmapFile(loading->path.c_str());
-	loading->isDone = true;
-	return B_OK;
-}
-
-
-} // namespace
 
 
 TEST(TranslationUtilsTest, Picture_IsDecodedIntoPixels)
@@ -118,16 +95,16 @@ TEST(TranslationUtilsTest, WhatIsNoPicture_GivesNothing)
 	EXPECT_EQ(nullptr, decode("This is no picture at all."));
 	EXPECT_EQ(nullptr, decode(std::string(5000, '\xff')));
 	EXPECT_EQ(NULL, BTranslationUtils::GetBitmap(static_cast<BPositionIO*>(NULL)));
-}
 
-
-TEST(TranslationUtilsTest, CutHeader_GivesNothing)
-{
 	const std::string whole = make_bmp(2, 1, 8);
 	for (size_t length = 0; length < 54; length++) {
 		SCOPED_TRACE(length);
 		EXPECT_EQ(nullptr, decode(whole.substr(0, length)));
 	}
+
+	EXPECT_EQ(NULL, BTranslationUtils::GetBitmapFile("/nowhere/at/all.png"));
+	EXPECT_EQ(NULL, BTranslationUtils::GetBitmapFile("/"));
+	EXPECT_EQ(NULL, BTranslationUtils::GetBitmapFile(NULL));
 }
 
 
@@ -173,25 +150,22 @@ TEST(TranslationUtilsTest, File_IsReadByItsBytesWhateverItsName)
 }
 
 
-TEST(TranslationUtilsTest, MissingFile_GivesNothing)
-{
-	EXPECT_EQ(NULL, BTranslationUtils::GetBitmapFile("/nowhere/at/all.png"));
-	EXPECT_EQ(NULL, BTranslationUtils::GetBitmapFile("/"));
-	EXPECT_EQ(NULL, BTranslationUtils::GetBitmapFile(NULL));
-}
-
-
 TEST(TranslationUtilsTest, WhatIsNoFile_IsNotWaitedFor)
 {
 	TemporaryFolder folder;
-	Loading loading = {folder.PathOf("137.png"), {false}, NULL};
-	ASSERT_EQ(0, mkfifo(loading.path.c_str(), 0600));
+	const std::string path = folder.PathOf("137.png");
+	ASSERT_EQ(0, mkfifo(path.c_str(), 0600));
 
-	resume_thread(spawn_thread(load, "load", B_NORMAL_PRIORITY, &loading));
-	EXPECT_SOON(loading.isDone.load());
-	EXPECT_EQ(NULL, loading.bitmap);
+	std::atomic<bool> isDone(false);
+	BBitmap* bitmap = NULL;
+	RunThread([&] {
+		bitmap = BTranslationUtils::GetBitmapFile(path.c_str());
+		isDone = true;
+	});
+	EXPECT_SOON(isDone.load());
+	EXPECT_EQ(NULL, bitmap);
 
 	// Whoever waits for a writer has had one after this.
-	close(open(loading.path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
-	EXPECT_SOON(loading.isDone.load());
+	close(open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
+	EXPECT_SOON(isDone.load());
 }

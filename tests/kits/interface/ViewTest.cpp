@@ -16,9 +16,6 @@
 #include "UserInput.h"
 
 
-namespace {
-
-
 /*!	A view that notes what happens to it. */
 class NotingView : public BView {
 public:
@@ -85,41 +82,42 @@ private:
 };
 
 
-} // namespace
+class ViewTest : public testing::Test {
+protected:
+	// Outlives the views, which write into it.
+	std::string fNotes;
+	OwnedWindow fWindow;
+};
 
 
-TEST(ViewTest, Attaching_TellsParentsFirst)
+TEST_F(ViewTest, Attaching_TellsParentsFirst)
 {
-	std::string notes;
-	OwnedWindow window;
-	NotingView* outer = new NotingView("outer", notes);
-	NotingView* inner = new NotingView("inner", notes);
+	NotingView* outer = new NotingView("outer", fNotes);
+	NotingView* inner = new NotingView("inner", fNotes);
 	outer->AddChild(inner);
-	EXPECT_EQ("", notes);
+	EXPECT_EQ("", fNotes);
 	EXPECT_EQ(NULL, inner->Window());
 
-	window->AddChild(outer);
-	EXPECT_EQ("attached:outer attached:inner ", notes);
-	EXPECT_EQ(window, inner->Window());
-	EXPECT_EQ(window, inner->Looper());
+	fWindow->AddChild(outer);
+	EXPECT_EQ("attached:outer attached:inner ", fNotes);
+	EXPECT_EQ(fWindow, inner->Window());
+	EXPECT_EQ(fWindow, inner->Looper());
 
-	notes.clear();
+	fNotes.clear();
 	delete outer;
-	EXPECT_EQ("~outer ~inner ", notes);
-	EXPECT_EQ(0, window->CountChildren());
+	EXPECT_EQ("~outer ~inner ", fNotes);
+	EXPECT_EQ(0, fWindow->CountChildren());
 }
 
 
-TEST(ViewTest, ChildAddedWhileAttaching_IsToldOnce)
+TEST_F(ViewTest, ChildAddedWhileAttaching_IsToldOnce)
 {
-	std::string notes;
-	OwnedWindow window;
-	window->AddChild(new LateParent(notes));
-	EXPECT_EQ("attached:child ", notes);
+	fWindow->AddChild(new LateParent(fNotes));
+	EXPECT_EQ("attached:child ", fNotes);
 }
 
 
-TEST(ViewTest, Child_ComesBeforeAnother_AndNotElsewhere)
+TEST_F(ViewTest, Child_ComesBeforeAnother_AndNotElsewhere)
 {
 	BView parent("parent", 0);
 	BView* last = new BView("last", 0);
@@ -137,30 +135,28 @@ TEST(ViewTest, Child_ComesBeforeAnother_AndNotElsewhere)
 }
 
 
-TEST(ViewTest, MessageForAView_IsDeliveredToItUntilItIsGone)
+TEST_F(ViewTest, MessageForAView_IsDeliveredToItUntilItIsGone)
 {
-	std::string notes;
-	OwnedWindow window;
-	NotingView* view = new NotingView("view", notes);
-	window->AddChild(view);
-	ShowAndWait(window);
-	notes.clear();
+	NotingView* view = new NotingView("view", fNotes);
+	fWindow->AddChild(view);
+	ShowAndWait(fWindow);
+	fNotes.clear();
 
 	const BMessenger messenger(view);
 	EXPECT_EQ(B_OK, messenger.SendMessage('ping'));
-	EXPECT_SOON(notes == "message:view ");
-	EXPECT_TRUE(window->Received()->empty());
+	EXPECT_SOON(fNotes == "message:view ");
+	EXPECT_TRUE(fWindow->Received()->empty());
 
 	EXPECT_EQ(B_OK, messenger.SendMessage('ping'));
 	delete view;
-	notes.clear();
-	window->PostMessage('last');
-	EXPECT_SOON(window->Received()->size() == 1);
-	EXPECT_EQ("", notes);
+	fNotes.clear();
+	fWindow->PostMessage('last');
+	EXPECT_SOON(fWindow->Received()->size() == 1);
+	EXPECT_EQ("", fNotes);
 }
 
 
-TEST(ViewTest, WindowsDestruction_DeletesItsViews)
+TEST_F(ViewTest, WindowsDestruction_DeletesItsViews)
 {
 	std::string notes;
 	ScriptedWindow* window = new ScriptedWindow;
@@ -171,14 +167,12 @@ TEST(ViewTest, WindowsDestruction_DeletesItsViews)
 }
 
 
-TEST(ViewTest, Draw_IsCalledOnceShown_AndAfterInvalidate)
+TEST_F(ViewTest, Draw_IsCalledOnceShown_AndAfterInvalidate)
 {
-	std::string notes;
-	OwnedWindow window;
-	NotingView* view = new NotingView("view", notes);
-	window->SetLayout(NULL);
-	window->AddChild(view);
-	window->Show();
+	NotingView* view = new NotingView("view", fNotes);
+	fWindow->SetLayout(NULL);
+	fWindow->AddChild(view);
+	fWindow->Show();
 	ASSERT_SOON(view->CountDrawn() > 0);
 
 	const int before = view->CountDrawn();
@@ -187,26 +181,25 @@ TEST(ViewTest, Draw_IsCalledOnceShown_AndAfterInvalidate)
 }
 
 
-TEST(ViewTest, Focus_GoesToOneView)
+TEST_F(ViewTest, Focus_GoesToOneView)
 {
-	OwnedWindow window;
 	BView* first = new BView("first", B_WILL_DRAW | B_NAVIGABLE);
 	BView* second = new BView("second", B_WILL_DRAW | B_NAVIGABLE);
-	window->AddChild(first);
-	window->AddChild(second);
-	EXPECT_EQ(NULL, window->CurrentFocus());
+	fWindow->AddChild(first);
+	fWindow->AddChild(second);
+	EXPECT_EQ(NULL, fWindow->CurrentFocus());
 
 	first->MakeFocus(true);
 	EXPECT_TRUE(first->IsFocus());
 	second->MakeFocus(true);
 	EXPECT_FALSE(first->IsFocus());
-	EXPECT_EQ(second, window->CurrentFocus());
+	EXPECT_EQ(second, fWindow->CurrentFocus());
 	second->MakeFocus(false);
-	EXPECT_EQ(NULL, window->CurrentFocus());
+	EXPECT_EQ(NULL, fWindow->CurrentFocus());
 }
 
 
-TEST(ViewTest, ColorsAndFont_AreKept)
+TEST_F(ViewTest, ColorsAndFont_AreKept)
 {
 	BView view("view", 0);
 	view.SetHighColor(1, 2, 3);
@@ -228,7 +221,7 @@ TEST(ViewTest, ColorsAndFont_AreKept)
 }
 
 
-TEST(ViewTest, Metrics_AreTrueWithoutDrawing)
+TEST_F(ViewTest, Metrics_AreTrueWithoutDrawing)
 {
 	BView view("view", 0);
 	font_height height;
@@ -241,7 +234,7 @@ TEST(ViewTest, Metrics_AreTrueWithoutDrawing)
 }
 
 
-TEST(ViewTest, ExplicitSizes_WinWhereTheyAreSet)
+TEST_F(ViewTest, ExplicitSizes_WinWhereTheyAreSet)
 {
 	BView view("view", 0);
 	EXPECT_EQ(BSize(0, 0), view.MinSize());
@@ -253,13 +246,12 @@ TEST(ViewTest, ExplicitSizes_WinWhereTheyAreSet)
 }
 
 
-TEST(ViewTest, TextForScreenReaders_IsWhatTheViewDraws)
+TEST_F(ViewTest, TextForScreenReaders_IsWhatTheViewDraws)
 {
-	OwnedWindow window;
 	SayingView* saying = new SayingView("saying", "<b>&Name</b>", "caf\xe9");
 	SayingView* silent = new SayingView("silent", "", "");
-	window->AddChild(saying);
-	window->AddChild(silent);
+	fWindow->AddChild(saying);
+	fWindow->AddChild(silent);
 	const rgb_color color = saying->HighColor();
 	EXPECT_EQ("<b>&Name</b>\ncaf\xef\xbf\xbd", accessible_of(saying).name);
 	EXPECT_TRUE(accessible_of(saying).isLabel);

@@ -60,43 +60,6 @@ TEST(WindowLooperTest, PostRightAfterTheLastWasServed_IsServedToo)
 }
 
 
-TEST(WindowLooperTest, WaitingHandler_IsNotEnteredAgainWhileOthersAreServed)
-{
-	HeldThread held;
-	bool isInside = false;
-	bool wasEnteredAgain = false;
-	OwnedWindow waiting;
-	OwnedWindow other;
-	ShowAndWait(waiting);
-	ShowAndWait(other);
-
-	waiting->onMessage = [&](BMessage* message) {
-		wasEnteredAgain = wasEnteredAgain || isInside;
-		isInside = true;
-		if (message->what == kWait) {
-			held.Wait();
-		}
-		isInside = false;
-	};
-	// What comes first is in front of the other window's own next turn, in which the wait ends.
-	int turns = 0;
-	other->onMessage = [&](BMessage* message) {
-		EXPECT_TRUE(isInside);
-		turns++;
-		if (turns == 1) {
-			waiting->PostMessage(kPing);
-			other->PostMessage(message->what);
-		} else
-			held.Release();
-	};
-
-	waiting->PostMessage(kWait);
-	other->PostMessage(kPing);
-	EXPECT_SOON(waiting->Received()->size() == 2);
-	EXPECT_FALSE(wasEnteredAgain);
-}
-
-
 TEST(WindowLooperTest, QuitRequest_IsRefusedAndThenAccepted)
 {
 	int asked = 0;
@@ -134,19 +97,6 @@ TEST(WindowLooperTest, QuitInTheOwnHandler_DeletesTheWindowWhenTheHandlerIsLeft)
 	window->PostMessage(kPing);
 	EXPECT_SOON(order.size() == 2);
 	EXPECT_EQ("hd", order);
-}
-
-
-TEST(WindowLooperTest, WindowThatIsGone_CannotBeLockedOrPostedTo)
-{
-	ScriptedWindow* window = new ScriptedWindow;
-	ShowAndWait(window);
-	ASSERT_TRUE(window->Lock());
-	window->Quit();
-
-	EXPECT_FALSE(window->Lock());
-	EXPECT_NE(B_OK, window->PostMessage(kPing));
-	EXPECT_NE(B_OK, window->PostMessage(B_QUIT_REQUESTED));
 }
 
 

@@ -17,9 +17,6 @@
 #include "WindowInput.h"
 
 
-namespace {
-
-
 /*!	A view whose sizes the test sets. */
 class SizedView : public BView {
 public:
@@ -48,7 +45,7 @@ private:
 
 
 /*!	From the smallest to the largest width and height. */
-BRect
+static BRect
 size_limits(BWindow* window)
 {
 	BRect limits;
@@ -57,46 +54,47 @@ size_limits(BWindow* window)
 }
 
 
-} // namespace
+class WindowTest : public testing::Test {
+protected:
+	OwnedWindow fWindow;
+};
 
 
-TEST(WindowTest, NewWindow_IsHiddenAndWhereItShallBe)
+TEST_F(WindowTest, NewWindow_IsHiddenAndWhereItShallBe)
 {
-	OwnedWindow window;
-	EXPECT_TRUE(window->IsHidden());
-	EXPECT_FALSE(window->IsMinimized());
-	EXPECT_FALSE(window->IsActive());
-	EXPECT_EQ(BRect(100, 100, 399, 299), window->Frame());
-	EXPECT_EQ(BRect(0, 0, 299, 199), window->Bounds());
-	EXPECT_STREQ("Scripted", window->Title());
-	EXPECT_EQ(B_TITLED_WINDOW_LOOK, window->Look());
-	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, window->Feel());
-	window->SetTitle("Palimbra — a & b [*] \xff");
-	EXPECT_STREQ("Palimbra — a & b [*] \xff", window->Title());
-	window->SetTitle(NULL);
-	EXPECT_STREQ("", window->Title());
+	EXPECT_TRUE(fWindow->IsHidden());
+	EXPECT_FALSE(fWindow->IsMinimized());
+	EXPECT_FALSE(fWindow->IsActive());
+	EXPECT_EQ(BRect(100, 100, 399, 299), fWindow->Frame());
+	EXPECT_EQ(BRect(0, 0, 299, 199), fWindow->Bounds());
+	EXPECT_STREQ("Scripted", fWindow->Title());
+	EXPECT_EQ(B_TITLED_WINDOW_LOOK, fWindow->Look());
+	EXPECT_EQ(B_NORMAL_WINDOW_FEEL, fWindow->Feel());
+	fWindow->SetTitle("Palimbra — a & b [*] \xff");
+	EXPECT_STREQ("Palimbra — a & b [*] \xff", fWindow->Title());
+	fWindow->SetTitle(NULL);
+	EXPECT_STREQ("", fWindow->Title());
 }
 
 
-TEST(WindowTest, Minimized_IsReadAtOnceAndServed_AndIgnoredWhileHidden)
+TEST_F(WindowTest, Minimized_IsReadAtOnceAndServed_AndIgnoredWhileHidden)
 {
-	OwnedWindow window;
-	window->Minimize(true);
-	EXPECT_FALSE(window->IsMinimized());
+	fWindow->Minimize(true);
+	EXPECT_FALSE(fWindow->IsMinimized());
 
-	window->Show();
-	window->Minimize(true);
-	EXPECT_TRUE(window->IsMinimized());
-	window->PostMessage('ping');
-	EXPECT_SOON(window->Received()->size() == 1);
-	EXPECT_TRUE(window->IsMinimized());
-	EXPECT_FALSE(window->IsHidden());
-	window->Minimize(false);
-	EXPECT_FALSE(window->IsMinimized());
+	fWindow->Show();
+	fWindow->Minimize(true);
+	EXPECT_TRUE(fWindow->IsMinimized());
+	fWindow->PostMessage('ping');
+	EXPECT_SOON(fWindow->Received()->size() == 1);
+	EXPECT_TRUE(fWindow->IsMinimized());
+	EXPECT_FALSE(fWindow->IsHidden());
+	fWindow->Minimize(false);
+	EXPECT_FALSE(fWindow->IsMinimized());
 }
 
 
-TEST(WindowTest, Activate_GivesTheFocusAndSaysNothing)
+TEST_F(WindowTest, Activate_GivesTheFocusAndSaysNothing)
 {
 	OwnedWindow first;
 	OwnedWindow second;
@@ -114,47 +112,44 @@ TEST(WindowTest, Activate_GivesTheFocusAndSaysNothing)
 }
 
 
-TEST(WindowTest, Views_AreFoundByNameHoweverDeep)
+TEST_F(WindowTest, Views_AreFoundByNameHoweverDeep)
 {
-	OwnedWindow window;
 	BView* outer = new BView("outer", B_WILL_DRAW);
 	BView* inner = new BView("inner", B_WILL_DRAW);
 	outer->AddChild(inner);
-	window->AddChild(outer);
+	fWindow->AddChild(outer);
 
-	EXPECT_EQ(1, window->CountChildren());
-	EXPECT_EQ(outer, window->ChildAt(0));
-	EXPECT_EQ(NULL, window->ChildAt(1));
-	EXPECT_EQ(inner, window->FindView("inner"));
-	EXPECT_EQ(NULL, window->FindView("nobody"));
+	EXPECT_EQ(1, fWindow->CountChildren());
+	EXPECT_EQ(outer, fWindow->ChildAt(0));
+	EXPECT_EQ(NULL, fWindow->ChildAt(1));
+	EXPECT_EQ(inner, fWindow->FindView("inner"));
+	EXPECT_EQ(NULL, fWindow->FindView("nobody"));
 }
 
 
-TEST(WindowTest, ResizeTo_ChangesTheFrame)
+TEST_F(WindowTest, ResizeTo_ChangesTheFrame)
 {
-	OwnedWindow window;
-	window->ResizeTo(499, 399);
-	EXPECT_EQ(BRect(100, 100, 599, 499), window->Frame());
+	fWindow->ResizeTo(499, 399);
+	EXPECT_EQ(BRect(100, 100, 599, 499), fWindow->Frame());
 }
 
 
-TEST(WindowTest, CenteredWindow_StaysInTheCenterWhenItsSizeChangesBeforeItShows)
+TEST_F(WindowTest, CenteredWindow_StaysInTheCenterWhenItsSizeChangesBeforeItShows)
 {
-	OwnedWindow window;
-	window->CenterOnScreen();
-	const BRect before = window->Frame();
+	fWindow->CenterOnScreen();
+	const BRect before = fWindow->Frame();
 
-	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0)
 		.Add(new SizedView(BSize(499, 299), BSize(499, 299)));
-	window->Layout(false);
-	const BRect after = window->Frame();
+	fWindow->Layout(false);
+	const BRect after = fWindow->Frame();
 	EXPECT_FLOAT_EQ(499, after.Width());
 	EXPECT_NEAR((before.left + before.right) / 2, (after.left + after.right) / 2, 1);
 	EXPECT_NEAR((before.top + before.bottom) / 2, (after.top + after.bottom) / 2, 1);
 }
 
 
-TEST(WindowTest, PlaceBeyondTheScreen_IsLeftWhenTheWindowIsSeen)
+TEST_F(WindowTest, PlaceBeyondTheScreen_IsLeftWhenTheWindowIsSeen)
 {
 	OwnedWindow centered;
 	centered->CenterOnScreen();
@@ -162,95 +157,91 @@ TEST(WindowTest, PlaceBeyondTheScreen_IsLeftWhenTheWindowIsSeen)
 	const float right = centered->Frame().left + centered->Frame().right;
 	const float bottom = centered->Frame().top + centered->Frame().bottom;
 
-	OwnedWindow window;
-	move_window(window, BPoint(right - 10, -500));
-	const BRect given = window->Frame();
-	window->Show();
-	window->Minimize(true);
-	window->PostMessage('ping');
-	ASSERT_SOON(window->Received()->size() == 1);
-	EXPECT_EQ(given, window->Frame());
+	move_window(fWindow, BPoint(right - 10, -500));
+	const BRect given = fWindow->Frame();
+	fWindow->Show();
+	fWindow->Minimize(true);
+	fWindow->PostMessage('ping');
+	ASSERT_SOON(fWindow->Received()->size() == 1);
+	EXPECT_EQ(given, fWindow->Frame());
 
-	window->Minimize(false);
-	EXPECT_SOON(window->Frame().top != given.top);
-	EXPECT_GE(window->Frame().right, right - 1);
-	EXPECT_LE(window->Frame().right, right + 1);
-	EXPECT_EQ(0, window->Frame().top);
-	EXPECT_EQ(given.Width(), window->Frame().Width());
-	EXPECT_EQ(given.Height(), window->Frame().Height());
+	fWindow->Minimize(false);
+	EXPECT_SOON(fWindow->Frame().top != given.top);
+	EXPECT_GE(fWindow->Frame().right, right - 1);
+	EXPECT_LE(fWindow->Frame().right, right + 1);
+	EXPECT_EQ(0, fWindow->Frame().top);
+	EXPECT_EQ(given.Width(), fWindow->Frame().Width());
+	EXPECT_EQ(given.Height(), fWindow->Frame().Height());
 
 	// Where the user moves it later is where it stays.
-	move_window(window, BPoint(right - 10, bottom - 10));
+	move_window(fWindow, BPoint(right - 10, bottom - 10));
 	for (bool isMinimized : {true, false}) {
-		window->Minimize(isMinimized);
-		ASSERT_SOON(is_shown_minimized(window) == isMinimized);
+		fWindow->Minimize(isMinimized);
+		ASSERT_SOON(is_shown_minimized(fWindow) == isMinimized);
 	}
-	EXPECT_EQ(BPoint(right - 10, bottom - 10), window->Frame().LeftTop());
+	EXPECT_EQ(BPoint(right - 10, bottom - 10), fWindow->Frame().LeftTop());
 }
 
 
-TEST(WindowTest, SizeLimits_FollowTheLayout)
+TEST_F(WindowTest, SizeLimits_FollowTheLayout)
 {
-	OwnedWindow window;
-	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0)
 		.Add(new SizedView(BSize(149, 9), BSize(B_SIZE_UNLIMITED, 19)))
 		.Add(new SizedView(BSize(99, 9), BSize(B_SIZE_UNLIMITED, 29)));
-	ShowAndWait(window);
+	ShowAndWait(fWindow);
 
-	ASSERT_SOON(window->Bounds().Height() == 49);
-	const BRect limits = size_limits(window);
+	ASSERT_SOON(fWindow->Bounds().Height() == 49);
+	const BRect limits = size_limits(fWindow);
 	EXPECT_EQ(BPoint(149, 19), limits.LeftTop());
 	EXPECT_GE(limits.right, 10000);
 	EXPECT_FLOAT_EQ(49, limits.bottom);
 
-	window->ResizeTo(10, 10);
-	EXPECT_EQ(BRect(0, 0, 149, 19), window->Bounds());
-	window->ResizeTo(700, 700);
-	EXPECT_EQ(BRect(0, 0, 700, 49), window->Bounds());
+	fWindow->ResizeTo(10, 10);
+	EXPECT_EQ(BRect(0, 0, 149, 19), fWindow->Bounds());
+	fWindow->ResizeTo(700, 700);
+	EXPECT_EQ(BRect(0, 0, 700, 49), fWindow->Bounds());
 }
 
 
-TEST(WindowTest, GrowingMinimum_GrowsTheWindow_AndShrinkingMaximum_ShrinksIt)
+TEST_F(WindowTest, GrowingMinimum_GrowsTheWindow_AndShrinkingMaximum_ShrinksIt)
 {
-	OwnedWindow window;
 	SizedView* banner = new SizedView(BSize(0, 0), BSize(B_SIZE_UNLIMITED, 0));
-	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0)
 		.Add(banner)
 		.Add(new SizedView(BSize(9, 39), BSize(B_SIZE_UNLIMITED, 39)));
-	ShowAndWait(window);
-	ASSERT_SOON(window->Bounds().Height() == 40);
+	ShowAndWait(fWindow);
+	ASSERT_SOON(fWindow->Bounds().Height() == 40);
 	EXPECT_FLOAT_EQ(0, banner->Frame().Height());
 
 	banner->SetSizes(BSize(800, 60), BSize(B_SIZE_UNLIMITED, 61));
 	banner->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, 60));
 	EXPECT_SOON(banner->Frame().Height() == 60);
 	EXPECT_GE(banner->Frame().Width(), 800);
-	EXPECT_FLOAT_EQ(100, window->Bounds().Height());
+	EXPECT_FLOAT_EQ(100, fWindow->Bounds().Height());
 
 	banner->SetSizes(BSize(0, 0), BSize(B_SIZE_UNLIMITED, 0));
 	banner->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, 0));
-	window->InvalidateLayout();
-	EXPECT_SOON(window->Bounds().Height() == 40);
+	fWindow->InvalidateLayout();
+	EXPECT_SOON(fWindow->Bounds().Height() == 40);
 	EXPECT_FLOAT_EQ(0, banner->Frame().Height());
-	EXPECT_FLOAT_EQ(40, size_limits(window).bottom);
+	EXPECT_FLOAT_EQ(40, size_limits(fWindow).bottom);
 }
 
 
 /*!	Nobody sees more of it than a screen holds, and what is in a window takes memory. */
-TEST(WindowTest, EnormousMinimum_MakesNoEnormousWindow)
+TEST_F(WindowTest, EnormousMinimum_MakesNoEnormousWindow)
 {
-	OwnedWindow window;
 	SizedView* banner = new SizedView(BSize(0, 0), BSize(B_SIZE_UNLIMITED, B_SIZE_UNLIMITED));
-	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).Add(banner);
-	ShowAndWait(window);
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0).Add(banner);
+	ShowAndWait(fWindow);
 
 	const BSize sizes[] = {BSize(19999, 59), BSize(29, 19999), BSize(19999, 59), BSize(4095, 4095),
 		BSize(99999, 9), BSize(9, 99999), BSize(99999, 99999), BSize(468, 60)};
 	for (const BSize& size : sizes) {
 		SCOPED_TRACE(std::to_string(size.width) + " x " + std::to_string(size.height));
 		banner->SetSizes(size, BSize(B_SIZE_UNLIMITED, B_SIZE_UNLIMITED));
-		window->Layout(true);
-		const BRect bounds = window->Bounds();
+		fWindow->Layout(true);
+		const BRect bounds = fWindow->Bounds();
 		const double pixels = double(bounds.Width() + 1) * double(bounds.Height() + 1);
 		EXPECT_LE(pixels, 24 * 1024 * 1024);
 		if (size.width * size.height < 24 * 1024 * 1024 && size.width < 32767
@@ -262,7 +253,7 @@ TEST(WindowTest, EnormousMinimum_MakesNoEnormousWindow)
 }
 
 
-TEST(WindowTest, NotResizable_HasOneSizeWithinItsLayout)
+TEST_F(WindowTest, NotResizable_HasOneSizeWithinItsLayout)
 {
 	OwnedWindow window(B_NOT_RESIZABLE | B_AUTO_UPDATE_SIZE_LIMITS);
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
@@ -274,7 +265,7 @@ TEST(WindowTest, NotResizable_HasOneSizeWithinItsLayout)
 }
 
 
-TEST(WindowTest, WithoutTheFlag_TheLayoutLimitsNothing)
+TEST_F(WindowTest, WithoutTheFlag_TheLayoutLimitsNothing)
 {
 	OwnedWindow window(0);
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).Add(new SizedView(BSize(399, 9), BSize(399, 9)));
@@ -284,27 +275,26 @@ TEST(WindowTest, WithoutTheFlag_TheLayoutLimitsNothing)
 }
 
 
-TEST(WindowTest, DefaultButton_IsOneAtATime)
+TEST_F(WindowTest, DefaultButton_IsOneAtATime)
 {
-	OwnedWindow window;
 	BButton* first = new BButton("first", "First", NULL);
 	BButton* second = new BButton("second", "Second", NULL);
 	first->MakeDefault(true);
-	window->AddChild(first);
-	window->AddChild(second);
-	EXPECT_EQ(first, window->DefaultButton());
+	fWindow->AddChild(first);
+	fWindow->AddChild(second);
+	EXPECT_EQ(first, fWindow->DefaultButton());
 
 	second->MakeDefault(true);
-	EXPECT_EQ(second, window->DefaultButton());
+	EXPECT_EQ(second, fWindow->DefaultButton());
 	EXPECT_FALSE(first->IsDefault());
 	EXPECT_TRUE(second->IsDefault());
 
 	delete second;
-	EXPECT_EQ(NULL, window->DefaultButton());
+	EXPECT_EQ(NULL, fWindow->DefaultButton());
 }
 
 
-TEST(WindowTest, Application_KnowsItsWindowsInOrderOfCreation)
+TEST_F(WindowTest, Application_KnowsItsWindowsInOrderOfCreation)
 {
 	const int32 before = be_app->CountWindows();
 	OwnedWindow first;

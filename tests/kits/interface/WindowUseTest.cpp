@@ -21,10 +21,7 @@
 #include "WindowInput.h"
 
 
-namespace {
-
-
-const char* const kMarkup = "<b>&amp;</b> %s [*] [*][*] &File \"…\"";
+static const char* const kMarkup = "<b>&amp;</b> %s [*] [*][*] &File \"…\"";
 
 
 /*!	A modal window. */
@@ -37,7 +34,7 @@ public:
 };
 
 
-void
+static void
 activate(BWindow* window)
 {
 	window->Activate(true);
@@ -45,44 +42,44 @@ activate(BWindow* window)
 }
 
 
-} // namespace
+class WindowUseTest : public testing::Test {
+protected:
+	OwnedWindow fWindow;
+};
 
 
-TEST(WindowUseTest, Title_IsShownAsItStands)
+TEST_F(WindowUseTest, Title_IsShownAsItStands)
 {
-	OwnedWindow window;
-	window->SetTitle(kMarkup);
-	window->Show();
-	EXPECT_SOON(shown_title(window) == kMarkup);
+	fWindow->SetTitle(kMarkup);
+	fWindow->Show();
+	EXPECT_SOON(shown_title(fWindow) == kMarkup);
 
-	window->SetTitle("Bytes \xff\xe2\x82");
-	EXPECT_SOON(shown_title(window) == "Bytes \xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd");
+	fWindow->SetTitle("Bytes \xff\xe2\x82");
+	EXPECT_SOON(shown_title(fWindow) == "Bytes \xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd");
 }
 
 
-TEST(WindowUseTest, Title_ChangesWhileMinimized)
+TEST_F(WindowUseTest, Title_ChangesWhileMinimized)
 {
-	OwnedWindow window;
-	window->Show();
-	window->Minimize(true);
-	ASSERT_SOON(is_shown_minimized(window));
+	fWindow->Show();
+	fWindow->Minimize(true);
+	ASSERT_SOON(is_shown_minimized(fWindow));
 
-	window->SetTitle("Users Online (1)");
-	EXPECT_SOON(shown_title(window) == "Users Online (1)");
-	window->Minimize(false);
-	EXPECT_SOON(!is_shown_minimized(window));
+	fWindow->SetTitle("Users Online (1)");
+	EXPECT_SOON(shown_title(fWindow) == "Users Online (1)");
+	fWindow->Minimize(false);
+	EXPECT_SOON(!is_shown_minimized(fWindow));
 }
 
 
-TEST(WindowUseTest, Icon_IsTheOneBesideTheProgram)
+TEST_F(WindowUseTest, Icon_IsTheOneBesideTheProgram)
 {
-	OwnedWindow window;
-	window->Show();
-	EXPECT_SOON(icon_widths(window) == std::vector<int>{16, 24, 32, 48, 64, 128});
+	fWindow->Show();
+	EXPECT_SOON(icon_widths(fWindow) == std::vector<int>{16, 24, 32, 48, 64, 128});
 }
 
 
-TEST(WindowUseTest, TitleBar_HasTheBoxesThatTheFlagsLeaveIt)
+TEST_F(WindowUseTest, TitleBar_HasTheBoxesThatTheFlagsLeaveIt)
 {
 	const struct {
 		window_feel feel;
@@ -108,24 +105,23 @@ TEST(WindowUseTest, TitleBar_HasTheBoxesThatTheFlagsLeaveIt)
 }
 
 
-TEST(WindowUseTest, CloseBox_AsksTheWindowAndDoesNothingElse)
+TEST_F(WindowUseTest, CloseBox_AsksTheWindowAndDoesNothingElse)
 {
 	int asked = 0;
-	OwnedWindow window;
-	window->onQuitRequested = [&] {
+	fWindow->onQuitRequested = [&] {
 		asked++;
 		return false;
 	};
-	ShowAndWait(window);
-	ASSERT_SOON(is_shown(window));
+	ShowAndWait(fWindow);
+	ASSERT_SOON(is_shown(fWindow));
 
-	use_close_box(window);
+	use_close_box(fWindow);
 	EXPECT_SOON(asked == 1);
-	EXPECT_TRUE(is_shown(window));
+	EXPECT_TRUE(is_shown(fWindow));
 }
 
 
-TEST(WindowUseTest, EscapeAndCommandW_AskTheWindow_WhereTheyShall)
+TEST_F(WindowUseTest, EscapeAndCommandW_AskTheWindow_WhereTheyShall)
 {
 	const struct {
 		char key;
@@ -155,7 +151,7 @@ TEST(WindowUseTest, EscapeAndCommandW_AskTheWindow_WhereTheyShall)
 }
 
 
-TEST(WindowUseTest, CommandQ_AsksTheApplication)
+TEST_F(WindowUseTest, CommandQ_AsksTheApplication)
 {
 	OwnedWindow first;
 	OwnedWindow second;
@@ -176,94 +172,90 @@ TEST(WindowUseTest, CommandQ_AsksTheApplication)
 }
 
 
-TEST(WindowUseTest, Return_PressesTheDefaultButton_WhereverTheFocusIs)
+TEST_F(WindowUseTest, Return_PressesTheDefaultButton_WhereverTheFocusIs)
 {
-	OwnedWindow window;
 	BButton* other = new BButton("other", "Other", new BMessage('othr'));
 	BButton* ok = new BButton("ok", "OK", new BMessage('okay'));
-	BLayoutBuilder::Group<>(window, B_HORIZONTAL).Add(other).Add(ok);
+	BLayoutBuilder::Group<>(fWindow, B_HORIZONTAL).Add(other).Add(ok);
 	ok->MakeDefault(true);
 	other->MakeFocus(true);
-	ShowAndWait(window);
+	ShowAndWait(fWindow);
 
-	press_window_key(window, B_ENTER);
-	EXPECT_SOON(window->Received()->size() == 1);
-	EXPECT_EQ(uint32('okay'), window->Received()->back());
+	press_window_key(fWindow, B_ENTER);
+	EXPECT_SOON(fWindow->Received()->size() == 1);
+	EXPECT_EQ(uint32('okay'), fWindow->Received()->back());
 
-	press_window_key(window, B_SPACE);
-	EXPECT_SOON(window->Received()->size() == 2);
-	EXPECT_EQ(uint32('othr'), window->Received()->back());
+	press_window_key(fWindow, B_SPACE);
+	EXPECT_SOON(fWindow->Received()->size() == 2);
+	EXPECT_EQ(uint32('othr'), fWindow->Received()->back());
 
 	ok->SetEnabled(false);
-	press_window_key(window, B_ENTER);
-	window->PostMessage('last');
-	EXPECT_SOON(window->Received()->size() == 3);
-	EXPECT_EQ(uint32('last'), window->Received()->back());
+	press_window_key(fWindow, B_ENTER);
+	fWindow->PostMessage('last');
+	EXPECT_SOON(fWindow->Received()->size() == 3);
+	EXPECT_EQ(uint32('last'), fWindow->Received()->back());
 }
 
 
-TEST(WindowUseTest, Shortcut_ChoosesTheItem)
+TEST_F(WindowUseTest, Shortcut_ChoosesTheItem)
 {
-	OwnedWindow window;
-	AddMenu(window,
+	AddMenu(fWindow,
 		{new BMenuItem("Connect…", new BMessage('conn'), 'K'),
 			new BMenuItem("Chat", new BMessage('chat'), '1')});
-	ShowAndWait(window);
-	activate(window);
+	ShowAndWait(fWindow);
+	activate(fWindow);
 
-	press_window_key(window, 'K', B_COMMAND_KEY);
-	press_window_key(window, '1', B_COMMAND_KEY);
-	EXPECT_SOON(window->Received()->size() == 2);
-	EXPECT_EQ(uint32('conn'), window->Received()->front());
-	EXPECT_EQ(uint32('chat'), window->Received()->back());
+	press_window_key(fWindow, 'K', B_COMMAND_KEY);
+	press_window_key(fWindow, '1', B_COMMAND_KEY);
+	EXPECT_SOON(fWindow->Received()->size() == 2);
+	EXPECT_EQ(uint32('conn'), fWindow->Received()->front());
+	EXPECT_EQ(uint32('chat'), fWindow->Received()->back());
 }
 
 
-TEST(WindowUseTest, Tab_GoesThroughTheViewsInTheOrderInWhichTheyWereAdded)
+TEST_F(WindowUseTest, Tab_GoesThroughTheViewsInTheOrderInWhichTheyWereAdded)
 {
-	OwnedWindow window;
 	BButton* last = new BButton("last", "Last", NULL);
 	BButton* unreachable = new BButton("unreachable", "Unreachable", NULL, B_WILL_DRAW);
 	BButton* first = new BButton("first", "First", NULL);
-	window->AddChild(first);
-	window->AddChild(unreachable);
-	window->AddChild(last);
+	fWindow->AddChild(first);
+	fWindow->AddChild(unreachable);
+	fWindow->AddChild(last);
 	first->MakeFocus(true);
-	ShowAndWait(window);
-	activate(window);
+	ShowAndWait(fWindow);
+	activate(fWindow);
 
-	press_window_key(window, B_TAB);
-	EXPECT_EQ(last, window->CurrentFocus());
-	press_window_key(window, B_TAB);
-	EXPECT_EQ(first, window->CurrentFocus());
+	press_window_key(fWindow, B_TAB);
+	EXPECT_EQ(last, fWindow->CurrentFocus());
+	press_window_key(fWindow, B_TAB);
+	EXPECT_EQ(first, fWindow->CurrentFocus());
 }
 
 
-TEST(WindowUseTest, DefaultButton_ShowsWhetherItHasTheFocus)
+TEST_F(WindowUseTest, DefaultButton_ShowsWhetherItHasTheFocus)
 {
-	OwnedWindow window;
 	BButton* other = new BButton("other", "Other", NULL);
 	BButton* ok = new BButton("ok", "OK", NULL);
-	BLayoutBuilder::Group<>(window, B_HORIZONTAL).Add(other).Add(ok);
+	BLayoutBuilder::Group<>(fWindow, B_HORIZONTAL).Add(other).Add(ok);
 	ok->MakeDefault(true);
 	other->MakeFocus(true);
-	ShowAndWait(window);
-	activate(window);
+	ShowAndWait(fWindow);
+	activate(fWindow);
 
 	// Not compared by what would print all pixels.
 	const std::string unfocused = picture_of(ok);
-	press_window_key(window, B_TAB);
+	press_window_key(fWindow, B_TAB);
 	ASSERT_TRUE(ok->IsFocus());
 	const std::string focused = picture_of(ok);
 	EXPECT_TRUE(unfocused != focused);
-	press_window_key(window, B_TAB);
+	press_window_key(fWindow, B_TAB);
 	EXPECT_TRUE(unfocused == picture_of(ok));
-	press_window_key(window, B_TAB);
+	press_window_key(fWindow, B_TAB);
 	EXPECT_TRUE(focused == picture_of(ok));
 }
 
 
-TEST(WindowUseTest, ModalWindow_BlocksTheOthersAndStaysAboveTheFirst)
+TEST_F(WindowUseTest, ModalWindow_BlocksTheOthersAndStaysAboveTheFirst)
 {
 	OwnedWindow main;
 	ShowAndWait(main);

@@ -11,8 +11,6 @@
 #include <gtest/gtest.h>
 
 
-namespace {
-
 /*!	The rows of lines, and beside them a plain list of how many each line has. */
 class RowCountsTest : public testing::Test {
 protected:
@@ -62,8 +60,6 @@ protected:
 	std::vector<int32> fRows;
 	RowCounts fCounts;
 };
-
-} // namespace
 
 
 TEST_F(RowCountsTest, NoLines_HaveNoRows)

@@ -12,8 +12,6 @@
 #include <gtest/gtest.h>
 
 
-namespace {
-
 /*!	The runs of a text, and beside them the style of each of its bytes, a digit for each. */
 class StyleRunsTest : public testing::Test {
 protected:
@@ -73,14 +71,11 @@ struct StyleChange {
 };
 
 
-StyleChange
+static StyleChange
 styled(size_t start, size_t end, char style)
 {
 	return {start, end, 0, style, true};
 }
-
-
-} // namespace
 
 
 // Each change is compared with the plain model, in which neighbors of one style are one run.

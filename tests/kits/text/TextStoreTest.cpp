@@ -16,8 +16,6 @@
 #include "ModelText.h"
 
 
-namespace {
-
 /*!	A text in its store; every change is compared with the plain model. */
 class TextStoreTest : public testing::Test {
 protected:
@@ -34,10 +32,8 @@ protected:
 
 // All kinds of ends, some next to each other, a character of each length, and bytes that belong to
 // none.
-const std::string kHardText
+static const std::string kHardText
 	= "a\r\n\xe2\x80\xa9\xf0\x9f\x98\x80\xff\r\r\n\n\xc3\xa9\xef\xb7\x90\xe2\x80";
-
-} // namespace
 
 
 TEST_F(TextStoreTest, Empty_HasOneLine)

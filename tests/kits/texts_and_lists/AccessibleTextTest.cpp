@@ -14,10 +14,8 @@
 #include "UserInput.h"
 
 
-namespace {
-
-const rgb_color kRed = {200, 0, 0, 255};
-const rgb_color kGreen = {0, 128, 0, 255};
+static const rgb_color kRed = {200, 0, 0, 255};
+static const rgb_color kGreen = {0, 128, 0, 255};
 
 typedef std::vector<std::string> Strings;
 
@@ -67,8 +65,6 @@ protected:
 
 	std::unique_ptr<ScreenReader> fReader;
 };
-
-} // namespace
 
 
 TEST_F(AccessibleTextTest, Description_IsThatOfATextToRead)

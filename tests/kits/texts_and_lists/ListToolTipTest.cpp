@@ -16,9 +16,6 @@
 #include "WindowWithView.h"
 
 
-namespace {
-
-
 /*!	Says what it answers when it is asked. */
 class AskableList : public BListView {
 public:
@@ -81,9 +78,6 @@ protected:
 
 	TalkingList* fTalking;
 };
-
-
-} // namespace
 
 
 TEST_F(ListToolTipTest, RestingMouse_AsksForItsPlace)
@@ -182,9 +176,6 @@ TEST_F(ListToolTipTest, ResizedList_IsTold)
 }
 
 
-namespace {
-
-
 class TalkingView : public BView {
 public:
 	TalkingView()
@@ -200,9 +191,6 @@ public:
 
 	bool fIsAsked = false;
 };
-
-
-} // namespace
 
 
 TEST(ViewToolTipTest, ViewThatIsNoList_IsNotAsked)

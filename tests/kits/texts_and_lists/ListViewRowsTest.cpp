@@ -15,9 +15,6 @@
 #include "WindowWithView.h"
 
 
-namespace {
-
-
 /*!	A row that fills itself, and says more than its text. */
 class ColorItem : public BStringItem {
 public:
@@ -71,9 +68,6 @@ private:
 
 /*!	How rows look, and what a screen reader finds of them. */
 class ListViewRowsTest : public ListViewFixture {};
-
-
-} // namespace
 
 
 TEST_F(ListViewRowsTest, Rows_DrawThemselves_AndLeaveTheListsFontAndColors)

@@ -18,9 +18,7 @@
 #include "WindowWithView.h"
 
 
-namespace {
-
-int
+static int
 compare_numbers(const void* a, const void* b)
 {
 	const int32 first = (*static_cast<NumberItem* const*>(a))->Number();
@@ -32,9 +30,6 @@ compare_numbers(const void* a, const void* b)
 
 
 class ListViewTest : public ListViewFixture {};
-
-
-} // namespace
 
 
 TEST_F(ListViewTest, AddedItems_AreThereAtOnceInTheirOrder)

@@ -14,8 +14,6 @@
 #include "UserInput.h"
 
 
-namespace {
-
 /*!	A view that draws a string. */
 class StringCanvas : public BView {
 public:
@@ -62,10 +60,8 @@ protected:
 	}
 };
 
-} // namespace
 
-
-TEST_F(ShownTextTest, ControlCharacters_AreReplaced)
+TEST_F(ShownTextTest, ControlCharactersAndNoncharacters_AreReplaced)
 {
 	const std::string controls[] = {"\x01", "\x1b", "\x7f", "\u0085"};
 	ASSERT_NE(WidthOf("\ue000"), WidthOf("\ufffd"));
@@ -73,11 +69,7 @@ TEST_F(ShownTextTest, ControlCharacters_AreReplaced)
 		EXPECT_EQ(WidthOf("a" + control + "z"), WidthOf("a\ufffdz")) << int(control[0]);
 	EXPECT_STREQ(fText->Text(), "a\u0085z");
 	EXPECT_EQ(ScreenReader(fText).CountCharacters(), 3);
-}
 
-
-TEST_F(ShownTextTest, Noncharacters_AreReplaced)
-{
 	EXPECT_EQ(WidthOf("a\xef\xb7\x90z"), WidthOf("a\ufffdz"));
 	EXPECT_EQ(WidthOf("a\xef\xbf\xbfz"), WidthOf("a\ufffdz"));
 	EXPECT_EQ(WidthOf("a\xf0\x9f\xbf\xbfz"), WidthOf("a\ufffd\ufffdz"));
@@ -138,7 +130,7 @@ TEST_F(ShownTextTest, CutString_KeepsItsCharacters)
 }
 
 
-TEST_F(ShownTextTest, DrawnStrings_AreMeasuredAndShownLikewise)
+TEST_F(ShownTextTest, DrawnStringsAndLabels_AreMeasuredAndShownLikewise)
 {
 	EXPECT_EQ(be_plain_font->StringWidth("a\x01z"), be_plain_font->StringWidth("a\ufffdz"));
 	StringCanvas control("a\x01z");
@@ -146,15 +138,11 @@ TEST_F(ShownTextTest, DrawnStrings_AreMeasuredAndShownLikewise)
 	StringCanvas box("a\ue000z");
 	EXPECT_EQ(picture_of(&control), picture_of(&replacement));
 	EXPECT_NE(picture_of(&box), picture_of(&replacement));
-}
 
-
-TEST_F(ShownTextTest, Labels_ShowIt)
-{
-	BStringView control("control", "a\x01z");
-	BStringView replacement("replacement", "a\ufffdz");
-	BStringView box("box", "a\ue000z");
-	EXPECT_EQ(picture_of(&control), picture_of(&replacement));
-	EXPECT_NE(picture_of(&box), picture_of(&replacement));
-	EXPECT_EQ(accessible_of(&control).name, "a\x01z");
+	BStringView controlLabel("control", "a\x01z");
+	BStringView replacementLabel("replacement", "a\ufffdz");
+	BStringView boxLabel("box", "a\ue000z");
+	EXPECT_EQ(picture_of(&controlLabel), picture_of(&replacementLabel));
+	EXPECT_NE(picture_of(&boxLabel), picture_of(&replacementLabel));
+	EXPECT_EQ(accessible_of(&controlLabel).name, "a\x01z");
 }

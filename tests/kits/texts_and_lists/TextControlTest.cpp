@@ -17,10 +17,8 @@
 #include "WindowWithView.h"
 
 
-namespace {
-
-const uint32 kMsgReturn = 'rtrn';
-const uint32 kMsgButton = 'butn';
+static const uint32 kMsgReturn = 'rtrn';
+static const uint32 kMsgButton = 'butn';
 
 
 class TextControlTest : public testing::Test {
@@ -49,8 +47,6 @@ protected:
 	BButton* fButton;
 };
 
-} // namespace
-
 
 TEST_F(TextControlTest, AnyBytes_ComeBackUnchanged)
 {
@@ -62,16 +58,12 @@ TEST_F(TextControlTest, AnyBytes_ComeBackUnchanged)
 	}
 	fControl->SetText(NULL);
 	EXPECT_STREQ(fControl->Text(), "");
-}
 
-
-TEST_F(TextControlTest, InitialText_IsThere)
-{
 	EXPECT_STREQ(fOther->Text(), "5500");
 }
 
 
-TEST_F(TextControlTest, WhatIsTyped_IsTheText)
+TEST_F(TextControlTest, WhatIsTyped_IsTheTextAsItIsShown)
 {
 	fControl->MakeFocus(true);
 	EXPECT_TRUE(fControl->IsFocus());
@@ -79,18 +71,17 @@ TEST_F(TextControlTest, WhatIsTyped_IsTheText)
 	EXPECT_STREQ(fControl->Text(), " caf\xc3\xa9 ");
 	press_key(fControl, kKeyBackspace);
 	EXPECT_STREQ(fControl->Text(), " caf\xc3\xa9");
+
+	fControl->SetText("a\xff");
+	fControl->TextView()->Select(2, 2);
+	type_text(fControl, "b");
+	EXPECT_STREQ(fControl->Text(),
+		"a\xef\xbf\xbd"
+		"b");
 }
 
 
-TEST_F(TextControlTest, LongPaste_IsNotCut)
-{
-	set_clipboard(std::string(70000, 'x').c_str());
-	press_key(fControl, kKeyPaste);
-	EXPECT_EQ(strlen(fControl->Text()), 70000u);
-}
-
-
-TEST_F(TextControlTest, PastedLines_BecomeOne)
+TEST_F(TextControlTest, Pasted_IsOneLine_HoweverLong)
 {
 	fControl->SetText("ab");
 	fControl->TextView()->Select(1, 1);
@@ -99,17 +90,11 @@ TEST_F(TextControlTest, PastedLines_BecomeOne)
 	EXPECT_STREQ(fControl->Text(), "aone two  three\tfour b");
 	type_text(fControl, "|");
 	EXPECT_STREQ(fControl->Text(), "aone two  three\tfour |b");
-}
 
-
-TEST_F(TextControlTest, EditedText_IsWhatIsShown)
-{
-	fControl->SetText("a\xff");
-	fControl->TextView()->Select(2, 2);
-	type_text(fControl, "b");
-	EXPECT_STREQ(fControl->Text(),
-		"a\xef\xbf\xbd"
-		"b");
+	fControl->SetText("");
+	set_clipboard(std::string(70000, 'x').c_str());
+	press_key(fControl, kKeyPaste);
+	EXPECT_EQ(strlen(fControl->Text()), 70000u);
 }
 
 

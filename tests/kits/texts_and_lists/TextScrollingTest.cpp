@@ -15,8 +15,6 @@
 #include "UserInput.h"
 
 
-namespace {
-
 class TextScrollingTest : public Transcript {
 protected:
 	/*!	Lines of up to six rows. */
@@ -76,8 +74,6 @@ protected:
 		fText->PointAt(fText->TextLength());
 	}
 };
-
-} // namespace
 
 
 TEST_F(TextScrollingTest, ByRows_ShowsEachRowOnce)
@@ -158,7 +154,7 @@ TEST_F(TextScrollingTest, PlacesAskedForAbove_DoNotMoveTheText)
 }
 
 
-TEST_F(TextScrollingTest, ScrollBar_SaysHowMuchThereIs)
+TEST_F(TextScrollingTest, ScrollBar_SaysHowMuchThereIs_AndIsDraggedToItsEnds)
 {
 	EXPECT_EQ(scroll_state(fText).max, 0);
 	Append("line\n", 100);
@@ -173,11 +169,8 @@ TEST_F(TextScrollingTest, ScrollBar_SaysHowMuchThereIs)
 	EXPECT_EQ(scroll_state(fText).value, start.max);
 	scroll_to(fText, 30);
 	EXPECT_EQ(Top(), 30 * 5);
-}
 
-
-TEST_F(TextScrollingTest, ScrollBarDraggedToItsEnds_ShowsThoseOfTheText)
-{
+	fText->SetText("");
 	AppendLines(60);
 	scroll_to(fText, scroll_state(fText).max);
 	// What is laid out on the way may turn out to be longer.

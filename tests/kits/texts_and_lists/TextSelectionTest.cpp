@@ -17,8 +17,6 @@
 #include "WindowInput.h"
 
 
-namespace {
-
 class TextSelectionTest : public Transcript {
 protected:
 	/*!	\return Where a key leads from one place to the next, with the key pressed \a count times.
@@ -84,13 +82,11 @@ protected:
 	}
 };
 
-} // namespace
-
 
 // #pragma mark - keyboard
 
 
-TEST_F(TextSelectionTest, LeftAndRight_CrossTheEndsOfLines)
+TEST_F(TextSelectionTest, LeftAndRight_CrossTheEndsOfLines_AndLeaveASelectionToTheirSide)
 {
 	Append("ab\ncd\r\nef\rg");
 	EXPECT_EQ(Walk(0, B_RIGHT_ARROW, 11), "1 2 3 4 5 7 8 9 10 11 11 ");
@@ -99,6 +95,12 @@ TEST_F(TextSelectionTest, LeftAndRight_CrossTheEndsOfLines)
 	EXPECT_EQ(Selection(), "1..8");
 	EXPECT_EQ(Walk(8, B_LEFT_ARROW, 4, B_SHIFT_KEY), "7 5 4 3 ");
 	EXPECT_EQ(Selection(), "3..8");
+
+	fText->SetText("some words");
+	fText->Select(2, 6);
+	EXPECT_EQ(Press(B_LEFT_ARROW), "2..2");
+	fText->Select(2, 6);
+	EXPECT_EQ(Press(B_RIGHT_ARROW), "6..6");
 }
 
 
@@ -115,16 +117,6 @@ TEST_F(TextSelectionTest, LeftAndRight_TakeACharacterAsAWhole)
 }
 
 
-TEST_F(TextSelectionTest, LeftAndRight_LeaveTheSelectionToTheirSide)
-{
-	Append("some words");
-	fText->Select(2, 6);
-	EXPECT_EQ(Press(B_LEFT_ARROW), "2..2");
-	fText->Select(2, 6);
-	EXPECT_EQ(Press(B_RIGHT_ARROW), "6..6");
-}
-
-
 TEST_F(TextSelectionTest, ByWords_StopsWhereWordsBegin)
 {
 	Append("one two, three\n\n  four");
@@ -136,7 +128,7 @@ TEST_F(TextSelectionTest, ByWords_StopsWhereWordsBegin)
 }
 
 
-TEST_F(TextSelectionTest, UpAndDown_KeepTheColumnOverShorterLines)
+TEST_F(TextSelectionTest, UpAndDown_KeepTheColumn_AndStayWhereNothingFollowsExceptToSelect)
 {
 	Append("123456\n12\n\n123456\n1234");
 	EXPECT_EQ(Walk(5, B_DOWN_ARROW, 4), "9 10 16 22 ");
@@ -149,12 +141,8 @@ TEST_F(TextSelectionTest, UpAndDown_KeepTheColumnOverShorterLines)
 	EXPECT_EQ(Press(B_DOWN_ARROW), "12..12");
 	EXPECT_EQ(Walk(5, B_DOWN_ARROW, 3, B_SHIFT_KEY), "9 10 16 ");
 	EXPECT_EQ(Selection(), "5..16");
-}
 
-
-TEST_F(TextSelectionTest, UpAndDownWhereNothingFollows_StayExceptToSelect)
-{
-	Append("abcd\nefgh");
+	fText->SetText("abcd\nefgh");
 	EXPECT_EQ(Walk(2, B_UP_ARROW, 1), "2 ");
 	EXPECT_EQ(Walk(7, B_DOWN_ARROW, 1), "7 ");
 	EXPECT_EQ(Walk(2, B_UP_ARROW, 1, B_SHIFT_KEY), "0 ");
@@ -176,7 +164,7 @@ TEST_F(TextSelectionTest, UpAndDown_GoByTheRowsOfAWrappedLine)
 }
 
 
-TEST_F(TextSelectionTest, HomeAndEnd_AreThoseOfTheRow)
+TEST_F(TextSelectionTest, HomeAndEnd_AreThoseOfTheRow_AndWithCommandOfTheText)
 {
 	Append("first\nword word word word word word word word word word word word word word word");
 	int32 second = 6;
@@ -190,12 +178,8 @@ TEST_F(TextSelectionTest, HomeAndEnd_AreThoseOfTheRow)
 	EXPECT_EQ(Walk(3, B_HOME, 2), "0 0 ");
 	EXPECT_EQ(Walk(3, B_END, 2, B_SHIFT_KEY), "5 5 ");
 	EXPECT_EQ(Selection(), "3..5");
-}
 
-
-TEST_F(TextSelectionTest, HomeAndEndWithCommand_AreThoseOfTheText)
-{
-	Append("first\nsecond\nthird");
+	fText->SetText("first\nsecond\nthird");
 	EXPECT_EQ(Walk(8, B_HOME, 1, B_COMMAND_KEY), "0 ");
 	EXPECT_EQ(Walk(8, B_END, 1, B_COMMAND_KEY), "18 ");
 	EXPECT_EQ(Walk(8, B_HOME, 1, B_COMMAND_KEY | B_SHIFT_KEY), "0 ");
@@ -205,7 +189,7 @@ TEST_F(TextSelectionTest, HomeAndEndWithCommand_AreThoseOfTheText)
 }
 
 
-TEST_F(TextSelectionTest, HebrewLine_IsWalkedFromRightToLeft)
+TEST_F(TextSelectionTest, RightToLeftScripts_AreWalkedInReadingOrder)
 {
 	// Two bytes a letter.
 	Append("abc\n\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d \xd7\x9b\xd7\x9f\nx");
@@ -217,18 +201,14 @@ TEST_F(TextSelectionTest, HebrewLine_IsWalkedFromRightToLeft)
 	EXPECT_EQ(Walk(6, B_LEFT_ARROW, 2, B_SHIFT_KEY), "8 10 ");
 	fText->Select(6, 10);
 	EXPECT_EQ(Press(B_RIGHT_ARROW), "6..6");
-}
 
-
-TEST_F(TextSelectionTest, ArabicWithinEnglish_IsWalkedInReadingOrder)
-{
-	Append("say \xd9\x85\xd8\xb1\xd8\xad");
+	fText->SetText("say \xd9\x85\xd8\xb1\xd8\xad");
 	EXPECT_EQ(Walk(3, B_RIGHT_ARROW, 5), "4 6 8 10 10 ");
 	EXPECT_EQ(Walk(10, B_LEFT_ARROW, 4), "8 6 4 3 ");
 }
 
 
-TEST_F(TextSelectionTest, PageKeys_TurnThePage)
+TEST_F(TextSelectionTest, PageKeys_TurnThePageOrGoToTheEdge)
 {
 	Append("line\n", 100);
 	SelectAt(0);
@@ -251,12 +231,8 @@ TEST_F(TextSelectionTest, PageKeys_TurnThePage)
 	EXPECT_EQ(Top(), (50 - page) * 5);
 	const std::string caret = std::to_string((53 - page) * 5);
 	EXPECT_EQ(Selection(), caret + ".." + caret);
-}
 
-
-TEST_F(TextSelectionTest, PageKeysNearTheEdges_GoToThem)
-{
-	Append("one\ntwo\nthree");
+	fText->SetText("one\ntwo\nthree");
 	EXPECT_EQ(Walk(5, B_PAGE_DOWN, 1), "13 ");
 	EXPECT_EQ(Walk(5, B_PAGE_UP, 1), "0 ");
 	EXPECT_EQ(Walk(5, B_PAGE_UP, 1, B_SHIFT_KEY), "0 ");
@@ -279,7 +255,7 @@ TEST_F(TextSelectionTest, CaretThatIsMoved_IsSeen)
 }
 
 
-TEST_F(TextSelectionTest, Space_PagesAndLeavesTheSelection)
+TEST_F(TextSelectionTest, SpacePagesAndLettersDoNothing_SoTheSelectionStays)
 {
 	Append("line\n", 100);
 	fText->Select(1, 3);
@@ -291,12 +267,8 @@ TEST_F(TextSelectionTest, Space_PagesAndLeavesTheSelection)
 	Press(B_SPACE, B_SHIFT_KEY);
 	EXPECT_EQ(Top(), page * 5);
 	EXPECT_EQ(Selection(), "1..3");
-}
 
-
-TEST_F(TextSelectionTest, LettersAndReturn_DoNothing)
-{
-	Append("text");
+	fText->SetText("text");
 	fText->Select(1, 3);
 	for (const char key : {'x', 'a', char(B_ENTER), char(B_BACKSPACE), char(B_DELETE)})
 		Press(key);
@@ -371,19 +343,15 @@ TEST_F(TextSelectionTest, ClickWithShiftAfterWords_ExtendsByWords)
 }
 
 
-TEST_F(TextSelectionTest, Drag_SelectsForwardsAndBackwards)
+TEST_F(TextSelectionTest, Drag_SelectsBothWays_AndToTheEdgeOfAShortText)
 {
 	Append("some words\nmore words");
 	EXPECT_EQ(Drag(Before(2), Before(14)), "2..14");
 	Click(Before(0));
 	EXPECT_EQ(Drag(Before(14), Before(2)), "2..14");
 	EXPECT_EQ(Press(B_LEFT_ARROW, B_SHIFT_KEY), "1..14");
-}
 
-
-TEST_F(TextSelectionTest, DragAboveAndBelowAShortText_SelectsToItsEdge)
-{
-	Append("some words\nmore words");
+	click(fText, Before(0));
 	EXPECT_EQ(Drag(Before(5), BPoint(40, -30)), "0..5");
 	Click(Before(0));
 	EXPECT_EQ(Drag(Before(5), BPoint(40, 130)), "5..21");
@@ -448,19 +416,15 @@ TEST_F(TextSelectionTest, DragBeyondTheEdge_ScrollsByItself)
 }
 
 
-TEST_F(TextSelectionTest, ClickIntoTheSelection_ClearsItOnRelease)
+TEST_F(TextSelectionTest, ClickIntoTheSelection_ClearsItOnRelease_ButADragLeavesIt)
 {
 	Append("some words");
 	fText->Select(0, 10);
 	press_mouse(fText, Before(4));
 	EXPECT_EQ(Selection(), "0..10");
 	EXPECT_EQ(Release(Before(4)), "4..4");
-}
 
-
-TEST_F(TextSelectionTest, DragOfTheSelection_LeavesIt)
-{
-	Append("some words and more");
+	fText->SetText("some words and more");
 	fText->Select(0, 10);
 	press_mouse(fText, Before(4));
 	cancel_next_drag(fText);

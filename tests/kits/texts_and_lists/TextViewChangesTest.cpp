@@ -17,9 +17,7 @@
 #include "UserInput.h"
 
 
-namespace {
-
-const rgb_color kRed = {200, 0, 0, 255};
+static const rgb_color kRed = {200, 0, 0, 255};
 
 
 class TextViewChangesTest : public Transcript {
@@ -29,8 +27,6 @@ protected:
 		fText->Insert(fText->TextLength(), bytes.data(), int32(bytes.size()));
 	}
 };
-
-} // namespace
 
 
 TEST_F(TextViewChangesTest, SmallerStyleInTheFirstSeenLine_LeavesItsLastRows)

@@ -18,16 +18,14 @@
 #include "WaitFor.h"
 
 
-namespace {
-
-const int kSteps = 600;
+static const int kSteps = 600;
 
 // In bytes.
-const int32 kMaxText = 6000;
+static const int32 kMaxText = 6000;
 
 // Ends of lines and characters in all states, so that what is joined by chance is something else.
-const std::string kPieces[] = {"\n", "\r", "\r\n", "\xe2\x80\xa9", "\xe2\x80\xa8", "\t", " ", "a",
-	"a word ", "words and more words that are wrapped in every window of this size. ", "\xc3",
+static const std::string kPieces[] = {"\n", "\r", "\r\n", "\xe2\x80\xa9", "\xe2\x80\xa8", "\t", " ",
+	"a", "a word ", "words and more words that are wrapped in every window of this size. ", "\xc3",
 	"\xa9", "\xf0\x9f", "\x98\x80", "\xf0\x9f\x98\x80", "e\xcc\x81", "\xff",
 	"\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d ", "\xe4\xbd\xa0\xe5\xa5\xbd", "\x01", "\xef\xb7\x90",
 	std::string(1100, 'w'), std::string("\n") + "line " + "\n" + "line" + "\n\n"};
@@ -48,7 +46,7 @@ protected:
 };
 
 
-std::string
+static std::string
 any_bytes(RandomUser& user)
 {
 	std::string bytes;
@@ -59,7 +57,7 @@ any_bytes(RandomUser& user)
 
 
 /*!	As UTF-8 with a line feed for each end of a line. */
-std::string
+static std::string
 shown_text(const std::string& bytes)
 {
 	std::string shown;
@@ -206,8 +204,6 @@ TextViewMonkeyTest::Complaint(RandomUser& user)
 		return "the selection is outside of the text";
 	return user.Complaint(shown_text(fBytes));
 }
-
-} // namespace
 
 
 TEST_P(TextViewMonkeyTest, WhateverIsDone_TheTextStaysSound)

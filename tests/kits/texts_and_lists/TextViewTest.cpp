@@ -19,10 +19,8 @@
 #include "UserInput.h"
 
 
-namespace {
-
-const rgb_color kRed = {200, 0, 0, 255};
-const rgb_color kGreen = {0, 128, 0, 255};
+static const rgb_color kRed = {200, 0, 0, 255};
+static const rgb_color kGreen = {0, 128, 0, 255};
 
 
 class TextViewTest : public Transcript {
@@ -61,8 +59,6 @@ public:
 private:
 	std::function<void(BMessage*)> fAct;
 };
-
-} // namespace
 
 
 TEST_F(TextViewTest, AnyBytes_ComeBackUnchanged)

@@ -191,16 +191,24 @@ TEST(LooperTest, AddressUsedAgain_IsAnotherLooper)
 TEST(LooperTest, QuitFromOutside_DropsTheQueueAndWaitsForTheThread)
 {
 	std::atomic<bool> isDestroyed(false);
+	std::atomic<status_t> posted(B_OK);
+	std::atomic<bool> isLocked(true);
 	ScriptedLooper* looper = new ScriptedLooper;
 	looper->onDestroy = [&] {
 		isDestroyed = find_thread(NULL) == looper->Thread();
+		posted = looper->PostMessage('late');
+		isLocked = looper->Lock();
 	};
 	thread_id thread = looper->Run();
+	// Without the lock it does nothing.
+	looper->Quit();
 	ASSERT_TRUE(looper->Lock());
 	for (int i = 0; i < 100; i++)
 		looper->PostMessage('drop');
 	looper->Quit();
 	EXPECT_TRUE(isDestroyed);
+	EXPECT_EQ(B_BAD_PORT_ID, posted);
+	EXPECT_FALSE(isLocked);
 	EXPECT_EQ(B_BAD_THREAD_ID, wait_for_thread(thread, NULL));
 }
 
@@ -228,15 +236,6 @@ TEST(LooperTest, QuitInOwnHandlerOrBeforeRun_DeletesTheLooper)
 }
 
 
-TEST(LooperTest, QuitWithoutLock_DoesNothing)
-{
-	Owned<ScriptedLooper> looper;
-	looper->Run();
-	looper->Quit();
-	EXPECT_TRUE(looper->Lock());
-}
-
-
 TEST(LooperTest, QuitRequest_RefusedThenAccepted)
 {
 	std::atomic<int32> asked(0);
@@ -256,22 +255,6 @@ TEST(LooperTest, QuitRequest_RefusedThenAccepted)
 }
 
 
-TEST(LooperTest, DyingLooper_TakesNoMessage)
-{
-	std::atomic<status_t> posted(B_OK);
-	std::atomic<bool> isLocked(true);
-	ScriptedLooper* looper = new ScriptedLooper;
-	looper->onDestroy = [&] {
-		posted = looper->PostMessage('late');
-		isLocked = looper->Lock();
-	};
-	looper->Run();
-	quit(looper);
-	EXPECT_EQ(B_BAD_PORT_ID, posted);
-	EXPECT_FALSE(isLocked);
-}
-
-
 TEST(LooperTest, WaitingForTheLock_FailsWhenTheLooperQuits)
 {
 	ScriptedLooper* looper = new ScriptedLooper;
@@ -287,7 +270,7 @@ TEST(LooperTest, WaitingForTheLock_FailsWhenTheLooperQuits)
 }
 
 
-TEST(LooperTest, Handler_GetsWhatIsPostedToIt)
+TEST(LooperTest, Handler_HasItsNameAndGetsWhatIsPostedToIt)
 {
 	NotingHandler handler;
 	ScriptedLooper* looper = new ScriptedLooper;
@@ -305,6 +288,10 @@ TEST(LooperTest, Handler_GetsWhatIsPostedToIt)
 	EXPECT_EQ(uint32('pass'), looper->Received()[0]);
 	quit(looper);
 	EXPECT_EQ(NULL, handler.Looper());
+
+	const BHandler named("name");
+	EXPECT_STREQ("name", named.Name());
+	EXPECT_EQ(NULL, BHandler().Name());
 }
 
 
@@ -326,14 +313,6 @@ TEST(LooperTest, RemovedOrDeletedHandler_GetsNothingAnyMore)
 	looper->Run();
 	EXPECT_SOON(looper->CountReceived() == 1);
 	EXPECT_EQ(0, handler.received);
-}
-
-
-TEST(LooperTest, HandlerName_IsKept)
-{
-	BHandler handler("name");
-	EXPECT_STREQ("name", handler.Name());
-	EXPECT_EQ(NULL, BHandler().Name());
 }
 
 

@@ -72,14 +72,6 @@ TEST_F(MessageTest, FieldOfAnotherNameTypeOrIndex_GivesTheDefault)
 }
 
 
-TEST_F(MessageTest, SecondTypeUnderOneName_IsRefused)
-{
-	fMessage.AddString("name", "text");
-	EXPECT_EQ(B_BAD_TYPE, fMessage.AddInt32("name", 1));
-	EXPECT_STREQ("text", fMessage.GetString("name"));
-}
-
-
 TEST_F(MessageTest, SeveralValues_KeepTheirOrder)
 {
 	for (int32 i = 0; i < 1000; i++) {
@@ -188,7 +180,7 @@ TEST_F(MessageTest, OwnValue_MayBeAddedAgain)
 }
 
 
-TEST_F(MessageTest, Data_KeepsEveryByte)
+TEST_F(MessageTest, Data_KeepsEveryByte_AndIsNullWhereThereIsNone)
 {
 	const uint8 bytes[5] = {0, 1, 0xff, 0, 7};
 	BMessage message;
@@ -199,14 +191,9 @@ TEST_F(MessageTest, Data_KeepsEveryByte)
 	ASSERT_EQ(5, size);
 	EXPECT_EQ(0, memcmp(bytes, data, 5));
 	EXPECT_EQ(B_OK, message.FindData("data", B_ANY_TYPE, &data, &size));
-}
 
-
-TEST_F(MessageTest, DataNotFound_IsNull)
-{
-	const void* data = &fMessage;
-	ssize_t size = 5;
-	EXPECT_EQ(B_NAME_NOT_FOUND, fMessage.FindData("data", B_RAW_TYPE, &data, &size));
+	data = &fMessage;
+	EXPECT_EQ(B_NAME_NOT_FOUND, fMessage.FindData("none", B_RAW_TYPE, &data, &size));
 	EXPECT_EQ(NULL, data);
 	EXPECT_EQ(0, size);
 	const char* string = "x";
@@ -215,7 +202,7 @@ TEST_F(MessageTest, DataNotFound_IsNull)
 }
 
 
-TEST_F(MessageTest, NothingToAdd_IsRefused)
+TEST_F(MessageTest, NothingOrASecondType_IsNotAdded)
 {
 	EXPECT_EQ(B_BAD_VALUE, fMessage.AddData("data", B_RAW_TYPE, NULL, 5));
 	EXPECT_EQ(B_BAD_VALUE, fMessage.AddData("data", B_RAW_TYPE, &fMessage, 0));
@@ -223,6 +210,10 @@ TEST_F(MessageTest, NothingToAdd_IsRefused)
 	EXPECT_EQ(B_BAD_VALUE, fMessage.AddInt32(NULL, 1));
 	EXPECT_EQ(B_BAD_VALUE, fMessage.AddInt32(std::string(256, 'n').c_str(), 1));
 	EXPECT_TRUE(fMessage.IsEmpty());
+
+	fMessage.AddString("name", "text");
+	EXPECT_EQ(B_BAD_TYPE, fMessage.AddInt32("name", 1));
+	EXPECT_STREQ("text", fMessage.GetString("name"));
 }
 
 

@@ -95,32 +95,27 @@ TEST(ThreadTest, Spawned_RunsOnlyWhenResumed)
 }
 
 
-TEST(ThreadTest, Wait_GivesTheReturnValue)
+TEST(ThreadTest, Wait_GivesTheReturnValueAndStartsASuspendedThread)
 {
-	status_t value = 42;
-	thread_id thread = spawn_thread(answer, "answer", B_NORMAL_PRIORITY, &value);
-	resume_thread(thread);
-	status_t returned = 0;
-	// It may have ended before.
-	status_t status = wait_for_thread(thread, &returned);
-	if (status == B_OK) {
-		EXPECT_EQ(42, returned);
-	} else
-		EXPECT_EQ(B_BAD_THREAD_ID, status);
+	for (const bool isResumed : {false, true}) {
+		SCOPED_TRACE(isResumed);
+		status_t value = 42;
+		thread_id thread = spawn_thread(answer, "answer", B_NORMAL_PRIORITY, &value);
+		if (isResumed)
+			resume_thread(thread);
+		status_t returned = 0;
+		const status_t status = wait_for_thread(thread, &returned);
+		// A resumed one may have ended before.
+		if (!isResumed || status == B_OK) {
+			EXPECT_EQ(B_OK, status);
+			EXPECT_EQ(42, returned);
+		} else
+			EXPECT_EQ(B_BAD_THREAD_ID, status);
+	}
 }
 
 
-TEST(ThreadTest, Wait_StartsASuspendedThread)
-{
-	status_t value = 43;
-	thread_id thread = spawn_thread(answer, "answer", B_NORMAL_PRIORITY, &value);
-	status_t returned = 0;
-	EXPECT_EQ(B_OK, wait_for_thread(thread, &returned));
-	EXPECT_EQ(43, returned);
-}
-
-
-TEST(ThreadTest, Wait_OnAnEndedThread_FailsAtOnce)
+TEST(ThreadTest, EndedOrNoThread_FailsAtOnce)
 {
 	status_t value = 0;
 	thread_id thread = spawn_thread(answer, "answer", B_NORMAL_PRIORITY, &value);
@@ -129,6 +124,7 @@ TEST(ThreadTest, Wait_OnAnEndedThread_FailsAtOnce)
 	EXPECT_EQ(B_BAD_THREAD_ID, resume_thread(thread));
 	EXPECT_EQ(B_BAD_THREAD_ID, wait_for_thread(-1, NULL));
 	EXPECT_EQ(B_BAD_THREAD_ID, wait_for_thread(0, NULL));
+	EXPECT_EQ(B_BAD_VALUE, spawn_thread(NULL, "none", B_NORMAL_PRIORITY, NULL));
 }
 
 
@@ -169,7 +165,10 @@ TEST(ThreadTest, Resume_OfARunningThread_Fails)
 
 TEST(ThreadTest, Ids_AreNeverUsedAgain)
 {
-	std::set<thread_id> ids;
+	// The main thread has one, too.
+	std::set<thread_id> ids = {find_thread(NULL)};
+	EXPECT_GT(find_thread(NULL), 0);
+	EXPECT_EQ(find_thread(NULL), find_thread(NULL));
 	for (int i = 0; i < 300; i++) {
 		thread_id id = -1;
 		thread_id thread = spawn_thread(own_id, "short", B_NORMAL_PRIORITY, &id);
@@ -192,19 +191,6 @@ TEST(ThreadTest, Name_IsKnownToTheSystemAndToTheKit)
 	flag = true;
 	EXPECT_SOON(find_thread("HL:TestThread") == B_NAME_NOT_FOUND);
 	EXPECT_SOON(!has_system_thread("HL:TestThread"));
-}
-
-
-TEST(ThreadTest, MainThread_HasAnId)
-{
-	EXPECT_GT(find_thread(NULL), 0);
-	EXPECT_EQ(find_thread(NULL), find_thread(NULL));
-}
-
-
-TEST(ThreadTest, SpawnWithoutFunction_Fails)
-{
-	EXPECT_EQ(B_BAD_VALUE, spawn_thread(NULL, "none", B_NORMAL_PRIORITY, NULL));
 }
 
 

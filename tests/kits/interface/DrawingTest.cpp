@@ -36,12 +36,20 @@ private:
 };
 
 
-TEST(DrawingTest, Background_IsTheViewColor)
+TEST(DrawingTest, BackgroundAlone_IsLeftByDrawingAtAnotherTime)
 {
 	DrawnView view([](BView*) {});
 	EXPECT_EQ(kBackground, pixel_of(&view, BPoint(5, 5)));
 	view.SetViewColor(make_color(1, 2, 3));
 	EXPECT_EQ(0x010203u, pixel_of(&view, BPoint(5, 5)));
+
+	const std::string before = picture_of(&view);
+	view.SetHighColor(255, 0, 0);
+	view.FillRect(BRect(0, 0, 20, 20));
+	view.StrokeLine(BPoint(0, 0), BPoint(20, 20));
+	view.DrawString("text", BPoint(5, 15));
+	EXPECT_TRUE(before == picture_of(&view));
+	EXPECT_GT(view.StringWidth("text"), 0);
 }
 
 
@@ -189,17 +197,4 @@ TEST(DrawingTest, FontChangedWhileDrawing_IsMeasuredAtOnce)
 	});
 	pixel_of(&view, BPoint(0, 0));
 	EXPECT_GT(wide, narrow);
-}
-
-
-TEST(DrawingTest, DrawingAtAnotherTime_LeavesNothing)
-{
-	DrawnView view([](BView*) {});
-	const std::string before = picture_of(&view);
-	view.SetHighColor(255, 0, 0);
-	view.FillRect(BRect(0, 0, 20, 20));
-	view.StrokeLine(BPoint(0, 0), BPoint(20, 20));
-	view.DrawString("text", BPoint(5, 15));
-	EXPECT_TRUE(before == picture_of(&view));
-	EXPECT_GT(view.StringWidth("text"), 0);
 }

@@ -90,7 +90,7 @@ protected:
 };
 
 
-TEST_F(ViewTest, Attaching_TellsParentsFirst)
+TEST_F(ViewTest, Attaching_TellsParentsFirst_AndEachOnce)
 {
 	NotingView* outer = new NotingView("outer", fNotes);
 	NotingView* inner = new NotingView("inner", fNotes);
@@ -107,11 +107,8 @@ TEST_F(ViewTest, Attaching_TellsParentsFirst)
 	delete outer;
 	EXPECT_EQ("~outer ~inner ", fNotes);
 	EXPECT_EQ(0, fWindow->CountChildren());
-}
 
-
-TEST_F(ViewTest, ChildAddedWhileAttaching_IsToldOnce)
-{
+	fNotes.clear();
 	fWindow->AddChild(new LateParent(fNotes));
 	EXPECT_EQ("attached:child ", fNotes);
 }
@@ -199,7 +196,7 @@ TEST_F(ViewTest, Focus_GoesToOneView)
 }
 
 
-TEST_F(ViewTest, ColorsAndFont_AreKept)
+TEST_F(ViewTest, ColorsAndFont_AreKeptAndMeasuredWithoutDrawing)
 {
 	BView view("view", 0);
 	view.SetHighColor(1, 2, 3);
@@ -218,12 +215,8 @@ TEST_F(ViewTest, ColorsAndFont_AreKept)
 	view.GetFont(&font);
 	EXPECT_FLOAT_EQ(30, font.Size());
 	EXPECT_EQ(be_bold_font->Face(), font.Face());
-}
 
-
-TEST_F(ViewTest, Metrics_AreTrueWithoutDrawing)
-{
-	BView view("view", 0);
+	view.SetFont(be_plain_font);
 	font_height height;
 	view.GetFontHeight(&height);
 	EXPECT_GT(height.ascent, 0);

@@ -74,6 +74,9 @@ TEST_F(WindowTest, NewWindow_IsHiddenAndWhereItShallBe)
 	EXPECT_STREQ("Palimbra — a & b [*] \xff", fWindow->Title());
 	fWindow->SetTitle(NULL);
 	EXPECT_STREQ("", fWindow->Title());
+
+	fWindow->ResizeTo(499, 399);
+	EXPECT_EQ(BRect(100, 100, 599, 499), fWindow->Frame());
 }
 
 
@@ -124,13 +127,6 @@ TEST_F(WindowTest, Views_AreFoundByNameHoweverDeep)
 	EXPECT_EQ(NULL, fWindow->ChildAt(1));
 	EXPECT_EQ(inner, fWindow->FindView("inner"));
 	EXPECT_EQ(NULL, fWindow->FindView("nobody"));
-}
-
-
-TEST_F(WindowTest, ResizeTo_ChangesTheFrame)
-{
-	fWindow->ResizeTo(499, 399);
-	EXPECT_EQ(BRect(100, 100, 599, 499), fWindow->Frame());
 }
 
 

@@ -48,7 +48,7 @@ protected:
 };
 
 
-TEST_F(WindowUseTest, Title_IsShownAsItStands)
+TEST_F(WindowUseTest, Title_IsShownAsItStands_AndChangesWhileMinimized)
 {
 	fWindow->SetTitle(kMarkup);
 	fWindow->Show();
@@ -56,12 +56,7 @@ TEST_F(WindowUseTest, Title_IsShownAsItStands)
 
 	fWindow->SetTitle("Bytes \xff\xe2\x82");
 	EXPECT_SOON(shown_title(fWindow) == "Bytes \xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd");
-}
 
-
-TEST_F(WindowUseTest, Title_ChangesWhileMinimized)
-{
-	fWindow->Show();
 	fWindow->Minimize(true);
 	ASSERT_SOON(is_shown_minimized(fWindow));
 
@@ -172,7 +167,7 @@ TEST_F(WindowUseTest, CommandQ_AsksTheApplication)
 }
 
 
-TEST_F(WindowUseTest, Return_PressesTheDefaultButton_WhereverTheFocusIs)
+TEST_F(WindowUseTest, DefaultButton_ShowsItsFocus_AndIsPressedWhereverThatIs)
 {
 	BButton* other = new BButton("other", "Other", new BMessage('othr'));
 	BButton* ok = new BButton("ok", "OK", new BMessage('okay'));
@@ -181,6 +176,20 @@ TEST_F(WindowUseTest, Return_PressesTheDefaultButton_WhereverTheFocusIs)
 	other->MakeFocus(true);
 	ShowAndWait(fWindow);
 
+	activate(fWindow);
+
+	// Not compared by what would print all pixels.
+	const std::string unfocused = picture_of(ok);
+	press_window_key(fWindow, B_TAB);
+	ASSERT_TRUE(ok->IsFocus());
+	const std::string focused = picture_of(ok);
+	EXPECT_TRUE(unfocused != focused);
+	press_window_key(fWindow, B_TAB);
+	EXPECT_TRUE(unfocused == picture_of(ok));
+	press_window_key(fWindow, B_TAB);
+	EXPECT_TRUE(focused == picture_of(ok));
+
+	other->MakeFocus(true);
 	press_window_key(fWindow, B_ENTER);
 	EXPECT_SOON(fWindow->Received()->size() == 1);
 	EXPECT_EQ(uint32('okay'), fWindow->Received()->back());
@@ -229,29 +238,6 @@ TEST_F(WindowUseTest, Tab_GoesThroughTheViewsInTheOrderInWhichTheyWereAdded)
 	EXPECT_EQ(last, fWindow->CurrentFocus());
 	press_window_key(fWindow, B_TAB);
 	EXPECT_EQ(first, fWindow->CurrentFocus());
-}
-
-
-TEST_F(WindowUseTest, DefaultButton_ShowsWhetherItHasTheFocus)
-{
-	BButton* other = new BButton("other", "Other", NULL);
-	BButton* ok = new BButton("ok", "OK", NULL);
-	BLayoutBuilder::Group<>(fWindow, B_HORIZONTAL).Add(other).Add(ok);
-	ok->MakeDefault(true);
-	other->MakeFocus(true);
-	ShowAndWait(fWindow);
-	activate(fWindow);
-
-	// Not compared by what would print all pixels.
-	const std::string unfocused = picture_of(ok);
-	press_window_key(fWindow, B_TAB);
-	ASSERT_TRUE(ok->IsFocus());
-	const std::string focused = picture_of(ok);
-	EXPECT_TRUE(unfocused != focused);
-	press_window_key(fWindow, B_TAB);
-	EXPECT_TRUE(unfocused == picture_of(ok));
-	press_window_key(fWindow, B_TAB);
-	EXPECT_TRUE(focused == picture_of(ok));
 }
 
 

@@ -116,7 +116,7 @@ TEST_F(AccessibleTextTest, Text_IsCutOutByPositions)
 }
 
 
-TEST_F(AccessibleTextTest, Parts_FollowOneAnother)
+TEST_F(AccessibleTextTest, PartsAndRows_FollowOneAnother)
 {
 	Append("Bob: hi, you! Well.\n\ne\xcc\x81 \xf0\x9f\x98\x80 end");
 	EXPECT_EQ(ReadOn(kReadWord),
@@ -127,12 +127,9 @@ TEST_F(AccessibleTextTest, Parts_FollowOneAnother)
 	EXPECT_EQ(ReadOn(kReadAll), "Bob: hi, you! Well.\n\ne\xcc\x81 \xf0\x9f\x98\x80 end|");
 	EXPECT_EQ(ReadOn(kReadCharacter),
 		"B|o|b|:| |h|i|,| |y|o|u|!| |W|e|l|l|.|\n|\n|e\xcc\x81| |\xf0\x9f\x98\x80| |e|n|d|");
-}
 
-
-TEST_F(AccessibleTextTest, Rows_AreThoseOnTheScreen)
-{
-	Append("word word word word word word word word word word word word word word word word\nlast");
+	fText->SetText(
+		"word word word word word word word word word word word word word word word word\nlast");
 	std::string rows;
 	for (int32 i = 0; i < fText->TextLength(); i++) {
 		if (i > 0 && fText->PointAt(i).y != fText->PointAt(i - 1).y)
@@ -284,7 +281,7 @@ TEST_F(AccessibleTextTest, ChangedText_IsToldOnce)
 }
 
 
-TEST_F(AccessibleTextTest, CaretThatMoves_IsTold)
+TEST_F(AccessibleTextTest, CaretThatMoves_IsTold_ButNotOfWhatIsAppendedBehindIt)
 {
 	Append("some words");
 	SelectAt(0);
@@ -301,12 +298,7 @@ TEST_F(AccessibleTextTest, CaretThatMoves_IsTold)
 	EXPECT_EQ(fReader->Heard().back(), "caret 3");
 	double_click(fText, Before(6));
 	EXPECT_EQ(fReader->Heard().back(), "selected 5..10");
-}
 
-
-TEST_F(AccessibleTextTest, AppendedBehindTheCaret_DoesNotTellOfIt)
-{
-	Append("some words");
 	fText->Select(2, 4);
 	fReader->Heard();
 	Append(" more");

@@ -80,7 +80,7 @@ protected:
 };
 
 
-TEST_F(ListToolTipTest, RestingMouse_AsksForItsPlace)
+TEST_F(ListToolTipTest, RestingMouse_AsksForItsPlace_AndSaysNothingAboutTheList)
 {
 	_Add("first");
 	_Add("second");
@@ -89,6 +89,9 @@ TEST_F(ListToolTipTest, RestingMouse_AsksForItsPlace)
 	EXPECT_EQ("second", tool_tip_on_screen());
 	rest_mouse(fList, CenterOf(0));
 	EXPECT_EQ("first", tool_tip_on_screen());
+
+	rest_mouse(fList, CenterOf(0));
+	EXPECT_EQ("", accessible_of(fList).description);
 }
 
 
@@ -129,14 +132,6 @@ TEST_F(ListToolTipTest, ScrolledList_TakesItAway)
 	EXPECT_TRUE(_WaitUntilGone());
 	rest_mouse(fList, CenterOf(5));
 	EXPECT_EQ("row 5", tool_tip_on_screen());
-}
-
-
-TEST_F(ListToolTipTest, ToolTipOfARow_SaysNothingAboutTheList)
-{
-	_Add("first");
-	rest_mouse(fList, CenterOf(0));
-	EXPECT_EQ("", accessible_of(fList).description);
 }
 
 

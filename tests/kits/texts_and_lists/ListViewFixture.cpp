@@ -52,14 +52,6 @@ ListViewFixture::SetUp()
 }
 
 
-void
-ListViewFixture::TearDown()
-{
-	fWindow->Lock();
-	fWindow->Quit();
-}
-
-
 BListItem*
 ListViewFixture::Keep(BListItem* item)
 {

@@ -13,8 +13,7 @@
 
 #include <ListView.h>
 
-
-class WindowWithView;
+#include "WindowWithView.h"
 
 
 const uint32 kMsgInvoked = 'invk';
@@ -40,10 +39,9 @@ private:
 /*!	A list in a window on the screen, with a message for what is invoked and one for what is
 	selected.
 */
-class ListViewFixture : public testing::Test {
+class ListViewFixture : public ViewInAWindow {
 protected:
 	void SetUp() override;
-	void TearDown() override;
 
 	// The test owns the item from here on.
 	BListItem* Keep(BListItem* item);
@@ -55,7 +53,6 @@ protected:
 
 	// They outlive the list.
 	std::vector<std::unique_ptr<BListItem>> fItems;
-	WindowWithView* fWindow;
 	BListView* fList;
 };
 

@@ -245,11 +245,5 @@ TEST_F(ListViewTest, MultipleSelection_ExtendsAndReportsAll)
 
 TEST_F(ListViewTest, Focus_IsSeenByTheBorder)
 {
-	fList->MakeFocus(true);
-	ASSERT_SOON(fWindow->IsActive());
-	const unsigned focused = pixel_of(fList, BPoint(0, 0));
-	fList->MakeFocus(false);
-	EXPECT_NE(focused, pixel_of(fList, BPoint(0, 0)));
-	fList->MakeFocus(true);
-	EXPECT_EQ(focused, pixel_of(fList, BPoint(0, 0)));
+	ExpectFocusByBorder(fWindow, fList);
 }

@@ -183,7 +183,7 @@ TEST_F(TextScrollingTest, ScrollBar_SaysHowMuchThereIs_AndIsDraggedToItsEnds)
 }
 
 
-TEST_F(TextScrollingTest, Resized_TheSameTextIsAtTheTop)
+TEST_F(TextScrollingTest, Resized_TheSameTextIsAtTheTopOrTheEnd)
 {
 	AppendLines(60);
 	fText->ScrollToOffset(2000);
@@ -202,12 +202,7 @@ TEST_F(TextScrollingTest, Resized_TheSameTextIsAtTheTop)
 	EXPECT_EQ(Top(), before);
 	ResizeTo(300, 100);
 	EXPECT_EQ(Top(), before);
-}
 
-
-TEST_F(TextScrollingTest, ResizedAtTheEnd_TheEndIsStillSeen)
-{
-	AppendLines(60);
 	ScrollToEnd();
 	for (const float height : {60.0f, 400.0f, 150.0f}) {
 		ResizeTo(height + 120, height);
@@ -217,7 +212,7 @@ TEST_F(TextScrollingTest, ResizedAtTheEnd_TheEndIsStillSeen)
 }
 
 
-TEST_F(TextScrollingTest, AppendedWhileScrolledUp_TheViewStays)
+TEST_F(TextScrollingTest, ChangedOutsideOfTheView_TheSameTextIsAtTheTop)
 {
 	AppendLines(60);
 	fText->ScrollToOffset(2000);
@@ -227,6 +222,15 @@ TEST_F(TextScrollingTest, AppendedWhileScrolledUp_TheViewStays)
 	EXPECT_EQ(Top(), top);
 	EXPECT_EQ(scroll_state(fText).max, before.max + 3);
 	EXPECT_EQ(scroll_state(fText).value, before.value);
+
+	fText->SetText("");
+	Append("line\n", 100);
+	scroll_to(fText, 50);
+	ASSERT_EQ(Top(), 250);
+	fText->Insert(100, "new\nlines\n", 10);
+	fText->PointAt(fText->TextLength());
+	EXPECT_EQ(Top(), 260);
+	EXPECT_EQ(scroll_state(fText).value, 52);
 }
 
 
@@ -245,19 +249,7 @@ TEST_F(TextScrollingTest, ShorterText_IsShownFromItsStart)
 }
 
 
-TEST_F(TextScrollingTest, ChangedAboveTheView_TheSameTextIsAtTheTop)
-{
-	Append("line\n", 100);
-	scroll_to(fText, 50);
-	ASSERT_EQ(Top(), 250);
-	fText->Insert(100, "new\nlines\n", 10);
-	fText->PointAt(fText->TextLength());
-	EXPECT_EQ(Top(), 260);
-	EXPECT_EQ(scroll_state(fText).value, 52);
-}
-
-
-TEST_F(TextScrollingTest, RowsOfDifferentHeights_AreEachSeenOnce)
+TEST_F(TextScrollingTest, RowsOfDifferentHeights_AreEachSeenOnce_HoweverHigh)
 {
 	BFont large;
 	large.SetSize(40);
@@ -275,6 +267,23 @@ TEST_F(TextScrollingTest, RowsOfDifferentHeights_AreEachSeenOnce)
 		fText->ScrollToOffset(i * 13);
 		EXPECT_TRUE(IsSeen(i * 13)) << i;
 	}
+
+	fText->SetText("");
+	large.SetSize(300);
+	Append("before\n");
+	fText->SetFontAndColor(&large);
+	Append("X\n");
+	fText->SetFontAndColor(be_plain_font);
+	Append("after");
+	ScrollToEnd();
+	EXPECT_TRUE(IsSeen(fText->TextLength()));
+	click_scroll_bar(fText, kScrollStepUp);
+	EXPECT_EQ(Top(), 7);
+	click_scroll_bar(fText, kScrollStepUp);
+	EXPECT_EQ(Top(), 0);
+	click_scroll_bar(fText, kScrollStepDown);
+	click_scroll_bar(fText, kScrollStepDown);
+	EXPECT_TRUE(IsSeen(fText->TextLength()));
 }
 
 
@@ -332,27 +341,6 @@ TEST_F(TextScrollingTest, OtherScripts_EachLineCanBeScrolledTo)
 		fText->ScrollToOffset(start);
 		EXPECT_TRUE(IsSeen(start)) << start;
 	}
-}
-
-
-TEST_F(TextScrollingTest, RowHigherThanTheView_CanBeScrolledTo)
-{
-	BFont large;
-	large.SetSize(300);
-	Append("before\n");
-	fText->SetFontAndColor(&large);
-	Append("X\n");
-	fText->SetFontAndColor(be_plain_font);
-	Append("after");
-	ScrollToEnd();
-	EXPECT_TRUE(IsSeen(fText->TextLength()));
-	click_scroll_bar(fText, kScrollStepUp);
-	EXPECT_EQ(Top(), 7);
-	click_scroll_bar(fText, kScrollStepUp);
-	EXPECT_EQ(Top(), 0);
-	click_scroll_bar(fText, kScrollStepDown);
-	click_scroll_bar(fText, kScrollStepDown);
-	EXPECT_TRUE(IsSeen(fText->TextLength()));
 }
 
 

@@ -5,11 +5,6 @@
 #include <string>
 #include <vector>
 
-#include <Button.h>
-#include <Menu.h>
-#include <MenuBar.h>
-#include <MenuItem.h>
-#include <TextControl.h>
 
 #include "ExpectSoon.h"
 #include "Transcript.h"
@@ -274,36 +269,6 @@ TEST_F(TextSelectionTest, SpacePagesAndLettersDoNothing_SoTheSelectionStays)
 		Press(key);
 	EXPECT_STREQ(fText->Text(), "text");
 	EXPECT_EQ(Selection(), "1..3");
-}
-
-
-TEST_F(TextSelectionTest, KeysThatItDoesNotUse_ReachTheWindow)
-{
-	WindowWithView* window = new WindowWithView(200, 200);
-	BMenuBar* bar = new BMenuBar("bar");
-	BMenu* menu = new BMenu("Menu");
-	menu->AddItem(new BMenuItem("Item", new BMessage('item'), 'L'));
-	bar->AddItem(menu);
-	BTextView* text = new BTextView("text");
-	text->MakeEditable(false);
-	BTextControl* control = new BTextControl("control", "Next", "", NULL);
-	BButton* button = new BButton("button", "Default", new BMessage('dflt'));
-	for (BView* view : {static_cast<BView*>(bar), static_cast<BView*>(text),
-			 static_cast<BView*>(control), static_cast<BView*>(button)})
-		window->Add(view);
-	button->MakeDefault(true);
-	window->ShowIt();
-	text->SetText("text");
-
-	text->MakeFocus(true);
-	press_window_key(window, 'L', B_COMMAND_KEY);
-	press_window_key(window, B_ENTER);
-	EXPECT_SOON(window->Count('item') == 1 && window->Count('dflt') == 1);
-	press_window_key(window, B_TAB);
-	EXPECT_FALSE(text->IsFocus());
-	EXPECT_TRUE(control->TextView()->IsFocus());
-	window->Lock();
-	window->Quit();
 }
 
 

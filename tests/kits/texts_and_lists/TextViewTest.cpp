@@ -9,14 +9,20 @@
 
 #include <gtest/gtest.h>
 
+#include <Button.h>
 #include <Font.h>
 #include <Handler.h>
+#include <Menu.h>
+#include <MenuBar.h>
+#include <MenuItem.h>
 #include <Message.h>
 #include <Messenger.h>
+#include <TextControl.h>
 
 #include "ExpectSoon.h"
 #include "Transcript.h"
 #include "UserInput.h"
+#include "WindowInput.h"
 
 
 static const rgb_color kRed = {200, 0, 0, 255};
@@ -223,7 +229,7 @@ TEST_F(TextViewTest, StyledRanges_BeforeAndAfterTheyAreShown)
 }
 
 
-TEST_F(TextViewTest, StyledAfterItWasShown_KeepsItsBytes)
+TEST_F(TextViewTest, StyledOrInAnotherFont_TheTextKeepsItsBytesAndStyles)
 {
 	const std::string text = "na\xefve\r\n \xff\xfe caf\xc3\n";
 	fText->Insert(0, text.data(), int32(text.size()));
@@ -233,11 +239,8 @@ TEST_F(TextViewTest, StyledAfterItWasShown_KeepsItsBytes)
 	EXPECT_TRUE(ColorAt(2) == kGreen);
 	EXPECT_EQ(fText->TextLength(), int32(text.size()));
 	EXPECT_EQ(fText->Text(), text);
-}
 
-
-TEST_F(TextViewTest, FontOfTheViewChanged_InsertionsKeepTheirOwn)
-{
+	fText->SetText("");
 	Append("before\n");
 	// A question about a place in the text needs all of it laid out.
 	fText->PointAt(0);
@@ -364,11 +367,35 @@ TEST_F(TextViewTest, DeletedWithTextWaiting_IsNoTrouble)
 
 TEST_F(TextViewTest, Focus_IsSeenByTheBorder)
 {
-	fText->MakeFocus(true);
-	ASSERT_SOON(fWindow->IsActive());
-	const unsigned focused = pixel_of(fText, BPoint(0, 0));
-	fText->MakeFocus(false);
-	EXPECT_NE(focused, pixel_of(fText, BPoint(0, 0)));
-	fText->MakeFocus(true);
-	EXPECT_EQ(focused, pixel_of(fText, BPoint(0, 0)));
+	ExpectFocusByBorder(fWindow, fText);
+}
+
+
+TEST_F(TextViewTest, KeysThatItDoesNotUse_ReachTheWindow)
+{
+	WindowWithView* window = new WindowWithView(200, 200);
+	BMenuBar* bar = new BMenuBar("bar");
+	BMenu* menu = new BMenu("Menu");
+	menu->AddItem(new BMenuItem("Item", new BMessage('item'), 'L'));
+	bar->AddItem(menu);
+	BTextView* text = new BTextView("text");
+	text->MakeEditable(false);
+	BTextControl* control = new BTextControl("control", "Next", "", NULL);
+	BButton* button = new BButton("button", "Default", new BMessage('dflt'));
+	for (BView* view : {static_cast<BView*>(bar), static_cast<BView*>(text),
+			 static_cast<BView*>(control), static_cast<BView*>(button)})
+		window->Add(view);
+	button->MakeDefault(true);
+	window->ShowIt();
+	text->SetText("text");
+
+	text->MakeFocus(true);
+	press_window_key(window, 'L', B_COMMAND_KEY);
+	press_window_key(window, B_ENTER);
+	EXPECT_SOON(window->Count('item') == 1 && window->Count('dflt') == 1);
+	press_window_key(window, B_TAB);
+	EXPECT_FALSE(text->IsFocus());
+	EXPECT_TRUE(control->TextView()->IsFocus());
+	window->Lock();
+	window->Quit();
 }

@@ -24,14 +24,6 @@ Transcript::SetUp()
 }
 
 
-void
-Transcript::TearDown()
-{
-	fWindow->Lock();
-	fWindow->Quit();
-}
-
-
 /*!	It is on the screen at once, and nothing is scrolled. */
 void
 Transcript::Append(const std::string& text, int times)

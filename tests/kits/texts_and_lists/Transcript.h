@@ -17,10 +17,9 @@
 
 /*!	For tests of a text as a chat has it: only to be read, beside a scroll bar, with the keyboard.
 */
-class Transcript : public testing::Test {
+class Transcript : public ViewInAWindow {
 protected:
 	void SetUp() override;
-	void TearDown() override;
 
 	void Append(const std::string& text, int times = 1);
 	// Until the screen shows what has changed.
@@ -39,7 +38,6 @@ protected:
 	int32 Top() const;
 	bool IsSeen(int32 offset) const;
 
-	WindowWithView* fWindow;
 	BTextView* fText;
 };
 

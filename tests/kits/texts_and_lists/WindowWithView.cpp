@@ -7,7 +7,8 @@
 #include <GroupLayout.h>
 #include <View.h>
 
-#include "WaitFor.h"
+#include "ExpectSoon.h"
+#include "UserInput.h"
 
 
 WindowWithView::WindowWithView(float width, float height)
@@ -59,4 +60,28 @@ WindowWithView::Count(uint32 what) const
 	for (const BMessage& message : fMessages)
 		count += message.what == what ? 1 : 0;
 	return count;
+}
+
+
+// #pragma mark -
+
+
+void
+ViewInAWindow::TearDown()
+{
+	fWindow->Lock();
+	fWindow->Quit();
+}
+
+
+void
+ExpectFocusByBorder(WindowWithView* window, BView* view)
+{
+	view->MakeFocus(true);
+	ASSERT_SOON(window->IsActive());
+	const unsigned focused = pixel_of(view, BPoint(0, 0));
+	view->MakeFocus(false);
+	EXPECT_NE(focused, pixel_of(view, BPoint(0, 0)));
+	view->MakeFocus(true);
+	EXPECT_EQ(focused, pixel_of(view, BPoint(0, 0)));
 }

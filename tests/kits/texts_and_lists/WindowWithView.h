@@ -8,6 +8,8 @@
 
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include <Message.h>
 #include <Window.h>
 
@@ -34,6 +36,19 @@ private:
 	BGroupLayout* fLayout;
 	std::vector<BMessage> fMessages;
 };
+
+
+/*!	For tests of a view in a window, which is closed in the end. */
+class ViewInAWindow : public testing::Test {
+protected:
+	void TearDown() override;
+
+	WindowWithView* fWindow;
+};
+
+
+/*!	The border of the view tells whether it has the keyboard. */
+void ExpectFocusByBorder(WindowWithView* window, BView* view);
 
 
 #endif // WINDOW_WITH_VIEW_H

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "WireBytes.h"
+#include "WireRecords.h"
 
 
 // In ticks: the most that a handshake waits for its answer, and the most that a pause lasts.
@@ -23,20 +24,9 @@ static const size_t kMaxOut = 65536;
 
 
 static std::string
-user(unsigned int socket)
+user(uint16_t socket)
 {
-	const std::string nick = "Ben";
-	return wire_param(300,
-		wire16(socket) + wire16(128) + wire16(0) + wire16(static_cast<unsigned int>(nick.size()))
-			+ nick);
-}
-
-
-static std::string
-file(const std::string& name)
-{
-	return wire_param(200,
-		"TEXTttxt" + wire32(1000) + wire32(0) + wire32(static_cast<uint32_t>(name.size())) + name);
+	return wire_param(300, wire_user(socket, 128, 0, "Ben"));
 }
 
 
@@ -212,7 +202,7 @@ CheckedConnection::_Answer(const RequestStream::Request& request)
 	switch (request.type) {
 		case 200:
 			for (uint32_t i = _Number(4); i > 0; i--)
-				params += file(std::string(i, 'f'));
+				params += wire_param(200, wire_file("TEXT", "ttxt", 1000, std::string(i, 'f')));
 			break;
 		case 202:
 		case 203:
@@ -221,7 +211,7 @@ CheckedConnection::_Answer(const RequestStream::Request& request)
 			break;
 		case 300:
 			for (uint32_t i = _Number(4); i > 0; i--)
-				params += user(i);
+				params += user(static_cast<uint16_t>(i));
 			break;
 		default:
 			params = wire_param(101, "done");

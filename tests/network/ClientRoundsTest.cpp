@@ -18,7 +18,8 @@
 #include "ClientFixture.h"
 #include "HotlineClient.h"
 #include "Interposed.h"
-#include "RoundLog.h"
+#include "MessageRecorder.h"
+#include "ProcessCounts.h"
 #include "WaitFor.h"
 
 
@@ -137,6 +138,59 @@ Requester::_Text()
 // #pragma mark -
 
 
+/*!	What clients have posted, by kind. */
+struct PostedCounts {
+	size_t connected = 0;
+	size_t failed = 0;
+	size_t loggedIn = 0;
+	size_t disconnected = 0;
+	size_t others = 0;
+
+	size_t Outcomes() const { return connected + failed; }
+	// Nobody is logged in, or disconnected, more often than connected.
+	bool IsSound() const { return loggedIn <= connected && disconnected <= connected; }
+
+	void Add(const BMessage& message);
+};
+
+
+void
+PostedCounts::Add(const BMessage& message)
+{
+	switch (message.what) {
+		case kHLConnected:
+			connected++;
+			break;
+		case kHLConnectFailed:
+			failed++;
+			break;
+		case kHLLoggedIn:
+			loggedIn++;
+			break;
+		case kHLDisconnected:
+			disconnected++;
+			break;
+		default:
+			others++;
+			break;
+	}
+}
+
+
+/*!	\return How many attempts to connect have had their end told, one way or the other. */
+static size_t
+count_outcomes(MessageRecorder* log)
+{
+	PostedCounts counts;
+	for (const BMessage& message : log->Messages())
+		counts.Add(message);
+	return counts.Outcomes();
+}
+
+
+// #pragma mark -
+
+
 /*!	A client's life by chance, many times over: its owner connects, disconnects and asks, two
 	threads send requests, and it is deleted at any moment. The server judges what it gets, the
 	target what is posted.
@@ -152,8 +206,8 @@ protected:
 	void ExpectVariety(size_t rounds) const;
 
 private:
-	void _Act(HotlineClient* client, RoundLog* log);
-	void _Connect(HotlineClient* client, RoundLog* log, uint16 port, bool waits);
+	void _Act(HotlineClient* client, MessageRecorder* log);
+	void _Connect(HotlineClient* client, MessageRecorder* log, uint16 port, bool waits);
 	void _Ask(const HotlineClient* client) const;
 	uint32 _Number(uint32 limit) { return static_cast<uint32>(fRandom() % limit); }
 
@@ -163,12 +217,12 @@ private:
 	std::unique_ptr<CheckingServer> fServer;
 	std::mt19937 fRandom;
 	// Taken in turn, so that a late notification has another client's whole life to come.
-	RoundLog* fLogs[2];
+	RecorderOwner fLogs[2];
 	// Bound, but nobody listens there.
 	int fRefusing;
 	uint16 fRefusingPort;
 	// In all rounds.
-	RoundLog::Counts fPosted;
+	PostedCounts fPosted;
 	std::atomic<size_t> fSockets;
 	// Those that send what did not go out at once.
 	std::atomic<size_t> fSendThreads;
@@ -184,10 +238,8 @@ ClientRoundsTest::ClientRoundsTest()
 	  fSockets(0),
 	  fSendThreads(0)
 {
-	for (RoundLog*& log : fLogs) {
-		log = new RoundLog;
-		log->Run();
-	}
+	for (RecorderOwner& log : fLogs)
+		log.reset(new MessageRecorder);
 	fThreads = count_threads();
 
 	sockaddr_in address = {};
@@ -217,10 +269,8 @@ ClientRoundsTest::ClientRoundsTest()
 ClientRoundsTest::~ClientRoundsTest()
 {
 	Interposed::Clear();
-	for (RoundLog* log : fLogs) {
-		if (log->Lock())
-			log->Quit();
-	}
+	for (RecorderOwner& log : fLogs)
+		log.reset();
 	fServer.reset();
 	close(fRefusing);
 
@@ -237,10 +287,12 @@ ClientRoundsTest::Round(uint32 seed)
 {
 	fRandom.seed(seed);
 	fServer->Begin(seed);
-	RoundLog* log = fLogs[seed % 2];
+	MessageRecorder* log = fLogs[seed % 2].get();
+	EXPECT_EQ(0, log->CountMessages()) << "from a client that was deleted";
+	uint32 connection = 0;
 	{
 		HotlineClient client(log);
-		EXPECT_TRUE(log->Begin(client.Connection()));
+		connection = client.Connection();
 		// Talkers who are listened to long enough say more than a client keeps for a server that
 		// does not read.
 		const bool areTalkers = _Number(8) == 0;
@@ -253,16 +305,17 @@ ClientRoundsTest::Round(uint32 seed)
 		}
 	}
 
-	EXPECT_TRUE(log->End());
+	PostedCounts posted;
+	for (const BMessage& message : log->Messages()) {
+		posted.Add(message);
+		fPosted.Add(message);
+		EXPECT_TRUE(posted.IsSound()) << MessageRecorder::Describe(&message);
+	}
+	for (const uint32 number : log->Connections())
+		EXPECT_EQ(connection, number);
+	log->Clear();
 	EXPECT_TRUE(fServer->WaitForEnd());
-	EXPECT_TRUE(log->Complaint().empty()) << log->Complaint();
 	EXPECT_TRUE(fServer->Complaint().empty()) << fServer->Complaint();
-	const RoundLog::Counts posted = log->Received();
-	fPosted.connected += posted.connected;
-	fPosted.failed += posted.failed;
-	fPosted.loggedIn += posted.loggedIn;
-	fPosted.disconnected += posted.disconnected;
-	fPosted.others += posted.others;
 }
 
 
@@ -287,7 +340,7 @@ ClientRoundsTest::ExpectVariety(size_t rounds) const
 
 /*!	Something that the client's owner does. */
 void
-ClientRoundsTest::_Act(HotlineClient* client, RoundLog* log)
+ClientRoundsTest::_Act(HotlineClient* client, MessageRecorder* log)
 {
 	switch (_Number(8)) {
 		case 0:
@@ -317,12 +370,12 @@ ClientRoundsTest::_Act(HotlineClient* client, RoundLog* log)
 
 /*!	\param waits Until the client has told how it went: what nobody gives up comes to an end. */
 void
-ClientRoundsTest::_Connect(HotlineClient* client, RoundLog* log, uint16 port, bool waits)
+ClientRoundsTest::_Connect(HotlineClient* client, MessageRecorder* log, uint16 port, bool waits)
 {
-	const size_t outcomes = log->CountOutcomes();
+	const size_t outcomes = count_outcomes(log);
 	client->Connect("127.0.0.1", port, "me", "secret", "aaa", 137);
 	if (waits) {
-		EXPECT_TRUE(log->WaitForOutcomes(outcomes + 1));
+		EXPECT_SOON(count_outcomes(log) > outcomes);
 	}
 }
 

@@ -48,7 +48,7 @@ IconItem::DrawItem(BView* owner, BRect frame, bool complete)
 	if (fBitmap != NULL)
 		painter.DrawIcon(fBitmap.get(), left);
 
-	// In the font that the view has until here.
+	// Placed for the font that the view has before the plain one is set.
 	const float baseline = painter.Baseline();
 	owner->SetHighColor(painter.TextColor());
 	owner->SetFont(be_plain_font, B_FONT_ALL);

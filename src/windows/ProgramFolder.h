@@ -39,9 +39,9 @@ std::unique_ptr<BBitmap> load_picture(const char* assetsPath, uint16 number);
 void show_picture(BButton* button, const char* assetsPath, Picture picture);
 
 
-/*!	The folder that the program itself lies in, and beside it the pictures and the downloads. Looked
-	up once, in whatever thread makes it, and then the same from all. Every path is empty where the
-	folder is unknown.
+/*!	The folder that the program itself lies in, and beside it the pictures and the downloads. It is
+	looked up when this is made, on the main thread, and does not change. Every path is empty where
+	the folder is unknown.
 */
 class ProgramFolder {
 public:

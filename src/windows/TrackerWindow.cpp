@@ -118,7 +118,7 @@ TrackerWindow::_StartFetch()
 }
 
 
-/*!	While the listing arrives the label counts without minding the singular. */
+/*!	While the listing arrives the label says "servers" for one server, too. */
 void
 TrackerWindow::_HandleServer(const BMessage* message)
 {

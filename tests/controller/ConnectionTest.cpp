@@ -10,132 +10,102 @@
 #include "AppMessages.h"
 #include "ConnectWindow.h"
 #include "ControllerFixture.h"
-#include "HostileTexts.h"
+#include "FileListWindow.h"
 #include "HotlineNotifications.h"
-#include "RawServer.h"
+#include "MessageWindow.h"
 #include "WaitFor.h"
-#include "WireBytes.h"
-#include "WireRecords.h"
 
 
-static const char* const kLineWhileConnecting = "*** Connected — logging in ***\n";
-
-
+/*!	The main window against a server: what it goes through with it. */
 class ConnectionTest : public ControllerFixture {
 protected:
-	void _Connect(uint16 port, const char* login = "", const char* password = "")
+	// A conversation and two windows of folders.
+	void _OpenWindows()
 	{
-		BMessage message(kMsgConnectServer);
-		message.AddString("address", "127.0.0.1");
-		message.AddInt16("port", static_cast<int16>(port));
-		message.AddString("login", login);
-		message.AddString("password", password);
-		Post(&message);
+		BMessage pick(kMsgOpenPM);
+		pick.AddUInt16("socket", 5);
+		Post(&pick);
+		Post(kMsgToolFiles);
+		Post(kMsgOpenFolder, "path", "a");
+		EXPECT_EQ(3, _CountOpen());
 	}
 
-	static std::string _ConnectingTo(uint16 port)
+	static int32 _CountOpen()
 	{
-		return "*** Connecting to 127.0.0.1:" + std::to_string(port) + " ***\n";
+		return count_windows<MessageWindow>() + count_windows<FileListWindow>();
 	}
 
-	// Connects to the server and logs in, up to the last line of it.
-	void _LogIn(RawServer& server, const std::string& name = "Harbor")
+	static void _AwaitClosed()
 	{
-		_Connect(server.Port());
-		AwaitChat(_ConnectingTo(server.Port()), 100, 100, 100);
-		server.AcceptAndLogIn(name);
-		AwaitChat(kLineWhileConnecting, 0, 128, 0);
-		AwaitChat("*** Server: " + name + " (v190) ***\n", 0, 100, 0);
-		AwaitChat("*** Logged in ***\n", 0, 128, 0);
-		server.ReadRequest(300);
-		server.ReadRequest(300);
+		EXPECT_TRUE(WaitFor([] {
+			return _CountOpen() == 0;
+		}));
 	}
 
-	void _AwaitStatus(const std::string& status)
+	// Has the server show its agreement, which is answered by this button.
+	void _Agree(const char* button)
 	{
-		EXPECT_TRUE(WaitFor([&] {
-			return Status() == status;
-		})) << Status();
+		fServer.Send(109, {{101, "Be kind.\rStay long."}});
+		await_windows<AgreementWindow>(1);
+		WindowProbe window(find_window<AgreementWindow>());
+		EXPECT_EQ("Be kind.\nStay long.", window.Transcript("agreementtext"));
+		window.Invoke(button);
+		window.WaitForEnd();
 	}
 };
 
 
-TEST_F(ConnectionTest, Connecting_IsAnnounced)
-{
-	RawServer server;
-	_Connect(server.Port());
-	EXPECT_EQ("Connecting to 127.0.0.1:" + std::to_string(server.Port()) + "…", Status());
-	AwaitChat(_ConnectingTo(server.Port()), 100, 100, 100);
-	EXPECT_FALSE(fChat.Window()->IsMinimized());
-	EXPECT_EQ("c----", Buttons());
-}
-
-
 TEST_F(ConnectionTest, ConnectWindow_LeadsToALogin)
 {
-	RawServer server;
 	fMain.Invoke("connect");
 	WindowProbe window(find_window<ConnectWindow>());
 	window.SetText("address", "127.0.0.1");
-	window.SetText("port", std::to_string(server.Port()).c_str());
+	window.SetText("port", std::to_string(fServer.Port()).c_str());
 	window.SetText("login", "guest");
 	window.SetText("password", "secret");
 	window.Invoke("connect");
 	window.WaitForEnd();
 
-	server.Accept();
-	server.ShakeHands();
-	const WireTransaction login = server.ReadRequest(107);
+	fServer.Accept();
+	fServer.ShakeHands();
+	const WireTransaction login = fServer.Read(107);
 	EXPECT_EQ("HaikuUser", login.Field(102));
-	EXPECT_EQ(wire16(137), login.Field(104));
+	EXPECT_EQ(wire_uint16(137), login.Field(104));
 	EXPECT_TRUE(login.HasField(105));
 	EXPECT_TRUE(login.HasField(106));
-	_AwaitStatus("Connected — logging in…");
+	EXPECT_TRUE(WaitFor([this] {
+		return Status() == "Connected — logging in…";
+	}));
 }
 
 
-TEST_F(ConnectionTest, LogIn_GoesThroughEveryState)
+TEST_F(ConnectionTest, LogIn_EndsInEveryWindow)
 {
-	RawServer server;
-	_LogIn(server);
-	Settle();
-	EXPECT_EQ("Connected to Harbor", Status());
-	EXPECT_EQ("Palimbra — Harbor", Title());
-	EXPECT_EQ("-dcuf", Buttons());
-	EXPECT_TRUE(MayChat());
-	EXPECT_FALSE(fUsers.Window()->IsMinimized());
-}
-
-
-TEST_F(ConnectionTest, ServerWithoutAName_IsOnlyConnected)
-{
-	RawServer server;
-	_Connect(server.Port());
-	AwaitChat(_ConnectingTo(server.Port()), 100, 100, 100);
-	server.AcceptAndLogIn("");
-	AwaitChat(kLineWhileConnecting, 0, 128, 0);
-	AwaitChat("*** Logged in ***\n", 0, 128, 0);
-	_AwaitStatus("Connected");
-	EXPECT_EQ("Palimbra", Title());
+	for (const std::string name : {"Harbor", ""}) {
+		LogIn(name);
+		Settle();
+		EXPECT_EQ(name.empty() ? "Connected" : "Connected to Harbor", Status());
+		EXPECT_EQ(name.empty() ? "Palimbra" : "Palimbra — Harbor", Title());
+		EXPECT_EQ("-dcuf", Buttons());
+		EXPECT_TRUE(MayChat());
+		EXPECT_FALSE(fChat.Window()->IsMinimized());
+		EXPECT_FALSE(fUsers.Window()->IsMinimized());
+	}
 }
 
 
 // The client itself asks once, the controller once more.
 TEST_F(ConnectionTest, LogIn_AsksForTheUsersTwiceAndListsThemOnce)
 {
-	RawServer server;
-	_Connect(server.Port());
-	server.AcceptAndLogIn("Harbor");
+	Dial(fServer.Port());
+	fServer.AcceptAndLogIn("Harbor");
 	for (int round = 0; round < 2; round++) {
-		const WireTransaction request = server.ReadRequest(300);
-		server.Reply(request.id,
+		const WireTransaction request = fServer.Read(300);
+		fServer.Reply(request.id,
 			{{300, wire_user(1, 128, 0, "first")}, {300, wire_user(2, 129, 2, "second")}});
 	}
-	server.Send(106, {{101, "after the lists"}});
-	AwaitChat(_ConnectingTo(server.Port()), 100, 100, 100);
-	AwaitChat(kLineWhileConnecting, 0, 128, 0);
-	AwaitChat("*** Server: Harbor (v190) ***\n", 0, 100, 0);
-	AwaitChat("*** Logged in ***\n", 0, 128, 0);
+	fServer.Send(106, {{101, "after the lists"}});
+	AwaitLogIn("Harbor");
 	AwaitChat("after the lists\n", 0, 0, 0);
 	Settle();
 	ASSERT_EQ(2, CountUsers());
@@ -144,242 +114,228 @@ TEST_F(ConnectionTest, LogIn_AsksForTheUsersTwiceAndListsThemOnce)
 }
 
 
-TEST_F(ConnectionTest, ConnectServerWithoutPort_TakesTheDefault)
+TEST_F(ConnectionTest, Port_IsReadUnsignedAndHasADefault)
 {
-	BMessage message(kMsgConnectServer);
-	message.AddString("address", "256.256.256.256");
-	Post(&message);
-	AwaitChat("*** Connecting to 256.256.256.256:5500 ***\n", 100, 100, 100);
+	Post(kMsgConnectServer, "address", "256.256.256.256");
+	AwaitDialing(5500, "256.256.256.256");
 	AwaitChat("*** Connection failed: Could not resolve address ***\n", 200, 0, 0);
 	EXPECT_EQ("Connection failed", Status());
-}
-
-
-TEST_F(ConnectionTest, PortAbove32767_IsReadUnsigned)
-{
-	BMessage message(kMsgConnectServer);
-	message.AddString("address", "256.256.256.256");
-	message.AddInt16("port", static_cast<int16>(65535));
-	Post(&message);
-	AwaitChat("*** Connecting to 256.256.256.256:65535 ***\n", 100, 100, 100);
+	Dial(65535, "256.256.256.256");
 	AwaitChat("*** Connection failed: Could not resolve address ***\n", 200, 0, 0);
 }
 
 
 TEST_F(ConnectionTest, RefusedLogin_IsAnErrorAndNoLogin)
 {
-	RawServer server;
-	_Connect(server.Port());
-	AwaitChat(_ConnectingTo(server.Port()), 100, 100, 100);
-	server.Accept();
-	server.ShakeHands();
-	const WireTransaction login = server.ReadRequest(107);
-	server.Reply(login.id, {{100, "Login incorrect"}}, 1);
-	AwaitChat(kLineWhileConnecting, 0, 128, 0);
+	Dial(fServer.Port());
+	fServer.Accept();
+	fServer.ShakeHands();
+	const WireTransaction login = fServer.Read(107);
+	fServer.Reply(login.id, {{100, "Login incorrect"}}, 1);
+	AwaitChat("*** Connected — logging in ***\n", 0, 128, 0);
 	AwaitChat("*** Error: Login incorrect ***\n", 200, 0, 0);
 	EXPECT_EQ("c----", Buttons());
 
-	server.Hangup();
+	fServer.HangUp();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
 	EXPECT_EQ("Disconnected", Status());
 }
 
 
-TEST_F(ConnectionTest, TypedChat_ReachesTheServer)
+TEST_F(ConnectionTest, FailedAttempt_IsAnnouncedAndCanBeRepeated)
 {
-	RawServer server;
-	_LogIn(server);
+	Dial(fServer.Port());
+	EXPECT_EQ("Connecting to 127.0.0.1:" + std::to_string(fServer.Port()) + "…", Status());
+	EXPECT_FALSE(fChat.Window()->IsMinimized());
+	EXPECT_EQ("c----", Buttons());
+	fServer.Accept();
+	fServer.SendBytes("HTTP/1.0");
+	AwaitChat("*** Connection failed: Invalid server response ***\n", 200, 0, 0);
+	EXPECT_EQ("Connection failed", Status());
+	LogIn();
+}
+
+
+// What the windows post, row by row.
+TEST_F(ConnectionTest, EveryRequest_ReachesTheServer)
+{
+	const struct {
+		uint32 what;
+		const char* field;
+		uint32_t transaction;
+	} rows[] = {
+		{kMsgSendChat, "text", 105},
+		{kMsgPMSend, "text", 108},
+		{kMsgToolUsers, "unused", 300},
+		{kMsgToolFiles, "unused", 200},
+		{kMsgOpenFolder, "path", 200},
+		{kMsgDownloadFile, "name", 202},
+		{kMsgUploadFile, "name", 203},
+		{kMsgOptionsSave, "nick", 304},
+		{kMsgAcceptAgreement, "unused", 121},
+	};
+	LogIn();
+	for (const auto& row : rows) {
+		SCOPED_TRACE(row.transaction);
+		BMessage message(row.what);
+		message.AddString(row.field, "text");
+		message.AddUInt16("socket", 5);
+		message.AddString("localpath", "/nowhere/at/all");
+		Post(&message);
+		fServer.Read(row.transaction);
+	}
+	AwaitChat("*** Requesting download: text ***\n*** Requesting upload: text ***\n", 100, 100,
+		100);
+	AwaitChat("*** Agreement accepted ***\n", 0, 128, 0);
+	ExpectNoChat();
+}
+
+
+TEST_F(ConnectionTest, WhatIsTyped_ReachesTheServer)
+{
+	LogIn();
 	fChat.SetText("chatinput", " hello there ");
 	fChat.Invoke("chatinput");
-	EXPECT_EQ(" hello there ", server.ReadRequest(105).Field(101));
+	EXPECT_EQ(" hello there ", fServer.Read(105).Field(101));
 
-	for (const std::string& text : hostile_texts()) {
-		SCOPED_TRACE(text);
-		fChat.SetText("chatinput", text.c_str());
-		fChat.Invoke("chatinput");
-		EXPECT_EQ(text, server.ReadRequest(105).Field(101));
-	}
+	fServer.Send(104, {{103, wire_uint16(5)}, {102, "Ann"}, {101, "one\rtwo"}});
+	await_windows<MessageWindow>(1);
+	WindowProbe window(find_window<MessageWindow>());
+	EXPECT_TRUE(WaitFor([&window] {
+		return window.Transcript("pmchat") == "Ann: one\ntwo\n";
+	}));
+	window.SetText("pminput", "hi");
+	window.Invoke("pminput");
+	const WireTransaction sent = fServer.Read(108);
+	EXPECT_EQ(wire_uint16(5), sent.Field(103));
+	EXPECT_EQ("hi", sent.Field(101));
 	ExpectNoChat();
 }
 
 
 TEST_F(ConnectionTest, EventsOfTheServer_AreShown)
 {
-	RawServer server;
-	_LogIn(server);
-	server.Send(106, {{101, "\r one:  hi\rthere"}});
+	LogIn();
+	fServer.Send(106, {{101, "\r one:  hi\rthere"}});
 	AwaitChat("\n one:  hi\nthere\n", 0, 0, 0);
-	server.Send(355, {{101, "noon\rbreak"}});
+	fServer.Send(355, {{101, "noon\rbreak"}});
 	AwaitChat("\n*** Broadcast: noon\rbreak ***\n", 200, 100, 0);
-	server.Send(301, {{103, wire16(5)}, {104, wire16(1)}, {102, "five"}});
+	fServer.Send(301, {{103, wire_uint16(5)}, {104, wire_uint16(1)}, {102, "five"}});
 	EXPECT_TRUE(WaitFor([this] {
 		return CountUsers() == 1;
 	}));
 	EXPECT_EQ("five", Nick(0));
-	server.Send(302, {{103, wire16(5)}});
+	fServer.Send(302, {{103, wire_uint16(5)}});
 	EXPECT_TRUE(WaitFor([this] {
 		return CountUsers() == 0;
 	}));
 }
 
 
-TEST_F(ConnectionTest, Agreement_IsAcceptedWithNickAndIcon)
+// Whatever was saved, before the login and after it.
+TEST_F(ConnectionTest, SavedNickAndIcon_AreWhatLogsInAndAgrees)
 {
-	RawServer server;
-	_LogIn(server);
-	server.Send(109, {{101, "Be kind.\rStay long."}});
-	EXPECT_TRUE(WaitFor([] {
-		return count_windows<AgreementWindow>() == 1;
-	}));
-	WindowProbe window(find_window<AgreementWindow>());
-	EXPECT_EQ("Be kind.\nStay long.", window.Transcript("agreementtext"));
-	window.Invoke("accept");
-	window.WaitForEnd();
-
+	BMessage save(kMsgOptionsSave);
+	save.AddString("nick", "Ann");
+	save.AddUInt16("icon", 5);
+	Post(&save);
+	Dial(fServer.Port());
+	fServer.Accept();
+	fServer.ShakeHands();
+	const WireTransaction login = fServer.Read(107);
+	EXPECT_EQ("Ann", login.Field(102));
+	EXPECT_EQ(wire_uint16(5), login.Field(104));
+	fServer.Reply(login.id, {{160, wire_uint16(190)}, {162, "Harbor"}});
+	AwaitLogIn("Harbor");
+	fServer.Read(300);
+	fServer.Read(300);
+	Post(kMsgOptionsSave, "nick", "Bob");
+	EXPECT_EQ("Bob", fServer.Read(304).Field(102));
+	_Agree("accept");
 	AwaitChat("*** Agreement accepted ***\n", 0, 128, 0);
-	const WireTransaction agreed = server.ReadRequest(121);
-	EXPECT_EQ("HaikuUser", agreed.Field(102));
-	EXPECT_EQ(wire16(137), agreed.Field(104));
+	const WireTransaction agreed = fServer.Read(121);
+	EXPECT_EQ("Bob", agreed.Field(102));
+	EXPECT_EQ(wire_uint16(5), agreed.Field(104));
 }
 
 
-TEST_F(ConnectionTest, AgreementDeclined_HangsUp)
+TEST_F(ConnectionTest, EveryEnd_HangsUpReportsNoLossAndClosesTheWindows)
 {
-	RawServer server;
-	_LogIn(server);
-	server.Send(109, {{101, "Be kind."}});
-	EXPECT_TRUE(WaitFor([] {
-		return count_windows<AgreementWindow>() == 1;
-	}));
-	WindowProbe window(find_window<AgreementWindow>());
-	window.Invoke("decline");
-	window.WaitForEnd();
-
-	AwaitChat("*** Agreement declined — disconnecting ***\n", 200, 0, 0);
-	EXPECT_TRUE(server.WaitForEnd());
-	_AwaitStatus("Not connected");
-	EXPECT_EQ("Palimbra", Title());
+	for (const std::string end : {"declined", "by the user", "by the server"}) {
+		SCOPED_TRACE(end);
+		LogIn();
+		_OpenWindows();
+		if (end == "by the user") {
+			fMain.Invoke("disconnect");
+			AwaitChat("\n*** Disconnected ***\n", 180, 0, 0);
+		} else if (end == "by the server") {
+			fServer.Send(111, {{101, "Good night"}});
+			AwaitChat("\n*** Server requested disconnect ***\n", 200, 0, 0);
+		} else {
+			_Agree("decline");
+			AwaitChat("*** Agreement declined — disconnecting ***\n", 200, 0, 0);
+		}
+		EXPECT_TRUE(fServer.WaitForHangUp());
+		_AwaitClosed();
+		Settle();
+		ExpectNoChat();
+		EXPECT_EQ("Not connected", Status());
+		EXPECT_EQ("Palimbra", Title());
+	}
 }
 
 
-TEST_F(ConnectionTest, PoliteQuit_HangsUp)
+TEST_F(ConnectionTest, LostLine_LeavesTheWindowsAndCanBeConnectedAgain)
 {
-	RawServer server;
-	_LogIn(server);
-	server.Send(111, {{101, "Good night"}});
-	AwaitChat("\n*** Server requested disconnect ***\n", 200, 0, 0);
-	EXPECT_TRUE(server.WaitForEnd());
-	_AwaitStatus("Not connected");
-}
-
-
-TEST_F(ConnectionTest, Disconnect_HangsUpAndReportsNoLoss)
-{
-	RawServer server;
-	_LogIn(server);
-	fMain.Invoke("disconnect");
-	AwaitChat("\n*** Disconnected ***\n", 180, 0, 0);
-	EXPECT_TRUE(server.WaitForEnd());
-	Settle();
-	ExpectNoChat();
-	EXPECT_EQ("Not connected", Status());
-}
-
-
-TEST_F(ConnectionTest, LostLine_CanBeConnectedAgain)
-{
-	RawServer server;
-	_LogIn(server);
-	server.Hangup();
+	LogIn();
+	_OpenWindows();
+	fServer.HangUp();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
-	_AwaitStatus("Disconnected");
+	Settle();
+	EXPECT_EQ("Disconnected", Status());
 	EXPECT_EQ("Palimbra — Harbor", Title());
 	EXPECT_EQ("c----", Buttons());
+	WindowProbe::Settle(be_app);
+	EXPECT_EQ(3, _CountOpen());
 
-	_LogIn(server, "Island");
-	_AwaitStatus("Connected to Island");
+	LogIn("Island");
 	EXPECT_EQ("Palimbra — Island", Title());
-	EXPECT_EQ("-dcuf", Buttons());
+	_AwaitClosed();
 }
 
 
 TEST_F(ConnectionTest, ConnectingWhileConnected_EndsTheFirstConnection)
 {
-	RawServer first;
-	RawServer second;
-	_LogIn(first);
-	BMessage user(kHLUserJoined);
-	Post(&user);
+	ScriptedServer second;
+	LogIn();
+	Post(kHLUserJoined);
 	EXPECT_EQ(1, CountUsers());
+	_OpenWindows();
 
-	_Connect(second.Port());
-	AwaitChat(_ConnectingTo(second.Port()), 100, 100, 100);
+	Dial(second.Port());
 	EXPECT_EQ("Connecting to 127.0.0.1:" + std::to_string(second.Port()) + "…", Status());
 	EXPECT_EQ("Palimbra", Title());
 	EXPECT_EQ(0, CountUsers());
-	EXPECT_TRUE(first.WaitForEnd());
-
+	_AwaitClosed();
+	EXPECT_TRUE(fServer.WaitForHangUp());
 	second.AcceptAndLogIn("Island");
-	AwaitChat(kLineWhileConnecting, 0, 128, 0);
-	AwaitChat("*** Server: Island (v190) ***\n", 0, 100, 0);
-	AwaitChat("*** Logged in ***\n", 0, 128, 0);
+	AwaitLogIn("Island");
 }
 
 
-TEST_F(ConnectionTest, UsersCommand_AsksAgainOnlyWhileConnected)
+// An attempt may wait for an answer that never comes.
+TEST_F(ConnectionTest, WindowClosed_HangsUp)
 {
-	RawServer server;
-	_LogIn(server);
-	Post(kMsgToolUsers);
-	server.ReadRequest(300);
-
-	Post(kMsgToolDisconnect);
-	Post(kMsgToolUsers);
-	EXPECT_TRUE(server.WaitForEnd());
-}
-
-
-TEST_F(ConnectionTest, EmptyChat_IsNotSent)
-{
-	RawServer server;
-	_LogIn(server);
-	Post(kMsgSendChat, "text", "");
-	Post(kMsgSendChat);
-	Post(kMsgSendChat, "text", "next");
-	EXPECT_EQ("next", server.ReadRequest(105).Field(101));
-}
-
-
-TEST_F(ConnectionTest, FailedAttempt_CanBeRepeated)
-{
-	RawServer server;
-	_Connect(server.Port());
-	AwaitChat(_ConnectingTo(server.Port()), 100, 100, 100);
-	server.Accept();
-	server.Send("HTTP/1.0");
-	AwaitChat("*** Connection failed: Invalid server response ***\n", 200, 0, 0);
-	EXPECT_EQ("Connection failed", Status());
-	_LogIn(server);
+	Dial(fServer.Port());
+	fServer.Accept();
+	close_silently(fMain.Window());
+	EXPECT_TRUE(fServer.WaitForHangUp());
 }
 
 
 TEST_F(ConnectionTest, WindowClosedWhileConnected_HangsUp)
 {
-	RawServer server;
-	_LogIn(server);
-	ASSERT_TRUE(fMain.Window()->Lock());
-	fMain.Window()->Quit();
-	EXPECT_TRUE(server.WaitForEnd());
-}
-
-
-// The attempt waits for an answer that never comes.
-TEST_F(ConnectionTest, WindowClosedWhileConnecting_HangsUp)
-{
-	RawServer server;
-	_Connect(server.Port());
-	server.Accept();
-	ASSERT_TRUE(fMain.Window()->Lock());
-	fMain.Window()->Quit();
-	EXPECT_TRUE(server.WaitForEnd());
+	LogIn();
+	close_silently(fMain.Window());
+	EXPECT_TRUE(fServer.WaitForHangUp());
 }

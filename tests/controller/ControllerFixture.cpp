@@ -10,10 +10,34 @@
 #include <ListView.h>
 #include <TextView.h>
 
+#include "AppMessages.h"
 #include "ChatWindow.h"
 #include "MainWindow.h"
 #include "UserListWindow.h"
 #include "WaitFor.h"
+
+
+std::string
+enabled_buttons(const WindowProbe& window)
+{
+	std::string states;
+	for (const char* name :
+		{"connect", "disconnect", "chat", "users", "files", "tracker", "options"})
+		states += window.IsEnabled(name) ? name[0] : '-';
+	return states;
+}
+
+
+BMessage
+granted_transfer(uint32 what, uint32 reference, uint32 size, uint16 port)
+{
+	BMessage grant(what);
+	grant.AddUInt32("ref", reference);
+	grant.AddUInt32("size", size);
+	grant.AddString("address", "127.0.0.1");
+	grant.AddUInt16("port", static_cast<uint16>(port - 1));
+	return grant;
+}
 
 
 static BWindow*
@@ -39,8 +63,8 @@ ControllerFixture::ControllerFixture()
 */
 ControllerFixture::~ControllerFixture()
 {
-	if (fMain.IsAlive() && fMain.Window()->Lock())
-		fMain.Window()->Quit();
+	if (fMain.IsAlive())
+		close_silently(fMain.Window());
 	EXPECT_FALSE(fChat.IsAlive());
 	EXPECT_FALSE(fUsers.IsAlive());
 }
@@ -56,18 +80,11 @@ ControllerFixture::Post(BMessage* message)
 
 
 void
-ControllerFixture::Post(uint32 what)
-{
-	BMessage message(what);
-	Post(&message);
-}
-
-
-void
 ControllerFixture::Post(uint32 what, const char* field, const std::string& text)
 {
 	BMessage message(what);
-	message.AddString(field, text.c_str());
+	if (field[0] != '\0')
+		message.AddString(field, text.c_str());
 	Post(&message);
 }
 
@@ -86,14 +103,7 @@ ControllerFixture::ExpectChat(const std::string& text, uint8 red, uint8 green, u
 {
 	EXPECT_EQ(text, fChat.Transcript("chatview").substr(fChatSeen));
 	ExpectChatBegins(text, red, green, blue);
-	fChatSeen = fChat.Transcript("chatview").size();
-}
-
-
-void
-ControllerFixture::ExpectNoChat()
-{
-	ExpectChat("", 0, 0, 0);
+	ForgetChat();
 }
 
 
@@ -125,16 +135,6 @@ ControllerFixture::AwaitChat(const std::string& text, uint8 red, uint8 green, ui
 
 
 std::string
-ControllerFixture::Buttons() const
-{
-	std::string states;
-	for (const char* name : {"connect", "disconnect", "chat", "users", "files"})
-		states += fMain.IsEnabled(name) ? name[0] : '-';
-	return states;
-}
-
-
-std::string
 ControllerFixture::Nick(int32 row) const
 {
 	return static_cast<BStringItem*>(fUsers.Find<BListView>("userlist")->ItemAt(row))->Text();
@@ -145,4 +145,63 @@ int32
 ControllerFixture::CountUsers() const
 {
 	return fUsers.Find<BListView>("userlist")->CountItems();
+}
+
+
+// #pragma mark - Connecting
+
+
+BMessage
+ControllerFixture::ConnectMessage(const std::string& address, uint16 port)
+{
+	BMessage message(kMsgConnectServer);
+	message.AddString("address", address.c_str());
+	message.AddInt16("port", static_cast<int16>(port));
+	return message;
+}
+
+
+void
+ControllerFixture::Dial(uint16 port, const std::string& address)
+{
+	BMessage connect = ConnectMessage(address, port);
+	Post(&connect);
+	AwaitDialing(port, address);
+}
+
+
+void
+ControllerFixture::AwaitDialing(uint16 port, const std::string& address)
+{
+	AwaitChat("*** Connecting to " + address + ":" + std::to_string(port) + " ***\n", 100, 100,
+		100);
+}
+
+
+void
+ControllerFixture::AwaitLogIn(const std::string& name)
+{
+	AwaitChat("*** Connected — logging in ***\n", 0, 128, 0);
+	if (!name.empty())
+		AwaitChat("*** Server: " + name + " (v190) ***\n", 0, 100, 0);
+	AwaitChat("*** Logged in ***\n", 0, 128, 0);
+}
+
+
+void
+ControllerFixture::LogIn(const std::string& name)
+{
+	Dial(fServer.Port());
+	fServer.AcceptAndLogIn(name);
+	AwaitLogIn(name);
+	fServer.Read(300);
+	fServer.Read(300);
+}
+
+
+void
+ControllerFixture::ExpectNothingSent()
+{
+	Post(kMsgSendChat, "text", "next");
+	EXPECT_EQ("next", fServer.Read().Field(101));
 }

@@ -6,53 +6,37 @@
 
 #include <gtest/gtest.h>
 
-#include <Font.h>
 #include <MenuBar.h>
 #include <MenuItem.h>
-#include <StringView.h>
 
-#include "AgreementWindow.h"
 #include "AppMessages.h"
-#include "ChatWindow.h"
-#include "ConnectWindow.h"
 #include "ControllerFixture.h"
+#include "FileListWindow.h"
 #include "HostileTexts.h"
 #include "HotlineNotifications.h"
-#include "UserListWindow.h"
-#include "WaitFor.h"
+#include "MessageWindow.h"
 
 
-static BMessage
-user_message(uint32 what, uint16 socket, const char* nick)
-{
-	BMessage message(what);
-	message.AddUInt16("socket", socket);
-	message.AddUInt16("icon", 128);
-	message.AddUInt16("color", 2);
-	message.AddString("nick", nick);
-	return message;
-}
-
-
+/*!	What becomes of each message, without a server. */
 class MainWindowTest : public ControllerFixture {
 protected:
-	static BMessage _ServerInfo(const char* name)
+	void _PostUser(uint32 what, uint16 socket, const char* nick)
 	{
-		BMessage message(kHLServerInfo);
-		message.AddString("serverName", name);
-		message.AddUInt16("version", 190);
-		return message;
+		BMessage message(what);
+		message.AddUInt16("socket", socket);
+		message.AddUInt16("icon", 128);
+		message.AddUInt16("color", 2);
+		message.AddString("nick", nick);
+		Post(&message);
 	}
 
 	// As after a login to a server with a name.
 	void _PretendLogin()
 	{
-		BMessage info = _ServerInfo("Harbor");
-		Post(&info);
+		Post(kHLServerInfo, "serverName", "Harbor");
 		Post(kHLLoggedIn);
-		BMessage user = user_message(kHLUserJoined, 1, "one");
-		Post(&user);
-		ExpectChatBegins("*** Server: Harbor (v190) ***\n", 0, 100, 0);
+		_PostUser(kHLUserJoined, 1, "one");
+		ExpectChatBegins("*** Server: Harbor (v0) ***\n", 0, 100, 0);
 		ExpectChat("*** Logged in ***\n", 0, 128, 0);
 	}
 };
@@ -62,24 +46,9 @@ TEST_F(MainWindowTest, AtStart_IsNotConnected)
 {
 	EXPECT_EQ("Palimbra", Title());
 	EXPECT_EQ("Not connected", Status());
-	EXPECT_EQ("c----", Buttons());
-	EXPECT_TRUE(fMain.IsEnabled("tracker"));
-	EXPECT_TRUE(fMain.IsEnabled("options"));
+	EXPECT_EQ("c----to", enabled_buttons(fMain));
 	EXPECT_FALSE(MayChat());
 	ExpectNoChat();
-	BFont font;
-	fMain.Find<BStringView>("status")->GetFont(&font);
-	EXPECT_EQ(*be_plain_font, font);
-}
-
-
-TEST_F(MainWindowTest, AtStart_ChatAndUsersAreShownButMinimized)
-{
-	EXPECT_FALSE(fChat.Window()->IsHidden());
-	EXPECT_TRUE(fChat.Window()->IsMinimized());
-	EXPECT_FALSE(fUsers.Window()->IsHidden());
-	EXPECT_TRUE(fUsers.Window()->IsMinimized());
-	EXPECT_FALSE(fMain.Window()->IsMinimized());
 }
 
 
@@ -90,161 +59,125 @@ TEST_F(MainWindowTest, AtStart_WindowsHaveTheirPlaces)
 	EXPECT_EQ(BPoint(100, 60), fMain.Window()->Frame().LeftTop());
 	// At least: the buttons may need more.
 	EXPECT_GE(fMain.Window()->Frame().Width(), 600);
+	EXPECT_FALSE(fMain.Window()->IsMinimized());
 	EXPECT_EQ(BRect(100, 180, 650, 550), fChat.Window()->Frame());
 	EXPECT_EQ(BRect(660, 180, 880, 550), fUsers.Window()->Frame());
+	for (const WindowProbe* window : {&fChat, &fUsers}) {
+		EXPECT_FALSE(window->Window()->IsHidden());
+		EXPECT_TRUE(window->Window()->IsMinimized());
+	}
 }
 
 
-TEST_F(MainWindowTest, Connected_SaysThatItLogsIn)
+// Each with one of its fields, or without any; an empty line is none.
+TEST_F(MainWindowTest, EveryReport_IsALineInItsColor)
 {
-	Post(kHLConnected);
-	ExpectChat("*** Connected — logging in ***\n", 0, 128, 0);
-	EXPECT_EQ("Connected — logging in…", Status());
-	EXPECT_EQ("c----", Buttons());
+	const std::string longText(65535, 'x');
+	const struct {
+		uint32 what;
+		const char* field;
+		std::string text;
+		std::string line;
+		uint8 red, green, blue;
+	} rows[] = {
+		{kHLConnected, "", "", "*** Connected — logging in ***\n", 0, 128, 0},
+		{kHLConnectFailed, "error", "No way", "*** Connection failed: No way ***\n", 200, 0, 0},
+		{kHLConnectFailed, "", "", "*** Connection failed: Unknown error ***\n", 200, 0, 0},
+		{kHLLoggedIn, "", "", "*** Logged in ***\n", 0, 128, 0},
+		{kHLDisconnected, "", "", "\n*** Connection lost ***\n", 200, 0, 0},
+		{kHLServerInfo, "serverName", "Harbor", "*** Server: Harbor (v0) ***\n", 0, 100, 0},
+		{kHLServerInfo, "serverName", "", "", 0, 0, 0},
+		{kHLServerInfo, "", "", "", 0, 0, 0},
+		{kHLChatReceived, "text", " adam:  hello", " adam:  hello\n", 0, 0, 0},
+		{kHLChatReceived, "text", longText, longText + "\n", 0, 0, 0},
+		{kHLBroadcast, "text", "at\rnoon", "\n*** Broadcast: at\rnoon ***\n", 200, 100, 0},
+		{kHLTaskError, "error", "Not so", "*** Error: Not so ***\n", 200, 0, 0},
+		{kHLTaskError, "error", "", "*** Error:  ***\n", 200, 0, 0},
+		{kHLTaskError, "", "", "*** Error: Unknown error ***\n", 200, 0, 0},
+		{kHLPoliteQuit, "", "", "\n*** Server requested disconnect ***\n", 200, 0, 0},
+		{kHLMsgReceived, "text", "soon", "\n*** Server message ***\nsoon\n", 128, 0, 128},
+		{kMsgToolDisconnect, "", "", "\n*** Disconnected ***\n", 180, 0, 0},
+		{kMsgAcceptAgreement, "", "", "*** Agreement accepted ***\n", 0, 128, 0},
+		{kMsgDeclineAgreement, "", "", "*** Agreement declined — disconnecting ***\n", 200, 0, 0},
+		{kMsgDownloadDone, "filename", "file", "*** Download failed: file ***\n", 200, 0, 0},
+		{kMsgUploadDone, "filename", "file", "*** Upload failed: file ***\n", 200, 0, 0},
+		{kMsgSendChat, "text", "hello", "", 0, 0, 0},
+		{kMsgDownloadFile, "name", "file", "", 0, 0, 0},
+		{kHLServerBanner, "", "", "", 0, 0, 0},
+	};
+	for (const auto& row : rows) {
+		SCOPED_TRACE(row.line.substr(0, 80));
+		Post(row.what, row.field, row.text);
+		ExpectChat(row.line, row.red, row.green, row.blue);
+	}
+	EXPECT_EQ(0, count_windows<MessageWindow>());
 }
 
 
-TEST_F(MainWindowTest, ConnectFailed_SaysWhyAndLeavesThreeButtons)
+TEST_F(MainWindowTest, EveryState_ShowsInAllWindows)
 {
-	_PretendLogin();
-	Post(kHLConnectFailed, "error", "Could not connect to server");
-	ExpectChat("*** Connection failed: Could not connect to server ***\n", 200, 0, 0);
-	EXPECT_EQ("Connection failed", Status());
-	EXPECT_EQ("c-cuf", Buttons());
-	EXPECT_FALSE(MayChat());
-}
-
-
-TEST_F(MainWindowTest, ConnectFailedWithoutError_SaysUnknownError)
-{
-	Post(kHLConnectFailed);
-	ExpectChat("*** Connection failed: Unknown error ***\n", 200, 0, 0);
-}
-
-
-TEST_F(MainWindowTest, LoggedIn_EnablesAndReveals)
-{
-	Post(kHLLoggedIn);
-	ExpectChat("*** Logged in ***\n", 0, 128, 0);
-	EXPECT_EQ("Connected", Status());
-	EXPECT_EQ("-dcuf", Buttons());
-	EXPECT_TRUE(MayChat());
-	EXPECT_FALSE(fChat.Window()->IsMinimized());
-	EXPECT_FALSE(fUsers.Window()->IsMinimized());
-}
-
-
-TEST_F(MainWindowTest, ConnectionLost_KeepsTheTitleAndClearsTheUsers)
-{
-	_PretendLogin();
-	Post(kHLDisconnected);
-	ExpectChat("\n*** Connection lost ***\n", 200, 0, 0);
-	EXPECT_EQ("Disconnected", Status());
-	EXPECT_EQ("Palimbra — Harbor", Title());
-	EXPECT_EQ("c----", Buttons());
-	EXPECT_FALSE(MayChat());
-	EXPECT_EQ(0, CountUsers());
-}
-
-
-TEST_F(MainWindowTest, Disconnect_ResetsTheTitleAndClearsTheUsers)
-{
-	_PretendLogin();
-	Post(kMsgToolDisconnect);
-	ExpectChat("\n*** Disconnected ***\n", 180, 0, 0);
-	EXPECT_EQ("Not connected", Status());
-	EXPECT_EQ("Palimbra", Title());
-	EXPECT_EQ("c----", Buttons());
-	EXPECT_FALSE(MayChat());
-	EXPECT_EQ(0, CountUsers());
-}
-
-
-TEST_F(MainWindowTest, DisconnectWithoutAConnection_OnlySaysSo)
-{
-	Post(kMsgToolDisconnect);
-	ExpectChat("\n*** Disconnected ***\n", 180, 0, 0);
-	EXPECT_EQ("Not connected", Status());
-}
-
-
-TEST_F(MainWindowTest, PoliteQuit_Disconnects)
-{
-	_PretendLogin();
-	Post(kHLPoliteQuit);
-	ExpectChat("\n*** Server requested disconnect ***\n", 200, 0, 0);
-	EXPECT_EQ("Not connected", Status());
-	EXPECT_EQ("Palimbra", Title());
-	EXPECT_EQ("c----", Buttons());
-	EXPECT_EQ(0, CountUsers());
-}
-
-
-TEST_F(MainWindowTest, Chat_IsBlackAndGetsALineEnd)
-{
-	Post(kHLChatReceived, "text", " adam:  hello");
-	ExpectChat(" adam:  hello\n", 0, 0, 0);
-}
-
-
-TEST_F(MainWindowTest, Broadcast_IsOrange)
-{
-	Post(kHLBroadcast, "text", "back\rat noon");
-	ExpectChat("\n*** Broadcast: back\rat noon ***\n", 200, 100, 0);
-}
-
-
-TEST_F(MainWindowTest, TaskError_IsRed)
-{
-	Post(kHLTaskError, "error", "Login incorrect");
-	ExpectChat("*** Error: Login incorrect ***\n", 200, 0, 0);
-	Post(kHLTaskError, "error", "");
-	ExpectChat("*** Error:  ***\n", 200, 0, 0);
-	Post(kHLTaskError);
-	ExpectChat("*** Error: Unknown error ***\n", 200, 0, 0);
+	const std::string harbor("Palimbra — Harbor");
+	const struct {
+		uint32 what;
+		const char* buttons;
+		const char* status;
+		std::string title;
+		bool mayChat;
+		int32 users;
+	} rows[] = {
+		{kHLConnected, "-dcuf", "Connected — logging in…", harbor, true, 1},
+		{kHLConnectFailed, "c-cuf", "Connection failed", harbor, false, 1},
+		{kHLDisconnected, "c----", "Disconnected", harbor, false, 0},
+		{kMsgToolDisconnect, "c----", "Not connected", "Palimbra", false, 0},
+		{kHLPoliteQuit, "c----", "Not connected", "Palimbra", false, 0},
+		{kMsgDeclineAgreement, "c----", "Not connected", "Palimbra", false, 0},
+		{kHLServerBanner, "-dcuf", "Connected", harbor, true, 1},
+	};
+	for (const auto& row : rows) {
+		SCOPED_TRACE(row.status);
+		_PretendLogin();
+		EXPECT_EQ("-dcuf", Buttons());
+		EXPECT_EQ("Connected", Status());
+		Post(row.what);
+		EXPECT_EQ(row.buttons, Buttons());
+		EXPECT_EQ(row.status, Status());
+		EXPECT_EQ(row.title, Title());
+		EXPECT_EQ(row.mayChat, MayChat());
+		EXPECT_EQ(row.users, CountUsers());
+		ForgetChat();
+	}
 }
 
 
 TEST_F(MainWindowTest, ServerInfo_NamesTheServerEverywhere)
 {
-	BMessage info = _ServerInfo("Harbor");
-	Post(&info);
-	ExpectChat("*** Server: Harbor (v190) ***\n", 0, 100, 0);
-	EXPECT_EQ("Connected to Harbor", Status());
-	EXPECT_EQ("Palimbra — Harbor", Title());
+	for (const std::string& name : hostile_texts()) {
+		SCOPED_TRACE(name);
+		BMessage info(kHLServerInfo);
+		info.AddString("serverName", name.c_str());
+		info.AddUInt16("version", 190);
+		Post(&info);
+		ExpectChat("*** Server: " + name + " (v190) ***\n", 0, 100, 0);
+		EXPECT_EQ("Connected to " + name, Status());
+		EXPECT_EQ("Palimbra — " + name, Title());
+	}
 }
 
 
-TEST_F(MainWindowTest, ServerInfoWithoutVersion_IsVersion0)
+TEST_F(MainWindowTest, UsersWhoJoinOrChange_GoToTheListUntilTheyLeave)
 {
-	Post(kHLServerInfo, "serverName", "Harbor");
-	ExpectChat("*** Server: Harbor (v0) ***\n", 0, 100, 0);
-}
-
-
-TEST_F(MainWindowTest, ServerInfoWithoutName_ChangesNothing)
-{
-	BMessage info = _ServerInfo("");
-	Post(&info);
-	Post(kHLServerInfo);
-	ExpectNoChat();
-	EXPECT_EQ("Not connected", Status());
-	EXPECT_EQ("Palimbra", Title());
-}
-
-
-TEST_F(MainWindowTest, UsersWhoJoinOrChange_GoToTheList)
-{
-	BMessage joined = user_message(kHLUserJoined, 7, "before");
-	BMessage changed = user_message(kHLUserChanged, 7, "after");
-	BMessage other = user_message(kHLUserChanged, 8, "other");
-	Post(&joined);
+	_PostUser(kHLUserJoined, 7, "before");
 	EXPECT_EQ("before", Nick(0));
-	Post(&changed);
-	Post(&other);
+	_PostUser(kHLUserChanged, 7, "after");
+	_PostUser(kHLUserChanged, 8, "other");
 	ASSERT_EQ(2, CountUsers());
 	EXPECT_EQ("after", Nick(0));
 	EXPECT_EQ("other", Nick(1));
+	_PostUser(kHLUserLeft, 9, "");
+	EXPECT_EQ(2, CountUsers());
+	_PostUser(kHLUserLeft, 7, "");
+	ASSERT_EQ(1, CountUsers());
+	EXPECT_EQ("other", Nick(0));
 	ExpectNoChat();
 }
 
@@ -254,83 +187,12 @@ TEST_F(MainWindowTest, UserWithoutNick_HasThreeQuestionMarks)
 	Post(kHLUserJoined);
 	ASSERT_EQ(1, CountUsers());
 	EXPECT_EQ("???", Nick(0));
+	for (const std::string& nick : hostile_texts()) {
+		Post(kHLUserJoined, "nick", nick);
+		EXPECT_EQ(nick, Nick(0));
+	}
 	Post(kHLUserJoined, "nick", "");
 	EXPECT_EQ("", Nick(0));
-}
-
-
-TEST_F(MainWindowTest, UserWhoLeaves_LeavesTheList)
-{
-	BMessage joined = user_message(kHLUserJoined, 7, "seven");
-	Post(&joined);
-	BMessage stranger(kHLUserLeft);
-	stranger.AddUInt16("socket", 8);
-	Post(&stranger);
-	EXPECT_EQ(1, CountUsers());
-	BMessage left(kHLUserLeft);
-	left.AddUInt16("socket", 7);
-	Post(&left);
-	EXPECT_EQ(0, CountUsers());
-}
-
-
-TEST_F(MainWindowTest, Agreement_OpensItsWindow)
-{
-	Post(kHLAgreement, "text", "Be kind.");
-	ASSERT_EQ(1, count_windows<AgreementWindow>());
-	WindowProbe window(find_window<AgreementWindow>());
-	EXPECT_FALSE(window.Window()->IsHidden());
-	EXPECT_EQ("Be kind.", window.Transcript("agreementtext"));
-	ExpectNoChat();
-
-	const WindowProbe other(
-		new AgreementWindow(BRect(150, 150, 600, 500), fMain.Window(), "Be kind."));
-	EXPECT_EQ(other.Window()->Frame(), window.Window()->Frame());
-}
-
-
-TEST_F(MainWindowTest, AgreementAccepted_SaysSo)
-{
-	Post(kHLAgreement, "text", "Be kind.");
-	WindowProbe window(find_window<AgreementWindow>());
-	window.Invoke("accept");
-	window.WaitForEnd();
-	Settle();
-	ExpectChat("*** Agreement accepted ***\n", 0, 128, 0);
-}
-
-
-TEST_F(MainWindowTest, AgreementClosed_DeclinesAndDisconnects)
-{
-	_PretendLogin();
-	Post(kHLAgreement, "text", "Be kind.");
-	WindowProbe window(find_window<AgreementWindow>());
-	window.Window()->PostMessage(B_QUIT_REQUESTED);
-	window.WaitForEnd();
-	Settle();
-	ExpectChat("*** Agreement declined — disconnecting ***\n", 200, 0, 0);
-	EXPECT_EQ("Not connected", Status());
-	EXPECT_EQ("c----", Buttons());
-}
-
-
-TEST_F(MainWindowTest, ConnectButton_OpensAWindowEachTime)
-{
-	fMain.Invoke("connect");
-	fMain.Invoke("connect");
-	ASSERT_EQ(2, count_windows<ConnectWindow>());
-	WindowProbe second(find_window<ConnectWindow>());
-	EXPECT_FALSE(second.Window()->IsHidden());
-	{
-		const WindowProbe other(new ConnectWindow(BRect(200, 200, 550, 420), fMain.Window()));
-		EXPECT_EQ(other.Window()->Frame(), second.Window()->Frame());
-	}
-	second.Invoke("cancel");
-	second.WaitForEnd();
-	WindowProbe first(find_window<ConnectWindow>());
-	first.Invoke("cancel");
-	first.WaitForEnd();
-	ExpectNoChat();
 }
 
 
@@ -341,50 +203,66 @@ TEST_F(MainWindowTest, ChatAndUsersCommands_RevealTheirWindows)
 	EXPECT_TRUE(fUsers.Window()->IsMinimized());
 	Post(kMsgToolUsers);
 	EXPECT_FALSE(fUsers.Window()->IsMinimized());
+	fChat.Window()->Minimize(true);
+	fUsers.Window()->Minimize(true);
+	Post(kHLLoggedIn);
+	EXPECT_FALSE(fChat.Window()->IsMinimized());
+	EXPECT_FALSE(fUsers.Window()->IsMinimized());
+}
+
+
+// #pragma mark - Conversations and folders
+
+
+TEST_F(MainWindowTest, Conversation_IsOpenedByWhoIsPickedOrSpeaks)
+{
+	_PostUser(kMsgOpenPM, 0, "nobody");
+	EXPECT_EQ(0, count_windows<MessageWindow>());
+	_PostUser(kMsgOpenPM, 5, "Ann");
+	const MessageWindow* first = find_window<MessageWindow>();
+	EXPECT_STREQ("Message — Ann", first->Title());
+	BMessage withoutNick(kMsgOpenPM);
+	withoutNick.AddUInt16("socket", 6);
+	Post(&withoutNick);
+	ASSERT_EQ(2, count_windows<MessageWindow>());
+	EXPECT_STREQ("Message — ???", find_window<MessageWindow>()->Title());
+
+	_PostUser(kHLMsgReceived, 5, "Bob");
+	_PostUser(kHLMsgReceived, 7, "Cem");
+	EXPECT_EQ(3, count_windows<MessageWindow>());
+	EXPECT_STREQ("Message — Bob", first->Title());
+	_PostUser(kMsgPMWinClosed, 7, "");
+	close_silently(find_window<MessageWindow>());
+	_PostUser(kHLMsgReceived, 7, "Cem");
+	EXPECT_EQ(3, count_windows<MessageWindow>());
 	ExpectNoChat();
 }
 
 
-TEST_F(MainWindowTest, ChatLineWithoutAConnection_IsDropped)
+TEST_F(MainWindowTest, Folder_GetsItsListingUntilItsWindowIsForgotten)
 {
-	Post(kMsgSendChat, "text", "hello");
-	ExpectNoChat();
-}
+	const auto list = [this](const char* title) {
+		Post(kHLFileListReceived, "path", "a");
+		WindowProbe::Settle(open_windows<FileListWindow>()[1]);
+		EXPECT_STREQ(title, open_windows<FileListWindow>()[1]->Title());
+	};
+	Post(kMsgOpenFolder);
+	Post(kMsgOpenFolder, "path", "");
+	EXPECT_EQ(0, count_windows<FileListWindow>());
+	Post(kMsgToolFiles);
+	EXPECT_STREQ("", find_window<FileListWindow>()->Path());
+	Post(kMsgOpenFolder, "path", "a");
+	ASSERT_EQ(2, count_windows<FileListWindow>());
+	EXPECT_STREQ("Files — a", find_window<FileListWindow>()->Title());
+	list("Files — a (0)");
 
-
-TEST_F(MainWindowTest, ServerBanner_IsNotHandled)
-{
-	Post(kHLServerBanner);
-	ExpectNoChat();
-	EXPECT_EQ("Not connected", Status());
-}
-
-
-TEST_F(MainWindowTest, HostileTexts_AreShownAsTheyStand)
-{
-	for (const std::string& text : hostile_texts()) {
-		SCOPED_TRACE(text);
-		Post(kHLChatReceived, "text", text);
-		ExpectChat(text + "\n", 0, 0, 0);
-		Post(kHLTaskError, "error", text);
-		ExpectChat("*** Error: " + text + " ***\n", 200, 0, 0);
-		Post(kHLBroadcast, "text", text);
-		ExpectChat("\n*** Broadcast: " + text + " ***\n", 200, 100, 0);
-		Post(kHLServerInfo, "serverName", text);
-		ExpectChat("*** Server: " + text + " (v0) ***\n", 0, 100, 0);
-		EXPECT_EQ("Connected to " + text, Status());
-		EXPECT_EQ("Palimbra — " + text, Title());
-		Post(kHLUserJoined, "nick", text);
-		EXPECT_EQ(text, Nick(0));
-	}
-}
-
-
-TEST_F(MainWindowTest, LineOf65535Letters_IsShownWhole)
-{
-	const std::string text(65535, 'x');
-	Post(kHLChatReceived, "text", text);
-	ExpectChat(text + "\n", 0, 0, 0);
+	FileListWindow* window = find_window<FileListWindow>();
+	BMessage notice(kMsgFileWinClosed);
+	notice.AddPointer("window", window);
+	Post(&notice);
+	window->SetTitle("forgotten");
+	list("forgotten");
+	close_silently(window);
 }
 
 
@@ -410,11 +288,11 @@ TEST_F(MainWindowTest, QuitOfTheApplication_EndsAllWindows)
 }
 
 
-TEST_F(MainWindowTest, Quit_TakesChatAndUsersAlong)
+TEST_F(MainWindowTest, Quit_TakesAllItsWindowsAlong)
 {
-	ASSERT_TRUE(fMain.Window()->Lock());
-	fMain.Window()->Quit();
+	_PostUser(kMsgOpenPM, 5, "Ann");
+	Post(kMsgToolFiles);
+	close_silently(fMain.Window());
 	EXPECT_FALSE(fMain.IsAlive());
-	EXPECT_FALSE(fChat.IsAlive());
-	EXPECT_FALSE(fUsers.IsAlive());
+	EXPECT_EQ(0, be_app->CountWindows());
 }

@@ -14,7 +14,7 @@
 #include "AgreementWindow.h"
 #include "AppMessages.h"
 #include "BannerView.h"
-#include "ConnectedFixture.h"
+#include "ControllerFixture.h"
 #include "DrawnRow.h"
 #include "HotlineNotifications.h"
 #include "InterposedCalls.h"
@@ -54,7 +54,7 @@ await_unserved(const Condition& condition)
 	one's. The former server's steps do not serve the application, so that what it says waits in the
 	controller's queue.
 */
-class SwitchingTest : public ConnectedFixture {
+class SwitchingTest : public ControllerFixture {
 protected:
 	// Nothing that the clients or their transfers have begun is left to the next case.
 	~SwitchingTest() override
@@ -73,22 +73,7 @@ protected:
 		}));
 	}
 
-	static BMessage ConnectMessage(const char* address, uint16_t port)
-	{
-		BMessage message(kMsgConnectServer);
-		message.AddString("address", address);
-		message.AddInt16("port", static_cast<int16>(port));
-		return message;
-	}
-
 	void PostUnserved(BMessage message) { fMain.Window()->PostMessage(&message); }
-
-	void AwaitConnecting(const char* address, uint16_t port)
-	{
-		AwaitChat("*** Connecting to " + std::string(address) + ":" + std::to_string(port)
-				+ " ***\n",
-			100, 100, 100);
-	}
 
 	void LetFormerShakeHands()
 	{
@@ -98,18 +83,20 @@ protected:
 		EXPECT_EQ(wire32(107) + wire32(1), fFormer.ReadTransaction().substr(0, 8));
 	}
 
-	void LogInToFormer()
+	// Reads the request for the users that follows.
+	void LetFormerAcceptLogin()
 	{
-		BMessage connect = ConnectMessage("127.0.0.1", fFormer.Port());
-		Post(&connect);
-		AwaitConnecting("127.0.0.1", fFormer.Port());
-		LetFormerShakeHands();
 		fFormer.Send(
 			wire_transaction(kReply, 1, wire_param(160, wire16(190)) + wire_param(162, "Harbor")));
 		fFormer.ReadTransaction();
-		AwaitChat("*** Connected — logging in ***\n", 0, 128, 0);
-		AwaitChat("*** Server: Harbor (v190) ***\n", 0, 100, 0);
-		AwaitChat("*** Logged in ***\n", 0, 128, 0);
+	}
+
+	void LogInToFormer()
+	{
+		Dial(fFormer.Port());
+		LetFormerShakeHands();
+		LetFormerAcceptLogin();
+		AwaitLogIn("Harbor");
 		fFormer.ReadTransaction();
 	}
 
@@ -148,6 +135,13 @@ protected:
 		EXPECT_EQ(0, count_windows<MessageWindow>());
 	}
 
+	void ExpectNotConnected() const
+	{
+		EXPECT_EQ("Not connected", Status());
+		EXPECT_EQ("c----", Buttons());
+		EXPECT_FALSE(MayChat());
+	}
+
 	void ExpectConnectedToHarbor()
 	{
 		Settle();
@@ -162,20 +156,22 @@ protected:
 	void ShowAgreement()
 	{
 		fFormer.Send(wire_transaction(109, 0, wire_param(101, "Be kind.")));
-		EXPECT_TRUE(WaitFor([] {
-			return count_windows<AgreementWindow>() == 1;
-		}));
+		await_windows<AgreementWindow>(1);
+	}
+
+	static void Answer(const char* button)
+	{
+		WindowProbe agreement(find_window<AgreementWindow>());
+		agreement.Invoke(button);
+		agreement.WaitForEnd();
 	}
 
 	// Has a banner asked for on the current connection, up to where its bytes are waited for.
 	void BeginBanner(size_t size)
 	{
-		BMessage ready(kHLBannerReady);
-		ready.AddUInt32("ref", 7);
-		ready.AddUInt32("size", static_cast<uint32>(size));
-		ready.AddString("address", "127.0.0.1");
-		ready.AddUInt16("port", static_cast<uint16>(fTransfers.Port() - 1));
-		Post(&ready);
+		BMessage grant = granted_transfer(kHLBannerReady, 7, static_cast<uint32>(size),
+			fTransfers.Port());
+		Post(&grant);
 		ASSERT_TRUE(fTransfers.Accept());
 		EXPECT_EQ(kTransferRequestSize, fTransfers.Read(kTransferRequestSize).size());
 	}
@@ -206,9 +202,7 @@ TEST_F(SwitchingTest, DisconnectAheadOfWhatTheServerSaid_LeavesNothingOfIt)
 	LetFormerSpeak();
 	AwaitChat("\n*** Disconnected ***\n", 180, 0, 0);
 	ExpectNothingOfFormer();
-	EXPECT_EQ("Not connected", Status());
-	EXPECT_EQ("c----", Buttons());
-	EXPECT_FALSE(MayChat());
+	ExpectNotConnected();
 }
 
 
@@ -217,14 +211,12 @@ TEST_F(SwitchingTest, AnotherServerDialedAheadOfWhatTheFormerSaid_ShowsNothingOf
 	LogInToFormer();
 	PostUnserved(ConnectMessage("127.0.0.1", fServer.Port()));
 	LetFormerSpeak();
-	AwaitConnecting("127.0.0.1", fServer.Port());
+	AwaitDialing(fServer.Port());
 	ExpectNothingOfFormer();
 	EXPECT_EQ("Connecting to 127.0.0.1:" + std::to_string(fServer.Port()) + "…", Status());
 
 	fServer.AcceptAndLogIn("Island");
-	AwaitChat("*** Connected — logging in ***\n", 0, 128, 0);
-	AwaitChat("*** Server: Island (v190) ***\n", 0, 100, 0);
-	AwaitChat("*** Logged in ***\n", 0, 128, 0);
+	AwaitLogIn("Island");
 	EXPECT_EQ("Palimbra — Island", Title());
 }
 
@@ -232,17 +224,13 @@ TEST_F(SwitchingTest, AnotherServerDialedAheadOfWhatTheFormerSaid_ShowsNothingOf
 // The login of the former one comes through when the other one has been dialed.
 TEST_F(SwitchingTest, AnotherServerDialedAheadOfTheLogin_KeepsTheFormerNameOut)
 {
-	BMessage connect = ConnectMessage("127.0.0.1", fFormer.Port());
-	Post(&connect);
-	AwaitConnecting("127.0.0.1", fFormer.Port());
+	Dial(fFormer.Port());
 	LetFormerShakeHands();
 	AwaitChat("*** Connected — logging in ***\n", 0, 128, 0);
 	PostUnserved(ConnectMessage("127.0.0.1", fServer.Port()));
-	fFormer.Send(
-		wire_transaction(kReply, 1, wire_param(160, wire16(190)) + wire_param(162, "Harbor")));
-	fFormer.ReadTransaction();
+	LetFormerAcceptLogin();
 	LetFormerSpeak();
-	AwaitConnecting("127.0.0.1", fServer.Port());
+	AwaitDialing(fServer.Port());
 	ExpectNothingOfFormer();
 	EXPECT_EQ("c----", Buttons());
 }
@@ -266,22 +254,16 @@ TEST_F(SwitchingTest, DisconnectedWhileResolving_StaysSo)
 {
 	fCalls.HoldSnoozes();
 	fCalls.HoldLookups();
-	BMessage connect = ConnectMessage("127.0.0.1", fFormer.Port());
-	Post(&connect);
-	AwaitConnecting("127.0.0.1", fFormer.Port());
+	Dial(fFormer.Port());
 	Post(kMsgToolDisconnect);
 	AwaitChat("\n*** Disconnected ***\n", 180, 0, 0);
 
 	// The client that was let go of carries on until it is deleted.
 	fCalls.ReleaseLookups();
 	LetFormerShakeHands();
-	fFormer.Send(
-		wire_transaction(kReply, 1, wire_param(160, wire16(190)) + wire_param(162, "Harbor")));
-	fFormer.ReadTransaction();
+	LetFormerAcceptLogin();
 	ExpectNothingOfFormer();
-	EXPECT_EQ("Not connected", Status());
-	EXPECT_EQ("c----", Buttons());
-	EXPECT_FALSE(MayChat());
+	ExpectNotConnected();
 }
 
 
@@ -289,9 +271,7 @@ TEST_F(SwitchingTest, FormerAttemptThatFails_LeavesThePresentConnection)
 {
 	fCalls.HoldSnoozes();
 	fCalls.HoldLookups("127.0.0.2");
-	BMessage connect = ConnectMessage("127.0.0.2", fFormer.Port());
-	Post(&connect);
-	AwaitConnecting("127.0.0.2", fFormer.Port());
+	Dial(fFormer.Port(), "127.0.0.2");
 	LogIn();
 	fCalls.ReleaseLookups();
 	EXPECT_TRUE(await_unserved([] {
@@ -316,73 +296,36 @@ TEST_F(SwitchingTest, DisconnectedWithinALongList_LeavesNobody)
 }
 
 
-TEST_F(SwitchingTest, FormerAgreementAccepted_IsNotSentToThePresentServer)
+// Accepting is not sent to it, and declining does not end it.
+TEST_F(SwitchingTest, FormerAgreementAnswered_LeavesThePresentConnection)
 {
-	LogInToFormer();
-	ShowAgreement();
-	LogIn();
-	WindowProbe agreement(find_window<AgreementWindow>());
-	agreement.Invoke("accept");
-	agreement.WaitForEnd();
-	ExpectConnectedToHarbor();
-	Post(kMsgSendChat, "text", "next");
-	EXPECT_EQ("next", fServer.ReadRequest().Field(101));
+	for (const char* button : {"accept", "decline"}) {
+		SCOPED_TRACE(button);
+		LogInToFormer();
+		ShowAgreement();
+		LogIn();
+		Answer(button);
+		ExpectConnectedToHarbor();
+		ExpectNothingSent();
+	}
 }
 
 
-TEST_F(SwitchingTest, FormerAgreementDeclined_LeavesThePresentConnection)
-{
-	LogInToFormer();
-	ShowAgreement();
-	LogIn();
-	WindowProbe agreement(find_window<AgreementWindow>());
-	agreement.Invoke("decline");
-	agreement.WaitForEnd();
-	ExpectConnectedToHarbor();
-	Post(kMsgSendChat, "text", "next");
-	EXPECT_EQ("next", fServer.ReadRequest().Field(101));
-}
-
-
-TEST_F(SwitchingTest, PresentAgreementDeclined_Disconnects)
-{
-	LogInToFormer();
-	ShowAgreement();
-	WindowProbe agreement(find_window<AgreementWindow>());
-	agreement.Invoke("decline");
-	agreement.WaitForEnd();
-	AwaitChat("*** Agreement declined — disconnecting ***\n", 200, 0, 0);
-	EXPECT_TRUE(fFormer.WaitForEnd());
-}
-
-
-TEST_F(SwitchingTest, BannerOfThisConnection_IsShown)
+TEST_F(SwitchingTest, Banner_IsShownToItsOwnConnectionAlone)
 {
 	const std::string picture = picture_file(20, 10);
 	LogInToFormer();
 	BeginBanner(picture.size());
 	FinishBanner(picture);
 	EXPECT_EQ(BSize(20, 10), BannerSize());
-}
 
-
-TEST_F(SwitchingTest, BannerOfTheFormerConnection_IsNotShown)
-{
-	const std::string picture = picture_file(20, 10);
-	LogInToFormer();
 	BeginBanner(picture.size());
 	LogIn();
 	FinishBanner(picture);
 	EXPECT_EQ(BSize(0, 0), BannerSize());
-}
 
-
-TEST_F(SwitchingTest, BannerOfALostConnection_IsNotShown)
-{
-	const std::string picture = picture_file(20, 10);
-	LogInToFormer();
 	BeginBanner(picture.size());
-	fFormer.Hangup();
+	fServer.HangUp();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
 	FinishBanner(picture);
 	EXPECT_EQ(BSize(0, 0), BannerSize());
@@ -427,17 +370,7 @@ TEST_F(SwitchingTest, WhatWasMeantForAnotherServer_IsNotSentToThisOne)
 	}
 	ExpectConnectedToHarbor();
 	EXPECT_EQ(0, count_windows<MessageWindow>());
-	Post(kMsgSendChat, "text", "next");
-	EXPECT_EQ("next", fServer.ReadRequest().Field(101));
-}
-
-
-TEST_F(SwitchingTest, TypedForThisServer_IsSentToIt)
-{
-	LogIn();
-	fChat.SetText("chatinput", "hello");
-	fChat.Invoke("chatinput");
-	EXPECT_EQ("hello", fServer.ReadRequest(105).Field(101));
+	ExpectNothingSent();
 }
 
 
@@ -480,7 +413,6 @@ TEST_F(SwitchingTest, ProgramQuitWhileResolving_DoesNotWait)
 	EXPECT_TRUE(WaitFor([this] {
 		return fCalls.Lookups().size() == 1;
 	}));
-	ASSERT_TRUE(fMain.Window()->Lock());
-	fMain.Window()->Quit();
+	close_silently(fMain.Window());
 	EXPECT_FALSE(fMain.IsAlive());
 }

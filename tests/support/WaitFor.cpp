@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <thread>
+#include <utility>
 
 
 static void
@@ -15,7 +16,7 @@ nap()
 }
 
 
-static void (*sPass)() = nap;
+static TimePasser sPass = nap;
 
 
 bool
@@ -31,8 +32,8 @@ WaitFor(const std::function<bool()>& condition, int seconds)
 }
 
 
-void
-PassTimeWith(void (*pass)())
+TimePasser
+PassTimeWith(TimePasser pass)
 {
-	sPass = pass;
+	return std::exchange(sPass, pass);
 }

@@ -26,8 +26,10 @@ bool WaitFor(const std::function<bool()>& condition, int seconds = 10);
 		return (__VA_ARGS__); \
 	})) << #__VA_ARGS__
 
-// What is done between two looks at the condition, in place of a nap of a millisecond.
-void PassTimeWith(void (*pass)());
+// What is done between two looks at the condition, in place of a nap of a millisecond. Returns what
+// was done until then.
+using TimePasser = void (*)();
+TimePasser PassTimeWith(TimePasser pass);
 
 
 #endif // WAIT_FOR_H

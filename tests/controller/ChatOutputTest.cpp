@@ -20,7 +20,7 @@ TEST_F(ChatOutputTest, Color_IsPackedFromRedToAlpha)
 	fChat.Append("", {255, 0, 128, 4});
 	const std::vector<BMessage> messages = fChatWindow->Messages();
 	ASSERT_EQ(2u, messages.size());
-	EXPECT_EQ(uint32(kMsgAppendChat), messages[0].what);
+	EXPECT_EQ(static_cast<uint32>(kMsgAppendChat), messages[0].what);
 	EXPECT_STREQ("text", messages[0].GetString("text"));
 	EXPECT_EQ(0x010203ff, messages[0].GetInt32("color", 0));
 	EXPECT_EQ(static_cast<int32>(0xff008004), messages[1].GetInt32("color", 0));
@@ -51,7 +51,7 @@ TEST_F(ChatOutputTest, Enabling_SaysForWhichConnection)
 	fChat.Enable(false, 0);
 	const std::vector<BMessage> messages = fChatWindow->Messages();
 	ASSERT_EQ(2u, messages.size());
-	EXPECT_EQ(uint32(kMsgEnableChat), messages[0].what);
+	EXPECT_EQ(static_cast<uint32>(kMsgEnableChat), messages[0].what);
 	EXPECT_TRUE(messages[0].GetBool("enabled", false));
 	EXPECT_EQ(7u, messages[0].GetUInt32("connection", 0));
 	EXPECT_FALSE(messages[1].GetBool("enabled", true));

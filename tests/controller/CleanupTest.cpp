@@ -88,9 +88,7 @@ protected:
 	~CleanupTest() override
 	{
 		_Release();
-		EXPECT_TRUE(WaitFor([] {
-			return sDeletedCount >= int(sSpawned.size());
-		}));
+		EXPECT_SOON(sDeletedCount >= static_cast<int>(sSpawned.size()));
 	}
 
 	// Lets the threads that are about to wait do so.
@@ -113,17 +111,13 @@ TEST_F(CleanupTest, Disconnected_IsDeletedByAThreadThatWaits)
 	Post(kMsgToolDisconnect);
 	EXPECT_EQ(std::vector<std::string>({"HL:Cleanup 5"}), sSpawned);
 	// The connection has ended, but the client is still there.
-	EXPECT_TRUE(fServer.WaitForHangUp());
-	EXPECT_TRUE(WaitFor([] {
-		return sSnoozed != 0;
-	}));
+	EXPECT_TRUE(fServer.WaitForEnd());
+	EXPECT_SOON(sSnoozed != 0);
 	EXPECT_EQ(200000, sSnoozed);
 	EXPECT_EQ(0, sDeletedCount);
 
 	_Release();
-	EXPECT_TRUE(WaitFor([] {
-		return sDeletedCount == 1;
-	}));
+	EXPECT_SOON(sDeletedCount == 1);
 }
 
 
@@ -134,7 +128,7 @@ TEST_F(CleanupTest, NoThread_DeletesTheClientAtOnce)
 	Post(kMsgToolDisconnect);
 	EXPECT_EQ(1, sDeletedCount);
 	EXPECT_EQ(0, sSnoozed);
-	EXPECT_TRUE(fServer.WaitForHangUp());
+	EXPECT_TRUE(fServer.WaitForEnd());
 }
 
 
@@ -144,7 +138,7 @@ TEST_F(CleanupTest, OnlyDisconnecting_GivesTheClientAway)
 	Post(kMsgToolDisconnect);
 	ForgetChat();
 	LogIn();
-	fServer.HangUp();
+	fServer.Hangup();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
 	Post(kHLConnectFailed);
 	ForgetChat();

@@ -14,6 +14,8 @@
 #include "HotlineNotifications.h"
 #include "MessageWindow.h"
 #include "WaitFor.h"
+#include "WireBytes.h"
+#include "WireRecords.h"
 
 
 /*!	The main window against a server: what it goes through with it. */
@@ -35,18 +37,13 @@ protected:
 		return count_windows<MessageWindow>() + count_windows<FileListWindow>();
 	}
 
-	static void _AwaitClosed()
-	{
-		EXPECT_TRUE(WaitFor([] {
-			return _CountOpen() == 0;
-		}));
-	}
+	static void _AwaitClosed() { EXPECT_SOON(_CountOpen() == 0); }
 
 	// Has the server show its agreement, which is answered by this button.
 	void _Agree(const char* button)
 	{
 		fServer.Send(109, {{101, "Be kind.\rStay long."}});
-		await_windows<AgreementWindow>(1);
+		EXPECT_SOON(count_windows<AgreementWindow>() == 1);
 		WindowProbe window(find_window<AgreementWindow>());
 		EXPECT_EQ("Be kind.\nStay long.", window.Transcript("agreementtext"));
 		window.Invoke(button);
@@ -68,14 +65,12 @@ TEST_F(ConnectionTest, ConnectWindow_LeadsToALogin)
 
 	fServer.Accept();
 	fServer.ShakeHands();
-	const WireTransaction login = fServer.Read(107);
+	const WireTransaction login = fServer.ReadRequest(107);
 	EXPECT_EQ("HaikuUser", login.Field(102));
-	EXPECT_EQ(wire_uint16(137), login.Field(104));
+	EXPECT_EQ(wire16(137), login.Field(104));
 	EXPECT_TRUE(login.HasField(105));
 	EXPECT_TRUE(login.HasField(106));
-	EXPECT_TRUE(WaitFor([this] {
-		return Status() == "Connected — logging in…";
-	}));
+	EXPECT_SOON(Status() == "Connected — logging in…");
 }
 
 
@@ -100,7 +95,7 @@ TEST_F(ConnectionTest, LogIn_AsksForTheUsersTwiceAndListsThemOnce)
 	Dial(fServer.Port());
 	fServer.AcceptAndLogIn("Harbor");
 	for (int round = 0; round < 2; round++) {
-		const WireTransaction request = fServer.Read(300);
+		const WireTransaction request = fServer.ReadRequest(300);
 		fServer.Reply(request.id,
 			{{300, wire_user(1, 128, 0, "first")}, {300, wire_user(2, 129, 2, "second")}});
 	}
@@ -130,13 +125,13 @@ TEST_F(ConnectionTest, RefusedLogin_IsAnErrorAndNoLogin)
 	Dial(fServer.Port());
 	fServer.Accept();
 	fServer.ShakeHands();
-	const WireTransaction login = fServer.Read(107);
+	const WireTransaction login = fServer.ReadRequest(107);
 	fServer.Reply(login.id, {{100, "Login incorrect"}}, 1);
 	AwaitChat("*** Connected — logging in ***\n", 0, 128, 0);
 	AwaitChat("*** Error: Login incorrect ***\n", 200, 0, 0);
 	EXPECT_EQ("c----", Buttons());
 
-	fServer.HangUp();
+	fServer.Hangup();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
 	EXPECT_EQ("Disconnected", Status());
 }
@@ -149,7 +144,7 @@ TEST_F(ConnectionTest, FailedAttempt_IsAnnouncedAndCanBeRepeated)
 	EXPECT_FALSE(fChat.Window()->IsMinimized());
 	EXPECT_EQ("c----", Buttons());
 	fServer.Accept();
-	fServer.SendBytes("HTTP/1.0");
+	fServer.Send("HTTP/1.0");
 	AwaitChat("*** Connection failed: Invalid server response ***\n", 200, 0, 0);
 	EXPECT_EQ("Connection failed", Status());
 	LogIn();
@@ -182,7 +177,7 @@ TEST_F(ConnectionTest, EveryRequest_ReachesTheServer)
 		message.AddUInt16("socket", 5);
 		message.AddString("localpath", "/nowhere/at/all");
 		Post(&message);
-		fServer.Read(row.transaction);
+		fServer.ReadRequest(row.transaction);
 	}
 	AwaitChat("*** Requesting download: text ***\n*** Requesting upload: text ***\n", 100, 100,
 		100);
@@ -196,18 +191,16 @@ TEST_F(ConnectionTest, WhatIsTyped_ReachesTheServer)
 	LogIn();
 	fChat.SetText("chatinput", " hello there ");
 	fChat.Invoke("chatinput");
-	EXPECT_EQ(" hello there ", fServer.Read(105).Field(101));
+	EXPECT_EQ(" hello there ", fServer.ReadRequest(105).Field(101));
 
-	fServer.Send(104, {{103, wire_uint16(5)}, {102, "Ann"}, {101, "one\rtwo"}});
-	await_windows<MessageWindow>(1);
+	fServer.Send(104, {{103, wire16(5)}, {102, "Ann"}, {101, "one\rtwo"}});
+	EXPECT_SOON(count_windows<MessageWindow>() == 1);
 	WindowProbe window(find_window<MessageWindow>());
-	EXPECT_TRUE(WaitFor([&window] {
-		return window.Transcript("pmchat") == "Ann: one\ntwo\n";
-	}));
+	EXPECT_SOON(window.Transcript("pmchat") == "Ann: one\ntwo\n");
 	window.SetText("pminput", "hi");
 	window.Invoke("pminput");
-	const WireTransaction sent = fServer.Read(108);
-	EXPECT_EQ(wire_uint16(5), sent.Field(103));
+	const WireTransaction sent = fServer.ReadRequest(108);
+	EXPECT_EQ(wire16(5), sent.Field(103));
 	EXPECT_EQ("hi", sent.Field(101));
 	ExpectNoChat();
 }
@@ -220,15 +213,11 @@ TEST_F(ConnectionTest, EventsOfTheServer_AreShown)
 	AwaitChat("\n one:  hi\nthere\n", 0, 0, 0);
 	fServer.Send(355, {{101, "noon\rbreak"}});
 	AwaitChat("\n*** Broadcast: noon\rbreak ***\n", 200, 100, 0);
-	fServer.Send(301, {{103, wire_uint16(5)}, {104, wire_uint16(1)}, {102, "five"}});
-	EXPECT_TRUE(WaitFor([this] {
-		return CountUsers() == 1;
-	}));
+	fServer.Send(301, {{103, wire16(5)}, {104, wire16(1)}, {102, "five"}});
+	EXPECT_SOON(CountUsers() == 1);
 	EXPECT_EQ("five", Nick(0));
-	fServer.Send(302, {{103, wire_uint16(5)}});
-	EXPECT_TRUE(WaitFor([this] {
-		return CountUsers() == 0;
-	}));
+	fServer.Send(302, {{103, wire16(5)}});
+	EXPECT_SOON(CountUsers() == 0);
 }
 
 
@@ -242,20 +231,20 @@ TEST_F(ConnectionTest, SavedNickAndIcon_AreWhatLogsInAndAgrees)
 	Dial(fServer.Port());
 	fServer.Accept();
 	fServer.ShakeHands();
-	const WireTransaction login = fServer.Read(107);
+	const WireTransaction login = fServer.ReadRequest(107);
 	EXPECT_EQ("Ann", login.Field(102));
-	EXPECT_EQ(wire_uint16(5), login.Field(104));
-	fServer.Reply(login.id, {{160, wire_uint16(190)}, {162, "Harbor"}});
+	EXPECT_EQ(wire16(5), login.Field(104));
+	fServer.Reply(login.id, {{160, wire16(190)}, {162, "Harbor"}});
 	AwaitLogIn("Harbor");
-	fServer.Read(300);
-	fServer.Read(300);
+	fServer.ReadRequest(300);
+	fServer.ReadRequest(300);
 	Post(kMsgOptionsSave, "nick", "Bob");
-	EXPECT_EQ("Bob", fServer.Read(304).Field(102));
+	EXPECT_EQ("Bob", fServer.ReadRequest(304).Field(102));
 	_Agree("accept");
 	AwaitChat("*** Agreement accepted ***\n", 0, 128, 0);
-	const WireTransaction agreed = fServer.Read(121);
+	const WireTransaction agreed = fServer.ReadRequest(121);
 	EXPECT_EQ("Bob", agreed.Field(102));
-	EXPECT_EQ(wire_uint16(5), agreed.Field(104));
+	EXPECT_EQ(wire16(5), agreed.Field(104));
 }
 
 
@@ -275,7 +264,7 @@ TEST_F(ConnectionTest, EveryEnd_HangsUpReportsNoLossAndClosesTheWindows)
 			_Agree("decline");
 			AwaitChat("*** Agreement declined — disconnecting ***\n", 200, 0, 0);
 		}
-		EXPECT_TRUE(fServer.WaitForHangUp());
+		EXPECT_TRUE(fServer.WaitForEnd());
 		_AwaitClosed();
 		Settle();
 		ExpectNoChat();
@@ -289,7 +278,7 @@ TEST_F(ConnectionTest, LostLine_LeavesTheWindowsAndCanBeConnectedAgain)
 {
 	LogIn();
 	_OpenWindows();
-	fServer.HangUp();
+	fServer.Hangup();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
 	Settle();
 	EXPECT_EQ("Disconnected", Status());
@@ -306,7 +295,7 @@ TEST_F(ConnectionTest, LostLine_LeavesTheWindowsAndCanBeConnectedAgain)
 
 TEST_F(ConnectionTest, ConnectingWhileConnected_EndsTheFirstConnection)
 {
-	ScriptedServer second;
+	RawServer second;
 	LogIn();
 	Post(kHLUserJoined);
 	EXPECT_EQ(1, CountUsers());
@@ -317,7 +306,7 @@ TEST_F(ConnectionTest, ConnectingWhileConnected_EndsTheFirstConnection)
 	EXPECT_EQ("Palimbra", Title());
 	EXPECT_EQ(0, CountUsers());
 	_AwaitClosed();
-	EXPECT_TRUE(fServer.WaitForHangUp());
+	EXPECT_TRUE(fServer.WaitForEnd());
 	second.AcceptAndLogIn("Island");
 	AwaitLogIn("Island");
 }
@@ -329,7 +318,7 @@ TEST_F(ConnectionTest, WindowClosed_HangsUp)
 	Dial(fServer.Port());
 	fServer.Accept();
 	close_silently(fMain.Window());
-	EXPECT_TRUE(fServer.WaitForHangUp());
+	EXPECT_TRUE(fServer.WaitForEnd());
 }
 
 
@@ -337,5 +326,5 @@ TEST_F(ConnectionTest, WindowClosedWhileConnected_HangsUp)
 {
 	LogIn();
 	close_silently(fMain.Window());
-	EXPECT_TRUE(fServer.WaitForHangUp());
+	EXPECT_TRUE(fServer.WaitForEnd());
 }

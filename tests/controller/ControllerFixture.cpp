@@ -116,7 +116,7 @@ ControllerFixture::ExpectChatBegins(const std::string& text, uint8 red, uint8 gr
 		if (text[text.size() - (end - fChatSeen)] == '\n')
 			continue;
 		rgb_color color = {1, 2, 3, 4};
-		view->GetFontAndColor(int32(fChatSeen), NULL, &color);
+		view->GetFontAndColor(static_cast<int32>(fChatSeen), NULL, &color);
 		EXPECT_EQ(std::make_tuple(red, green, blue),
 			std::make_tuple(color.red, color.green, color.blue))
 			<< "offset " << fChatSeen;
@@ -127,9 +127,7 @@ ControllerFixture::ExpectChatBegins(const std::string& text, uint8 red, uint8 gr
 void
 ControllerFixture::AwaitChat(const std::string& text, uint8 red, uint8 green, uint8 blue)
 {
-	EXPECT_TRUE(WaitFor([&] {
-		return fChat.Transcript("chatview").size() >= fChatSeen + text.size();
-	})) << text;
+	EXPECT_SOON(fChat.Transcript("chatview").size() >= fChatSeen + text.size()) << text;
 	ExpectChatBegins(text, red, green, blue);
 }
 
@@ -194,8 +192,8 @@ ControllerFixture::LogIn(const std::string& name)
 	Dial(fServer.Port());
 	fServer.AcceptAndLogIn(name);
 	AwaitLogIn(name);
-	fServer.Read(300);
-	fServer.Read(300);
+	fServer.ReadRequest(300);
+	fServer.ReadRequest(300);
 }
 
 
@@ -203,5 +201,5 @@ void
 ControllerFixture::ExpectNothingSent()
 {
 	Post(kMsgSendChat, "text", "next");
-	EXPECT_EQ("next", fServer.Read().Field(101));
+	EXPECT_EQ("next", fServer.ReadRequest().Field(101));
 }

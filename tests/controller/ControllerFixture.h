@@ -14,8 +14,7 @@
 #include <Application.h>
 #include <Message.h>
 
-#include "ScriptedServer.h"
-#include "WaitFor.h"
+#include "RawServer.h"
 #include "WindowProbe.h"
 
 
@@ -73,7 +72,7 @@ protected:
 	// What was sent before, if anything, would be in front.
 	void ExpectNothingSent();
 
-	ScriptedServer fServer;
+	RawServer fServer;
 	WindowProbe fMain;
 	WindowProbe fChat;
 	WindowProbe fUsers;
@@ -113,16 +112,6 @@ int32
 count_windows()
 {
 	return static_cast<int32>(open_windows<Class>().size());
-}
-
-
-template<class Class>
-void
-await_windows(int32 count)
-{
-	EXPECT_TRUE(WaitFor([count] {
-		return count_windows<Class>() == count;
-	}));
 }
 
 

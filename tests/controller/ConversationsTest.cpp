@@ -100,19 +100,13 @@ TEST_F(ConversationsTest, PickedUser_ComesToTheFront)
 	MessageWindow* first = fConversations.FindOrCreate(5, "Ann", 7);
 	const MessageWindow* second = fConversations.FindOrCreate(6, "Bob", 7);
 	EXPECT_NE(first, second);
-	EXPECT_TRUE(WaitFor([second] {
-		return second->IsActive();
-	}));
+	EXPECT_SOON(second->IsActive());
 	first->Minimize(true);
-	EXPECT_TRUE(WaitFor([first] {
-		return first->IsMinimized();
-	}));
+	EXPECT_SOON(first->IsMinimized());
 	EXPECT_EQ(first, fConversations.FindOrCreate(5, "Ann", 7));
 	EXPECT_EQ(2, _CountOpen());
 	EXPECT_FALSE(first->IsMinimized());
-	EXPECT_TRUE(WaitFor([first] {
-		return first->IsActive();
-	}));
+	EXPECT_SOON(first->IsActive());
 }
 
 
@@ -142,7 +136,7 @@ TEST_F(ConversationsTest, MessageBehindTheClosing_OpensAnew)
 	again.AddString("nick", "Ann");
 	again.AddUInt16("socket", 5);
 	fConversations.Receive(&again, 7);
-	await_windows<MessageWindow>(0);
+	EXPECT_SOON(count_windows<MessageWindow>() == 0);
 	_HandOver();
 	ASSERT_EQ(1, _CountOpen());
 	_Receive(5, "Ann", "still here");
@@ -193,7 +187,7 @@ TEST_F(ConversationsTest, CloseAll_LeavesWhatIsOpenedAfterwards)
 	_Receive(5, "Ann", "before");
 	close_silently(_Receive(6, "Bob", "before"));
 	fConversations.CloseAll();
-	await_windows<MessageWindow>(0);
+	EXPECT_SOON(count_windows<MessageWindow>() == 0);
 	_Receive(5, "Ann", "after");
 	_HandOver();
 	_Receive(5, "Ann", "more");

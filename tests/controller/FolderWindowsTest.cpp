@@ -16,6 +16,7 @@
 #include "FileListWindow.h"
 #include "HotlineNotifications.h"
 #include "PartTest.h"
+#include "WaitFor.h"
 #include "WindowProbe.h"
 
 
@@ -104,12 +105,12 @@ TEST_F(FolderWindowsTest, CloseAll_EndsThemAndTheirNoticesFindNothing)
 	close_silently(_Open("b"));
 	const FileListWindow* last = _Open("c");
 	fFolders.CloseAll();
-	await_windows<FileListWindow>(0);
+	EXPECT_SOON(count_windows<FileListWindow>() == 0);
 	const std::vector<BMessage> notices = Posted();
 	ASSERT_EQ(2u, notices.size());
 	EXPECT_EQ(last, notices[0].GetPointer("window"));
 	for (const BMessage& notice : notices) {
-		EXPECT_EQ(uint32(kMsgFileWinClosed), notice.what);
+		EXPECT_EQ(static_cast<uint32>(kMsgFileWinClosed), notice.what);
 		EXPECT_EQ(7u, notice.GetUInt32("connection", 0));
 		fFolders.Forget(&notice);
 	}

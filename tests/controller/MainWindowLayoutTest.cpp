@@ -4,6 +4,7 @@
  */
 #include "MainWindow.h"
 
+#include <initializer_list>
 #include <map>
 #include <string>
 
@@ -41,7 +42,7 @@ TEST_F(MainWindowLayoutTest, Menus_HaveTheirItems)
 		{"Tracker", kMsgToolTracker, 'T'}};
 
 	const BMenuBar* bar = fMain.Find<BMenuBar>("menubar");
-	EXPECT_EQ(uint32(B_WILL_DRAW | B_FRAME_EVENTS), bar->Flags());
+	EXPECT_EQ(static_cast<uint32>(B_WILL_DRAW | B_FRAME_EVENTS), bar->Flags());
 	ASSERT_EQ(2, bar->CountItems());
 	EXPECT_STREQ("Server", bar->ItemAt(0)->Label());
 	EXPECT_STREQ("Windows", bar->ItemAt(1)->Label());
@@ -74,9 +75,7 @@ TEST_F(MainWindowLayoutTest, Layout_IsTidyAtTwoSizes)
 TEST_F(MainWindowLayoutTest, Toolbar_IsInOrderWithOptionsAtTheRight)
 {
 	fMain.Window()->ResizeTo(900, fMain.Window()->Bounds().Height());
-	EXPECT_TRUE(WaitFor([this] {
-		return _FrameOf("options").right > 800;
-	}));
+	EXPECT_SOON(_FrameOf("options").right > 800);
 	std::map<float, std::string> row;
 	for (int32 i = 0; i < fMain.Window()->CountChildren(); i++) {
 		const BView* view = fMain.Window()->ChildAt(i);
@@ -108,21 +107,18 @@ TEST_F(MainWindowLayoutTest, WideBanner_WidensTheWindowUntilItIsCleared)
 {
 	const std::string picture = picture_file(800, 60);
 	BMessage banner(kMsgBannerData);
-	banner.AddData("data", B_RAW_TYPE, picture.data(), ssize_t(picture.size()), false);
+	banner.AddData("data", B_RAW_TYPE, picture.data(), static_cast<ssize_t>(picture.size()), false);
 	fMain.Window()->Layout(true);
 	const BRect compact = fMain.Window()->Bounds();
 	EXPECT_LE(_FrameOf("banner").Height(), 0);
-	for (const uint32 clearing : {uint32(kMsgToolDisconnect), uint32(kHLDisconnected)}) {
+	for (const uint32 clearing :
+		std::initializer_list<uint32>{kMsgToolDisconnect, kHLDisconnected}) {
 		Post(&banner);
-		EXPECT_TRUE(WaitFor([this] {
-			return _FrameOf("banner").Width() >= 799;
-		}));
+		EXPECT_SOON(_FrameOf("banner").Width() >= 799);
 		EXPECT_GE(_FrameOf("banner").Height(), 59);
 		EXPECT_GE(fMain.Window()->Bounds().Height(), compact.Height() + 59);
 		Post(clearing);
-		EXPECT_TRUE(WaitFor([&] {
-			return _FrameOf("banner").Height() <= 0
-				&& fMain.Window()->Bounds().Height() == compact.Height();
-		}));
+		EXPECT_SOON(_FrameOf("banner").Height() <= 0
+			&& fMain.Window()->Bounds().Height() == compact.Height());
 	}
 }

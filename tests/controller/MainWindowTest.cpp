@@ -55,7 +55,8 @@ TEST_F(MainWindowTest, AtStart_IsNotConnected)
 TEST_F(MainWindowTest, AtStart_WindowsHaveTheirPlaces)
 {
 	EXPECT_EQ(B_TITLED_WINDOW_LOOK, fMain.Window()->Look());
-	EXPECT_EQ(uint32(B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS), fMain.Window()->Flags());
+	EXPECT_EQ(static_cast<uint32>(B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS),
+		fMain.Window()->Flags());
 	EXPECT_EQ(BPoint(100, 60), fMain.Window()->Frame().LeftTop());
 	// At least: the buttons may need more.
 	EXPECT_GE(fMain.Window()->Frame().Width(), 600);

@@ -24,7 +24,7 @@ std::vector<BMessage>
 PartTest::Posted()
 {
 	std::vector<BMessage> messages = fTarget->Messages();
-	messages.erase(messages.begin(), messages.begin() + ptrdiff_t(fPostedSeen));
+	messages.erase(messages.begin(), messages.begin() + static_cast<ptrdiff_t>(fPostedSeen));
 	fPostedSeen += messages.size();
 	return messages;
 }
@@ -33,9 +33,7 @@ PartTest::Posted()
 BMessage
 PartTest::AwaitPosted()
 {
-	EXPECT_TRUE(WaitFor([this] {
-		return fTarget->Messages().size() > fPostedSeen;
-	}));
+	EXPECT_SOON(fTarget->Messages().size() > fPostedSeen);
 	fPostedSeen++;
 	return fTarget->Messages().at(fPostedSeen - 1);
 }
@@ -48,7 +46,7 @@ PartTest::Said()
 	const std::vector<BMessage> messages = fChatWindow->Messages();
 	for (; fSaidSeen < messages.size(); fSaidSeen++) {
 		const BMessage& message = messages[fSaidSeen];
-		EXPECT_EQ(uint32(kMsgAppendChat), message.what);
+		EXPECT_EQ(static_cast<uint32>(kMsgAppendChat), message.what);
 		const uint32 color = static_cast<uint32>(message.GetInt32("color", 0));
 		EXPECT_EQ(0xffu, color & 0xff);
 		char hexadecimal[8];

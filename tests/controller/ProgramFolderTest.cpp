@@ -25,7 +25,6 @@
 #include "ControllerFixture.h"
 #include "DrawnRow.h"
 #include "FileListWindow.h"
-#include "FileObject.h"
 #include "HotlineNotifications.h"
 #include "OptionsWindow.h"
 #include "ProgramFolder.h"
@@ -33,6 +32,7 @@
 #include "TemporaryFolder.h"
 #include "UserInput.h"
 #include "WaitFor.h"
+#include "WireRecords.h"
 
 
 // Where the program finds its own file; empty when it does not.
@@ -182,9 +182,7 @@ TEST_F(ProgramFolderTest, EveryButton_HasItsOwnPictureAndItsLabel)
 		EXPECT_EQ(name, _ButtonsWith(name));
 	Post(kHLLoggedIn);
 	for (const char* name : {"disconnect", "chat", "users", "files", "tracker", "options"}) {
-		EXPECT_TRUE(WaitFor([&] {
-			return _ButtonsWith(name) == name;
-		})) << name;
+		EXPECT_SOON(_ButtonsWith(name) == name) << name;
 		EXPECT_STRNE("", fMain.Find<BButton>(name)->Label());
 	}
 }
@@ -201,7 +199,8 @@ TEST_F(ProgramFolderTest, EveryWindow_HasThePicturesOfTheFolder)
 	EXPECT_TRUE(_Shows(find_window<FileListWindow>(), "download", "download"));
 	Post(kMsgToolOptions);
 	WindowProbe options(find_window<OptionsWindow>());
-	EXPECT_EQ(int32(kPictures.size()), options.Find<BListView>("iconlist")->CountItems());
+	EXPECT_EQ(static_cast<int32>(kPictures.size()),
+		options.Find<BListView>("iconlist")->CountItems());
 	Post(kMsgToolAbout);
 	WindowProbe about(find_window<AboutWindow>());
 	EXPECT_EQ(155 + 59 + 15, about.Find<BView>("aboutView")->MinSize().height);
@@ -240,7 +239,7 @@ TEST_F(ProgramFolderTest, Download_ArrivesUnderItsName)
 		Post(&ready);
 		ExpectChatBegins("*** Downloading " + name + " (4000000000 bytes) ***\n", 0, 100, 0);
 		ASSERT_TRUE(transfers.Accept());
-		transfers.Send(FileObject("data of " + name));
+		transfers.Send(wire_file_object("data of " + name));
 		AwaitChat("*** Download complete: " + name + " ***\n", 0, 128, 0);
 
 		std::ifstream file(fFolder.PathOf("Downloads/" + name), std::ios::binary);
@@ -259,7 +258,7 @@ TEST_F(ProgramFolderTest, NameTooLongForAFile_LeavesNothing)
 	Post(&ready);
 	ExpectChatBegins("*** Downloading " + name + " (4000000000 bytes) ***\n", 0, 100, 0);
 	ASSERT_TRUE(transfers.Accept());
-	transfers.Send(FileObject("data"));
+	transfers.Send(wire_file_object("data"));
 	EXPECT_TRUE(transfers.WaitForEnd());
 	EXPECT_EQ(std::set<std::string>(), names_in(fFolder.PathOf("Downloads")));
 }

@@ -101,9 +101,7 @@ TEST_F(SecondaryWindowsTest, TwoOptionsWindows_TheLastOneSavedWins)
 TEST_F(SecondaryWindowsTest, Tracker_IsAskedUnderTheSavedAddress)
 {
 	WindowProbe window(_OpenTracker());
-	EXPECT_TRUE(WaitFor([&window] {
-		return window.Label("status") == "Error: Failed to read tracker response";
-	}));
+	EXPECT_SOON(window.Label("status") == "Error: Failed to read tracker response");
 }
 
 
@@ -119,5 +117,5 @@ TEST_F(SecondaryWindowsTest, ServerPickedInTheTracker_IsConnectedTo)
 	window.Post(kMsgTrackerInvoke);
 	fServer.Accept();
 	fServer.ShakeHands();
-	EXPECT_EQ("HaikuUser", fServer.Read(107).Field(102));
+	EXPECT_EQ("HaikuUser", fServer.ReadRequest(107).Field(102));
 }

@@ -38,7 +38,8 @@ protected:
 	void _Show(const std::string& bytes, uint32 connection = 0, bool isConnected = false)
 	{
 		BMessage picture(kMsgBannerData);
-		picture.AddData("data", B_RAW_TYPE, bytes.data(), ssize_t(bytes.size()), false);
+		picture.AddData("data", B_RAW_TYPE, bytes.data(), static_cast<ssize_t>(bytes.size()),
+			false);
 		AddConnection(&picture, connection);
 		fBanner.Show(&picture, isConnected);
 	}
@@ -76,7 +77,7 @@ TEST_F(ServerBannerTest, Grant_IsFetchedUpToTheLimitForItsConnection)
 	EXPECT_EQ("HTXF" + wire32(2), fServer.Read(16).substr(0, 8));
 	fServer.Send(std::string(524288, 'x'));
 	const BMessage picture = AwaitPosted();
-	EXPECT_EQ(uint32(kMsgBannerData), picture.what);
+	EXPECT_EQ(static_cast<uint32>(kMsgBannerData), picture.what);
 	EXPECT_EQ(7u, ConnectionOf(&picture));
 	EXPECT_EQ("HL:BannerDL", fCalls.Threads().back().name);
 	EXPECT_EQ(B_LOW_PRIORITY, fCalls.Threads().back().priority);

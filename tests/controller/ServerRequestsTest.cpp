@@ -4,6 +4,7 @@
  */
 #include "ServerRequests.h"
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
@@ -14,7 +15,7 @@
 #include "HostileTexts.h"
 #include "HotlineClient.h"
 #include "PartTest.h"
-#include "ScriptedServer.h"
+#include "RawServer.h"
 #include "Settings.h"
 #include "TemporaryFolder.h"
 #include "WireBytes.h"
@@ -32,7 +33,7 @@ protected:
 		fClient.reset(new HotlineClient(fTarget.get()));
 		fClient->Connect("127.0.0.1", fServer.Port(), "", "", "nick", 1);
 		fServer.AcceptAndLogIn("Harbor");
-		fServer.Read(300);
+		fServer.ReadRequest(300);
 	}
 
 	// What has all that a request could want, or all but one field.
@@ -48,7 +49,7 @@ protected:
 		return message;
 	}
 
-	ScriptedServer fServer;
+	RawServer fServer;
 	std::unique_ptr<HotlineClient> fClient;
 	ServerRequests fRequests;
 };
@@ -77,7 +78,7 @@ TEST_F(ServerRequestsTest, WithoutAConnection_NothingIsAskedOrSaid)
 	askAll();
 	// A request would have taken the first number.
 	fServer.ShakeHands();
-	EXPECT_EQ(1u, fServer.Read(107).id);
+	EXPECT_EQ(1u, fServer.ReadRequest(107).id);
 }
 
 
@@ -88,14 +89,14 @@ TEST_F(ServerRequestsTest, EveryRequest_ReachesTheServer)
 	_LogIn();
 	EXPECT_TRUE(fRequests.IsConnected());
 	fRequests.ListUsers();
-	fServer.Read(300);
+	fServer.ReadRequest(300);
 	fRequests.ListFolder(NULL);
-	EXPECT_FALSE(fServer.Read(200).HasField(202));
+	EXPECT_FALSE(fServer.ReadRequest(200).HasField(202));
 	fRequests.ListFolder("path");
-	EXPECT_EQ(folder, fServer.Read(200).Field(202));
+	EXPECT_EQ(folder, fServer.ReadRequest(200).Field(202));
 
 	fRequests.SendPrivateMessage(&message);
-	const WireTransaction told = fServer.Read(108);
+	const WireTransaction told = fServer.ReadRequest(108);
 	EXPECT_EQ(wire16(5), told.Field(103));
 	EXPECT_EQ("text", told.Field(101));
 	for (const std::string& text : hostile_texts()) {
@@ -103,13 +104,13 @@ TEST_F(ServerRequestsTest, EveryRequest_ReachesTheServer)
 		BMessage chat;
 		chat.AddString("text", text.c_str());
 		fRequests.SendChat(&chat);
-		EXPECT_EQ(text, fServer.Read(105).Field(101));
+		EXPECT_EQ(text, fServer.ReadRequest(105).Field(101));
 	}
 
 	fRequests.Agree(Settings());
 	fRequests.ChangeUser(Settings());
 	for (const uint32_t type : {121, 304}) {
-		const WireTransaction user = fServer.Read(type);
+		const WireTransaction user = fServer.ReadRequest(type);
 		EXPECT_EQ("HaikuUser", user.Field(102));
 		EXPECT_EQ(wire16(137), user.Field(104));
 	}
@@ -120,7 +121,7 @@ TEST_F(ServerRequestsTest, EveryRequest_ReachesTheServer)
 	fRequests.Upload(&message);
 	EXPECT_EQ("646464 *** Requesting upload: name ***\n", Said());
 	for (const uint32_t type : {202, 203}) {
-		const WireTransaction file = fServer.Read(type);
+		const WireTransaction file = fServer.ReadRequest(type);
 		EXPECT_EQ("name", file.Field(201));
 		EXPECT_EQ(folder, file.Field(202));
 	}
@@ -147,7 +148,7 @@ TEST_F(ServerRequestsTest, NobodyOrNothing_IsNotAsked)
 	}
 	// What had been sent would be in front.
 	fRequests.ListUsers();
-	fServer.Read(300);
+	fServer.ReadRequest(300);
 }
 
 
@@ -163,17 +164,17 @@ TEST_F(ServerRequestsTest, Upload_AnnouncesTheLow32BitsOfWhatItsLinkLeadsTo)
 	upload.AddInt64("size", 5000);
 	_LogIn();
 	fRequests.Upload(&upload);
-	const WireTransaction sent = fServer.Read(203);
+	const WireTransaction sent = fServer.ReadRequest(203);
 	EXPECT_EQ("link", sent.Field(201));
 	EXPECT_EQ(wire32(5000 + 74 + 56 + 4), sent.Field(108));
 
 	// The upper half of a size is lost.
 	std::vector<std::string> announced;
-	for (const int64 size : {int64(1), int64(4294967297), int64(2)}) {
+	for (const int64 size : std::initializer_list<int64>{1, 4294967297, 2}) {
 		BMessage missing = _Message();
 		missing.AddInt64("size", size);
 		fRequests.Upload(&missing);
-		announced.push_back(fServer.Read(203).Field(108));
+		announced.push_back(fServer.ReadRequest(203).Field(108));
 	}
 	EXPECT_EQ(announced[0], announced[1]);
 	EXPECT_NE(announced[0], announced[2]);

@@ -2,14 +2,13 @@
  * Copyright 2026, The Palimbra developers.
  * Distributed under the terms of the MIT License.
  */
+#include <initializer_list>
 #include <string>
 #include <thread>
 
 #include <gtest/gtest.h>
 
 #include <Message.h>
-#include <OS.h>
-#include <StringView.h>
 
 #include "AgreementWindow.h"
 #include "AppMessages.h"
@@ -24,30 +23,33 @@
 #include "TrackerWindow.h"
 #include "WaitFor.h"
 #include "WireBytes.h"
+#include "WireRecords.h"
 
 
-// The bytes with which a client begins, what the server says to them, and those with which a
-// transfer begins.
-static const size_t kHandshakeSize = 12;
-static const std::string kHandshakeReply = "TRTP" + wire_zeros(4);
+// The bytes with which a transfer begins.
 static const size_t kTransferRequestSize = 16;
 // What is done about replies.
 static const uint32 kReply = 0x10000;
 
 
-/*!	Waits without serving the application: what is posted meanwhile stays in the queues. */
-template<class Condition>
-static bool
-await_unserved(const Condition& condition)
-{
-	const bigtime_t deadline = system_time() + 10000000;
-	while (!condition()) {
-		if (system_time() > deadline)
-			return false;
-		std::this_thread::yield();
+/*!	As long as there is one, who waits does not serve the application: what is posted meanwhile
+	stays in the queues.
+*/
+class Unserved {
+public:
+	Unserved()
+		: fServe(PassTimeWith(std::this_thread::yield))
+	{
 	}
-	return true;
-}
+
+	Unserved(const Unserved&) = delete;
+	~Unserved() { PassTimeWith(fServe); }
+
+	Unserved& operator=(const Unserved&) = delete;
+
+private:
+	const TimePasser fServe;
+};
 
 
 /*!	One connection after the other: what the former one still says is not taken for the present
@@ -66,29 +68,24 @@ protected:
 		AwaitThreads();
 	}
 
-	static void AwaitThreads()
-	{
-		EXPECT_TRUE(WaitFor([] {
-			return count_threads_named("HL:") == 0;
-		}));
-	}
+	static void AwaitThreads() { EXPECT_SOON(count_threads_named("HL:") == 0); }
 
 	void PostUnserved(BMessage message) { fMain.Window()->PostMessage(&message); }
 
 	void LetFormerShakeHands()
 	{
+		const Unserved unserved;
 		ASSERT_TRUE(fFormer.Accept());
-		fFormer.Read(kHandshakeSize);
-		fFormer.Send(kHandshakeReply);
-		EXPECT_EQ(wire32(107) + wire32(1), fFormer.ReadTransaction().substr(0, 8));
+		fFormer.ShakeHands();
+		EXPECT_EQ(1u, fFormer.ReadRequest(107).id);
 	}
 
 	// Reads the request for the users that follows.
 	void LetFormerAcceptLogin()
 	{
-		fFormer.Send(
-			wire_transaction(kReply, 1, wire_param(160, wire16(190)) + wire_param(162, "Harbor")));
-		fFormer.ReadTransaction();
+		const Unserved unserved;
+		fFormer.Reply(1, {{160, wire16(190)}, {162, "Harbor"}});
+		fFormer.ReadRequest(300);
 	}
 
 	void LogInToFormer()
@@ -97,20 +94,19 @@ protected:
 		LetFormerShakeHands();
 		LetFormerAcceptLogin();
 		AwaitLogIn("Harbor");
-		fFormer.ReadTransaction();
+		fFormer.ReadRequest(300);
 	}
 
-	static std::string User(uint32_t socket, const std::string& nick)
+	static std::string User(uint16_t socket, const std::string& nick)
 	{
-		return wire_param(300,
-			wire16(socket) + wire16(128) + wire16(0) + wire16(static_cast<unsigned>(nick.size()))
-				+ nick);
+		return wire_param(300, wire_user(socket, 128, 0, nick));
 	}
 
 	// Has the former server say everything that could show, and returns when all of it has been
 	// posted.
 	void LetFormerSpeak()
 	{
+		const Unserved unserved;
 		fFormer.Send(wire_transaction(kReply, 3, User(1, "listed") + User(2, "listed too"))
 			+ wire_transaction(301, 0, wire_param(103, wire16(5)) + wire_param(102, "joined"))
 			+ wire_transaction(106, 0, wire_param(101, "chat"))
@@ -122,7 +118,7 @@ protected:
 			+ wire_transaction(111, 0, wire_param(101, "leave"))
 			// This one is answered at once, after all that stood before.
 			+ wire_transaction(109, 0, wire_param(154, wire8(1))));
-		EXPECT_EQ(wire32(121), fFormer.ReadTransaction().substr(0, 4));
+		fFormer.ReadRequest(121);
 	}
 
 	void ExpectNothingOfFormer()
@@ -155,8 +151,8 @@ protected:
 	// Opens the agreement of the former server.
 	void ShowAgreement()
 	{
-		fFormer.Send(wire_transaction(109, 0, wire_param(101, "Be kind.")));
-		await_windows<AgreementWindow>(1);
+		fFormer.Send(109, {{101, "Be kind."}});
+		EXPECT_SOON(count_windows<AgreementWindow>() == 1);
 	}
 
 	static void Answer(const char* button)
@@ -181,9 +177,7 @@ protected:
 	{
 		fTransfers.Send(bytes);
 		fTransfers.Hangup();
-		EXPECT_TRUE(WaitFor([] {
-			return count_threads_named("HL:BannerDL") == 0;
-		}));
+		EXPECT_SOON(count_threads_named("HL:BannerDL") == 0);
 		Settle();
 	}
 
@@ -239,11 +233,12 @@ TEST_F(SwitchingTest, AnotherServerDialedAheadOfTheLogin_KeepsTheFormerNameOut)
 TEST_F(SwitchingTest, Kick_IsNoLostConnection)
 {
 	LogInToFormer();
-	fFormer.Send(wire_transaction(111, 0, wire_param(101, "Good night")));
+	fFormer.Send(111, {{101, "Good night"}});
 	fFormer.Hangup();
-	EXPECT_TRUE(await_unserved([] {
-		return count_threads_named("HL:Receive") == 0;
-	}));
+	{
+		const Unserved unserved;
+		EXPECT_SOON(count_threads_named("HL:Receive") == 0);
+	}
 	AwaitChat("\n*** Server requested disconnect ***\n", 200, 0, 0);
 	ExpectNothingOfFormer();
 	EXPECT_EQ("Not connected", Status());
@@ -274,9 +269,10 @@ TEST_F(SwitchingTest, FormerAttemptThatFails_LeavesThePresentConnection)
 	Dial(fFormer.Port(), "127.0.0.2");
 	LogIn();
 	fCalls.ReleaseLookups();
-	EXPECT_TRUE(await_unserved([] {
-		return count_threads_named("HL:Connect") == 0;
-	}));
+	{
+		const Unserved unserved;
+		EXPECT_SOON(count_threads_named("HL:Connect") == 0);
+	}
 	ExpectConnectedToHarbor();
 }
 
@@ -287,9 +283,12 @@ TEST_F(SwitchingTest, DisconnectedWithinALongList_LeavesNobody)
 	LogInToFormer();
 	std::string users;
 	for (int i = 1; i <= kUsers; i++)
-		users += User(static_cast<uint32_t>(i), "user");
+		users += User(static_cast<uint16_t>(i), "user");
 	PostUnserved(BMessage(kMsgToolDisconnect));
-	fFormer.Send(wire_transaction(kReply, 3, users));
+	{
+		const Unserved unserved;
+		fFormer.Send(wire_transaction(kReply, 3, users));
+	}
 	AwaitChat("\n*** Disconnected ***\n", 180, 0, 0);
 	AwaitThreads();
 	ExpectNothingOfFormer();
@@ -325,7 +324,7 @@ TEST_F(SwitchingTest, Banner_IsShownToItsOwnConnectionAlone)
 	EXPECT_EQ(BSize(0, 0), BannerSize());
 
 	BeginBanner(picture.size());
-	fServer.HangUp();
+	fServer.Hangup();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
 	FinishBanner(picture);
 	EXPECT_EQ(BSize(0, 0), BannerSize());
@@ -356,8 +355,8 @@ TEST_F(SwitchingTest, UploadOfTheFormerConnection_GoesOnAndReports)
 TEST_F(SwitchingTest, WhatWasMeantForAnotherServer_IsNotSentToThisOne)
 {
 	LogIn();
-	for (const uint32 what : {uint32(kMsgSendChat), uint32(kMsgPMSend), uint32(kMsgOpenPM),
-			 uint32(kMsgOpenFolder), uint32(kMsgDownloadFile), uint32(kMsgUploadFile)}) {
+	for (const uint32 what : std::initializer_list<uint32>{kMsgSendChat, kMsgPMSend, kMsgOpenPM,
+			 kMsgOpenFolder, kMsgDownloadFile, kMsgUploadFile}) {
 		BMessage late(what);
 		late.AddString("text", "late");
 		late.AddString("nick", "late");
@@ -385,9 +384,7 @@ TEST_F(SwitchingTest, TrackerWithoutAThread_SaysSo)
 	fCalls.HoldLookups();
 	tracker.Invoke("refresh");
 	EXPECT_EQ("Loading…", tracker.Label("status"));
-	EXPECT_TRUE(WaitFor([this] {
-		return fCalls.Lookups().size() == 1;
-	}));
+	EXPECT_SOON(fCalls.Lookups().size() == 1);
 }
 
 
@@ -397,9 +394,7 @@ TEST_F(SwitchingTest, TrackerClosedWhileResolving_DoesNotWait)
 	fCalls.HoldLookups();
 	Post(kMsgToolTracker);
 	WindowProbe tracker(find_window<TrackerWindow>());
-	EXPECT_TRUE(WaitFor([this] {
-		return fCalls.Lookups().size() == 1;
-	}));
+	EXPECT_SOON(fCalls.Lookups().size() == 1);
 	tracker.Window()->PostMessage(B_QUIT_REQUESTED);
 	tracker.WaitForEnd();
 }
@@ -410,9 +405,7 @@ TEST_F(SwitchingTest, ProgramQuitWhileResolving_DoesNotWait)
 	fCalls.HoldLookups();
 	BMessage connect = ConnectMessage("slow.example", 5500);
 	Post(&connect);
-	EXPECT_TRUE(WaitFor([this] {
-		return fCalls.Lookups().size() == 1;
-	}));
+	EXPECT_SOON(fCalls.Lookups().size() == 1);
 	close_silently(fMain.Window());
 	EXPECT_FALSE(fMain.IsAlive());
 }

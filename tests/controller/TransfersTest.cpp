@@ -60,7 +60,7 @@ TEST_F(TransfersTest, GrantedUpload_IsSentAndItsFailurePosted)
 		fTransfers.StartUpload(&grant);
 		EXPECT_EQ("006400 *** Uploading " + std::string(name) + " ***\n", Said());
 		const BMessage outcome = AwaitPosted();
-		EXPECT_EQ(uint32(kMsgUploadDone), outcome.what);
+		EXPECT_EQ(static_cast<uint32>(kMsgUploadDone), outcome.what);
 		EXPECT_STREQ(name, outcome.GetString("filename"));
 		EXPECT_FALSE(outcome.GetBool("success", true));
 		EXPECT_EQ(0u, outcome.GetUInt32("connection", 0));
@@ -107,9 +107,7 @@ TEST_F(TransfersTest, WithoutAPort_TheDefaultIsTaken)
 	grant.AddString("address", "one.example");
 	fTransfers.StartDownload(&grant);
 	EXPECT_EQ("006400 *** Downloading name (0 bytes) ***\n", Said());
-	EXPECT_TRUE(WaitFor([this] {
-		return fCalls.Lookups().size() == 1;
-	}));
+	EXPECT_SOON(fCalls.Lookups().size() == 1);
 	EXPECT_EQ("one.example", fCalls.Lookups()[0].host);
 	EXPECT_EQ("5501", fCalls.Lookups()[0].port);
 }

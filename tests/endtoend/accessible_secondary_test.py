@@ -8,7 +8,7 @@ import os
 from client import is_inside
 from demo import SERVER_NAME
 from desktop import wait_until
-from support import PROGRAM_FOLDER, ClientCase, main, names, setUpModule  # noqa: F401
+from support import PROGRAM_FOLDER, DemoCase, main, names, setUpModule  # noqa: F401
 
 
 def style_at(text, offset):
@@ -16,15 +16,10 @@ def style_at(text, offset):
     return attributes.get("fg-color"), attributes.get("weight")
 
 
-class AccessibleSecondaryTest(ClientCase):
+class AccessibleSecondaryTest(DemoCase):
     def setUp(self):
         self.demo = self.start_demo("--still", "--answer-delay", "10", "--no-agreement", "--no-welcome")
         self.client = self.start_client()
-
-    def enter(self):
-        self.client.connect("localhost", self.demo.port)
-        self.client.wait_for_login(SERVER_NAME)
-        self.client.wait_for_users(lambda users: "HaikuUser" in users, "HaikuUser")
 
     def assert_rows(self, rows, window, expected):
         """The rows are those, each with its name and description, and those that can be seen say where they are."""

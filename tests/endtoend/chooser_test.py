@@ -5,7 +5,7 @@
 
 import os
 
-from support import ServedCase, main, names, setUpModule  # noqa: F401
+from support import ServedCase, main, setUpModule  # noqa: F401
 
 
 class ChooserTest(ServedCase):

@@ -4,24 +4,18 @@
 """A whole evening at the demo server."""
 
 from demo import SERVER_NAME
-from support import CONNECTED, NOT_CONNECTED, ClientCase, main, setUpModule  # noqa: F401
+from support import CONNECTED, NOT_CONNECTED, DemoCase, main, setUpModule  # noqa: F401
 
 NICK = "HaikuUser"
 
 
-class SessionTest(ClientCase):
+class SessionTest(DemoCase):
     def setUp(self):
         self.demo = self.start_demo("--still", "--answer-delay", "10")
         self.client = self.start_client()
 
-    def enter(self):
-        self.client.connect("localhost", self.demo.port)
-        self.client.wait_for_login(SERVER_NAME)
-        self.client.accept_agreement()
-        self.client.wait_for_users(lambda users: NICK in users, NICK)
-
     def test_the_lines_of_a_login(self):
-        self.enter()
+        self.enter(accepts=True)
         self.client.wait_for_chat("Welcome to the ")
         expected = [
             "*** Connecting to localhost:%d ***" % self.demo.port,
@@ -37,7 +31,7 @@ class SessionTest(ClientCase):
         self.client.window("Users Online (12)")
 
     def test_people_answer_join_change_and_leave(self):
-        self.enter()
+        self.enter(accepts=True)
         before = self.client.users()
         self.client.say("Hello Juniper")
         self.client.wait_for_chat("%s:  Hello Juniper\nJuniper:  %s: Hello there!" % (NICK, NICK))
@@ -50,7 +44,7 @@ class SessionTest(ClientCase):
         self.client.window("Users Online (12)")
 
     def test_what_the_server_says(self):
-        self.enter()
+        self.enter(accepts=True)
         self.client.say("/broadcast Tea is ready")
         self.client.wait_for_chat("\n*** Broadcast: Tea is ready ***\n")
         self.client.say("/error No tea")
@@ -64,7 +58,7 @@ class SessionTest(ClientCase):
     def test_a_lost_line_and_another_connection(self):
         for command in ("/drop", "/half", "/reset"):
             with self.subTest(command):
-                self.enter()
+                self.enter(accepts=True)
                 self.client.say(command)
                 self.client.wait_for_status("Disconnected")
                 self.client.wait_for_chat("\n*** Connection lost ***\n")
@@ -75,7 +69,7 @@ class SessionTest(ClientCase):
                 self.assert_soon(lambda: self.client.entry().has("enabled"), False)
 
     def test_a_polite_quit_disconnects(self):
-        self.enter()
+        self.enter(accepts=True)
         self.client.say("/quit")
         self.client.wait_for_status("Not connected")
         self.client.wait_for_chat("\n*** Server requested disconnect ***\n")
@@ -85,7 +79,7 @@ class SessionTest(ClientCase):
     def test_disconnecting_by_button_and_by_keyboard(self):
         for way in ("button", "keyboard"):
             with self.subTest(way):
-                self.enter()
+                self.enter(accepts=True)
                 if way == "button":
                     self.client.press("Disconnect")
                 else:
@@ -113,10 +107,10 @@ class SessionTest(ClientCase):
         self.client.wait_for_status("Connection failed")
         self.client.wait_for_chat("*** Connection failed: Could not connect to server ***\n")
         self.demo.start()
-        self.enter()
+        self.enter(accepts=True)
 
     def test_quitting_in_the_middle_of_it(self):
-        self.enter()
+        self.enter(accepts=True)
         self.client.say("/flood 100000")
         self.assert_quits()
 

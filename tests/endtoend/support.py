@@ -12,7 +12,7 @@ import unittest
 
 import hotline
 from client import Client
-from demo import Demo
+from demo import SERVER_NAME, Demo
 from desktop import Desktop, NotHappened, wait_until
 
 BUILD = os.path.abspath(os.environ["PALIMBRA_BUILD"])
@@ -135,6 +135,18 @@ class ClientCase(unittest.TestCase):
         path = os.path.join(folder, self.id().replace("__main__.", "") + ".png")
         self.desktop.screenshot(path)
         return path
+
+
+class DemoCase(ClientCase):
+    """A case whose client meets the demo server, once that has been started."""
+
+    def enter(self, accepts=False):
+        """Connects until the client is among the users, by accepting an agreement if there is one."""
+        self.client.connect("localhost", self.demo.port)
+        self.client.wait_for_login(SERVER_NAME)
+        if accepts:
+            self.client.accept_agreement()
+        self.client.wait_for_users(lambda users: "HaikuUser" in users, "HaikuUser")
 
 
 class ServedCase(ClientCase):

@@ -6,24 +6,22 @@
 import os
 import signal
 
-from demo import MEBIBYTE, SERVER_NAME, pattern
+from demo import MEBIBYTE, pattern
 from desktop import wait_until
-from support import ClientCase, main, setUpModule  # noqa: F401
+from support import DemoCase, main, setUpModule  # noqa: F401
 
 LARGE = "1 GiB"
 LARGE_SIZE = 1024 * MEBIBYTE
 PARTS = 10
 
 
-class TransfersTest(ClientCase):
+class TransfersTest(DemoCase):
     def setUp(self):
         self.demo = self.start_demo("--still", "--answer-delay", "10", "--no-agreement", "--no-welcome", "--no-banner")
         # The downloads lie beside the program.
         self.folder = self.copy_program()
         self.client = self.start_client(self.folder)
-        self.client.connect("localhost", self.demo.port)
-        self.client.wait_for_login(SERVER_NAME)
-        self.client.wait_for_users(lambda users: "HaikuUser" in users, "HaikuUser")
+        self.enter()
         for window, left, top in ((self.client.main_window(), 20, 40), (self.client.chat_window(), 20, 230),
                 (self.client.users_window(), 800, 40)):
             self.client.place(window, left, top)

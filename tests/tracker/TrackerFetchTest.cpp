@@ -70,15 +70,22 @@ protected:
 
 	std::string Address() const { return "127.0.0.1:" + std::to_string(fServer.Port()); }
 
+	// A fetch whose connection the tracker has accepted.
+	std::unique_ptr<FetchRun> Start()
+	{
+		auto run = std::make_unique<FetchRun>(Address(), fRecorder.get());
+		EXPECT_TRUE(fServer.Accept());
+		return run;
+	}
+
 	// Lets a fetch meet an answer, which is all that the tracker says before it closes.
 	status_t Fetch(const std::string& answer)
 	{
-		FetchRun run(Address(), fRecorder.get());
-		EXPECT_TRUE(fServer.Accept());
+		const auto run = Start();
 		EXPECT_EQ(kRequest, fServer.Read(kRequest.size()));
 		fServer.Send(answer);
 		fServer.Hangup();
-		return run.Result();
+		return run->Result();
 	}
 
 	// Lets a fetch come to an end with that result and outcome by itself.
@@ -124,12 +131,11 @@ protected:
 
 TEST_F(TrackerFetchTest, Request_IsSixBytesAndNothingFollows)
 {
-	FetchRun run(Address(), fRecorder.get());
-	ASSERT_TRUE(fServer.Accept());
+	const auto run = Start();
 	EXPECT_EQ("HTRK" + wire16(1), fServer.Read(6));
 	fServer.Send(wire_tracker_header(5, 0) + "x");
 	EXPECT_EQ("", fServer.ReadToEnd());
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ("done", Outcome());
 }
 
@@ -161,12 +167,11 @@ TEST_F(TrackerFetchTest, EmptyName_IsPostedAsAnEmptyString)
 
 TEST_F(TrackerFetchTest, Size_EndsTheListingWithoutTheTrackerClosing)
 {
-	FetchRun run(Address(), fRecorder.get());
-	ASSERT_TRUE(fServer.Accept());
+	const auto run = Start();
 	fServer.Send(wire_tracker_header(static_cast<uint16>(fTwo.size() + 4), 0) + fTwo
 		+ wire_server_record("beyond", ""));
 	EXPECT_TRUE(fServer.WaitForEnd());
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ("one two done", Outcome());
 }
 
@@ -182,12 +187,11 @@ TEST_F(TrackerFetchTest, SizeThatSaysNothing_ReadsUntilTheTrackerCloses)
 
 TEST_F(TrackerFetchTest, ListingWithoutEnd_IsReadUpTo64KiB)
 {
-	FetchRun run(Address(), fRecorder.get());
-	ASSERT_TRUE(fServer.Accept());
+	const auto run = Start();
 	fServer.Read(6);
 	fServer.Send(wire_tracker_header(0, 0) + wire_zeros(70000));
 	EXPECT_TRUE(fServer.WaitForEnd());
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	// Twelve bytes make a record, which leaves four of the 65,536.
 	const std::vector<BMessage> messages = fRecorder->Messages();
 	ASSERT_EQ(5461u + 1, messages.size());
@@ -222,13 +226,12 @@ TEST_F(TrackerFetchTest, ListingCutAtAnyByte_KeepsWhatIsWhole)
 
 TEST_F(TrackerFetchTest, OneByteAtATime_MakesNoDifference)
 {
-	FetchRun run(Address(), fRecorder.get());
-	ASSERT_TRUE(fServer.Accept());
+	const auto run = Start();
 	EXPECT_EQ(kRequest, fServer.Read(kRequest.size()));
 	EXPECT_TRUE(
 		fServer.SendOneByOne(wire_tracker_header(0, 1) + wire_server_record("slow", "tracker")));
 	fServer.Hangup();
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ("slow done", Outcome());
 }
 
@@ -244,11 +247,10 @@ TEST_F(TrackerFetchTest, HeaderCutAtAnyByte_IsAnError)
 
 TEST_F(TrackerFetchTest, Reset_IsAnError)
 {
-	FetchRun run(Address(), fRecorder.get());
-	ASSERT_TRUE(fServer.Accept());
+	const auto run = Start();
 	fServer.Read(6);
 	fServer.Reset();
-	EXPECT_EQ(1, run.Result());
+	EXPECT_EQ(1, run->Result());
 	EXPECT_EQ(kNotRead, Outcome());
 }
 
@@ -306,9 +308,8 @@ TEST_F(TrackerFetchTest, NoConnection_IsTheSystemsError)
 TEST_F(TrackerFetchTest, SilentTracker_TimesOutAfterTenSeconds)
 {
 	fCalls.ShortenTimeouts(100);
-	FetchRun run(Address(), fRecorder.get());
-	ASSERT_TRUE(fServer.Accept());
-	EXPECT_EQ(1, run.Result());
+	const auto run = Start();
+	EXPECT_EQ(1, run->Result());
 	EXPECT_EQ(kNotRead, Outcome());
 
 	EXPECT_EQ((InterposedCalls::Timeouts{{SO_RCVTIMEO, 10}, {SO_SNDTIMEO, 10}}),
@@ -319,10 +320,9 @@ TEST_F(TrackerFetchTest, SilentTracker_TimesOutAfterTenSeconds)
 TEST_F(TrackerFetchTest, SilenceInTheListing_EndsIt)
 {
 	fCalls.ShortenTimeouts(100);
-	FetchRun run(Address(), fRecorder.get());
-	ASSERT_TRUE(fServer.Accept());
+	const auto run = Start();
 	fServer.Send(wire_tracker_header(1000, 2) + wire_server_record("one", "") + "cut");
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ("one done", Outcome());
 }
 
@@ -330,11 +330,10 @@ TEST_F(TrackerFetchTest, SilenceInTheListing_EndsIt)
 TEST_F(TrackerFetchTest, HeaderThatDrips_IsGivenUpAfterTenSeconds)
 {
 	fCalls.StepClock(10);
-	FetchRun run(Address(), fRecorder.get());
-	ASSERT_TRUE(fServer.Accept());
+	const auto run = Start();
 	// One byte, and the time is over; the next one would have another ten seconds of the socket's.
 	fServer.Send("H");
-	EXPECT_EQ(1, run.Result(5));
+	EXPECT_EQ(1, run->Result(5));
 	EXPECT_EQ(kNotRead, Outcome());
 }
 
@@ -342,11 +341,10 @@ TEST_F(TrackerFetchTest, HeaderThatDrips_IsGivenUpAfterTenSeconds)
 TEST_F(TrackerFetchTest, ListingThatDrips_EndsAfterAMinute)
 {
 	fCalls.StepClock(11);
-	FetchRun run(Address(), fRecorder.get());
-	ASSERT_TRUE(fServer.Accept());
+	const auto run = Start();
 	fServer.Send(wire_tracker_header(65535, 0) + wire_server_record("one", ""));
-	EXPECT_SOON(!fServer.Send("x") || run.HasEnded());
-	EXPECT_EQ(0, run.Result());
+	EXPECT_SOON(!fServer.Send("x") || run->HasEnded());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ("done", Outcome().substr(Outcome().size() - 4));
 }
 
@@ -371,14 +369,13 @@ TEST_F(TrackerFetchTest, StoppedWhileTheTrackerIsSilent_EndsAtOnce)
 	for (const std::string& answer : {std::string(), wire_tracker_header(65535, 0)}) {
 		SCOPED_TRACE(answer.size());
 		fRecorder.reset(new MessageRecorder);
-		FetchRun run(Address(), fRecorder.get());
-		ASSERT_TRUE(fServer.Accept());
+		const auto run = Start();
 		EXPECT_EQ(kRequest, fServer.Read(kRequest.size()));
 		const size_t before = fCalls.CountReceived();
 		fServer.Send(answer);
 		EXPECT_SOON(fCalls.CountReceived() == before + answer.size());
-		run.Stop();
-		EXPECT_EQ(0, run.Result(5));
+		run->Stop();
+		EXPECT_EQ(0, run->Result(5));
 		EXPECT_EQ("done", Outcome());
 	}
 }
@@ -386,28 +383,26 @@ TEST_F(TrackerFetchTest, StoppedWhileTheTrackerIsSilent_EndsAtOnce)
 
 TEST_F(TrackerFetchTest, StoppedInTheListing_EndsWithTheNextByteAndPostsNone)
 {
-	FetchRun run(Address(), fRecorder.get());
-	ASSERT_TRUE(fServer.Accept());
+	const auto run = Start();
 	const std::string answer = wire_tracker_header(65535, 0) + wire_server_record("one", "");
 	fServer.Send(answer);
 	EXPECT_SOON(fCalls.CountReceived() == answer.size());
-	run.running = false;
+	run->running = false;
 	// The tracker neither closes nor falls silent.
-	EXPECT_SOON(!fServer.Send("x") || run.HasEnded());
-	EXPECT_EQ(0, run.Result());
+	EXPECT_SOON(!fServer.Send("x") || run->HasEnded());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ("done", Outcome());
 }
 
 
 TEST_F(TrackerFetchTest, WindowGone_IsNoTrouble)
 {
-	FetchRun run(Address(), fRecorder.get());
-	ASSERT_TRUE(fServer.Accept());
+	const auto run = Start();
 	EXPECT_EQ(kRequest, fServer.Read(kRequest.size()));
 	fRecorder.reset();
 	fServer.Send(wire_tracker_header(0, 0) + fTwo);
 	fServer.Hangup();
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 }
 
 

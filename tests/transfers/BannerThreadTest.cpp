@@ -63,10 +63,9 @@ TEST_F(BannerThreadTest, Banner_IsPostedByteForByteUpToItsSize)
 
 TEST_F(BannerThreadTest, BytesOneByOne_AreOneBanner)
 {
-	TransferRun run(BannerThread, NewBanner(20));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(BannerThread, NewBanner(20));
 	EXPECT_TRUE(fServer->SendOneByOne(PatternBytes(0, 20)));
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	ExpectData(PatternBytes(0, 20));
 }
 
@@ -81,11 +80,10 @@ TEST_F(BannerThreadTest, NothingAnnouncedOrSent_PostsNothing)
 
 TEST_F(BannerThreadTest, Reset_PostsWhatHadArrived)
 {
-	TransferRun run(BannerThread, NewBanner(10));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(BannerThread, NewBanner(10));
 	fServer->Read(16);
 	fServer->Reset();
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ(0, fRecorder->CountMessages());
 }
 
@@ -94,9 +92,8 @@ TEST_F(BannerThreadTest, SilentServer_TimesOutAfterThirtySeconds)
 {
 	InterposedCalls calls;
 	calls.ShortenTimeouts(150);
-	TransferRun run(BannerThread, NewBanner(2000));
-	ASSERT_TRUE(fServer->Accept());
-	EXPECT_EQ(0, run.Result());
+	const auto run = Start(BannerThread, NewBanner(2000));
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ(0, fRecorder->CountMessages());
 
 	EXPECT_EQ((InterposedCalls::Timeouts{{SO_RCVTIMEO, 30}, {SO_SNDTIMEO, 30}}),
@@ -108,10 +105,9 @@ TEST_F(BannerThreadTest, SilenceAfterHalf_PostsTheHalf)
 {
 	InterposedCalls calls;
 	calls.ShortenTimeouts(150);
-	TransferRun run(BannerThread, NewBanner(2000));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(BannerThread, NewBanner(2000));
 	fServer->Send(PatternBytes(0, 1000));
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	ExpectData(PatternBytes(0, 1000));
 }
 
@@ -144,9 +140,8 @@ TEST_F(BannerThreadTest, NoWayToTheServer_IsSilent)
 
 TEST_F(BannerThreadTest, ControllerGone_IsNoTrouble)
 {
-	TransferRun run(BannerThread, NewBanner(4));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(BannerThread, NewBanner(4));
 	QuitRecorder();
 	fServer->Send("GIF8");
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 }

@@ -81,10 +81,9 @@ TEST_F(DownloadFailureTest, SilenceBeforeTheData_EndsAfterSixtySeconds)
 		SCOPED_TRACE(length);
 		InterposedCalls calls;
 		calls.ShortenTimeouts(300);
-		TransferRun run(DownloadThread, NewDownload(PathOf("file")));
-		ASSERT_TRUE(fServer->Accept());
+		const auto run = Start(DownloadThread, NewDownload(PathOf("file")));
 		fServer->Send(stream.substr(0, length));
-		EXPECT_EQ(1, run.Result());
+		EXPECT_EQ(1, run->Result());
 		EXPECT_EQ(0, fRecorder->CountMessages());
 		EXPECT_EQ((InterposedCalls::Timeouts{{SO_RCVTIMEO, 60}}), calls.SetTimeouts());
 	}
@@ -94,11 +93,10 @@ TEST_F(DownloadFailureTest, SilenceBeforeTheData_EndsAfterSixtySeconds)
 TEST_F(DownloadFailureTest, SilenceInTheData_IsAFailure)
 {
 	fCalls.ShortenTimeouts(300);
-	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(DownloadThread, NewDownload(PathOf("file")));
 	fServer->Send(
 		wire_zeros(24) + wire_fork_header("INFO", 0) + wire_fork_header("DATA", 4) + "dat");
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ("dat", ContentOf(PathOf("file")));
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", false);
 }
@@ -109,11 +107,10 @@ TEST_F(DownloadFailureTest, LocalFileThatCannotBeMade_IsSilent)
 	std::filesystem::create_directory(PathOf("folder"));
 	for (const std::string& path : {PathOf("missing/file"), PathOf("folder"), std::string()}) {
 		SCOPED_TRACE(path);
-		TransferRun run(DownloadThread, NewDownload(path));
-		ASSERT_TRUE(fServer->Accept());
+		const auto run = Start(DownloadThread, NewDownload(path));
 		fServer->Send(wire_file_object("data"));
 		EXPECT_TRUE(fServer->WaitForEnd());
-		EXPECT_EQ(1, run.Result());
+		EXPECT_EQ(1, run->Result());
 		EXPECT_EQ(0, fRecorder->CountMessages());
 	}
 }
@@ -128,13 +125,12 @@ TEST_F(DownloadFailureTest, FullDisk_IsNotNoticed)
 
 TEST_F(DownloadFailureTest, LocalFileRemovedOnTheWay_IsNotNoticed)
 {
-	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(DownloadThread, NewDownload(PathOf("file")));
 	fServer->Send(
 		wire_zeros(24) + wire_fork_header("INFO", 0) + wire_fork_header("DATA", 4) + "da");
 	EXPECT_SOON(std::filesystem::remove(PathOf("file")));
 	fServer->Send("ta");
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_FALSE(std::filesystem::exists(PathOf("file")));
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
 }
@@ -172,11 +168,10 @@ TEST_F(DownloadFailureTest, NameThatIsNotUtf8_KeepsItsBytes)
 
 TEST_F(DownloadFailureTest, ControllerGone_IsNoTrouble)
 {
-	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(DownloadThread, NewDownload(PathOf("file")));
 	QuitRecorder();
 	fServer->Send(wire_file_object("data"));
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ("data", ContentOf(PathOf("file")));
 }
 
@@ -202,8 +197,7 @@ TEST_F(DownloadFailureTest, SignalsWhileWaiting_AreNoErrors)
 	struct sigaction before;
 	ASSERT_EQ(0, sigaction(SIGUSR1, &action, &before));
 
-	TransferRun run(download_and_tell_thread, NewDownload(PathOf("file")));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(download_and_tell_thread, NewDownload(PathOf("file")));
 	const std::string stream = wire_file_object("data");
 	for (size_t i = 0; i < stream.size(); i += 8) {
 		const int count = sSignals;
@@ -215,7 +209,7 @@ TEST_F(DownloadFailureTest, SignalsWhileWaiting_AreNoErrors)
 		}));
 		fServer->Send(stream.substr(i, 8));
 	}
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ("data", ContentOf(PathOf("file")));
 	EXPECT_EQ(0, sigaction(SIGUSR1, &before, NULL));
 }

@@ -26,12 +26,11 @@ protected:
 
 TEST_F(DownloadThreadTest, Request_IsSixteenBytesAndNothingFollows)
 {
-	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(DownloadThread, NewDownload(PathOf("file")));
 	EXPECT_EQ("HTXF" + wire32(0x01020304) + wire32(0) + wire32(0), fServer->Read(16));
 	fServer->Send(wire_file_object("data"));
 	EXPECT_EQ("", fServer->ReadToEnd());
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 }
 
 
@@ -112,10 +111,9 @@ TEST_F(DownloadThreadTest, NoMagicOrType_IsLookedAt)
 TEST_F(DownloadThreadTest, OneByteAtATime_MakesNoDifference)
 {
 	const std::string path = PathOf("file");
-	TransferRun run(DownloadThread, NewDownload(path));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(DownloadThread, NewDownload(path));
 	EXPECT_TRUE(fServer->SendOneByOne(wire_file_object("byte by byte")));
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ("byte by byte", ContentOf(path));
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
 }
@@ -124,12 +122,11 @@ TEST_F(DownloadThreadTest, OneByteAtATime_MakesNoDifference)
 TEST_F(DownloadThreadTest, ResourceFork_IsNeverRead)
 {
 	const std::string path = PathOf("file");
-	TransferRun run(DownloadThread, NewDownload(path));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(DownloadThread, NewDownload(path));
 	fServer->Send(wire_file_object("data") + wire_fork_header("MACR", 1000000));
 	// The end comes without the million bytes.
 	EXPECT_TRUE(fServer->WaitForEnd());
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ("data", ContentOf(path));
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
 }
@@ -159,13 +156,12 @@ TEST_F(DownloadThreadTest, StreamCutAtAnyByte_IsSilentBeforeTheDataAndFailsInIt)
 
 TEST_F(DownloadThreadTest, ConnectionResetInTheData_Fails)
 {
-	TransferRun run(DownloadThread, NewDownload(PathOf("file")));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(DownloadThread, NewDownload(PathOf("file")));
 	fServer->Read(16);
 	fServer->Send(wire_file_object("data").substr(0, wire_file_object("data").size() - 1));
 	EXPECT_SOON(ContentOf(PathOf("file")) == "dat");
 	fServer->Reset();
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_EQ("dat", ContentOf(PathOf("file")));
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", false);
 }
@@ -189,14 +185,13 @@ TEST_F(DownloadThreadTest, SixtyMebibytes_ArriveIdenticalInConstantMemory)
 
 	const std::string piece = PatternBytes(0, kPiece);
 	const std::string path = PathOf("large");
-	TransferRun run(DownloadThread, NewDownload(path));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(DownloadThread, NewDownload(path));
 	fServer->Send(wire_zeros(24) + wire_fork_header("INFO", 0) + wire_fork_header("DATA", kSize));
 	const size_t peakBefore = PeakMemory();
 	for (uint32 sent = 0; sent + 1 < kSize; sent += kPiece)
 		ASSERT_TRUE(fServer->Send(piece));
 	ASSERT_TRUE(fServer->Send("!"));
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_LT(PeakMemory(), peakBefore + kMostGrowth);
 
 	EXPECT_TRUE(FileRepeats(path, piece, kSize / kPiece, "!"));

@@ -94,15 +94,23 @@ TransferTest::NewBanner(uint32 size)
 }
 
 
+std::unique_ptr<TransferRun>
+TransferTest::Start(thread_func entry, void* record)
+{
+	auto run = std::make_unique<TransferRun>(entry, record);
+	EXPECT_TRUE(fServer->Accept());
+	return run;
+}
+
+
 status_t
 TransferTest::Serve(thread_func entry, void* record, const std::string& answer)
 {
-	const TransferRun run(entry, record);
-	EXPECT_TRUE(fServer->Accept());
+	const auto run = Start(entry, record);
 	EXPECT_EQ("HTXF" + wire32(kReference) + wire_zeros(8), fServer->Read(16));
 	fServer->Send(answer);
 	fServer->Hangup();
-	return run.Result();
+	return run->Result();
 }
 
 

@@ -55,6 +55,8 @@ protected:
 	UploadInfo* NewUpload(const std::string& localPath, const std::string& name = "notes.txt");
 	BannerDLInfo* NewBanner(uint32 size);
 
+	// A transfer whose connection the server has accepted.
+	std::unique_ptr<TransferRun> Start(thread_func entry, void* record);
 	// Lets a transfer meet a server that sends this and hangs up.
 	status_t Serve(thread_func entry, void* record, const std::string& answer);
 

@@ -32,8 +32,7 @@ protected:
 	// An upload of a large file that the server has read the description of.
 	void StartLarge(const std::string& path)
 	{
-		fRun = std::make_unique<TransferRun>(UploadThread, NewUpload(path));
-		ASSERT_TRUE(fServer->Accept());
+		fRun = Start(UploadThread, NewUpload(path));
 		EXPECT_EQ(kDescriptionSize, fServer->Read(kDescriptionSize).size());
 	}
 
@@ -105,11 +104,10 @@ TEST_F(UploadFailureTest, ServerGoneAtAnyStage_IsReportedWithoutASignal)
 	int32 outcomes = 0;
 	for (size_t length = 0; length <= kDescriptionSize; length++) {
 		SCOPED_TRACE(length);
-		TransferRun run(UploadThread, NewUpload(path));
-		ASSERT_TRUE(fServer->Accept());
+		const auto run = Start(UploadThread, NewUpload(path));
 		EXPECT_EQ(length, fServer->Read(length).size());
 		fServer->Hangup();
-		EXPECT_EQ(0, run.Result());
+		EXPECT_EQ(0, run->Result());
 		ASSERT_EQ(++outcomes, fRecorder->CountMessages());
 		EXPECT_FALSE(fRecorder->Messages().back().GetBool("success", true));
 	}
@@ -119,9 +117,8 @@ TEST_F(UploadFailureTest, ServerGoneAtAnyStage_IsReportedWithoutASignal)
 TEST_F(UploadFailureTest, ServerThatReadsNothing_TimesOut)
 {
 	fCalls.ShortenTimeouts(300);
-	TransferRun run(UploadThread, NewUpload(NewLargeFile()));
-	ASSERT_TRUE(fServer->Accept());
-	EXPECT_EQ(0, run.Result());
+	const auto run = Start(UploadThread, NewUpload(NewLargeFile()));
+	EXPECT_EQ(0, run->Result());
 	ExpectOutcome(kMsgUploadDone, "notes.txt", false);
 }
 
@@ -158,9 +155,8 @@ TEST_F(UploadFailureTest, FileThatVanishes_IsSentToItsEnd)
 
 TEST_F(UploadFailureTest, ControllerGone_IsNoTrouble)
 {
-	TransferRun run(UploadThread, NewUpload(NewFile("file", "data")));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(UploadThread, NewUpload(NewFile("file", "data")));
 	QuitRecorder();
 	EXPECT_EQ(kDescriptionSize + 4, fServer->ReadToEnd().size());
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 }

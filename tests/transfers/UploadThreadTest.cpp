@@ -123,8 +123,7 @@ TEST_F(UploadThreadTest, FileOver4GiB_WrapsTheSizesAndGoesOn)
 
 	const std::string path = NewFile("file", "sparse");
 	std::filesystem::resize_file(path, kSize);
-	TransferRun run(UploadThread, NewUpload(path, "name"));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(UploadThread, NewUpload(path, "name"));
 	EXPECT_EQ("HTXF" + wire32(0x01020304) + wire32(74 + 4 + 10 + 56) + wire32(0),
 		fServer->Read(16));
 	fServer->Read(24 + 16 + 74 + 4);
@@ -132,7 +131,7 @@ TEST_F(UploadThreadTest, FileOver4GiB_WrapsTheSizesAndGoesOn)
 	// The bytes do not end with the ten that are announced.
 	EXPECT_TRUE("sparse" + wire_zeros(1000000) == fServer->Read(1000006));
 	fServer->Hangup();
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	ExpectOutcome(kMsgUploadDone, "name", false);
 }
 
@@ -162,14 +161,13 @@ TEST_F(UploadThreadTest, SixtyMebibytes_ArriveIdenticalInConstantMemory)
 	}
 	const size_t peakBefore = PeakMemory();
 
-	TransferRun run(UploadThread, NewUpload(path, "name"));
-	ASSERT_TRUE(fServer->Accept());
+	const auto run = Start(UploadThread, NewUpload(path, "name"));
 	fServer->Read(16 + 24 + 16 + 74 + 4);
 	EXPECT_EQ(wire_fork_header("DATA", kPieces * kPiece + 1), fServer->Read(16));
 	for (uint32 i = 0; i < kPieces; i++)
 		ASSERT_TRUE(piece == fServer->Read(kPiece)) << "piece " << i;
 	EXPECT_EQ("!", fServer->ReadToEnd());
-	EXPECT_EQ(0, run.Result());
+	EXPECT_EQ(0, run->Result());
 	EXPECT_LT(PeakMemory(), peakBefore + kMostGrowth);
 	ExpectOutcome(kMsgUploadDone, "name", true);
 }

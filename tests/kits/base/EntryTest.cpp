@@ -42,7 +42,7 @@ TEST_F(EntryTest, NameThatIsNotThere_IsAnEntryNeverthelessButNotInAFolderThatIsN
 }
 
 
-TEST_F(EntryTest, File_HasSizeAndPath)
+TEST_F(EntryTest, FileAndRoot_AreWhatTheyAre)
 {
 	fFolder.AddFile("file.txt", "12345");
 	BEntry entry(fFolder.PathOf("file.txt").c_str());
@@ -53,6 +53,10 @@ TEST_F(EntryTest, File_HasSizeAndPath)
 	EXPECT_EQ(B_OK, entry.GetSize(&size));
 	EXPECT_EQ(5, size);
 	EXPECT_EQ(fFolder.PathOf("file.txt"), path_of(entry));
+
+	BEntry root("/");
+	EXPECT_EQ("/", path_of(root));
+	EXPECT_TRUE(root.IsDirectory());
 }
 
 
@@ -139,12 +143,4 @@ TEST_F(EntryTest, LinkToItselfAndNameTooLong_AreErrors)
 	EXPECT_EQ(B_OK, BEntry(fFolder.PathOf("loop").c_str()).InitCheck());
 	EXPECT_EQ(B_NAME_TOO_LONG, BEntry(fFolder.PathOf(std::string(256, 'x')).c_str()).InitCheck());
 	EXPECT_EQ(B_OK, BEntry(fFolder.PathOf(std::string(255, 'x')).c_str()).InitCheck());
-}
-
-
-TEST_F(EntryTest, Root_IsAFolder)
-{
-	BEntry root("/");
-	EXPECT_EQ("/", path_of(root));
-	EXPECT_TRUE(root.IsDirectory());
 }

@@ -74,7 +74,7 @@ TEST(LooperTest, Messages_ArriveInTheOrderOfPosting)
 }
 
 
-TEST(LooperTest, PostedMessage_IsACopy)
+TEST(LooperTest, PostedMessage_IsACopyThatIsNotDeliveredBeforeRun)
 {
 	BString text;
 	ScriptedLooper* looper = new ScriptedLooper;
@@ -85,24 +85,15 @@ TEST(LooperTest, PostedMessage_IsACopy)
 	message.AddString("text", "as posted");
 	looper->PostMessage(&message);
 	message.AddString("text", "later");
-	looper->Run();
-	ASSERT_SOON(looper->CountReceived() == 1);
-	quit(looper);
-	EXPECT_STREQ("as posted", text.String());
-}
-
-
-TEST(LooperTest, BeforeRun_NothingIsDelivered)
-{
-	Owned<ScriptedLooper> looper;
-	EXPECT_EQ(B_OK, looper->PostMessage('test'));
 	EXPECT_TRUE(looper->IsLocked());
 	EXPECT_EQ(B_BAD_THREAD_ID, looper->Thread());
 	EXPECT_EQ(0, looper->CountReceived());
 	thread_id thread = looper->Run();
 	EXPECT_EQ(thread, looper->Thread());
 	EXPECT_FALSE(looper->IsLocked());
-	EXPECT_SOON(looper->CountReceived() == 1);
+	ASSERT_SOON(looper->CountReceived() == 1);
+	quit(looper);
+	EXPECT_STREQ("as posted", text.String());
 }
 
 
@@ -121,7 +112,7 @@ TEST(LooperTest, Handlers_RunOnTheLoopersThreadWithItsLock)
 }
 
 
-TEST(LooperTest, Lock_KeepsTheLooperFromDelivering)
+TEST(LooperTest, Lock_KeepsTheLooperFromDelivering_AndIsHadInAFlood)
 {
 	Owned<ScriptedLooper> looper;
 	looper->Run();
@@ -134,16 +125,10 @@ TEST(LooperTest, Lock_KeepsTheLooperFromDelivering)
 	looper->Unlock();
 	EXPECT_FALSE(looper->IsLocked());
 	EXPECT_SOON(looper->CountReceived() == 1);
-}
 
-
-TEST(LooperTest, Lock_IsHadInTheMiddleOfAFlood)
-{
-	Owned<ScriptedLooper> looper;
 	looper->onMessage = [&](BMessage*) {
 		looper->PostMessage('more');
 	};
-	looper->Run();
 	looper->PostMessage('more');
 	for (int i = 0; i < 100; i++) {
 		ASSERT_TRUE(looper->Lock());

@@ -16,17 +16,7 @@ protected:
 };
 
 
-TEST_F(MessageTest, New_HasACodeAndNothingElse)
-{
-	BMessage message('test');
-	EXPECT_EQ(uint32('test'), message.what);
-	EXPECT_TRUE(message.IsEmpty());
-	EXPECT_EQ(0, message.CountNames(B_ANY_TYPE));
-	EXPECT_EQ(0u, BMessage().what);
-}
-
-
-TEST_F(MessageTest, EveryType_ComesBackAsItWent)
+TEST_F(MessageTest, EveryType_ComesBackAsItWent_FromWhatWasNew)
 {
 	EXPECT_EQ(B_OK, fMessage.AddBool("bool", true));
 	EXPECT_EQ(B_OK, fMessage.AddInt16("int16", -16));
@@ -46,6 +36,12 @@ TEST_F(MessageTest, EveryType_ComesBackAsItWent)
 	EXPECT_STREQ("text", fMessage.GetString("string"));
 	EXPECT_EQ(&fMessage, fMessage.GetPointer("pointer"));
 	EXPECT_EQ(8, fMessage.CountNames(B_ANY_TYPE));
+
+	BMessage message('test');
+	EXPECT_EQ(uint32('test'), message.what);
+	EXPECT_TRUE(message.IsEmpty());
+	EXPECT_EQ(0, message.CountNames(B_ANY_TYPE));
+	EXPECT_EQ(0u, BMessage().what);
 }
 
 

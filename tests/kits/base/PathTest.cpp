@@ -57,18 +57,14 @@ TEST(PathTest, DotsAndDoubledSlashes_AreNormalized)
 }
 
 
-TEST(PathTest, RelativePath_BecomesAbsolute)
+TEST(PathTest, RelativePathOrReference_BecomesAbsolute)
 {
 	char current[PATH_MAX];
 	ASSERT_TRUE(getcwd(current, sizeof(current)) != NULL);
 	EXPECT_EQ(std::string(current) + "/name", BPath("name").Path());
 	EXPECT_STREQ("/does/not/exist", BPath("/does/not/exist").Path());
 	EXPECT_STREQ("exist", BPath("/does/not/exist").Leaf());
-}
 
-
-TEST(PathTest, Reference_GivesItsPath)
-{
 	TemporaryFolder folder;
 	entry_ref ref;
 	EXPECT_EQ(NULL, BPath(&ref).Path());

@@ -75,7 +75,7 @@ TEST(ControlTest, LabelAndState_AreReadAtOnce)
 }
 
 
-TEST(ButtonTest, LongerLabel_IsWider_AndNoButtonGrowsBeyondItsSize)
+TEST(ButtonTest, LabelAndIcon_TakeRoom_AndNoButtonGrowsBeyondItsSize)
 {
 	BButton button("button", "A label that is a good deal longer than that", NULL);
 	const BSize longSize = button.PreferredSize();
@@ -83,26 +83,22 @@ TEST(ButtonTest, LongerLabel_IsWider_AndNoButtonGrowsBeyondItsSize)
 	EXPECT_GT(longSize.width, button.StringWidth(button.Label()));
 	EXPECT_EQ(longSize, button.MaxSize());
 	EXPECT_EQ(longSize, button.MinSize());
-}
 
-
-TEST(ButtonTest, Icon_IsCopiedAndTakesRoom)
-{
-	BButton button("button", "", NULL);
-	const BSize before = button.PreferredSize();
+	BButton picture("picture", "", NULL);
+	const BSize before = picture.PreferredSize();
 	BBitmap* icon = new BBitmap(BRect(0, 0, 23, 23), B_RGBA32);
-	EXPECT_EQ(B_OK, button.SetIcon(icon, 0));
+	EXPECT_EQ(B_OK, picture.SetIcon(icon, 0));
 	delete icon;
-	const BSize after = button.PreferredSize();
+	const BSize after = picture.PreferredSize();
 	EXPECT_GT(after.height, before.height);
-	EXPECT_EQ(B_OK, button.SetIcon(NULL));
+	EXPECT_EQ(B_OK, picture.SetIcon(NULL));
 
 	const BBitmap nothing(BRect(), B_RGBA32);
-	EXPECT_NE(B_OK, button.SetIcon(&nothing));
+	EXPECT_NE(B_OK, picture.SetIcon(&nothing));
 }
 
 
-TEST(StringViewTest, Text_IsReadAtOnceAndMeasuredAsOneLine)
+TEST(StringViewTest, Text_IsReadAtOnceAndMeasuredAsOneLine_WhichMayBeCut)
 {
 	BStringView view("view", "short");
 	EXPECT_STREQ("short", view.Text());
@@ -124,14 +120,10 @@ TEST(StringViewTest, Text_IsReadAtOnceAndMeasuredAsOneLine)
 	view.SetFont(&large);
 	EXPECT_GT(view.PreferredSize().height, before.height);
 	EXPECT_GT(view.PreferredSize().width, before.width);
-}
 
-
-TEST(StringViewTest, Truncation_LetsTheViewBeNarrower)
-{
-	BStringView view("view", "a text that may be cut");
-	EXPECT_FLOAT_EQ(view.PreferredSize().width, view.MinSize().width);
-	view.SetTruncation(B_TRUNCATE_END);
-	EXPECT_LT(view.MinSize().width, 10);
-	EXPECT_STREQ("a text that may be cut", view.Text());
+	BStringView cut("view", "a text that may be cut");
+	EXPECT_FLOAT_EQ(cut.PreferredSize().width, cut.MinSize().width);
+	cut.SetTruncation(B_TRUNCATE_END);
+	EXPECT_LT(cut.MinSize().width, 10);
+	EXPECT_STREQ("a text that may be cut", cut.Text());
 }

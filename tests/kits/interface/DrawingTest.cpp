@@ -119,7 +119,7 @@ TEST(DrawingTest, StrokedEllipse_IsHollow)
 }
 
 
-TEST(DrawingTest, Bitmap_CoversItsPlaceByItsAlpha_InBothModes)
+TEST(DrawingTest, Bitmap_CoversItsPlaceByItsAlphaInBothModes_OrFillsARect)
 {
 	BBitmap bitmap(BRect(0, 0, 1, 0), B_RGBA32);
 	const uint8 pixels[8] = {0, 0, 255, 255, 0, 0, 255, 0};
@@ -135,16 +135,12 @@ TEST(DrawingTest, Bitmap_CoversItsPlaceByItsAlpha_InBothModes)
 		EXPECT_EQ(kBackground, pixel_of(&view, BPoint(4, 4)));
 		EXPECT_EQ(kBackground, pixel_of(&view, BPoint(3, 5)));
 	}
-}
 
-
-TEST(DrawingTest, BitmapInARect_FillsIt)
-{
-	BBitmap bitmap(BRect(0, 0, 0, 0), B_RGBA32);
+	BBitmap dot(BRect(0, 0, 0, 0), B_RGBA32);
 	const uint8 pixel[4] = {0, 255, 0, 255};
-	memcpy(bitmap.Bits(), pixel, 4);
+	memcpy(dot.Bits(), pixel, 4);
 	DrawnView view([&](BView* owner) {
-		owner->DrawBitmap(&bitmap, BRect(2, 2, 17, 17));
+		owner->DrawBitmap(&dot, BRect(2, 2, 17, 17));
 	});
 	EXPECT_EQ(0x00ff00u, pixel_of(&view, BPoint(2, 2)));
 	EXPECT_EQ(0x00ff00u, pixel_of(&view, BPoint(17, 17)));

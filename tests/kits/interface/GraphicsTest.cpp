@@ -39,7 +39,7 @@ TEST(SizeTest, Unset_IsKnown)
 }
 
 
-TEST(ColorTest, Tints_GoFromWhiteToBlack)
+TEST(ColorTest, TintsAndSystemColors_AreHaikus)
 {
 	const rgb_color color = make_color(100, 150, 200);
 	EXPECT_EQ(make_color(255, 255, 255), tint_color(color, B_LIGHTEN_MAX_TINT));
@@ -47,11 +47,7 @@ TEST(ColorTest, Tints_GoFromWhiteToBlack)
 	EXPECT_EQ(make_color(0, 0, 0), tint_color(color, B_DARKEN_MAX_TINT));
 	EXPECT_EQ(make_color(70, 105, 141), tint_color(color, B_DARKEN_2_TINT));
 	EXPECT_EQ(7, tint_color(make_color(1, 2, 3, 7), B_DARKEN_1_TINT).alpha);
-}
 
-
-TEST(ColorTest, SystemColors_AreTheDefaultOnes)
-{
 	EXPECT_EQ(make_color(216, 216, 216), ui_color(B_PANEL_BACKGROUND_COLOR));
 	EXPECT_EQ(make_color(255, 255, 255), ui_color(B_LIST_BACKGROUND_COLOR));
 	EXPECT_EQ(make_color(190, 190, 190), ui_color(B_LIST_SELECTED_BACKGROUND_COLOR));
@@ -60,7 +56,7 @@ TEST(ColorTest, SystemColors_AreTheDefaultOnes)
 }
 
 
-TEST(FontTest, BoldLargerAndInvalidText_IsWider)
+TEST(FontTest, Metrics_FollowTheFontAndTheText)
 {
 	EXPECT_GT(be_bold_font->StringWidth("Users Online"),
 		be_plain_font->StringWidth("Users Online"));
@@ -74,11 +70,7 @@ TEST(FontTest, BoldLargerAndInvalidText_IsWider)
 	EXPECT_GT(be_plain_font->StringWidth("a\xff"), be_plain_font->StringWidth("a"));
 	EXPECT_FLOAT_EQ(be_plain_font->StringWidth("\xef\xbf\xbd\xef\xbf\xbd"),
 		be_plain_font->StringWidth("\xe2\x82"));
-}
 
-
-TEST(FontTest, Height_IsInWholePixels)
-{
 	font_height height;
 	be_plain_font->GetHeight(&height);
 	EXPECT_FLOAT_EQ(std::floor(height.ascent), height.ascent);

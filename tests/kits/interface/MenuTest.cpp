@@ -27,7 +27,7 @@ choose(BMenuItem* item)
 }
 
 
-TEST(MenuTest, Items_AreFoundByPlaceLabelAndCommand)
+TEST(MenuTest, Items_AreFoundByPlaceLabelAndCommand_AndHaveShortcuts)
 {
 	BMenuBar bar("bar");
 	BMenu* menu = new BMenu("Server");
@@ -48,11 +48,7 @@ TEST(MenuTest, Items_AreFoundByPlaceLabelAndCommand)
 	EXPECT_EQ(NULL, menu->ItemAt(2));
 	EXPECT_FALSE(bar.AddItem(menu));
 	EXPECT_FALSE(bar.AddItem(open));
-}
 
-
-TEST(MenuTest, Shortcut_IsWithTheCommandKey)
-{
 	uint32 modifiers = 0;
 	const BMenuItem item("Open", new BMessage(kOpen), 'O', B_SHIFT_KEY);
 	EXPECT_EQ('O', item.Shortcut(&modifiers));
@@ -64,7 +60,7 @@ TEST(MenuTest, Shortcut_IsWithTheCommandKey)
 }
 
 
-TEST(MenuTest, ChosenItem_SendsItsMessageToTheWindow)
+TEST(MenuTest, ChosenItem_SendsItsMessageToTheWindow_OrToItsTarget)
 {
 	OwnedWindow window;
 	BMenuItem* item = new BMenuItem("Open", new BMessage(kOpen));
@@ -87,6 +83,12 @@ TEST(MenuTest, ChosenItem_SendsItsMessageToTheWindow)
 	EXPECT_EQ(B_OK, choose(later));
 	EXPECT_SOON(window->Received()->size() == 2);
 	EXPECT_EQ(2, index);
+
+	OwnedWindow target;
+	BMenuItem* aimed = new BMenuItem("Open", new BMessage(kOpen));
+	aimed->SetTarget(target);
+	menu->AddItem(aimed);
+	EXPECT_EQ(target, aimed->Target());
 }
 
 
@@ -104,19 +106,8 @@ TEST(MenuTest, QuitItem_AsksTheWindow)
 	};
 
 	choose(quit);
-	EXPECT_SOON(!IsAlive(messenger));
+	EXPECT_SOON(!messenger.IsValid());
 	EXPECT_TRUE(wasAsked);
-}
-
-
-TEST(MenuTest, ItemWithATarget_KeepsIt)
-{
-	OwnedWindow window;
-	OwnedWindow target;
-	BMenuItem* item = new BMenuItem("Open", new BMessage(kOpen));
-	item->SetTarget(target);
-	AddMenu(window, {item});
-	EXPECT_EQ(target, item->Target());
 }
 
 
@@ -157,7 +148,7 @@ protected:
 };
 
 
-TEST_F(MenuKeyTest, TheKey_OpensTheFirstMenu_AndReturnChooses)
+TEST_F(MenuKeyTest, TheKey_OpensTheFirstMenu_ArrowsTheNext_AndReturnChooses)
 {
 	press_menu_key(fWindow);
 	EXPECT_TRUE(WaitForMark("Open & shut…")) << marked_menu_item();
@@ -167,11 +158,7 @@ TEST_F(MenuKeyTest, TheKey_OpensTheFirstMenu_AndReturnChooses)
 	EXPECT_TRUE(WaitForMessage('clos'));
 	EXPECT_EQ("", marked_menu_item());
 	EXPECT_TRUE(fButton->IsFocus());
-}
 
-
-TEST_F(MenuKeyTest, Arrows_GoToTheNextMenu)
-{
 	press_menu_key(fWindow);
 	ASSERT_TRUE(WaitForMark("Open & shut…")) << marked_menu_item();
 	press_window_key(fWindow, B_RIGHT_ARROW);

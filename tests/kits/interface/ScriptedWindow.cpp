@@ -54,7 +54,7 @@ WindowCloser::WindowCloser(BWindow* window)
 
 WindowCloser::~WindowCloser()
 {
-	if (IsAlive(fMessenger) && fWindow->Lock())
+	if (fMessenger.IsValid() && fWindow->Lock())
 		fWindow->Quit();
 }
 
@@ -70,13 +70,6 @@ OwnedWindow::OwnedWindow(uint32 flags)
 
 
 // #pragma mark -
-
-
-bool
-IsAlive(const BMessenger& window)
-{
-	return window.IsValid();
-}
 
 
 BMenu*

@@ -66,9 +66,6 @@ private:
 };
 
 
-/*!	Whether the window is there and can be posted to. */
-bool IsAlive(const BMessenger& window);
-
 /*!	Gives the window a bar with one menu of these items.
 	\return The menu.
 */

@@ -58,7 +58,7 @@ make_black_pictures(int32 edge)
 }
 
 
-TEST(TranslationUtilsTest, Picture_IsDecodedIntoPixels)
+TEST(TranslationUtilsTest, Picture_IsDecodedIntoPixels_AlsoFromAFileWhateverItsName)
 {
 	// Two pixels of blue, green and red, and two bytes to fill the row.
 	const std::unique_ptr<BBitmap> bitmap = decode(make_bmp(2, 1, 8));
@@ -67,6 +67,14 @@ TEST(TranslationUtilsTest, Picture_IsDecodedIntoPixels)
 	EXPECT_EQ(B_RGBA32, bitmap->ColorSpace());
 	const uint8 expected[8] = {10, 11, 12, 255, 13, 14, 15, 255};
 	EXPECT_EQ(0, memcmp(expected, bitmap->Bits(), sizeof(expected)));
+
+	TemporaryFolder folder;
+	folder.AddFile("icon \xff.png", make_bmp(2, 1, 8));
+
+	const std::unique_ptr<BBitmap> fromFile(
+		BTranslationUtils::GetBitmapFile(folder.PathOf("icon \xff.png").c_str()));
+	ASSERT_NE(nullptr, fromFile);
+	EXPECT_EQ(BRect(0, 0, 1, 0), fromFile->Bounds());
 }
 
 
@@ -135,18 +143,6 @@ TEST(TranslationUtilsTest, SmallFileOfAnEnormousPicture_IsRefusedBeforeItIsDecod
 		EXPECT_EQ(nullptr, decode(picture.bytes));
 		EXPECT_LT(peak_memory(), before + 32 * 1024 * 1024);
 	}
-}
-
-
-TEST(TranslationUtilsTest, File_IsReadByItsBytesWhateverItsName)
-{
-	TemporaryFolder folder;
-	folder.AddFile("icon \xff.png", make_bmp(2, 1, 8));
-
-	const std::unique_ptr<BBitmap> bitmap(
-		BTranslationUtils::GetBitmapFile(folder.PathOf("icon \xff.png").c_str()));
-	ASSERT_NE(nullptr, bitmap);
-	EXPECT_EQ(BRect(0, 0, 1, 0), bitmap->Bounds());
 }
 
 

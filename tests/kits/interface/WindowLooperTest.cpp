@@ -72,10 +72,10 @@ TEST(WindowLooperTest, QuitRequest_IsRefusedAndThenAccepted)
 
 	window->PostMessage(B_QUIT_REQUESTED);
 	EXPECT_SOON(asked == 1);
-	EXPECT_TRUE(IsAlive(messenger));
+	EXPECT_TRUE(messenger.IsValid());
 
 	window->PostMessage(B_QUIT_REQUESTED);
-	EXPECT_SOON(!IsAlive(messenger));
+	EXPECT_SOON(!messenger.IsValid());
 	EXPECT_EQ(2, asked);
 }
 
@@ -122,7 +122,7 @@ TEST(WindowLooperTest, QuittingWindow_TakesNoMessagesAndServesOthersWhileItWaits
 	dying->PostMessage(B_QUIT_REQUESTED);
 	dying->PostMessage(kPing);
 	other->PostMessage(kPing);
-	EXPECT_SOON(!IsAlive(messenger) && held.IsReleased());
+	EXPECT_SOON(!messenger.IsValid() && held.IsReleased());
 	EXPECT_TRUE(received->empty());
 }
 
@@ -204,7 +204,7 @@ TEST(WindowLooperTest, FiftyThreadsPostWhileWindowsComeAndGo_NothingGoesAstray)
 		EXPECT_SOON(received->size() >= 20);
 		EXPECT_TRUE(window->Lock());
 		window->Quit();
-		EXPECT_FALSE(IsAlive(messenger));
+		EXPECT_FALSE(messenger.IsValid());
 	}
 
 	stopped = true;

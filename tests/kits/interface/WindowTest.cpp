@@ -249,7 +249,7 @@ TEST_F(WindowTest, EnormousMinimum_MakesNoEnormousWindow)
 }
 
 
-TEST_F(WindowTest, NotResizable_HasOneSizeWithinItsLayout)
+TEST_F(WindowTest, Layout_LimitsASizeThatIsFixed_AndNothingWithoutTheFlag)
 {
 	OwnedWindow window(B_NOT_RESIZABLE | B_AUTO_UPDATE_SIZE_LIMITS);
 	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
@@ -258,16 +258,12 @@ TEST_F(WindowTest, NotResizable_HasOneSizeWithinItsLayout)
 
 	EXPECT_EQ(BRect(299, 79, 299, 79), size_limits(window));
 	EXPECT_EQ(BRect(0, 0, 299, 79), window->Bounds());
-}
 
-
-TEST_F(WindowTest, WithoutTheFlag_TheLayoutLimitsNothing)
-{
-	OwnedWindow window(0);
-	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).Add(new SizedView(BSize(399, 9), BSize(399, 9)));
-	ShowAndWait(window);
-	window->Layout(true);
-	EXPECT_EQ(BRect(0, 0, 299, 199), window->Bounds());
+	OwnedWindow free(0);
+	BLayoutBuilder::Group<>(free, B_VERTICAL, 0).Add(new SizedView(BSize(399, 9), BSize(399, 9)));
+	ShowAndWait(free);
+	free->Layout(true);
+	EXPECT_EQ(BRect(0, 0, 299, 199), free->Bounds());
 }
 
 
@@ -299,4 +295,6 @@ TEST_F(WindowTest, Application_KnowsItsWindowsInOrderOfCreation)
 	EXPECT_EQ(first, be_app->WindowAt(before));
 	EXPECT_EQ(second, be_app->WindowAt(before + 1));
 	EXPECT_EQ(NULL, be_app->WindowAt(before + 2));
+	first->Quit();
+	EXPECT_EQ(second, be_app->WindowAt(before));
 }

@@ -62,16 +62,12 @@ protected:
 };
 
 
-TEST_F(RowCountsTest, NoLines_HaveNoRows)
+TEST_F(RowCountsTest, NewLines_HaveOneRowEach_AndNoLinesNone)
 {
 	EXPECT_EQ(fCounts.CountLines(), 0);
 	EXPECT_EQ(fCounts.CountRows(), 0);
 	EXPECT_EQ(fCounts.FirstRowOf(0), 0);
-}
 
-
-TEST_F(RowCountsTest, NewLines_HaveOneRowEach)
-{
 	// On both sides of the powers of two, where sums of different size begin.
 	for (size_t count = 0; count <= 70; count++)
 		SetCountLines(count);

@@ -191,7 +191,7 @@ TEST_F(TextStoreTest, ChangesWithinEndsAndCharacters_TakeThemApartAndJoinThem)
 }
 
 
-TEST_F(TextStoreTest, Appending_ChangesTheLastLineOnly)
+TEST_F(TextStoreTest, Appending_ChangesTheLastLineOnly_AndNothingIsNotLookedAt)
 {
 	Append("one\ntwo");
 	EXPECT_EQ(fStore.Replace(7, 0, "!\nthree", 7), 1);
@@ -201,16 +201,9 @@ TEST_F(TextStoreTest, Appending_ChangesTheLastLineOnly)
 	EXPECT_EQ(fStore.Replace(15, 0, "\r", 1), 3);
 	EXPECT_EQ(fStore.Replace(16, 0, "\n", 1), 3);
 	EXPECT_EQ(fStore.Replace(17, 0, "\r", 1), 4);
+	EXPECT_EQ(fStore.Replace(18, 0, "\n", 0), 5);
 	EXPECT_EQ(fStore.Replace(18, 0, "x", 1), 5);
 	EXPECT_EQ(text_store_complaint(fStore, "one\ntwo!\nthree\n\r\n\rx"), "");
-}
-
-
-TEST_F(TextStoreTest, NothingAppended_IsNotLookedAt)
-{
-	Append("a\r");
-	EXPECT_EQ(fStore.Replace(2, 0, "\n", 0), 1);
-	EXPECT_EQ(text_store_complaint(fStore, "a\r"), "");
 }
 
 

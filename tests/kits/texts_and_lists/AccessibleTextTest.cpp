@@ -67,19 +67,7 @@ protected:
 };
 
 
-TEST_F(AccessibleTextTest, Description_IsThatOfATextToRead)
-{
-	EXPECT_TRUE(fReader->IsText());
-	const Accessible accessible = accessible_of(fText);
-	EXPECT_TRUE(accessible.isReadOnly);
-	EXPECT_TRUE(accessible.isMultiLine);
-	EXPECT_TRUE(accessible.isFocusable);
-	EXPECT_FALSE(accessible.isPassword);
-	EXPECT_EQ(accessible.width, int(fText->Bounds().Width()) + 1);
-}
-
-
-TEST_F(AccessibleTextTest, NoText_IsNoTrouble)
+TEST_F(AccessibleTextTest, TextToRead_IsDescribedAndNoTrouble_WhenThereIsNone)
 {
 	EXPECT_EQ(fReader->CountCharacters(), 0);
 	for (const int position : {-2, -1, 0, 1, 50}) {
@@ -93,6 +81,14 @@ TEST_F(AccessibleTextTest, NoText_IsNoTrouble)
 		EXPECT_TRUE(fText->Bounds().Contains(fReader->PlaceOf(position).LeftTop()));
 		fReader->ScrollTo(position, position);
 	}
+
+	EXPECT_TRUE(fReader->IsText());
+	const Accessible accessible = accessible_of(fText);
+	EXPECT_TRUE(accessible.isReadOnly);
+	EXPECT_TRUE(accessible.isMultiLine);
+	EXPECT_TRUE(accessible.isFocusable);
+	EXPECT_FALSE(accessible.isPassword);
+	EXPECT_EQ(accessible.width, int(fText->Bounds().Width()) + 1);
 }
 
 

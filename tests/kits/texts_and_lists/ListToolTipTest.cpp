@@ -69,13 +69,6 @@ protected:
 
 	void _Add(const std::string& text) { fList->AddItem(Keep(new BStringItem(text.c_str()))); }
 
-	static bool _WaitUntilGone()
-	{
-		return WaitFor([]() {
-			return tool_tip_on_screen().empty();
-		});
-	}
-
 	TalkingList* fTalking;
 };
 
@@ -107,29 +100,26 @@ TEST_F(ListToolTipTest, PlaceWithoutAToolTip_HasNone)
 	rest_mouse(fList, CenterOf(0));
 	ASSERT_EQ("first", tool_tip_on_screen());
 	rest_mouse(fList, CenterOf(1));
-	EXPECT_TRUE(_WaitUntilGone());
+	EXPECT_SOON(tool_tip_on_screen().empty());
 }
 
 
-TEST_F(ListToolTipTest, ToolTipThatIsSetAnew_LeavesTheScreen)
+TEST_F(ListToolTipTest, ToolTip_LeavesTheScreen_WhenItIsSetAnewOrTheListScrolls)
 {
 	_Add("first");
 	for (const char* text : {static_cast<const char*>(NULL), "", "other"}) {
 		rest_mouse(fList, CenterOf(0));
 		ASSERT_EQ("first", tool_tip_on_screen());
 		fList->SetToolTip(text);
-		EXPECT_TRUE(_WaitUntilGone());
+		EXPECT_SOON(tool_tip_on_screen().empty());
 	}
-}
 
-
-TEST_F(ListToolTipTest, ScrolledList_TakesItAway)
-{
+	fList->RemoveItem(int32(0));
 	ShowStrings(100);
 	rest_mouse(fList, CenterOf(1));
 	ASSERT_EQ("row 1", tool_tip_on_screen());
 	scroll_to(fList, 40);
-	EXPECT_TRUE(_WaitUntilGone());
+	EXPECT_SOON(tool_tip_on_screen().empty());
 	rest_mouse(fList, CenterOf(5));
 	EXPECT_EQ("row 5", tool_tip_on_screen());
 }

@@ -144,7 +144,7 @@ TEST_F(TextControlTest, Label_IsTheFieldsNameAsItStands)
 }
 
 
-TEST_F(TextControlTest, SameDivider_LinesTheFieldsUp)
+TEST_F(TextControlTest, SameDivider_LinesTheFieldsUp_WhichGrowInWidthOnly)
 {
 	const float divider = fOther->StringWidth("A longer label:") + 8;
 	fControl->SetDivider(divider);
@@ -153,6 +153,12 @@ TEST_F(TextControlTest, SameDivider_LinesTheFieldsUp)
 	EXPECT_SOON(fControl->TextView()->Frame().left > divider - 1
 		&& fControl->TextView()->Frame().left < divider + 1
 		&& fOther->TextView()->Frame().left == fControl->TextView()->Frame().left);
+
+	EXPECT_EQ(fControl->MaxSize().width, B_SIZE_UNLIMITED);
+	EXPECT_LT(fControl->MaxSize().height, 60);
+	EXPECT_EQ(fControl->MaxSize().height, fControl->PreferredSize().height);
+	EXPECT_LE(fControl->MinSize().width, fControl->PreferredSize().width);
+	EXPECT_LE(fControl->MinSize().height, fControl->PreferredSize().height);
 }
 
 
@@ -164,16 +170,6 @@ TEST_F(TextControlTest, WithoutLabel_TheFieldFillsTheControl)
 	EXPECT_EQ(control->Divider(), 0);
 	EXPECT_EQ(control->TextView()->Frame().left, 0);
 	EXPECT_EQ(control->TextView()->Frame().Width(), control->Bounds().Width());
-}
-
-
-TEST_F(TextControlTest, Sizes_GrowInWidthOnly)
-{
-	EXPECT_EQ(fControl->MaxSize().width, B_SIZE_UNLIMITED);
-	EXPECT_LT(fControl->MaxSize().height, 60);
-	EXPECT_EQ(fControl->MaxSize().height, fControl->PreferredSize().height);
-	EXPECT_LE(fControl->MinSize().width, fControl->PreferredSize().width);
-	EXPECT_LE(fControl->MinSize().height, fControl->PreferredSize().height);
 }
 
 

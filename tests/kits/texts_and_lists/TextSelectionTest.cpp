@@ -149,10 +149,7 @@ TEST_F(TextSelectionTest, UpAndDown_GoByTheRowsOfAWrappedLine)
 {
 	Append("word word word word word word word word word word word word word word word word word");
 	SelectAt(2);
-	Press(B_DOWN_ARROW);
-	int32 start;
-	int32 end;
-	fText->GetSelection(&start, &end);
+	const int32 start = std::stoi(Press(B_DOWN_ARROW));
 	EXPECT_GT(fText->PointAt(start).y, fText->PointAt(2).y);
 	EXPECT_EQ(fText->PointAt(start).x, fText->PointAt(2).x);
 	EXPECT_EQ(Press(B_UP_ARROW), "2..2");

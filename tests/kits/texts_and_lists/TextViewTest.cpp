@@ -289,7 +289,7 @@ TEST_F(TextViewTest, SelectionInATranscript_KeepsItsColor)
 }
 
 
-TEST_F(TextViewTest, Offsets_AreBytesAndCutToTheText)
+TEST_F(TextViewTest, Offsets_AreBytesAndCutToTheText_UnlessThereIsOneStyle)
 {
 	Append("\xc3\xa9\xf0\x9f\x98\x80z\r\nend");
 	fText->Select(2, 6);
@@ -302,6 +302,12 @@ TEST_F(TextViewTest, Offsets_AreBytesAndCutToTheText)
 	EXPECT_EQ(Selection(), "0..15");
 	fText->SetFontAndColor(-1, 500, be_plain_font, B_FONT_ALL, &kGreen);
 	EXPECT_TRUE(ColorAt(14) == kGreen);
+
+	fText->SetStylable(false);
+	fText->SetText("plain text");
+	fText->SetFontAndColor(2, 4, be_plain_font, B_FONT_ALL, &kGreen);
+	EXPECT_TRUE(ColorAt(0) == kGreen);
+	EXPECT_TRUE(ColorAt(9) == kGreen);
 }
 
 
@@ -338,16 +344,6 @@ TEST_F(TextViewTest, Keys_ChangeNothingButMoveTheCaret)
 	}
 	press_key(fText, kKeySelectAll);
 	EXPECT_EQ(Selection(), "0..4");
-}
-
-
-TEST_F(TextViewTest, NotStylable_HasOneColor)
-{
-	fText->SetStylable(false);
-	fText->SetText("plain text");
-	fText->SetFontAndColor(2, 4, be_plain_font, B_FONT_ALL, &kGreen);
-	EXPECT_TRUE(ColorAt(0) == kGreen);
-	EXPECT_TRUE(ColorAt(9) == kGreen);
 }
 
 

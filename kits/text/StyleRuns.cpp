@@ -39,12 +39,12 @@ StyleRuns::Replace(int32 offset, int32 removed, int32 length, int32 style)
 {
 	size_t first = _SplitAt(offset);
 	const size_t last = _SplitAt(offset + removed);
-	fRuns.erase(fRuns.begin() + std::ptrdiff_t(first), fRuns.begin() + std::ptrdiff_t(last));
+	fRuns.erase(fRuns.begin() + first, fRuns.begin() + last);
 	for (size_t i = first; i < fRuns.size(); i++)
 		fRuns[i].offset += length - removed;
 	fByteCount += length - removed;
 	if (length > 0) {
-		fRuns.insert(fRuns.begin() + std::ptrdiff_t(first), {offset, style});
+		fRuns.insert(fRuns.begin() + first, {offset, style});
 		_JoinAt(first + 1);
 	}
 	_JoinAt(first);
@@ -59,7 +59,7 @@ StyleRuns::SetStyle(int32 start, int32 end, int32 style)
 	const size_t first = _SplitAt(start);
 	const size_t last = _SplitAt(end);
 	fRuns[first].style = style;
-	fRuns.erase(fRuns.begin() + std::ptrdiff_t(first) + 1, fRuns.begin() + std::ptrdiff_t(last));
+	fRuns.erase(fRuns.begin() + first + 1, fRuns.begin() + last);
 	_JoinAt(first + 1);
 	_JoinAt(first);
 }
@@ -74,7 +74,7 @@ StyleRuns::_SplitAt(int32 offset)
 	const size_t run = static_cast<size_t>(RunAt(offset));
 	if (fRuns[run].offset == offset)
 		return run;
-	fRuns.insert(fRuns.begin() + std::ptrdiff_t(run) + 1, {offset, fRuns[run].style});
+	fRuns.insert(fRuns.begin() + run + 1, {offset, fRuns[run].style});
 	return run + 1;
 }
 
@@ -84,5 +84,5 @@ void
 StyleRuns::_JoinAt(size_t run)
 {
 	if (run > 0 && run < fRuns.size() && fRuns[run - 1].style == fRuns[run].style)
-		fRuns.erase(fRuns.begin() + std::ptrdiff_t(run));
+		fRuns.erase(fRuns.begin() + run);
 }

@@ -21,7 +21,7 @@ new_button(const char* name, const char* label, uint32 what, const char* assetsP
 	Picture picture)
 {
 	BButton* button = new BButton(name, label, new BMessage(what));
-	show_picture(button, assetsPath, picture);
+	ShowPicture(button, assetsPath, picture);
 	return button;
 }
 

@@ -42,9 +42,9 @@ FileListWindow::FileListWindow(BRect frame, BLooper* target, const char* path,
 	  fPath(path),
 	  fAssetsPath(assetsPath),
 	  fConnection(connection),
-	  fFolderIcon(load_picture(assetsPath, kFolderPicture)),
-	  fStuffItIcon(load_picture(assetsPath, kStuffItPicture)),
-	  fImageIcon(load_picture(assetsPath, kImagePicture))
+	  fFolderIcon(LoadPicture(assetsPath, kFolderPicture)),
+	  fStuffItIcon(LoadPicture(assetsPath, kStuffItPicture)),
+	  fImageIcon(LoadPicture(assetsPath, kImagePicture))
 {
 	_InitButtons();
 	fFileList->SetInvocationMessage(new BMessage(kMsgFileInvoked));
@@ -118,8 +118,8 @@ FileListWindow::_InitButtons()
 {
 	fDownloadBtn->SetToolTip("Download");
 	fUploadBtn->SetToolTip("Upload");
-	show_picture(fDownloadBtn, fAssetsPath.String(), kDownloadPicture);
-	show_picture(fUploadBtn, fAssetsPath.String(), kUploadPicture);
+	ShowPicture(fDownloadBtn, fAssetsPath.String(), kDownloadPicture);
+	ShowPicture(fUploadBtn, fAssetsPath.String(), kUploadPicture);
 }
 
 

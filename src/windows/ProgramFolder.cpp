@@ -18,7 +18,7 @@
 	\return Nothing where there is no such picture, or none that can be read.
 */
 std::unique_ptr<BBitmap>
-load_picture(const char* assetsPath, uint16 number)
+LoadPicture(const char* assetsPath, uint16 number)
 {
 	if (assetsPath == NULL || assetsPath[0] == '\0')
 		return NULL;
@@ -30,9 +30,9 @@ load_picture(const char* assetsPath, uint16 number)
 
 /*!	A button whose picture is missing stays as it is. */
 void
-show_picture(BButton* button, const char* assetsPath, Picture picture)
+ShowPicture(BButton* button, const char* assetsPath, Picture picture)
 {
-	const std::unique_ptr<BBitmap> bitmap = load_picture(assetsPath, picture);
+	const std::unique_ptr<BBitmap> bitmap = LoadPicture(assetsPath, picture);
 	if (bitmap != NULL)
 		button->SetIcon(bitmap.get(), 0);
 }

@@ -35,8 +35,8 @@ enum Picture : uint16 {
 };
 
 
-std::unique_ptr<BBitmap> load_picture(const char* assetsPath, uint16 number);
-void show_picture(BButton* button, const char* assetsPath, Picture picture);
+std::unique_ptr<BBitmap> LoadPicture(const char* assetsPath, uint16 number);
+void ShowPicture(BButton* button, const char* assetsPath, Picture picture);
 
 
 /*!	The folder that the program itself lies in, and beside it the pictures and the downloads. It is

@@ -165,7 +165,7 @@ UserListWindow::_HandleInvoked()
 std::unique_ptr<BBitmap>
 UserListWindow::_LoadIcon(uint16 id) const
 {
-	return load_picture(fAssetsDir.String(), id);
+	return LoadPicture(fAssetsDir.String(), id);
 }
 
 

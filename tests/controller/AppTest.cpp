@@ -68,7 +68,7 @@ private:
 };
 
 
-TEST(AppTest, LivesAsLongAsTheMainWindow)
+TEST(AppTest, Application_LivesAsLongAsTheMainWindow)
 {
 	LookingApp app;
 	EXPECT_STREQ("application/x-vnd.Haiku-Palimbra", app.Signature());

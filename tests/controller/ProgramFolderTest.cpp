@@ -166,12 +166,12 @@ TEST_F(ProgramFolderTest, Downloads_AreCreatedAtTheStartAndKept)
 TEST_F(ProgramFolderTest, PictureThatIsMissing_IsNone)
 {
 	const std::string assets = fFolder.PathOf("assets");
-	EXPECT_EQ(BRect(0, 0, 15, 15), load_picture(assets.c_str(), kChatPicture)->Bounds());
-	EXPECT_FALSE(load_picture(assets.c_str(), 239));
-	EXPECT_FALSE(load_picture("", kChatPicture));
-	EXPECT_FALSE(load_picture(NULL, kChatPicture));
+	EXPECT_EQ(BRect(0, 0, 15, 15), LoadPicture(assets.c_str(), kChatPicture)->Bounds());
+	EXPECT_FALSE(LoadPicture(assets.c_str(), 239));
+	EXPECT_FALSE(LoadPicture("", kChatPicture));
+	EXPECT_FALSE(LoadPicture(NULL, kChatPicture));
 	BButton button("name", "label", NULL);
-	show_picture(&button, assets.c_str(), kFolderPicture);
+	ShowPicture(&button, assets.c_str(), kFolderPicture);
 	EXPECT_STREQ("label", button.Label());
 }
 

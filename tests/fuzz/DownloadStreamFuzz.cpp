@@ -72,7 +72,7 @@ download(const uint8_t* stream, size_t size, std::string* _file)
 
 	int pair[2];
 	check(socketpair(AF_UNIX, SOCK_STREAM, 0, pair) == 0, "there is a pair of sockets");
-	check(size == 0 || send(pair[0], stream, size, MSG_DONTWAIT) == ssize_t(size),
+	check(size == 0 || send(pair[0], stream, size, MSG_DONTWAIT) == static_cast<ssize_t>(size),
 		"the stream fits into the socket");
 	shutdown(pair[0], SHUT_WR);
 	sClientEnd = pair[1];
@@ -82,13 +82,13 @@ download(const uint8_t* stream, size_t size, std::string* _file)
 	close(pair[1]);
 
 	char request[kRequestSize + 1];
-	check(recv(pair[0], request, sizeof(request), MSG_WAITALL) == ssize_t(kRequestSize)
+	check(recv(pair[0], request, sizeof(request), MSG_WAITALL) == static_cast<ssize_t>(kRequestSize)
 			&& memcmp(request, "HTXF", 4) == 0,
 		"the request is sent, and the connection closed");
 	close(pair[0]);
 
-	_file->resize(size_t(lseek(sFile, 0, SEEK_END)));
-	check(pread(sFile, _file->data(), _file->size(), 0) == ssize_t(_file->size()),
+	_file->resize(static_cast<size_t>(lseek(sFile, 0, SEEK_END)));
+	check(pread(sFile, _file->data(), _file->size(), 0) == static_cast<ssize_t>(_file->size()),
 		"the file reads");
 	check(ftruncate(sFile, 0) == 0, "the file empties");
 	return result;

@@ -25,7 +25,7 @@ LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 	std::string bytes;
 	size_t at = 0;
 	while (at + 4 <= size) {
-		const size_t where = size_t(data[at]) << 8 | data[at + 1];
+		const size_t where = static_cast<size_t>(data[at]) << 8 | data[at + 1];
 		const size_t offset = bytes.size() * where / 0xffff;
 		const size_t removed = std::min<size_t>(data[at + 2], bytes.size() - offset);
 		const size_t length = std::min<size_t>(data[at + 3], size - at - 4);

@@ -66,7 +66,7 @@ split_address(const uint8_t* bytes, size_t size)
 	const std::string address(reinterpret_cast<const char*>(bytes), size);
 	BString host;
 	check(TrackerListing::SplitAddress(address.c_str(), &host) > 0, "there is a port");
-	check(strncmp(address.c_str(), host.String(), size_t(host.Length())) == 0,
+	check(strncmp(address.c_str(), host.String(), static_cast<size_t>(host.Length())) == 0,
 		"the host is the address or its beginning");
 }
 

@@ -17,7 +17,7 @@
 typedef ClientTest ClientConnectFailureTest;
 
 
-TEST_F(ClientConnectFailureTest, NoThread)
+TEST_F(ClientConnectFailureTest, NoThread_IsTold)
 {
 	Interposed::spawn = [](thread_func, const char*, int32, void*) {
 		return B_NO_MORE_THREADS;
@@ -30,7 +30,7 @@ TEST_F(ClientConnectFailureTest, NoThread)
 }
 
 
-TEST_F(ClientConnectFailureTest, ThreadThatCannotBeStarted)
+TEST_F(ClientConnectFailureTest, ThreadThatCannotBeStarted_IsTold)
 {
 	thread_id spawned = -1;
 	Interposed::spawn = [&](thread_func, const char* name, int32 priority, void* data) {
@@ -54,7 +54,7 @@ TEST_F(ClientConnectFailureTest, ThreadThatCannotBeStarted)
 }
 
 
-TEST_F(ClientConnectFailureTest, UnknownName)
+TEST_F(ClientConnectFailureTest, UnknownName_IsTold)
 {
 	Interposed::resolve = [](const char*, const char*, const addrinfo*, addrinfo**) {
 		return EAI_NONAME;
@@ -64,7 +64,7 @@ TEST_F(ClientConnectFailureTest, UnknownName)
 }
 
 
-TEST_F(ClientConnectFailureTest, NameWithoutAddresses)
+TEST_F(ClientConnectFailureTest, NameWithoutAddresses_IsTold)
 {
 	Interposed::resolve = [](const char*, const char*, const addrinfo*, addrinfo** result) {
 		*result = NULL;
@@ -75,7 +75,7 @@ TEST_F(ClientConnectFailureTest, NameWithoutAddresses)
 }
 
 
-TEST_F(ClientConnectFailureTest, NoAddressAtAllOrAnIPv6One)
+TEST_F(ClientConnectFailureTest, NoAddressOrAnIPv6One_IsTold)
 {
 	for (const char* address : {"::1", "fe80::1", "not an address"}) {
 		SCOPED_TRACE(address);
@@ -92,7 +92,7 @@ TEST_F(ClientConnectFailureTest, NoAddressAtAllOrAnIPv6One)
 }
 
 
-TEST_F(ClientConnectFailureTest, NoSocket)
+TEST_F(ClientConnectFailureTest, NoSocket_IsTold)
 {
 	Interposed::socket = [](int, int, int) {
 		errno = EMFILE;
@@ -103,7 +103,7 @@ TEST_F(ClientConnectFailureTest, NoSocket)
 }
 
 
-TEST_F(ClientConnectFailureTest, SocketThatSelectCannotWatch)
+TEST_F(ClientConnectFailureTest, SocketThatSelectCannotWatch_IsNone)
 {
 	rlimit limit;
 	ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
@@ -126,7 +126,7 @@ TEST_F(ClientConnectFailureTest, SocketThatSelectCannotWatch)
 }
 
 
-TEST_F(ClientConnectFailureTest, NobodyListens)
+TEST_F(ClientConnectFailureTest, NobodyThere_IsTold)
 {
 	const uint16 port = server->Port();
 	server.reset();
@@ -152,7 +152,7 @@ TEST_F(ClientConnectFailureTest, FirstAddressFails_NoOtherIsTried)
 }
 
 
-TEST_F(ClientConnectFailureTest, HandshakeNotSent)
+TEST_F(ClientConnectFailureTest, HandshakeNotSent_IsTold)
 {
 	Interposed::send = [](int, const void*, size_t, int) -> ssize_t {
 		errno = EPIPE;
@@ -204,7 +204,7 @@ TEST_F(ClientConnectFailureTest, SilentServer_WithAShorterTimeOut)
 }
 
 
-TEST_F(ClientConnectFailureTest, ServerThatHangsUpDuringTheHandshake)
+TEST_F(ClientConnectFailureTest, HangUpDuringTheHandshake_IsTold)
 {
 	for (size_t size = 0; size < 8; size++) {
 		SCOPED_TRACE(size);
@@ -218,7 +218,7 @@ TEST_F(ClientConnectFailureTest, ServerThatHangsUpDuringTheHandshake)
 }
 
 
-TEST_F(ClientConnectFailureTest, OtherProtocol)
+TEST_F(ClientConnectFailureTest, OtherProtocol_IsTold)
 {
 	for (const char* reply : {"HTTP/1.1 400", "trtp\0\0\0\0", "TRTQ\0\0\0\0"}) {
 		SCOPED_TRACE(reply);

@@ -113,13 +113,13 @@ ClientEndTest::ExpectNothingLeft()
 }
 
 
-TEST_F(ClientEndTest, NeverConnected)
+TEST_F(ClientEndTest, NeverConnected_LeavesNothing)
 {
 	ExpectNothingLeft();
 }
 
 
-TEST_F(ClientEndTest, AtOnceAfterConnect)
+TEST_F(ClientEndTest, AtOnceAfterConnect_LeavesNothing)
 {
 	for (int i = 0; i < 100; i++) {
 		Connect();
@@ -283,7 +283,7 @@ TEST_F(ClientEndTest, WhileSendingTheLogin_NothingFollows)
 }
 
 
-TEST_F(ClientEndTest, Quiet)
+TEST_F(ClientEndTest, QuietConnection_LeavesNothing)
 {
 	LogIn();
 	client.reset();
@@ -292,7 +292,7 @@ TEST_F(ClientEndTest, Quiet)
 }
 
 
-TEST_F(ClientEndTest, Lost)
+TEST_F(ClientEndTest, LostConnection_LeavesNothing)
 {
 	LogIn();
 	server->Hangup();

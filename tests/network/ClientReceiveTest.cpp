@@ -120,7 +120,7 @@ ClientReceiveTest::ExpectAllOf(const Exchange& exchange)
 }
 
 
-TEST_F(ClientReceiveTest, Whole)
+TEST_F(ClientReceiveTest, WholeTransactions_AreEachPosted)
 {
 	for (const Exchange& exchange : Everything()) {
 		SCOPED_TRACE(wire_dump(exchange.bytes));
@@ -131,7 +131,7 @@ TEST_F(ClientReceiveTest, Whole)
 }
 
 
-TEST_F(ClientReceiveTest, CutAtEachByte)
+TEST_F(ClientReceiveTest, CutAtEachByte_IsPutTogether)
 {
 	const size_t count = Everything().size();
 	for (size_t i = 0; i < count; i++) {
@@ -155,7 +155,7 @@ TEST_F(ClientReceiveTest, CutAtEachByte)
 }
 
 
-TEST_F(ClientReceiveTest, OneByteAtATime)
+TEST_F(ClientReceiveTest, OneByteAtATime_IsPutTogether)
 {
 	ReadAtMost(1);
 	for (const Exchange& exchange : Everything()) {
@@ -167,7 +167,7 @@ TEST_F(ClientReceiveTest, OneByteAtATime)
 }
 
 
-TEST_F(ClientReceiveTest, OneByteInASegment)
+TEST_F(ClientReceiveTest, OneByteInASegment_IsPutTogether)
 {
 	for (const Exchange& exchange : Everything()) {
 		SCOPED_TRACE(wire_dump(exchange.bytes));
@@ -178,7 +178,7 @@ TEST_F(ClientReceiveTest, OneByteInASegment)
 }
 
 
-TEST_F(ClientReceiveTest, AllInOneSegment)
+TEST_F(ClientReceiveTest, AllInOneSegment_IsTakenApart)
 {
 	const std::vector<Exchange> everything = Everything();
 	std::string bytes;
@@ -209,7 +209,7 @@ TEST_F(ClientReceiveTest, SizesBelowThree_KeepTheStreamInStep)
 }
 
 
-TEST_F(ClientReceiveTest, NeverReadsAhead)
+TEST_F(ClientReceiveTest, BytesOfTheNext_AreNotReadAhead)
 {
 	// The server has sent both when the client reads the first.
 	std::vector<size_t> sizes;

@@ -25,7 +25,7 @@ typedef ClientTest ClientMemoryTest;
 // #pragma mark - Loss
 
 
-TEST_F(ClientLossTest, ServerHangsUp)
+TEST_F(ClientLossTest, ServerThatHangsUp_IsLost)
 {
 	LogIn();
 	server->Hangup();
@@ -34,7 +34,7 @@ TEST_F(ClientLossTest, ServerHangsUp)
 }
 
 
-TEST_F(ClientLossTest, ServerResets)
+TEST_F(ClientLossTest, ServerThatResets_IsLost)
 {
 	LogIn();
 	server->Reset();

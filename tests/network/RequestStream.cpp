@@ -174,7 +174,7 @@ RequestStream::_JudgeParams(size_t size)
 			break;
 		const char* value = fBytes.data() + fOffset + position;
 		if (contains(kTextFields, field) && length > 0
-			&& std::count(value, value + length, *value) != std::ptrdiff_t(length))
+			&& std::count(value, value + length, *value) != static_cast<std::ptrdiff_t>(length))
 			_Complain("a text of more than one letter in field " + std::to_string(field));
 		position += length;
 		count++;

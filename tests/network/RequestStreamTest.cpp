@@ -93,7 +93,7 @@ TEST(RequestStreamTest, AnotherByteAnywhereInTheHandshake_IsFound)
 
 TEST(RequestStreamTest, AnythingBehindAHandshakeThatWasNotAccepted_IsFound)
 {
-	for (const size_t size : {size_t(1), login().size()}) {
+	for (const size_t size : {static_cast<size_t>(1), login().size()}) {
 		RequestStream stream;
 		const std::string bytes = kHandshake + login().substr(0, size);
 		stream.Add(bytes.data(), bytes.size());

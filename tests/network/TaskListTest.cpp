@@ -17,7 +17,7 @@ TEST(TaskListTest, Record_IsTakenOnce)
 	const std::unique_ptr<TaskInfo> task = tasks.TakeTask(7);
 	ASSERT_NE(task, nullptr);
 	EXPECT_EQ(task->transID, 7u);
-	EXPECT_EQ(task->type, uint32(TaskList::kTaskUpload));
+	EXPECT_EQ(task->type, static_cast<uint32>(TaskList::kTaskUpload));
 	EXPECT_STREQ(task->path.String(), "name");
 	EXPECT_STREQ(task->extra.String(), "/local/name");
 	EXPECT_EQ(tasks.TakeTask(7), nullptr);
@@ -45,7 +45,7 @@ TEST(TaskListTest, SameIdTwice_GivesTheOlderFirst)
 }
 
 
-TEST(TaskListTest, RemoveAndMakeEmpty)
+TEST(TaskListTest, TakenOrEmptied_AreForgotten)
 {
 	TaskList tasks;
 	for (uint32 id = 1; id <= 50; id++)

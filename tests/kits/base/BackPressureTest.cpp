@@ -41,8 +41,8 @@ Poster::Poster(BLooper* looper, int32 messages, int32 dataSize)
 	thread = RunThread([=] {
 		BMessage message('post');
 		if (dataSize > 0)
-			message.AddData("data", B_RAW_TYPE, std::string(size_t(dataSize), 'x').data(),
-				dataSize);
+			message.AddData("data", B_RAW_TYPE,
+				std::string(static_cast<size_t>(dataSize), 'x').data(), dataSize);
 		for (int32 i = 0; i < messages; i++) {
 			status_t status = looper->PostMessage(&message);
 			if (status != B_OK) {

@@ -78,7 +78,7 @@ TEST_F(FileTest, WhatIsNoFile_IsAnError)
 TEST_F(FileTest, SizesBeyondFourGigabytes_AreWhole)
 {
 	fFolder.AddFile("large", "");
-	const off_t kLarge = off_t(5) << 30;
+	const off_t kLarge = static_cast<off_t>(5) << 30;
 	std::filesystem::resize_file(fFolder.PathOf("large"), static_cast<std::uintmax_t>(kLarge));
 	BFile file(fFolder.PathOf("large").c_str(), B_READ_ONLY);
 	off_t size = 0;

@@ -38,9 +38,9 @@ TEST_F(ListTest, AddedItems_AreAtTheEnd_AndNoneOutside)
 
 TEST_F(ListTest, RemoveItem_AnswersTheOneAtTheIndex_OrTakesTheFirstOfSuch)
 {
-	EXPECT_EQ(&sItems[1], fList.RemoveItem(int32(1)));
+	EXPECT_EQ(&sItems[1], fList.RemoveItem(static_cast<int32>(1)));
 	EXPECT_EQ(2, fList.CountItems());
-	EXPECT_EQ(NULL, fList.RemoveItem(int32(2)));
+	EXPECT_EQ(NULL, fList.RemoveItem(static_cast<int32>(2)));
 
 	fList.AddItem(&sItems[0]);
 	EXPECT_TRUE(fList.RemoveItem(&sItems[0]));

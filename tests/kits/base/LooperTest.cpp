@@ -168,7 +168,7 @@ TEST(LooperTest, AddressUsedAgain_IsAnotherLooper)
 	EXPECT_EQ(B_OK, first->PostMessage('new '));
 	second->Run();
 	EXPECT_SOON(second->CountReceived() == 1);
-	EXPECT_EQ(uint32('new '), second->Received()[0]);
+	EXPECT_EQ(static_cast<uint32>('new '), second->Received()[0]);
 	quit(second);
 }
 
@@ -270,7 +270,7 @@ TEST(LooperTest, Handler_HasItsNameAndGetsWhatIsPostedToIt)
 	EXPECT_EQ(B_OK, messenger.SendMessage('pass'));
 	EXPECT_SOON(looper->CountReceived() == 1);
 	EXPECT_EQ(2, handler.received);
-	EXPECT_EQ(uint32('pass'), looper->Received()[0]);
+	EXPECT_EQ(static_cast<uint32>('pass'), looper->Received()[0]);
 	quit(looper);
 	EXPECT_EQ(NULL, handler.Looper());
 

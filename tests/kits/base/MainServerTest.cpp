@@ -243,7 +243,7 @@ TEST_F(MainServerTest, WaitInsideOfAWait_EnterNobodyAgain)
 		int maxDepth = 0;
 		int finished = 0;
 		for (int i = 0; i < 3; i++) {
-			int place = int(std::find(order, order + 3, i) - order);
+			int place = static_cast<int>(std::find(order, order + 3, i) - order);
 			threads[i] = RunThread([&released, place] {
 				WaitFor([&released, place] {
 					return released > place;

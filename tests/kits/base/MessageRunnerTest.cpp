@@ -62,7 +62,7 @@ TEST_F(MessageRunnerTest, Ticks_CarryTheMessage)
 	};
 	fLooper->Run();
 	EXPECT_SERVED(fLooper->CountReceived() >= 3);
-	EXPECT_EQ(uint32('tick'), fLooper->Received()[0]);
+	EXPECT_EQ(static_cast<uint32>('tick'), fLooper->Received()[0]);
 	EXPECT_EQ(7, value);
 }
 

@@ -38,7 +38,7 @@ TEST_F(MessageTest, EveryType_ComesBackAsItWent_FromWhatWasNew)
 	EXPECT_EQ(8, fMessage.CountNames(B_ANY_TYPE));
 
 	BMessage message('test');
-	EXPECT_EQ(uint32('test'), message.what);
+	EXPECT_EQ(static_cast<uint32>('test'), message.what);
 	EXPECT_TRUE(message.IsEmpty());
 	EXPECT_EQ(0, message.CountNames(B_ANY_TYPE));
 	EXPECT_EQ(0u, BMessage().what);
@@ -135,12 +135,12 @@ TEST_F(MessageTest, Copy_IsIndependentAndComplete)
 	message.AddString("text", "after");
 	message.what = 'next';
 
-	EXPECT_EQ(uint32('orig'), copy.what);
+	EXPECT_EQ(static_cast<uint32>('orig'), copy.what);
 	EXPECT_EQ(NULL, copy.GetString("text", 1, NULL));
 	EXPECT_STREQ("before", copy.GetString("text"));
 
 	copy = message;
-	EXPECT_EQ(uint32('next'), copy.what);
+	EXPECT_EQ(static_cast<uint32>('next'), copy.what);
 	EXPECT_STREQ("after", copy.GetString("text", 1, ""));
 }
 

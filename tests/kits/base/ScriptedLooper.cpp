@@ -54,7 +54,7 @@ int32
 ScriptedLooper::CountReceived()
 {
 	BAutolock locker(fLock);
-	return int32(fReceived.size());
+	return static_cast<int32>(fReceived.size());
 }
 
 
@@ -83,7 +83,7 @@ bool
 ServeUntil(const std::function<bool()>& condition, int seconds)
 {
 	MainServer* server = MainServer::Default();
-	bigtime_t deadline = system_time() + bigtime_t(seconds) * 1000000;
+	bigtime_t deadline = system_time() + static_cast<bigtime_t>(seconds) * 1000000;
 	while (!condition()) {
 		if (system_time() >= deadline)
 			return false;

@@ -42,7 +42,7 @@ TEST(ControlTest, Invoke_SendsACopyOrWhatItIsGiven)
 	BMessage other('othr');
 	EXPECT_EQ(B_OK, button->Invoke(&other));
 	EXPECT_SOON(window->Received()->size() == 3);
-	EXPECT_EQ(uint32('othr'), window->Received()->back());
+	EXPECT_EQ(static_cast<uint32>('othr'), window->Received()->back());
 	EXPECT_EQ(B_BAD_VALUE, BButton("button", "Press", NULL).Invoke());
 }
 

@@ -52,7 +52,7 @@ TEST(MenuTest, Items_AreFoundByPlaceLabelAndCommand_AndHaveShortcuts)
 	uint32 modifiers = 0;
 	const BMenuItem item("Open", new BMessage(kOpen), 'O', B_SHIFT_KEY);
 	EXPECT_EQ('O', item.Shortcut(&modifiers));
-	EXPECT_EQ(uint32(B_COMMAND_KEY | B_SHIFT_KEY), modifiers);
+	EXPECT_EQ(static_cast<uint32>(B_COMMAND_KEY | B_SHIFT_KEY), modifiers);
 
 	const BMenuItem plain("Close", NULL);
 	EXPECT_EQ(0, plain.Shortcut(&modifiers));

@@ -23,9 +23,9 @@ public:
 
 	void Append(uint32 bits, int count)
 	{
-		fBits |= uint64(bits) << fCount;
+		fBits |= static_cast<uint64>(bits) << fCount;
 		for (fCount += count; fCount >= 8; fCount -= 8) {
-			fBytes.push_back(char(fBits));
+			fBytes.push_back(static_cast<char>(fBits));
 			fBits >>= 8;
 		}
 	}
@@ -47,7 +47,7 @@ static void
 append_number(std::string& bytes, uint32 value, int count)
 {
 	for (int i = 0; i < count; i++)
-		bytes.push_back(char(value >> (8 * i)));
+		bytes.push_back(static_cast<char>(value >> (8 * i)));
 }
 
 
@@ -55,7 +55,7 @@ static void
 append_big_endian(std::string& bytes, uint32 value)
 {
 	for (int shift = 24; shift >= 0; shift -= 8)
-		bytes.push_back(char(value >> shift));
+		bytes.push_back(static_cast<char>(value >> shift));
 }
 
 
@@ -70,8 +70,8 @@ bmp_headers(int32 width, int32 height, uint16 bitsPerPixel, uint32 compression, 
 	append_number(bytes, 0, 4); // reserved
 	append_number(bytes, start, 4); // where the pixels start
 	append_number(bytes, 40, 4); // size of the second header
-	append_number(bytes, uint32(width), 4);
-	append_number(bytes, uint32(height), 4);
+	append_number(bytes, static_cast<uint32>(width), 4);
+	append_number(bytes, static_cast<uint32>(height), 4);
 	append_number(bytes, 1, 2); // planes
 	append_number(bytes, bitsPerPixel, 2);
 	append_number(bytes, compression, 4);
@@ -87,11 +87,11 @@ bmp_headers(int32 width, int32 height, uint16 bitsPerPixel, uint32 compression, 
 static void
 append_chunk(std::string& bytes, const std::string& type, const std::string& data)
 {
-	append_big_endian(bytes, uint32(data.size()));
+	append_big_endian(bytes, static_cast<uint32>(data.size()));
 	const std::string checked = type + data;
 	uint32 sum = 0xffffffff;
 	for (const char byte : checked) {
-		sum ^= uint8(byte);
+		sum ^= static_cast<uint8>(byte);
 		for (int i = 0; i < 8; i++)
 			sum = (sum >> 1) ^ ((sum & 1) != 0 ? 0xedb88320 : 0);
 	}
@@ -121,7 +121,7 @@ deflate_zeros(uint64 count)
 	}
 	writer.Append(0, 7); // the end of the block
 	writer.Finish();
-	append_big_endian(bytes, uint32(count % 65521) << 16 | 1); // checksum
+	append_big_endian(bytes, static_cast<uint32>(count % 65521) << 16 | 1); // checksum
 	return bytes;
 }
 
@@ -148,8 +148,8 @@ compress_run(uint64 count)
 		count--;
 		for (next = kGifClear + 2; next < 4096 && count > 0; next++) {
 			// A code may be used as it becomes known: one more than the code before.
-			const uint64 run = std::min(uint64(next - kGifClear), count);
-			append(run > 1 ? kGifClear + uint32(run) : 0);
+			const uint64 run = std::min(static_cast<uint64>(next - kGifClear), count);
+			append(run > 1 ? kGifClear + static_cast<uint32>(run) : 0);
 			count -= run;
 		}
 		if (count > 0)
@@ -164,9 +164,9 @@ compress_run(uint64 count)
 std::string
 make_bmp(int32 width, int32 height, size_t pixelBytes)
 {
-	std::string bytes = bmp_headers(width, height, 24, 0, uint32(pixelBytes), 0);
+	std::string bytes = bmp_headers(width, height, 24, 0, static_cast<uint32>(pixelBytes), 0);
 	for (size_t i = 0; i < pixelBytes; i++)
-		bytes.push_back(char(10 + i));
+		bytes.push_back(static_cast<char>(10 + i));
 	return bytes;
 }
 
@@ -177,14 +177,15 @@ make_black_bmp(int32 width, int32 height)
 	std::string pixels;
 	for (int32 row = 0; row < height; row++) {
 		for (int32 left = width; left > 0; left -= 255) {
-			pixels.push_back(char(std::min(left, int32(255)))); // so many pixels
+			pixels.push_back(
+				static_cast<char>(std::min(left, static_cast<int32>(255)))); // so many pixels
 			pixels.push_back(0); // of the first color
 		}
 		append_number(pixels, 0, 2); // the end of the row
 	}
 	append_number(pixels, 0x0100, 2); // the end
 
-	std::string bytes = bmp_headers(width, height, 8, 1, uint32(pixels.size()), 1);
+	std::string bytes = bmp_headers(width, height, 8, 1, static_cast<uint32>(pixels.size()), 1);
 	append_number(bytes, 0, 4); // the color
 	return bytes + pixels;
 }
@@ -200,7 +201,7 @@ make_black_png(uint32 width, uint32 height)
 
 	std::string bytes("\x89PNG\r\n\x1a\n");
 	append_chunk(bytes, "IHDR", header);
-	append_chunk(bytes, "IDAT", deflate_zeros(uint64(height) * (width + 1)));
+	append_chunk(bytes, "IDAT", deflate_zeros(static_cast<uint64>(height) * (width + 1)));
 	append_chunk(bytes, "IEND", "");
 	return bytes;
 }
@@ -209,7 +210,7 @@ make_black_png(uint32 width, uint32 height)
 std::string
 make_black_gif(uint16 width, uint16 height)
 {
-	const std::string codes = compress_run(uint64(width) * height);
+	const std::string codes = compress_run(static_cast<uint64>(width) * height);
 	std::string bytes("GIF89a");
 	append_number(bytes, width, 2);
 	append_number(bytes, height, 2);
@@ -224,7 +225,7 @@ make_black_gif(uint16 width, uint16 height)
 	append_number(bytes, 8, 1); // bits of a color
 	for (size_t i = 0; i < codes.size(); i += 255) {
 		const std::string block = codes.substr(i, 255);
-		append_number(bytes, uint32(block.size()), 1);
+		append_number(bytes, static_cast<uint32>(block.size()), 1);
 		bytes += block;
 	}
 	append_number(bytes, 0, 1);

@@ -37,7 +37,7 @@ peak_memory()
 {
 	struct rusage usage;
 	getrusage(RUSAGE_SELF, &usage);
-	return int64(usage.ru_maxrss) * 1024;
+	return static_cast<int64>(usage.ru_maxrss) * 1024;
 }
 
 
@@ -52,8 +52,8 @@ make_black_pictures(int32 edge)
 {
 	return {
 		{"BMP", make_black_bmp(edge, edge)},
-		{"GIF", make_black_gif(uint16(edge), uint16(edge))},
-		{"PNG", make_black_png(uint32(edge), uint32(edge))},
+		{"GIF", make_black_gif(static_cast<uint16>(edge), static_cast<uint16>(edge))},
+		{"PNG", make_black_png(static_cast<uint32>(edge), static_cast<uint32>(edge))},
 	};
 }
 

@@ -238,7 +238,8 @@ TEST_F(WindowTest, EnormousMinimum_MakesNoEnormousWindow)
 		banner->SetSizes(size, BSize(B_SIZE_UNLIMITED, B_SIZE_UNLIMITED));
 		fWindow->Layout(true);
 		const BRect bounds = fWindow->Bounds();
-		const double pixels = double(bounds.Width() + 1) * double(bounds.Height() + 1);
+		const double pixels = static_cast<double>(bounds.Width() + 1)
+			* static_cast<double>(bounds.Height() + 1);
 		EXPECT_LE(pixels, 24 * 1024 * 1024);
 		if (size.width * size.height < 24 * 1024 * 1024 && size.width < 32767
 			&& size.height < 32767) {

@@ -130,7 +130,8 @@ TEST_F(WindowUseTest, EscapeAndCommandW_AskTheWindow_WhereTheyShall)
 		{'W', B_COMMAND_KEY, B_NOT_CLOSABLE, 0},
 	};
 	for (const auto& entry : cases) {
-		SCOPED_TRACE(testing::Message() << int(entry.key) << " with flags " << entry.flags);
+		SCOPED_TRACE(
+			testing::Message() << static_cast<int>(entry.key) << " with flags " << entry.flags);
 		int asked = 0;
 		OwnedWindow window(entry.flags);
 		window->onQuitRequested = [&] {
@@ -192,17 +193,17 @@ TEST_F(WindowUseTest, DefaultButton_ShowsItsFocus_AndIsPressedWhereverThatIs)
 	other->MakeFocus(true);
 	press_window_key(fWindow, B_ENTER);
 	EXPECT_SOON(fWindow->Received()->size() == 1);
-	EXPECT_EQ(uint32('okay'), fWindow->Received()->back());
+	EXPECT_EQ(static_cast<uint32>('okay'), fWindow->Received()->back());
 
 	press_window_key(fWindow, B_SPACE);
 	EXPECT_SOON(fWindow->Received()->size() == 2);
-	EXPECT_EQ(uint32('othr'), fWindow->Received()->back());
+	EXPECT_EQ(static_cast<uint32>('othr'), fWindow->Received()->back());
 
 	ok->SetEnabled(false);
 	press_window_key(fWindow, B_ENTER);
 	fWindow->PostMessage('last');
 	EXPECT_SOON(fWindow->Received()->size() == 3);
-	EXPECT_EQ(uint32('last'), fWindow->Received()->back());
+	EXPECT_EQ(static_cast<uint32>('last'), fWindow->Received()->back());
 }
 
 
@@ -217,8 +218,8 @@ TEST_F(WindowUseTest, Shortcut_ChoosesTheItem)
 	press_window_key(fWindow, 'K', B_COMMAND_KEY);
 	press_window_key(fWindow, '1', B_COMMAND_KEY);
 	EXPECT_SOON(fWindow->Received()->size() == 2);
-	EXPECT_EQ(uint32('conn'), fWindow->Received()->front());
-	EXPECT_EQ(uint32('chat'), fWindow->Received()->back());
+	EXPECT_EQ(static_cast<uint32>('conn'), fWindow->Received()->front());
+	EXPECT_EQ(static_cast<uint32>('chat'), fWindow->Received()->back());
 }
 
 
@@ -273,7 +274,7 @@ TEST(ButtonUseTest, Click_SendsTheMessageOnce_AndADisabledButtonSendsNone)
 	click(button, BPoint(10, 10));
 	window->PostMessage('last');
 	EXPECT_SOON(window->Received()->size() == 2);
-	EXPECT_EQ(uint32('prsd'), window->Received()->front());
+	EXPECT_EQ(static_cast<uint32>('prsd'), window->Received()->front());
 }
 
 

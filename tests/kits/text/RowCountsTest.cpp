@@ -17,31 +17,31 @@ protected:
 	void SetCountLines(size_t count)
 	{
 		fRows.resize(count, 1);
-		fCounts.SetCountLines(int32(count));
+		fCounts.SetCountLines(static_cast<int32>(count));
 		ASSERT_EQ(Complaint(), "");
 	}
 
 	void Reset(size_t count)
 	{
 		fRows.assign(count, 1);
-		fCounts.Reset(int32(count));
+		fCounts.Reset(static_cast<int32>(count));
 		ASSERT_EQ(Complaint(), "");
 	}
 
 	void SetRowsOf(size_t line, int32 rows)
 	{
 		fRows[line] = rows;
-		fCounts.SetRowsOf(int32(line), rows);
+		fCounts.SetRowsOf(static_cast<int32>(line), rows);
 		ASSERT_EQ(Complaint(), "");
 	}
 
 	std::string Complaint() const
 	{
-		if (fCounts.CountLines() != int32(fRows.size()))
+		if (fCounts.CountLines() != static_cast<int32>(fRows.size()))
 			return "wrong number of lines";
 		int32 row = 0;
-		for (int32 line = 0; line < int32(fRows.size()); line++) {
-			const int32 rows = fRows[size_t(line)];
+		for (int32 line = 0; line < static_cast<int32>(fRows.size()); line++) {
+			const int32 rows = fRows[static_cast<size_t>(line)];
 			const std::string where = " line " + std::to_string(line);
 			if (fCounts.RowsOf(line) != rows)
 				return "wrong number of rows of" + where;
@@ -144,7 +144,7 @@ TEST_F(RowCountsTest, RandomChanges_AlwaysFitTheModel)
 				break;
 			default:
 				if (!fRows.empty())
-					SetRowsOf(random() % fRows.size(), int32(1 + random() % 6));
+					SetRowsOf(random() % fRows.size(), static_cast<int32>(1 + random() % 6));
 		}
 	}
 }

@@ -20,7 +20,8 @@ protected:
 	void Replace(size_t offset, size_t removed, size_t length, char style)
 	{
 		fStyles.replace(offset, removed, length, style);
-		fRuns.Replace(int32(offset), int32(removed), int32(length), style - '0');
+		fRuns.Replace(static_cast<int32>(offset), static_cast<int32>(removed),
+			static_cast<int32>(length), style - '0');
 		ASSERT_EQ(Complaint(), "");
 	}
 
@@ -28,13 +29,13 @@ protected:
 	{
 		if (start < end)
 			fStyles.replace(start, end - start, end - start, style);
-		fRuns.SetStyle(int32(start), int32(end), style - '0');
+		fRuns.SetStyle(static_cast<int32>(start), static_cast<int32>(end), style - '0');
 		ASSERT_EQ(Complaint(), "");
 	}
 
 	std::string Complaint() const
 	{
-		if (fRuns.CountBytes() != int32(fStyles.size()))
+		if (fRuns.CountBytes() != static_cast<int32>(fStyles.size()))
 			return "the lengths are wrong";
 		size_t start = 0;
 		int32 run = 0;
@@ -44,12 +45,13 @@ protected:
 			const std::string where = " run " + std::to_string(run) + " of " + fStyles;
 			if (run >= fRuns.CountRuns())
 				return "there is no" + where;
-			if (fRuns[run].offset != int32(start) || fRuns.EndOf(run) != int32(end))
+			if (fRuns[run].offset != static_cast<int32>(start)
+				|| fRuns.EndOf(run) != static_cast<int32>(end))
 				return "wrong place of" + where;
 			if (fRuns[run].style != fStyles[start] - '0')
 				return "wrong style of" + where;
 			for (; start < end; start++) {
-				if (fRuns.RunAt(int32(start)) != run)
+				if (fRuns.RunAt(static_cast<int32>(start)) != run)
 					return "byte " + std::to_string(start) + " is not in" + where;
 			}
 		}
@@ -134,7 +136,7 @@ TEST_F(StyleRunsTest, RandomChanges_AlwaysFitTheModel)
 {
 	std::mt19937 random(2026);
 	for (int step = 0; step < 10000 && !HasFatalFailure(); step++) {
-		const char style = char('0' + random() % 4);
+		const char style = static_cast<char>('0' + random() % 4);
 		size_t start = random() % (fStyles.size() + 1);
 		const size_t length = std::min<size_t>(random() % 8, fStyles.size() - start);
 		const uint32 action = random() % 8;

@@ -153,7 +153,7 @@ TEST_F(TextStoreTest, InvalidByte_IsOnePositionAndComesBack)
 		SCOPED_TRACE(bytes);
 		const int32 positions = fStore.CountPositions();
 		Append(std::string(bytes) + "|\n");
-		EXPECT_EQ(fStore.CountPositions(), positions + int32(strlen(bytes)) + 2);
+		EXPECT_EQ(fStore.CountPositions(), positions + static_cast<int32>(strlen(bytes)) + 2);
 		const std::u16string shown(strlen(bytes), char16_t(0xfffd));
 		EXPECT_EQ(fStore.TextOf(fStore.CountLines() - 2), shown + u"|");
 	}
@@ -227,7 +227,7 @@ TEST_F(TextStoreTest, ManyLines_AreFoundAmongThem)
 		text += "line " + std::to_string(i) + (i % 3 == 0 ? " \xf0\x9f\x98\x80\r\n" : "\n");
 	for (size_t at = 0; at < text.size(); at += 97) {
 		const std::string part = text.substr(at, 97);
-		fStore.Replace(fStore.CountBytes(), 0, part.data(), int32(part.size()));
+		fStore.Replace(fStore.CountBytes(), 0, part.data(), static_cast<int32>(part.size()));
 	}
 	EXPECT_EQ(text_store_complaint(fStore, text), "");
 	EXPECT_EQ(fStore.CountLines(), 3001);

@@ -88,7 +88,7 @@ TEST_F(AccessibleTextTest, TextToRead_IsDescribedAndNoTrouble_WhenThereIsNone)
 	EXPECT_TRUE(accessible.isMultiLine);
 	EXPECT_TRUE(accessible.isFocusable);
 	EXPECT_FALSE(accessible.isPassword);
-	EXPECT_EQ(accessible.width, int(fText->Bounds().Width()) + 1);
+	EXPECT_EQ(accessible.width, static_cast<int>(fText->Bounds().Width()) + 1);
 }
 
 

@@ -114,7 +114,7 @@ TEST_F(ListToolTipTest, ToolTip_LeavesTheScreen_WhenItIsSetAnewOrTheListScrolls)
 		EXPECT_SOON(tool_tip_on_screen().empty());
 	}
 
-	fList->RemoveItem(int32(0));
+	fList->RemoveItem(static_cast<int32>(0));
 	ShowStrings(100);
 	rest_mouse(fList, CenterOf(1));
 	ASSERT_EQ("row 1", tool_tip_on_screen());

@@ -118,16 +118,16 @@ TEST_F(ListViewRowsTest, InvalidatedItem_IsDrawnAgain_UnlessItIsRemoved)
 	EXPECT_SOON(item->CountDrawn() > before);
 	EXPECT_EQ(accessible_of_row(fList, 0).name, "new");
 
-	fList->RemoveItem(int32(0));
+	fList->RemoveItem(static_cast<int32>(0));
 	ShowStrings(10);
 	for (int32 i = 0; i < 10; i++)
 		fList->InvalidateItem(i);
 	for (int32 i = 9; i > 1; i--)
 		fList->RemoveItem(i);
-	fList->RemoveItem(int32(0));
+	fList->RemoveItem(static_cast<int32>(0));
 	EXPECT_TRUE(WaitForRows(1));
 	fList->InvalidateItem(0);
-	fList->RemoveItem(int32(0));
+	fList->RemoveItem(static_cast<int32>(0));
 	EXPECT_TRUE(WaitForRows(0));
 }
 

@@ -52,11 +52,11 @@ TEST_F(ListViewTest, RemovedItems_AreGoneFromTheToolkitAtOnce)
 {
 	ShowStrings(5);
 	AddStrings(2);
-	EXPECT_EQ(fList->RemoveItem(int32(1)), fItems[1].get());
+	EXPECT_EQ(fList->RemoveItem(static_cast<int32>(1)), fItems[1].get());
 	fItems[1].reset();
 	EXPECT_EQ(accessible_of(fList).childCount, 4);
-	EXPECT_EQ(fList->RemoveItem(int32(5)), fItems[6].get());
-	EXPECT_EQ(fList->RemoveItem(int32(77)), nullptr);
+	EXPECT_EQ(fList->RemoveItem(static_cast<int32>(5)), fItems[6].get());
+	EXPECT_EQ(fList->RemoveItem(static_cast<int32>(77)), nullptr);
 	EXPECT_EQ(fList->CountItems(), 5);
 	EXPECT_TRUE(WaitForRows(5));
 	EXPECT_EQ(accessible_of_row(fList, 1).name, "row 2");
@@ -67,8 +67,8 @@ TEST_F(ListViewTest, ManyItemsRemovedOneByOne_LeaveNothing)
 {
 	ShowStrings(20000);
 	for (int32 i = fList->CountItems() - 1; i >= 0; i--) {
-		ASSERT_EQ(fList->RemoveItem(i), fItems[size_t(i)].get());
-		fItems[size_t(i)].reset();
+		ASSERT_EQ(fList->RemoveItem(i), fItems[static_cast<size_t>(i)].get());
+		fItems[static_cast<size_t>(i)].reset();
 	}
 	EXPECT_EQ(accessible_of(fList).childCount, 0);
 }
@@ -99,7 +99,7 @@ TEST_F(ListViewTest, RemovingTheSelectedRow_SelectsNoOther)
 	ShowStrings(3);
 	click(fList, CenterOf(1));
 	ASSERT_EQ(fList->CurrentSelection(), 1);
-	EXPECT_EQ(fList->RemoveItem(int32(1)), fItems[1].get());
+	EXPECT_EQ(fList->RemoveItem(static_cast<int32>(1)), fItems[1].get());
 	EXPECT_EQ(fList->CurrentSelection(), -1);
 	for (const auto& item : fItems)
 		EXPECT_FALSE(item->IsSelected());
@@ -107,7 +107,7 @@ TEST_F(ListViewTest, RemovingTheSelectedRow_SelectsNoOther)
 
 	// And that of another row leaves it.
 	fList->Select(1);
-	fList->RemoveItem(int32(0));
+	fList->RemoveItem(static_cast<int32>(0));
 	EXPECT_EQ(fList->CurrentSelection(), 0);
 	EXPECT_TRUE(fItems[2]->IsSelected());
 }

@@ -36,7 +36,7 @@ protected:
 	float WidthOf(const std::string& text)
 	{
 		fText->SetText(text.c_str());
-		return fText->PointAt(int32(text.size())).x - fText->PointAt(0).x;
+		return fText->PointAt(static_cast<int32>(text.size())).x - fText->PointAt(0).x;
 	}
 
 	static std::string Repeated(const std::string& part, int count)
@@ -66,7 +66,8 @@ TEST_F(ShownTextTest, ControlCharactersAndNoncharacters_AreReplaced_ButTabsAndLi
 	const std::string controls[] = {"\x01", "\x1b", "\x7f", "\u0085"};
 	ASSERT_NE(WidthOf("\ue000"), WidthOf("\ufffd"));
 	for (const std::string& control : controls)
-		EXPECT_EQ(WidthOf("a" + control + "z"), WidthOf("a\ufffdz")) << int(control[0]);
+		EXPECT_EQ(WidthOf("a" + control + "z"), WidthOf("a\ufffdz"))
+			<< static_cast<int>(control[0]);
 	EXPECT_STREQ(fText->Text(), "a\u0085z");
 	EXPECT_EQ(ScreenReader(fText).CountCharacters(), 3);
 

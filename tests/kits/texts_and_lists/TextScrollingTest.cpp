@@ -52,7 +52,8 @@ protected:
 
 	int RowOf(const std::vector<int32>& rows, int32 offset) const
 	{
-		return int(std::upper_bound(rows.begin(), rows.end(), offset) - rows.begin()) - 1;
+		return static_cast<int>(std::upper_bound(rows.begin(), rows.end(), offset) - rows.begin())
+			- 1;
 	}
 
 	/*!	\return What is at the top after each turn, until it is what was there before. */
@@ -85,7 +86,7 @@ TEST_F(TextScrollingTest, ByRows_ShowsEachRowOnce)
 	EXPECT_TRUE(IsSeen(fText->TextLength()));
 	std::vector<int32> rows = Rows();
 	ASSERT_GT(rows.size(), 150u);
-	rows.resize(size_t(RowOf(rows, down.back())) + 1);
+	rows.resize(static_cast<size_t>(RowOf(rows, down.back())) + 1);
 	EXPECT_EQ(down, rows);
 
 	// From the end of a text of which nothing else has been seen.
@@ -164,7 +165,7 @@ TEST_F(TextScrollingTest, ScrollBar_SaysHowMuchThereIs_AndIsDraggedToItsEnds)
 	EXPECT_EQ(start.max + start.page, 101);
 	float height;
 	fText->PointAt(0, &height);
-	EXPECT_EQ(start.page, int((fText->Bounds().Height() + 1 - 8) / height));
+	EXPECT_EQ(start.page, static_cast<int>((fText->Bounds().Height() + 1 - 8) / height));
 	ScrollToEnd();
 	EXPECT_EQ(scroll_state(fText).value, start.max);
 	scroll_to(fText, 30);
@@ -194,7 +195,7 @@ TEST_F(TextScrollingTest, Resized_TheSameTextIsAtTheTopOrTheEnd)
 		SCOPED_TRACE(width);
 		ResizeTo(width, 150);
 		const std::vector<int32> rows = Rows();
-		EXPECT_EQ(Top(), rows[size_t(RowOf(rows, top))]);
+		EXPECT_EQ(Top(), rows[static_cast<size_t>(RowOf(rows, top))]);
 	}
 	// Higher and lower, and all of the rows are still where they were.
 	const int32 before = Top();
@@ -356,7 +357,7 @@ TEST_F(TextScrollingTest, SmallerStyleOfWhatIsSeen_LeavesTheLineAtTheTop)
 	fText->PointAt(top);
 	const std::vector<int32> rows = Rows();
 	const int row = RowOf(rows, Top());
-	EXPECT_EQ(Top(), rows[size_t(row)]);
+	EXPECT_EQ(Top(), rows[static_cast<size_t>(row)]);
 	EXPECT_LE(std::abs(row - RowOf(rows, top)), 6);
 }
 

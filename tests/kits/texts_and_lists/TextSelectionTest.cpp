@@ -262,7 +262,8 @@ TEST_F(TextSelectionTest, SpacePagesAndLettersDoNothing_SoTheSelectionStays)
 
 	fText->SetText("text");
 	fText->Select(1, 3);
-	for (const char key : {'x', 'a', char(B_ENTER), char(B_BACKSPACE), char(B_DELETE)})
+	for (const char key : {'x', 'a', static_cast<char>(B_ENTER), static_cast<char>(B_BACKSPACE),
+			 static_cast<char>(B_DELETE)})
 		Press(key);
 	EXPECT_STREQ(fText->Text(), "text");
 	EXPECT_EQ(Selection(), "1..3");

@@ -24,7 +24,7 @@ class TextViewChangesTest : public Transcript {
 protected:
 	void Append(const std::string& bytes)
 	{
-		fText->Insert(fText->TextLength(), bytes.data(), int32(bytes.size()));
+		fText->Insert(fText->TextLength(), bytes.data(), static_cast<int32>(bytes.size()));
 	}
 };
 
@@ -90,7 +90,7 @@ TEST_F(TextViewChangesTest, LineOfManyColors_IsShownWithTheFrame)
 	EXPECT_TRUE(WaitUntilShown());
 	EXPECT_EQ(fText->Text(), all);
 	// Each piece has a character of two bytes.
-	const int32 last = int32(all.size()) - 3;
+	const int32 last = static_cast<int32>(all.size()) - 3;
 	EXPECT_NE(accessible_attributes(fText, last - 2000).find("color:rgb(0,128,0)"),
 		std::string::npos);
 }
@@ -102,7 +102,7 @@ TEST_F(TextViewChangesTest, ResizedInManySteps_TheSameRowIsAtTheTop)
 	for (int i = 0; i < 400; i++)
 		line += "some words ";
 	fText->SetText(line.c_str());
-	const int32 middle = int32(line.size()) / 2;
+	const int32 middle = static_cast<int32>(line.size()) / 2;
 	fText->ScrollToOffset(middle);
 	const float width = fText->Bounds().Width();
 	const float place = fText->PointAt(middle).y;

@@ -34,7 +34,7 @@ static const std::string kPieces[] = {"\n", "\r", "\r\n", "\xe2\x80\xa9", "\xe2\
 /*!	A text view in a window beside what it should contain. */
 class TextViewMonkeyTest : public Transcript, public testing::WithParamInterface<int> {
 protected:
-	int32 Offset(RandomUser& user) { return user.Number(int32(fBytes.size()) + 1); }
+	int32 Offset(RandomUser& user) { return user.Number(static_cast<int32>(fBytes.size()) + 1); }
 
 	void Change(RandomUser& user);
 	void Style(RandomUser& user);
@@ -51,7 +51,7 @@ any_bytes(RandomUser& user)
 {
 	std::string bytes;
 	for (int32 i = user.Number(8); i >= 0; i--)
-		bytes += kPieces[user.Number(int32(std::size(kPieces)))];
+		bytes += kPieces[user.Number(static_cast<int32>(std::size(kPieces)))];
 	return bytes;
 }
 
@@ -80,17 +80,17 @@ shown_text(const std::string& bytes)
 void
 TextViewMonkeyTest::Change(RandomUser& user)
 {
-	const int32 size = int32(fBytes.size());
+	const int32 size = static_cast<int32>(fBytes.size());
 	std::string added = any_bytes(user);
 	const int32 start = Offset(user);
 	if (size > kMaxText || user.Number(40) == 0) {
 		fText->SetText(added.c_str());
 		fBytes = added;
 	} else if (user.Number(6) == 0) {
-		fText->Insert(start, added.data(), int32(added.size()));
-		fBytes.insert(size_t(start), added);
+		fText->Insert(start, added.data(), static_cast<int32>(added.size()));
+		fBytes.insert(static_cast<size_t>(start), added);
 	} else {
-		fText->Insert(size, added.data(), int32(added.size()));
+		fText->Insert(size, added.data(), static_cast<int32>(added.size()));
 		fBytes += added;
 	}
 }
@@ -100,8 +100,8 @@ void
 TextViewMonkeyTest::Style(RandomUser& user)
 {
 	BFont font(user.Number(2) == 0 ? be_plain_font : be_bold_font);
-	font.SetSize(float(8 + 8 * user.Number(4)));
-	const rgb_color color = {uint8(user.Number(256)), 0, 0, 255};
+	font.SetSize(static_cast<float>(8 + 8 * user.Number(4)));
+	const rgb_color color = {static_cast<uint8>(user.Number(256)), 0, 0, 255};
 	const int32 start = Offset(user);
 	switch (user.Number(8)) {
 		case 0:
@@ -142,7 +142,8 @@ TextViewMonkeyTest::Show(RandomUser& user)
 			break;
 		case 4:
 		{
-			fWindow->ResizeTo(float(40 + user.Number(400)), float(10 + user.Number(300)));
+			fWindow->ResizeTo(static_cast<float>(40 + user.Number(400)),
+				static_cast<float>(10 + user.Number(300)));
 			// The window does that when it is served.
 			bool hasServed = false;
 			WaitFor([&hasServed]() {
@@ -195,12 +196,12 @@ TextViewMonkeyTest::Act(RandomUser& user)
 std::string
 TextViewMonkeyTest::Complaint(RandomUser& user)
 {
-	if (fText->TextLength() != int32(fBytes.size()) || fText->Text() != fBytes)
+	if (fText->TextLength() != static_cast<int32>(fBytes.size()) || fText->Text() != fBytes)
 		return "other bytes";
 	int32 start;
 	int32 end;
 	fText->GetSelection(&start, &end);
-	if (start < 0 || start > end || end > int32(fBytes.size()))
+	if (start < 0 || start > end || end > static_cast<int32>(fBytes.size()))
 		return "the selection is outside of the text";
 	return user.Complaint(shown_text(fBytes));
 }
@@ -208,7 +209,7 @@ TextViewMonkeyTest::Complaint(RandomUser& user)
 
 TEST_P(TextViewMonkeyTest, WhateverIsDone_TheTextStaysSound)
 {
-	RandomUser user(fText, uint32(GetParam()));
+	RandomUser user(fText, static_cast<uint32>(GetParam()));
 	for (int i = 0; i < kSteps; i++) {
 		Act(user);
 		ASSERT_EQ(Complaint(user), "") << "step " << i;

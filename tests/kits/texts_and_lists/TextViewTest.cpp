@@ -36,7 +36,7 @@ protected:
 	{
 		for (int i = 0; i < times; i++) {
 			fText->SetFontAndColor(be_plain_font, B_FONT_ALL, &color);
-			fText->Insert(fText->TextLength(), text.data(), int32(text.size()));
+			fText->Insert(fText->TextLength(), text.data(), static_cast<int32>(text.size()));
 			fText->ScrollToOffset(fText->TextLength());
 		}
 	}
@@ -79,7 +79,7 @@ TEST_F(TextViewTest, AnyBytes_ComeBackUnchanged)
 	for (const std::string& text : texts) {
 		Append(text);
 		all += text;
-		ASSERT_EQ(fText->TextLength(), int32(all.size()));
+		ASSERT_EQ(fText->TextLength(), static_cast<int32>(all.size()));
 		ASSERT_EQ(fText->Text(), all);
 	}
 	// A question about a place in the text needs all of it laid out.
@@ -232,12 +232,12 @@ TEST_F(TextViewTest, StyledRanges_BeforeAndAfterTheyAreShown)
 TEST_F(TextViewTest, StyledOrInAnotherFont_TheTextKeepsItsBytesAndStyles)
 {
 	const std::string text = "na\xefve\r\n \xff\xfe caf\xc3\n";
-	fText->Insert(0, text.data(), int32(text.size()));
+	fText->Insert(0, text.data(), static_cast<int32>(text.size()));
 	// A question about a place in the text needs all of it laid out.
 	fText->PointAt(0);
-	fText->SetFontAndColor(0, int32(text.size()), be_bold_font, B_FONT_ALL, &kGreen);
+	fText->SetFontAndColor(0, static_cast<int32>(text.size()), be_bold_font, B_FONT_ALL, &kGreen);
 	EXPECT_TRUE(ColorAt(2) == kGreen);
-	EXPECT_EQ(fText->TextLength(), int32(text.size()));
+	EXPECT_EQ(fText->TextLength(), static_cast<int32>(text.size()));
 	EXPECT_EQ(fText->Text(), text);
 
 	fText->SetText("");

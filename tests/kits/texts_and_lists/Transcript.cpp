@@ -29,7 +29,7 @@ void
 Transcript::Append(const std::string& text, int times)
 {
 	for (int i = 0; i < times; i++) {
-		fText->Insert(fText->TextLength(), text.data(), int32(text.size()));
+		fText->Insert(fText->TextLength(), text.data(), static_cast<int32>(text.size()));
 		fText->PointAt(fText->TextLength());
 	}
 }
@@ -82,7 +82,7 @@ Transcript::Behind(int32 offset) const
 int32
 Transcript::Top() const
 {
-	return int32(accessible_position_at(fText, BPoint(5, 8)));
+	return static_cast<int32>(accessible_position_at(fText, BPoint(5, 8)));
 }
 
 

@@ -119,9 +119,7 @@ TEST_F(ClientConnectFailureTest, SocketThatSelectCannotWatch_IsNone)
 	};
 	Connect();
 	ExpectFailure("Could not create socket");
-	EXPECT_TRUE(WaitFor([descriptors] {
-		return count_descriptors() == descriptors;
-	}));
+	EXPECT_SOON(count_descriptors() == descriptors);
 	setrlimit(RLIMIT_NOFILE, &before);
 }
 

@@ -92,9 +92,7 @@ ClientEndTest::ExpectEndsByItself()
 		client.reset();
 		hasEnded = true;
 	});
-	EXPECT_TRUE(WaitFor([&] {
-		return hasEnded.load();
-	})) << "the end of the client waits for the network";
+	EXPECT_SOON(hasEnded.load()) << "the end of the client waits for the network";
 	if (!hasEnded)
 		server.reset(new RawServer);
 	deletion.join();

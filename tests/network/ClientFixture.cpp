@@ -24,9 +24,7 @@ ClientTest::~ClientTest()
 		log->Quit();
 	// One that has been waited for leaves the system's list a moment later, and the next test may
 	// count.
-	EXPECT_TRUE(WaitFor([&] {
-		return count_threads() < fThreads;
-	}));
+	EXPECT_SOON(count_threads() < fThreads);
 }
 
 
@@ -34,9 +32,7 @@ void
 ClientTest::EndClient()
 {
 	client.reset();
-	EXPECT_TRUE(WaitFor([&] {
-		return count_threads() <= fThreads;
-	}));
+	EXPECT_SOON(count_threads() <= fThreads);
 	Interposed::Clear();
 }
 

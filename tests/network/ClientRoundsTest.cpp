@@ -275,9 +275,7 @@ ClientRoundsTest::~ClientRoundsTest()
 	close(fRefusing);
 
 	// A thread that has been waited for leaves the system's list a moment later.
-	EXPECT_TRUE(WaitFor([this] {
-		return count_threads() <= fThreads - kOwnThreads;
-	}));
+	EXPECT_SOON(count_threads() <= fThreads - kOwnThreads);
 	EXPECT_EQ(count_descriptors(), fDescriptors);
 }
 

@@ -281,15 +281,11 @@ TEST_F(ClientDisconnectTest, QuietConnection_EndsWithoutAWord)
 {
 	const size_t threads = count_threads();
 	LogIn();
-	EXPECT_TRUE(WaitFor([&] {
-		return count_threads() == threads + 1;
-	}));
+	EXPECT_SOON(count_threads() == threads + 1);
 	client->Disconnect();
 	EXPECT_FALSE(client->IsConnected());
 	EXPECT_TRUE(server->WaitForEnd());
-	EXPECT_TRUE(WaitFor([&] {
-		return count_threads() == threads;
-	}));
+	EXPECT_SOON(count_threads() == threads);
 	EXPECT_EQ(log->CountWaiting(), 0u);
 }
 
@@ -381,9 +377,7 @@ TEST_F(ClientDisconnectTest, DuringAFlood_NothingMoreIsReadSoon)
 	const size_t threads = count_threads();
 	client->Disconnect();
 	sender.join();
-	EXPECT_TRUE(WaitFor([&] {
-		return count_threads() == threads - 2;
-	}));
+	EXPECT_SOON(count_threads() == threads - 2);
 	client.reset();
 	for (std::string text = log->Next(); log->CountWaiting() > 0; text = log->Next())
 		ASSERT_EQ(text, "HLch text=CSTR flood chatRef=ULNG 0");

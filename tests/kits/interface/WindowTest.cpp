@@ -64,6 +64,7 @@ TEST_F(WindowTest, NewWindow_IsHiddenAndWhereItShallBe)
 {
 	EXPECT_TRUE(fWindow->IsHidden());
 	EXPECT_FALSE(fWindow->IsMinimized());
+	fWindow->Activate(true);
 	EXPECT_FALSE(fWindow->IsActive());
 	EXPECT_EQ(BRect(100, 100, 399, 299), fWindow->Frame());
 	EXPECT_EQ(BRect(0, 0, 299, 199), fWindow->Bounds());
@@ -86,9 +87,11 @@ TEST_F(WindowTest, Minimized_IsReadAtOnceAndServed_AndIgnoredWhileHidden)
 	EXPECT_FALSE(fWindow->IsMinimized());
 
 	fWindow->Show();
+	fWindow->Show();
 	fWindow->Minimize(true);
 	EXPECT_TRUE(fWindow->IsMinimized());
 	fWindow->PostMessage('ping');
+	EXPECT_SOON(is_shown_minimized(fWindow));
 	EXPECT_SOON(fWindow->Received()->size() == 1);
 	EXPECT_TRUE(fWindow->IsMinimized());
 	EXPECT_FALSE(fWindow->IsHidden());

@@ -13,8 +13,8 @@ class BLooper;
 class BMessage;
 
 
-/*!	What the controller says in the chat window, which shows nothing else. Lives in the main
-	window's thread; borrows the chat window.
+/*!	All that the chat window shows and whether one can type there, as the controller tells it. Lives
+	in the main window's thread; borrows the chat window.
 */
 class ChatOutput {
 public:

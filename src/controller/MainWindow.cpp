@@ -36,7 +36,7 @@ new_item(const char* label, uint32 what, char shortcut = 0)
 }
 
 
-/*!	Shows a window that nobody will ask for any more: it closes itself. */
+/*!	Shows a window that the controller keeps no pointer to. It deletes itself. */
 static void
 open_window(BWindow* window)
 {

@@ -4,6 +4,8 @@
  */
 #include "MainWindow.h"
 
+#include <utility>
+
 #include <Message.h>
 #include <OS.h>
 #include <String.h>

@@ -4,6 +4,8 @@
  */
 #include "ServerBanner.h"
 
+#include <utility>
+
 #include <Bitmap.h>
 #include <DataIO.h>
 #include <Message.h>

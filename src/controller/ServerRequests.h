@@ -15,13 +15,14 @@ class HotlineClient;
 class Settings;
 
 
-/*!	What the user asks of the server. Without a connection nothing is asked, nor anything said about
-	it. Lives in the main window's thread; borrows the chat and the client, which may be another one
-	or none at any time.
+/*!	What the user asks of the server. Without a connection every request does nothing, and no line
+	appears in the chat. Lives in the main window's thread; borrows the chat and the client, which
+	may be another one or none at any time.
 */
 class ServerRequests {
 public:
 	ServerRequests(const std::unique_ptr<HotlineClient>& client, ChatOutput* chat);
+	ServerRequests(std::unique_ptr<HotlineClient>&&, ChatOutput*) = delete;
 
 	bool IsConnected() const;
 

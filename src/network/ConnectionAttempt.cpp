@@ -50,7 +50,8 @@ ConnectionAttempt::Run()
 }
 
 
-/*!	Lets go of the socket; whoever has copied OpenSocket() keeps it open. For the thread of Run().
+/*!	Lets go of the socket; whoever has copied ConnectedSocket() keeps it open. For the thread of
+	Run().
 */
 void
 ConnectionAttempt::Close()

@@ -15,7 +15,7 @@
 
 /*!	What a connection shall be like. */
 struct ConnectionOptions {
-	// Of its calls, also of connecting, in seconds, 0 for none.
+	// The time-outs of its calls, in seconds, 0 for none; that of sending is connecting's, too.
 	int receiveTimeout;
 	int sendTimeout;
 	Socket::SignalPolicy signalPolicy;
@@ -44,7 +44,7 @@ public:
 	void Cancel();
 
 	// After Run(), for its thread: the open socket, and what the system says of a failure.
-	const Socket& OpenSocket() const { return fSocket; }
+	const Socket& ConnectedSocket() const { return fSocket; }
 	const char* Error() const { return fError.String(); }
 
 private:

@@ -139,6 +139,7 @@ HotlineClient::Disconnect()
 		std::swap(socket, fSocket);
 	}
 	fRequests.Close(socket);
+	fRequests.ForgetTasks();
 }
 
 
@@ -209,7 +210,7 @@ HotlineClient::_NotifyTransfer(BMessage* message)
 	{
 		BAutolock locker(fStateLock);
 		message->AddString("address", fAddress);
+		message->AddUInt16("port", fPort);
 	}
-	message->AddUInt16("port", fPort);
 	_Notify(message);
 }

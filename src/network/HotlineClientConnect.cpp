@@ -111,7 +111,7 @@ HotlineClient::_OpenConnection(Socket* _socket)
 			break;
 	}
 
-	*_socket = attempt->OpenSocket();
+	*_socket = attempt->ConnectedSocket();
 	const int number = _socket->Number();
 	// The receive loop could not wait for it.
 	if (number >= FD_SETSIZE) {
@@ -186,7 +186,7 @@ HotlineClient::_BeginSession(const Socket& socket)
 {
 	{
 		// Until the login is on its way, nobody else gets an id or sends.
-		BAutolock requestsLocker(fRequests.Lock());
+		BAutolock requestsLocker(fRequests.Locker());
 		// A later Connect() may have others.
 		Login login;
 		{
@@ -198,8 +198,9 @@ HotlineClient::_BeginSession(const Socket& socket)
 			fPort = fConnectPort;
 			fServerInfo = ServerInfo();
 			login = {fConnLogin, fConnPassword, fConnNick, fConnIcon};
+			// Together with the check: nobody else closes what was opened for a socket of before.
+			fRequests.Open(socket);
 		}
-		fRequests.Open(socket);
 		_SendLogin(login);
 	}
 	_Notify(kHLConnected);

@@ -73,8 +73,8 @@ NameLookup::Record::Resolve()
 // #pragma mark -
 
 
-/*!	\param port In host order; it stands in the addresses that are found. There is none above
-	65,535.
+/*!	\param port In host order; it stands in the addresses that are found. Above 65,535 it is the
+	resolver's to judge.
 */
 NameLookup::NameLookup(const char* host, uint32 port)
 	: fRecord(std::make_shared<Record>(host, port)),
@@ -86,7 +86,8 @@ NameLookup::NameLookup(const char* host, uint32 port)
 NameLookup::~NameLookup() = default;
 
 
-/*!	Waits until the resolver has answered or the lookup is canceled. Where no thread can be had, the
+/*!	Waits until the resolver has answered or the lookup is canceled.
+	\param canBeCanceled Whether Cancel() shall end it. If not, or where no thread can be had, the
 	resolver is asked by the caller itself and cannot be left behind.
 	\return 0, or one of the resolver's error codes; also 0, without an address, once the lookup is
 	canceled.

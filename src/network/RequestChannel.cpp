@@ -30,26 +30,23 @@ RequestChannel::Open(const Socket& socket)
 {
 	BAutolock locker(fLock);
 	fTransID = 1;
-	BAutolock queueLocker(fQueueLock);
 	fTasks.MakeEmpty();
+	BAutolock queueLocker(fQueueLock);
 	fQueue = std::make_shared<SendQueue>(socket);
 }
 
 
-/*!	Sends no more on that connection, which is shut down, as what its queue still sends would keep
-	it open. What waits for a reply is forgotten. Does nothing while another connection is open.
+/*!	If it is that connection that is open, sends no more on it and shuts it down, as what its queue
+	still sends would keep it open.
 */
 void
 RequestChannel::Close(const Socket& socket)
 {
 	BAutolock locker(fQueueLock);
-	if (fQueue != NULL) {
-		if (!fQueue->IsOf(socket))
-			return;
-		socket.ShutDown();
-	}
+	if (fQueue == NULL || !fQueue->IsOf(socket))
+		return;
+	socket.ShutDown();
 	fQueue.reset();
-	fTasks.MakeEmpty();
 }
 
 

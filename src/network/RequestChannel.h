@@ -21,7 +21,7 @@ class TransactionBuilder;
 /*!	The way of a client's requests to the server: gives them their ids, in the order in which they
 	go out, records what a reply will need, and hands them to the connection. For any thread; nobody
 	waits for the server.
-	Whoever holds its lock has it to himself, as a login has that must be the first request of its
+	Nobody else sends while somebody holds its lock, as the login must be the first request of its
 	session. The lock is not to be held while waiting.
 */
 class RequestChannel {
@@ -32,10 +32,11 @@ public:
 
 	RequestChannel& operator=(const RequestChannel&) = delete;
 
-	BLocker& Lock() { return fLock; }
+	BLocker& Locker() { return fLock; }
 
 	void Open(const Socket& socket);
 	void Close(const Socket& socket);
+	void ForgetTasks() { fTasks.MakeEmpty(); }
 
 	uint32 Send(uint32 type, TransactionBuilder& request, uint32 task = 0, const char* path = NULL,
 		const char* extra = NULL);
@@ -49,10 +50,11 @@ private:
 	// their order and no two transactions mix. Guards the id.
 	BLocker fLock;
 	uint32 fTransID;
+	// Has a lock of its own.
 	TaskList fTasks;
 
-	// Guards the following, which is only there while a connection is open. Taken last, and never
-	// held while sending: closing does not wait for who sends.
+	// Guards the following, which is only there while a connection is open. Taken after fLock and
+	// any lock of the client's, and never held while sending: closing does not wait for who sends.
 	BLocker fQueueLock;
 	std::shared_ptr<SendQueue> fQueue;
 };

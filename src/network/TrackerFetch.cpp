@@ -104,7 +104,7 @@ TrackerFetch::_Fetch(Listing* _listing)
 			break;
 		case ConnectionAttempt::kConnected:
 			if (fRunning)
-				error = _ReadListing(fAttempt->OpenSocket(), _listing);
+				error = _ReadListing(fAttempt->ConnectedSocket(), _listing);
 			break;
 		case ConnectionAttempt::kCanceled:
 			break;

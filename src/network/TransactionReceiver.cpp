@@ -43,9 +43,9 @@ TransactionReceiver::Receive(const Socket& socket)
 {
 	const int ready = wait_until_readable(socket.Number());
 	if (ready < 0)
-		return errno == EINTR ? kWaiting : kEnd;
+		return errno == EINTR ? kIncomplete : kEnd;
 	if (ready == 0)
-		return kWaiting;
+		return kIncomplete;
 
 	const ssize_t received = socket.Receive(fParser.Room(), fParser.BytesNeeded());
 	if (received < 1)
@@ -53,7 +53,7 @@ TransactionReceiver::Receive(const Socket& socket)
 
 	switch (fParser.Advance(static_cast<uint32>(received))) {
 		case TransactionParser::kNeedsMore:
-			return kWaiting;
+			return kIncomplete;
 		case TransactionParser::kComplete:
 			return kComplete;
 		case TransactionParser::kFailed:

@@ -18,8 +18,8 @@ class Socket;
 class TransactionReceiver {
 public:
 	enum Result {
-		// Nothing is complete yet. A second may have passed, or a moment.
-		kWaiting,
+		// There was nothing to read for a second, or only a part of a transaction has come.
+		kIncomplete,
 		// Transaction() is complete. Read it, then call Reset().
 		kComplete,
 		// The connection has ended, or what the server sends cannot be read.

@@ -46,7 +46,7 @@ connect_transfer(const BString& address, uint16 controlPort, int receiveTimeout,
 {
 	ConnectionAttempt attempt(address.String(), controlPort + 1u,
 		{receiveTimeout, sendTimeout, Socket::kIgnoreSignals, false});
-	return attempt.Run() == ConnectionAttempt::kConnected ? attempt.OpenSocket() : Socket();
+	return attempt.Run() == ConnectionAttempt::kConnected ? attempt.ConnectedSocket() : Socket();
 }
 
 

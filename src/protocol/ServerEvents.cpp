@@ -23,7 +23,9 @@ read_lines(const HotlineParam& param, BString* _text)
 }
 
 
-/*!	Reads what is said of a user, field by field, and the text, if any, that comes with it. */
+/*!	Reads what is said of a user, field by field.
+	\param _text Receives the text that comes with it, unless it is \c NULL.
+*/
 static void
 read_user(ParameterWalker params, UserEntry* _user, BString* _text)
 {
@@ -31,7 +33,8 @@ read_user(ParameterWalker params, UserEntry* _user, BString* _text)
 	while (params.Next(&param)) {
 		switch (param.type) {
 			case kFieldData:
-				read_lines(param, _text);
+				if (_text != NULL)
+					read_lines(param, _text);
 				break;
 			case kFieldNick:
 				ReadParamText(param, kMaxNickLength, &_user->nick);
@@ -97,9 +100,8 @@ ReadPrivateMessage(ParameterWalker params, BMessage* _message)
 bool
 ReadUserChange(ParameterWalker params, BMessage* _message)
 {
-	BString text;
 	UserEntry user = {};
-	read_user(params, &user, &text);
+	read_user(params, &user, NULL);
 	_message->what = kHLUserChanged;
 	AddUser(user, _message);
 	return true;
@@ -109,9 +111,8 @@ ReadUserChange(ParameterWalker params, BMessage* _message)
 bool
 ReadUserLeave(ParameterWalker params, BMessage* _message)
 {
-	BString text;
 	UserEntry user = {};
-	read_user(params, &user, &text);
+	read_user(params, &user, NULL);
 	_message->what = kHLUserLeft;
 	_message->AddUInt16("socket", user.socket);
 	return true;

@@ -68,7 +68,7 @@ FileListWindow::FileListWindow(BRect frame, BLooper* target, const char* path,
 
 FileListWindow::~FileListWindow()
 {
-	delete_rows(fFileList);
+	DeleteRows(fFileList);
 }
 
 
@@ -80,7 +80,7 @@ FileListWindow::MessageReceived(BMessage* message)
 			_HandleEntries(message);
 			break;
 		case kMsgFileClear:
-			delete_rows(fFileList);
+			DeleteRows(fFileList);
 			_UpdateCount();
 			break;
 		case kMsgFileInvoked:
@@ -147,7 +147,7 @@ FileListWindow::_InitLayout()
 void
 FileListWindow::_HandleEntries(const BMessage* message)
 {
-	delete_rows(fFileList);
+	DeleteRows(fFileList);
 
 	const char* name;
 	for (int32 i = 0; message->FindString("name", i, &name) == B_OK; i++) {
@@ -162,7 +162,7 @@ FileListWindow::_HandleEntries(const BMessage* message)
 void
 FileListWindow::_HandleInvoked()
 {
-	const FileItem* item = selected_row<FileItem>(fFileList);
+	const FileItem* item = SelectedRow<FileItem>(fFileList);
 	if (item == NULL)
 		return;
 	if (!item->IsFolder()) {
@@ -183,7 +183,7 @@ FileListWindow::_HandleInvoked()
 void
 FileListWindow::_HandleDownload()
 {
-	const FileItem* item = selected_row<FileItem>(fFileList);
+	const FileItem* item = SelectedRow<FileItem>(fFileList);
 	if (item != NULL && !item->IsFolder())
 		_RequestDownload(item);
 }

@@ -19,7 +19,7 @@
 */
 template<class Row>
 const Row*
-row_cast(const BListItem* item)
+RowCast(const BListItem* item)
 {
 	const bool isRow = item != NULL && typeid(*item) == typeid(Row);
 	return isRow ? static_cast<const Row*>(item) : NULL;
@@ -28,14 +28,14 @@ row_cast(const BListItem* item)
 
 template<class Row>
 const Row*
-selected_row(const BListView* list)
+SelectedRow(const BListView* list)
 {
-	return row_cast<Row>(list->ItemAt(list->CurrentSelection()));
+	return RowCast<Row>(list->ItemAt(list->CurrentSelection()));
 }
 
 
 inline void
-delete_rows(BListView* list)
+DeleteRows(BListView* list)
 {
 	for (int32 i = list->CountItems() - 1; i >= 0; i--)
 		delete list->RemoveItem(i);

@@ -86,7 +86,7 @@ OptionsWindow::OptionsWindow(BRect frame, BLooper* target, const char* nick, uin
 
 OptionsWindow::~OptionsWindow()
 {
-	delete_rows(fIconList);
+	DeleteRows(fIconList);
 }
 
 
@@ -192,7 +192,7 @@ OptionsWindow::_ScrollToSelected()
 {
 	const int32 count = fIconList->CountItems();
 	for (int32 i = 0; i < count; i++) {
-		const IconItem* icon = row_cast<IconItem>(fIconList->ItemAt(i));
+		const IconItem* icon = RowCast<IconItem>(fIconList->ItemAt(i));
 		if (icon != NULL && icon->IconID() == fSelectedIcon) {
 			fIconList->Select(i);
 			fIconList->ScrollToSelection();
@@ -215,7 +215,7 @@ OptionsWindow::_UpdateIconLabel()
 void
 OptionsWindow::_HandleIconSelected()
 {
-	const IconItem* icon = selected_row<IconItem>(fIconList);
+	const IconItem* icon = SelectedRow<IconItem>(fIconList);
 	if (icon == NULL)
 		return;
 	fSelectedIcon = icon->IconID();

@@ -16,8 +16,8 @@ class BBitmap;
 class BButton;
 
 
-/*!	The pictures of the assets folder that the program itself shows, by their numbers. Those of
-	users lie there, too, under any other number.
+/*!	The pictures of the assets folder that the program itself shows, by their numbers. A user may
+	have any of the folder's.
 */
 enum Picture : uint16 {
 	kDownloadPicture = 210,

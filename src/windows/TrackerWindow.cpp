@@ -52,7 +52,7 @@ TrackerWindow::~TrackerWindow()
 		status_t result;
 		wait_for_thread(fFetchThread, &result);
 	}
-	delete_rows(fServerList);
+	DeleteRows(fServerList);
 }
 
 
@@ -167,7 +167,7 @@ TrackerWindow::_ShowError(const char* error)
 void
 TrackerWindow::_HandleRefresh()
 {
-	delete_rows(fServerList);
+	DeleteRows(fServerList);
 	fStatusLabel->SetText("Loading…");
 	if (fFetchThread < 0) {
 		fRunning = true;
@@ -179,7 +179,7 @@ TrackerWindow::_HandleRefresh()
 void
 TrackerWindow::_HandleInvoke()
 {
-	const ServerItem* server = selected_row<ServerItem>(fServerList);
+	const ServerItem* server = SelectedRow<ServerItem>(fServerList);
 	if (server == NULL)
 		return;
 

@@ -52,7 +52,7 @@ UserListWindow::UserListWindow(BRect frame, BLooper* target)
 
 UserListWindow::~UserListWindow()
 {
-	delete_rows(fUserList);
+	DeleteRows(fUserList);
 }
 
 
@@ -67,7 +67,7 @@ UserListWindow::MessageReceived(BMessage* message)
 			_HandleRemove(message);
 			break;
 		case kMsgRemoveAll:
-			delete_rows(fUserList);
+			DeleteRows(fUserList);
 			_UpdateTitle();
 			break;
 		case kMsgUserInvoked:
@@ -150,7 +150,7 @@ UserListWindow::_HandleRemove(const BMessage* message)
 void
 UserListWindow::_HandleInvoked()
 {
-	const UserItem* user = selected_row<UserItem>(fUserList);
+	const UserItem* user = SelectedRow<UserItem>(fUserList);
 	if (user == NULL)
 		return;
 
@@ -176,7 +176,7 @@ UserListWindow::_FindUser(uint16 socket, int32* _index) const
 	const int32 count = fUserList->CountItems();
 	const BListItem** items = fUserList->Items();
 	for (int32 i = 0; i < count; i++) {
-		const UserItem* user = row_cast<UserItem>(items[i]);
+		const UserItem* user = RowCast<UserItem>(items[i]);
 		if (user != NULL && user->Socket() == socket) {
 			*_index = i;
 			return static_cast<UserItem*>(fUserList->ItemAt(i));

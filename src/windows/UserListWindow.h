@@ -57,7 +57,7 @@ private:
 	uint32 fConnection;
 	IconEntry fIconCache[kMaxCachedIcons];
 	int32 fIconCacheCount;
-	// The picture that was read last with the cache full; the next such takes its place.
+	// With the cache full, the picture that was read last.
 	std::unique_ptr<BBitmap> fUncachedIcon;
 	BString fAssetsDir; // empty where the program's own folder is unknown
 };

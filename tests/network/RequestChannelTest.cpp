@@ -91,16 +91,23 @@ TEST_F(RequestChannelTest, OpenedAgain_BeginsAnew)
 }
 
 
-TEST_F(RequestChannelTest, Closed_SendsNoMoreAndForgets)
+TEST_F(RequestChannelTest, Closed_SendsNoMore)
 {
 	const Socket socket = Open();
-	Send(TaskList::kTaskFileList, "a");
+	Send();
 	Arrived();
 	channel.Close(socket);
-	EXPECT_TRUE(channel.TakeTask(1) == NULL);
 	EXPECT_EQ(2u, Send());
 	EXPECT_EQ("", Arrived());
 	EXPECT_EQ(-1, socket.Send("x", 1)) << "the connection is shut down";
+}
+
+
+TEST_F(RequestChannelTest, ForgottenTask_HasNoRecord)
+{
+	Send(TaskList::kTaskFileList, "a");
+	channel.ForgetTasks();
+	EXPECT_TRUE(channel.TakeTask(1) == NULL);
 }
 
 

@@ -19,7 +19,7 @@ class RequestChannelTest : public testing::Test {
 protected:
 	~RequestChannelTest() override
 	{
-		channel.Close(fSocket);
+		fChannel.Close(fSocket);
 		if (fOther >= 0)
 			close(fOther);
 	}
@@ -32,7 +32,7 @@ protected:
 			close(fOther);
 		fOther = ends[1];
 		fSocket = Socket(ends[0], Socket::kFailAtSignals);
-		channel.Open(fSocket);
+		fChannel.Open(fSocket);
 		return fSocket;
 	}
 
@@ -40,7 +40,7 @@ protected:
 	{
 		TransactionBuilder request;
 		request.BuildParamInt16(103, 7);
-		return channel.Send(300, request, task, path);
+		return fChannel.Send(300, request, task, path);
 	}
 
 	std::string Arrived() const
@@ -50,7 +50,7 @@ protected:
 		return std::string(bytes, size > 0 ? static_cast<size_t>(size) : 0);
 	}
 
-	RequestChannel channel;
+	RequestChannel fChannel;
 
 private:
 	Socket fSocket;
@@ -73,8 +73,8 @@ TEST_F(RequestChannelTest, Requests_HaveIdsInTheirOrder)
 TEST_F(RequestChannelTest, NotOpen_SendsNothingButRecords)
 {
 	EXPECT_EQ(1u, Send(TaskList::kTaskFileList, "a"));
-	EXPECT_STREQ("a", channel.TakeTask(1)->path.String());
-	EXPECT_TRUE(channel.TakeTask(1) == NULL);
+	EXPECT_STREQ("a", fChannel.TakeTask(1)->path.String());
+	EXPECT_TRUE(fChannel.TakeTask(1) == NULL);
 }
 
 
@@ -87,7 +87,7 @@ TEST_F(RequestChannelTest, OpenedAgain_BeginsAnew)
 	EXPECT_EQ(1u, Send());
 	EXPECT_EQ(wire_dump(wire_transaction(300, 1, wire_param(103, wire16(7)))),
 		wire_dump(Arrived()));
-	EXPECT_TRUE(channel.TakeTask(2) == NULL);
+	EXPECT_TRUE(fChannel.TakeTask(2) == NULL);
 }
 
 
@@ -96,7 +96,7 @@ TEST_F(RequestChannelTest, Closed_SendsNoMore)
 	const Socket socket = Open();
 	Send();
 	Arrived();
-	channel.Close(socket);
+	fChannel.Close(socket);
 	EXPECT_EQ(2u, Send());
 	EXPECT_EQ("", Arrived());
 	EXPECT_EQ(-1, socket.Send("x", 1)) << "the connection is shut down";
@@ -106,8 +106,8 @@ TEST_F(RequestChannelTest, Closed_SendsNoMore)
 TEST_F(RequestChannelTest, ForgottenTask_HasNoRecord)
 {
 	Send(TaskList::kTaskFileList, "a");
-	channel.ForgetTasks();
-	EXPECT_TRUE(channel.TakeTask(1) == NULL);
+	fChannel.ForgetTasks();
+	EXPECT_TRUE(fChannel.TakeTask(1) == NULL);
 }
 
 
@@ -116,9 +116,9 @@ TEST_F(RequestChannelTest, FormerConnection_DoesNotCloseTheNext)
 	const Socket former = Open();
 	Open();
 	Send(TaskList::kTaskFileList, "a");
-	channel.Close(former);
-	channel.Close(Socket());
+	fChannel.Close(former);
+	fChannel.Close(Socket());
 	EXPECT_EQ(2u, Send());
 	EXPECT_EQ(2 * (22u + 6), Arrived().size());
-	EXPECT_TRUE(channel.TakeTask(1) != NULL);
+	EXPECT_TRUE(fChannel.TakeTask(1) != NULL);
 }

@@ -19,7 +19,7 @@ protected:
 	SocketTest()
 	{
 		EXPECT_EQ(0, socketpair(AF_UNIX, SOCK_STREAM, 0, fEnds));
-		socket = Socket(fEnds[0], Socket::kFailAtSignals);
+		fSocket = Socket(fEnds[0], Socket::kFailAtSignals);
 	}
 
 	~SocketTest() override
@@ -44,7 +44,7 @@ protected:
 
 	Socket OfPolicy(Socket::SignalPolicy policy) const { return Socket(dup(fEnds[0]), policy); }
 
-	Socket socket;
+	Socket fSocket;
 	int fEnds[2];
 };
 
@@ -67,9 +67,9 @@ TEST_F(SocketTest, NotSet_DoesNothing)
 TEST_F(SocketTest, LastShare_ClosesTheSocket)
 {
 	const size_t open = count_descriptors();
-	Socket share = socket;
-	EXPECT_TRUE(share.IsSameAs(socket));
-	socket = Socket();
+	Socket share = fSocket;
+	EXPECT_TRUE(share.IsSameAs(fSocket));
+	fSocket = Socket();
 	EXPECT_EQ(open, count_descriptors());
 	share = Socket();
 	EXPECT_EQ(open - 1, count_descriptors());
@@ -82,11 +82,11 @@ TEST_F(SocketTest, ShortCalls_AreContinued)
 		EXPECT_TRUE((flags & MSG_NOSIGNAL) != 0);
 		return Interposed::RealSend(number, data, 2, flags);
 	};
-	EXPECT_TRUE(socket.SendAll("hello!", 6));
+	EXPECT_TRUE(fSocket.SendAll("hello!", 6));
 	EXPECT_EQ("hello!", Arrived());
-	EXPECT_EQ(6, socket.SendAtOnce("hello!", 6));
+	EXPECT_EQ(6, fSocket.SendAtOnce("hello!", 6));
 	EXPECT_EQ("hello!", Arrived());
-	EXPECT_EQ(2, socket.Send("hello!", 6));
+	EXPECT_EQ(2, fSocket.Send("hello!", 6));
 	EXPECT_EQ("he", Arrived());
 }
 
@@ -97,22 +97,22 @@ TEST_F(SocketTest, SendThatFails_ShutsTheConnectionDown)
 		errno = ENOBUFS;
 		return -1;
 	};
-	EXPECT_FALSE(socket.SendAll("x", 1));
+	EXPECT_FALSE(fSocket.SendAll("x", 1));
 	Interposed::send = nullptr;
-	EXPECT_FALSE(socket.SendAll("x", 1));
-	EXPECT_EQ(-1, socket.Send("x", 1));
+	EXPECT_FALSE(fSocket.SendAll("x", 1));
+	EXPECT_EQ(-1, fSocket.Send("x", 1));
 	char byte;
-	EXPECT_EQ(0, socket.Receive(&byte, 1));
+	EXPECT_EQ(0, fSocket.Receive(&byte, 1));
 }
 
 
 TEST_F(SocketTest, FullConnection_TakesNoMoreAtOnce)
 {
 	const std::string bytes(4 * 1024 * 1024, 'x');
-	const ssize_t sent = socket.SendAtOnce(bytes.data(), bytes.size());
+	const ssize_t sent = fSocket.SendAtOnce(bytes.data(), bytes.size());
 	EXPECT_GT(sent, 0);
 	EXPECT_LT(sent, static_cast<ssize_t>(bytes.size()));
-	EXPECT_EQ(0, socket.SendAtOnce("x", 1));
+	EXPECT_EQ(0, fSocket.SendAtOnce("x", 1));
 }
 
 
@@ -149,16 +149,16 @@ TEST_F(SocketTest, ReceiveAll_EndsWithTheConnection)
 	ASSERT_EQ(3, write(fEnds[1], "abc", 3));
 	CloseOther();
 	char bytes[8] = ".......";
-	EXPECT_EQ(2, socket.ReceiveAll(bytes, 2));
-	EXPECT_EQ(1, socket.ReceiveAll(bytes + 2, 5));
+	EXPECT_EQ(2, fSocket.ReceiveAll(bytes, 2));
+	EXPECT_EQ(1, fSocket.ReceiveAll(bytes + 2, 5));
 	EXPECT_STREQ("abc....", bytes);
-	EXPECT_EQ(0, socket.ReceiveAll(bytes, 5));
+	EXPECT_EQ(0, fSocket.ReceiveAll(bytes, 5));
 }
 
 
 TEST_F(SocketTest, Timeouts_AreTheSockets)
 {
-	socket.SetTimeouts(7, 0);
+	fSocket.SetTimeouts(7, 0);
 	timeval receive = {};
 	timeval send = {};
 	socklen_t size = sizeof(timeval);
@@ -166,7 +166,7 @@ TEST_F(SocketTest, Timeouts_AreTheSockets)
 	getsockopt(fEnds[0], SOL_SOCKET, SO_SNDTIMEO, &send, &size);
 	EXPECT_EQ(7, receive.tv_sec);
 	EXPECT_EQ(0, send.tv_sec);
-	socket.SetTimeouts(0, 9);
+	fSocket.SetTimeouts(0, 9);
 	getsockopt(fEnds[0], SOL_SOCKET, SO_RCVTIMEO, &receive, &size);
 	getsockopt(fEnds[0], SOL_SOCKET, SO_SNDTIMEO, &send, &size);
 	EXPECT_EQ(7, receive.tv_sec);

@@ -39,7 +39,7 @@ struct Reading {
 		std::copy(params.begin(), params.end(), bytes.get());
 		BMessage message('none');
 		const bool isRead = function(ParameterWalker(bytes.get(), params.size()), &message);
-		const std::string text = MessageRecorder::Describe(&message);
+		std::string text = MessageRecorder::Describe(&message);
 		if (isRead)
 			return text;
 		return text == "none" ? "" : "changed: " + text;

@@ -137,7 +137,7 @@ RawServer::Read(size_t size)
 std::string
 RawServer::ReadTransaction()
 {
-	const std::string header = Read(WireTransaction::kHeaderSize);
+	std::string header = Read(WireTransaction::kHeaderSize);
 	if (header.size() < WireTransaction::kHeaderSize)
 		return header;
 	return header + Read(wire_number_at(header, 12, 4));
@@ -222,7 +222,7 @@ RawServer::ReadRequest()
 WireTransaction
 RawServer::ReadRequest(uint32_t type)
 {
-	const WireTransaction request = ReadRequest();
+	WireTransaction request = ReadRequest();
 	EXPECT_EQ(type, request.type);
 	return request;
 }

@@ -22,7 +22,6 @@
 #include "MessageRecorder.h"
 #include "ProcessCounts.h"
 #include "RawServer.h"
-#include "Socket.h"
 #include "ThreadRun.h"
 #include "WaitFor.h"
 #include "WireBytes.h"

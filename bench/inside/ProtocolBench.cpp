@@ -4,6 +4,7 @@
  */
 // The protocol's bytes: taking them apart and putting them together.
 
+#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -33,7 +34,7 @@ make_transaction(uint32 type, int count)
 		uint8* param = bytes.data() + kHeaderSize + static_cast<size_t>(i) * paramSize;
 		HotlineWriteUInt16(param, kFieldData);
 		HotlineWriteUInt16(param + 2, length);
-		memcpy(param + kParamHeaderSize, kText, length);
+		std::copy(kText, kText + length, param + kParamHeaderSize);
 	}
 
 	HotlineHeader header = {};

@@ -55,7 +55,7 @@ protected:
 	WireTransaction Ask(uint32_t type, const std::vector<std::string>& fields)
 	{
 		fClient->Request(type, fields);
-		const WireTransaction reply(fClient->ReceiveMessageOfType(kReply));
+		WireTransaction reply(fClient->ReceiveMessageOfType(kReply));
 		EXPECT_EQ(reply.id, fClient->LastRequest());
 		return reply;
 	}

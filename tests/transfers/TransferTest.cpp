@@ -64,7 +64,8 @@ TransferTest::TearDown()
 	if (fRecorder == NULL)
 		fThreadsBefore--;
 	fServer->Hangup();
-	EXPECT_SOON(count_threads() == fThreadsBefore)
+	// A thread of the case before may have been counted that was just about to leave.
+	EXPECT_SOON(count_threads() <= fThreadsBefore)
 		<< count_threads() << " threads, before " << fThreadsBefore;
 	EXPECT_EQ(fDescriptorsBefore, count_descriptors());
 }

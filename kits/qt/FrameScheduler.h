@@ -53,7 +53,7 @@ public:
 	void Add(FrameClient* client);
 	void Remove(FrameClient* client);
 	void FlushAll();
-	// Before the application goes.
+	// Called before the application goes: no frame comes any more.
 	void Stop();
 
 private:

@@ -34,7 +34,7 @@ public:
 
 	// Could not be asked to quit now; the application is asked again when it can.
 	void AskApplicationAgain() { fAsksApplication = true; }
-	// Could not be painted now.
+	// Paints again, once it can, a widget that could not be painted now.
 	void RepaintLater(QWidget* widget);
 
 	// Those whose end had to wait for Qt. For the event loops, which are inside of no

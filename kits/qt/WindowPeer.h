@@ -37,7 +37,7 @@ public:
 
 	void Show();
 	bool IsHidden() const { return !fIsShown; }
-	// Off the screen, now and for good.
+	// Takes the window off the screen at once; it does not come back.
 	void Vanish();
 	void Minimize(bool minimize);
 	bool IsMinimized() const { return fIsMinimized; }

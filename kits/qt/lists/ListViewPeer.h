@@ -31,11 +31,11 @@ public:
 	~ListViewPeer() override;
 
 	const std::vector<BListItem*>& Items() const { return fItems; }
-	// How many of them Qt knows.
+	// How many of the rows Qt has been told of.
 	int32 CountShown() const { return fShownCount; }
 
 	void Add(BListItem* item);
-	// It is not selected any more.
+	// The row is not selected any more afterwards.
 	void Remove(int32 index);
 	void Sort(int (*compare)(const void*, const void*));
 	void Invalidate(int32 index);

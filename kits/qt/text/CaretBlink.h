@@ -18,7 +18,7 @@ class CaretBlink : public QObject {
 public:
 	static CaretBlink* Default();
 
-	// Somebody is there.
+	// The user has typed or clicked: carets blink, until nobody has for some seconds.
 	void GoOn();
 	// In milliseconds, from the next GoOn() on.
 	void SetRestAfter(int time) { fRestAfter = time; }

@@ -46,7 +46,7 @@ public:
 	void ScrollToPosition(int32 position);
 	void ScrollToStart();
 	void ScrollToEnd();
-	// In the viewport.
+	// In coordinates of the viewport.
 	QRectF PlaceOf(int32 position) { return fPage.PlaceOf(position); }
 	int32 PositionAt(const QPointF& where) { return fPage.PositionAt(where); }
 	TextCaret::Range RowAt(int32 position) const { return fCaret.RowAt(position); }

@@ -8,7 +8,8 @@
 #include "MainWindow.h"
 
 
-static const char* const kSignature = "application/x-vnd.Haiku-Palimbra";
+// Given by the build, which writes it into the resources of Haiku's executable, too.
+static const char* const kSignature = PALIMBRA_SIGNATURE;
 
 
 App::App()

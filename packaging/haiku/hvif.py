@@ -1,9 +1,13 @@
 """Writes shapes as Haiku's vector icon format, which is drawn on a grid of 64 units."""
 
+import math
+
 MAGIC = b"ncif"
 MOST = 255
 
-COLOR, COLOR_OPAQUE, GREY, GREY_OPAQUE = 1, 3, 4, 5
+COLOR, GRADIENT, COLOR_OPAQUE, GREY, GREY_OPAQUE = range(1, 6)
+KINDS = {"linear": 0, "radial": 1}
+WITH_MATRIX, WITHOUT_ALPHA, GREYS = 2, 4, 16
 CLOSED, WITH_COMMANDS, WITHOUT_CURVES = 2, 4, 8
 HORIZONTAL, VERTICAL, LINE, CURVE = range(4)
 SHAPE, WITH_TRANSFORMERS, STROKE = 10, 16, 23
@@ -22,7 +26,7 @@ def write_hvif(shapes):
     """The bytes of an icon with these shapes, which are painted in that order."""
     styles, paths, written = [], [], []
     for shape in _merged(shapes):
-        style = _index(styles, style_bytes(shape.color))
+        style = _index(styles, style_bytes(shape.paint))
         indices = [_index(paths, path_bytes(outline)) for outline in shape.outlines]
         head = bytes([SHAPE, style, _at_most(len(indices), "paths in a shape"), *indices])
         if shape.stroke is None:
@@ -53,10 +57,10 @@ def _merged(shapes):
     result = []
     for shape in shapes:
         before = result[-1] if result else None
-        if (before is not None and before.color == shape.color and before.stroke is None and shape.stroke is None
+        if (before is not None and before.paint == shape.paint and before.stroke is None and shape.stroke is None
                 and len(before.outlines) + len(shape.outlines) <= MOST
                 and all(_apart(_bounds(one), _bounds(other)) for one in before.outlines for other in shape.outlines)):
-            result[-1] = type(shape)(before.outlines + shape.outlines, shape.color)
+            result[-1] = type(shape)(before.outlines + shape.outlines, shape.paint)
         else:
             result.append(shape)
     return result
@@ -71,11 +75,46 @@ def _apart(one, other):
     return one[2] < other[0] or other[2] < one[0] or one[3] < other[1] or other[3] < one[1]
 
 
-def style_bytes(color):
-    red, green, blue, alpha = color
-    if red == green == blue:
-        return bytes([GREY_OPAQUE, red] if alpha == 255 else [GREY, red, alpha])
-    return bytes([COLOR_OPAQUE, red, green, blue] if alpha == 255 else [COLOR, red, green, blue, alpha])
+def style_bytes(paint):
+    if not isinstance(paint, tuple):
+        return gradient_bytes(paint)
+    opaque, grey = paint[3] == 255, _is_grey(paint)
+    kind = (GREY_OPAQUE if opaque else GREY) if grey else (COLOR_OPAQUE if opaque else COLOR)
+    return bytes([kind]) + color_bytes(paint, opaque, grey)
+
+
+def color_bytes(color, opaque, grey):
+    return bytes(color[:1] if grey else color[:3]) + bytes([] if opaque else color[3:])
+
+
+def _is_grey(color):
+    return color[0] == color[1] == color[2]
+
+
+def gradient_bytes(gradient):
+    """Its own space is 64 times as large in the format."""
+    colors = [color for _, color in gradient.stops]
+    opaque, grey = all(color[3] == 255 for color in colors), all(map(_is_grey, colors))
+    flags = WITH_MATRIX | (WITHOUT_ALPHA if opaque else 0) | (GREYS if grey else 0)
+    result = bytes([GRADIENT, KINDS[gradient.kind], flags, _at_most(len(colors), "stops in a gradient")])
+    a, b, c, d, e, f = gradient.matrix
+    result += b"".join(map(number_bytes, (a / 64, b / 64, c / 64, d / 64, e, f)))
+    for offset, color in gradient.stops:
+        result += bytes([round(offset * 255)]) + color_bytes(color, opaque, grey)
+    return result
+
+
+def number_bytes(value):
+    """A sign, six bits of exponent, seventeen of mantissa. What is too small to be told from zero is zero."""
+    mantissa, exponent = math.frexp(abs(value))
+    steps, exponent = round((2 * mantissa - 1) * (1 << 17)), exponent - 1
+    if steps == 1 << 17:
+        steps, exponent = 0, exponent + 1
+    if value == 0 or exponent < -31:
+        return bytes(3)
+    if exponent > 31:
+        raise HvifError(f"has a number {value:g} in a matrix")
+    return ((value < 0) << 23 | exponent + 32 << 17 | steps).to_bytes(3, "big")
 
 
 def stroke_bytes(stroke):

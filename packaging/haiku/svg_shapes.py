@@ -20,6 +20,7 @@ GEOMETRY = {
     "circle": {"cx", "cy", "r"},
     "ellipse": {"cx", "cy", "rx", "ry"},
 }
+GRADIENTS = {"linearGradient": {"x1", "y1", "x2", "y2"}, "radialGradient": {"cx", "cy", "r"}}
 INITIAL = {
     "fill": "#000000", "stroke": "none", "stroke-width": "1", "stroke-linecap": "butt", "stroke-linejoin": "miter",
     "stroke-miterlimit": "4",
@@ -35,11 +36,24 @@ class Stroke:
 
 
 @dataclass
+class Gradient:
+    """Colors at offsets from 0 to 1. The matrix puts a kind's own space on the grid: from -1 to 1 on the x-axis if it is linear, from the
+    middle to the edge of the unit circle if it is radial.
+    """
+
+    kind: str
+    matrix: tuple
+    stops: list
+
+
+@dataclass
 class Shape:
-    """What is painted at once: filled by non-zero winding if it has no stroke, else drawn along its outlines."""
+    """What is painted at once: filled by non-zero winding if it has no stroke, else drawn along its outlines.
+    The paint is a gradient or a color: red, green, blue and alpha, 0 to 255 each.
+    """
 
     outlines: list
-    color: tuple
+    paint: object
     stroke: Stroke = None
 
 
@@ -53,9 +67,10 @@ def read_svg(text):
     if len(box) != 4 or box[2] <= 0 or box[2] != box[3]:
         raise SvgError("has no square viewBox")
     scale = GRID / box[2]
-    shapes = []
-    _read_children(root, dict(INITIAL), (scale, 0, 0, scale, -box[0] * scale, -box[1] * scale), shapes)
-    return shapes
+    gradients = {f"url(#{element.get('id')})": _gradient(element) for element in root.iter() if _name(element) in GRADIENTS}
+    reader = _Reader(gradients)
+    reader.read_children(root, INITIAL, (scale, 0, 0, scale, -box[0] * scale, -box[1] * scale))
+    return reader.shapes
 
 
 def _expect(element, attributes):
@@ -78,36 +93,73 @@ def _number(text):
     return value
 
 
-def _read_children(parent, inherited, matrix, shapes):
-    for element in parent:
-        name = _name(element)
-        if name == "title":
-            continue
-        if name != "g" and name not in GEOMETRY:
-            raise SvgError(f"uses <{name}>")
-        _expect(element, PAINT | {"transform"} | GEOMETRY.get(name, set()))
-        paint = {key: element.get(key, inherited[key]) for key in PAINT}
-        own = _multiplied(matrix, _transform(element.get("transform", "")))
-        if name == "g":
-            _read_children(element, paint, own, shapes)
-        else:
-            _paint([_moved(outline, own) for outline in _outlines(element)], paint, own, shapes)
+class _Reader:
+    def __init__(self, gradients):
+        self.gradients, self.shapes = gradients, []
+
+    def read_children(self, parent, inherited, matrix):
+        for element in parent:
+            name = _name(element)
+            if name == "title" or name in GRADIENTS:
+                continue
+            if name not in ("g", "defs") and name not in GEOMETRY or name in GEOMETRY and _name(parent) == "defs":
+                raise SvgError(f"uses <{name}> in <{_name(parent)}>")
+            _expect(element, PAINT | {"transform"} | GEOMETRY.get(name, set()))
+            paint = {key: element.get(key, inherited[key]) for key in PAINT}
+            own = _multiplied(matrix, _transform(element.get("transform", "")))
+            if name in GEOMETRY:
+                self.paint([_moved(outline, own) for outline in _outlines(element)], paint, own)
+            else:
+                self.read_children(element, paint, own)
+
+    def paint(self, outlines, paint, matrix):
+        if not outlines:
+            raise SvgError("has a shape without an outline")
+        if paint["fill"] != "none":
+            filled = [Outline(outline.vertices, True) for outline in outlines]
+            self.shapes.append(Shape(filled, self.resolved(paint["fill"], matrix)))
+        if paint["stroke"] != "none":
+            a, b, c, d, _, _ = matrix
+            scale = math.hypot(a, b)
+            if abs(a * c + b * d) > 1e-9 or abs(math.hypot(c, d) - scale) > 1e-9:
+                raise SvgError("has a stroke that is not scaled evenly")
+            stroke = Stroke(_number(paint["stroke-width"]) * scale, paint["stroke-linecap"], paint["stroke-linejoin"],
+                _number(paint["stroke-miterlimit"]))
+            self.shapes.append(Shape(outlines, self.resolved(paint["stroke"], matrix), stroke))
+
+    def resolved(self, text, matrix):
+        if text not in self.gradients:
+            return _color(text)
+        gradient = self.gradients[text]
+        return Gradient(gradient.kind, _multiplied(matrix, gradient.matrix), gradient.stops)
 
 
-def _paint(outlines, paint, matrix, shapes):
-    if not outlines:
-        raise SvgError("has a shape without an outline")
-    if paint["fill"] != "none":
-        filled = [Outline(outline.vertices, True) for outline in outlines]
-        shapes.append(Shape(filled, _color(paint["fill"])))
-    if paint["stroke"] != "none":
-        a, b, c, d, _, _ = matrix
-        scale = math.hypot(a, b)
-        if abs(a * c + b * d) > 1e-9 or abs(math.hypot(c, d) - scale) > 1e-9:
-            raise SvgError("has a stroke that is not scaled evenly")
-        stroke = Stroke(_number(paint["stroke-width"]) * scale, paint["stroke-linecap"], paint["stroke-linejoin"],
-            _number(paint["stroke-miterlimit"]))
-        shapes.append(Shape(outlines, _color(paint["stroke"]), stroke))
+def _gradient(element):
+    """In the coordinates of what it paints."""
+    name = _name(element)
+    _expect(element, GRADIENTS[name] | {"id", "gradientUnits", "gradientTransform"})
+    if element.get("gradientUnits") != "userSpaceOnUse":
+        raise SvgError("has a gradient in other units than userSpaceOnUse")
+    stops = []
+    for stop in element:
+        if _name(stop) != "stop":
+            raise SvgError(f"uses <{_name(stop)}> in a gradient")
+        _expect(stop, {"offset", "stop-color"})
+        offset = _number(stop.get("offset", "0"))
+        if not (stops[-1][0] if stops else 0) <= offset <= 1:
+            raise SvgError("has a gradient whose stops are not in order from 0 to 1")
+        stops.append((offset, _color(stop.get("stop-color", "#000000"))))
+    if len(stops) < 2:
+        raise SvgError("has a gradient of less than two stops")
+    value = lambda key: _number(element.get(key, ""))
+    if name == "linearGradient":
+        x, y = (value("x1") + value("x2")) / 2, (value("y1") + value("y2")) / 2
+        own = (value("x2") - x, value("y2") - y, y - value("y2"), value("x2") - x, x, y)
+    else:
+        own = (value("r"), 0, 0, value("r"), value("cx"), value("cy"))
+    if own[:2] == (0, 0):
+        raise SvgError("has a gradient without a length")
+    return Gradient(name.removesuffix("Gradient"), _multiplied(_transform(element.get("gradientTransform", "")), own), stops)
 
 
 def _color(text):

@@ -24,6 +24,14 @@ class Shape:
 
 
 @dataclass
+class Gradient:
+    kind: str
+    matrix: tuple
+    # Offsets of 255, and colors.
+    stops: list
+
+
+@dataclass
 class Icon:
     styles: list
     paths: list
@@ -49,6 +57,14 @@ class Bytes:
             return first - 32
         return ((first - 128) * 256 + self.byte()) / 102 - 128
 
+    def number(self):
+        first, second, third = self.take(3)
+        bits = first * 65536 + second * 256 + third
+        if bits == 0:
+            return 0
+        size = (1 + bits % 2 ** 17 / 2 ** 17) * 2.0 ** (bits // 2 ** 17 % 64 - 32)
+        return -size if first >= 128 else size
+
     def point(self):
         return self.coordinate(), self.coordinate()
 
@@ -67,8 +83,10 @@ def read_icon(data):
 
 
 def read_style(source):
-    """Red, green, blue, alpha."""
+    """A gradient, or red, green, blue and alpha."""
     kind = source.byte()
+    if kind == 2:
+        return read_gradient(source)
     if kind == 1:
         return tuple(source.take(4))
     if kind == 3:
@@ -77,6 +95,18 @@ def read_style(source):
         grey = source.byte()
         return (grey, grey, grey, source.byte() if kind == 4 else 255)
     raise ValueError(f"has a style of type {kind}")
+
+
+def read_gradient(source):
+    kind, flags, count = source.take(3)
+    if flags & ~20 != 2:
+        raise ValueError(f"has a gradient with flags {flags}")
+    matrix, stops = tuple(source.number() for _ in range(6)), []
+    for _ in range(count):
+        offset = source.byte()
+        color = source.take(1) * 3 if flags & 16 else source.take(3)
+        stops.append((offset, (*color, 255 if flags & 4 else source.byte())))
+    return Gradient(["linear", "radial"][kind], matrix, stops)
 
 
 def read_path(source):
@@ -122,17 +152,32 @@ def read_shape(source, style_count, path_count):
 
 def icon_as_svg(icon):
     lines = ['<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 64 64">']
+    for index, style in enumerate(icon.styles):
+        if isinstance(style, Gradient):
+            lines += gradient_as_svg(index, style)
     for shape in icon.shapes:
-        red, green, blue, alpha = icon.styles[shape.style]
         data = " ".join(path_as_svg(icon.paths[index]) for index in shape.paths)
         kind = "fill" if shape.stroke is None else "stroke"
-        paint = f'{kind}="rgb({red},{green},{blue})" {kind}-opacity="{alpha / 255}"'
+        paint = f'{kind}="{style_as_svg(shape.style, icon.styles[shape.style])}"'
         if shape.stroke is not None:
             width, cap, join, limit = shape.stroke
             paint += f' fill="none" stroke-width="{width}" stroke-linecap="{cap}" stroke-linejoin="{join}"'
             paint += f' stroke-miterlimit="{max(limit, 1)}"'
         lines.append(f'<path d="{data}" {paint}/>')
     return "\n".join([*lines, "</svg>"])
+
+
+def style_as_svg(index, style):
+    return f"url(#style{index})" if isinstance(style, Gradient) else "#%02x%02x%02x%02x" % style
+
+
+def gradient_as_svg(index, gradient):
+    place = 'x1="-64" y1="0" x2="64" y2="0"' if gradient.kind == "linear" else 'cx="0" cy="0" r="64"'
+    yield (f'<{gradient.kind}Gradient id="style{index}" gradientUnits="userSpaceOnUse" {place} '
+        f'gradientTransform="matrix({" ".join(map(str, gradient.matrix))})">')
+    for offset, (red, green, blue, alpha) in gradient.stops:
+        yield f'<stop offset="{offset / 255}" stop-color="rgb({red},{green},{blue})" stop-opacity="{alpha / 255}"/>'
+    yield f"</{gradient.kind}Gradient>"
 
 
 def path_as_svg(path):

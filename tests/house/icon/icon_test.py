@@ -15,7 +15,7 @@ sys.dont_write_bytecode = True
 ROOT = Path(__file__).resolve().parents[3]
 sys.path.insert(0, str(ROOT / "packaging" / "haiku"))
 
-from hvif import coordinate_bytes, HvifError, write_hvif
+from hvif import coordinate_bytes, HvifError, number_bytes, write_hvif
 from hvif_reader import Bytes, icon_as_svg, read_icon
 from svg_shapes import read_svg, SvgError
 
@@ -82,6 +82,61 @@ class CoordinateTest(unittest.TestCase):
         for value in (-128.01, 193.3):
             with self.assertRaises(HvifError):
                 coordinate_bytes(value)
+
+
+class NumberTest(unittest.TestCase):
+    def test_sign_exponent_and_mantissa_lie_as_the_format_has_them(self):
+        for value, expected in ((0, "000000"), (1, "400000"), (-1, "c00000"), (-2.5, "c28000"), (0.75, "3f0000"),
+                (2.0 ** -31, "020000"), (2.0 ** 32 - 2.0 ** 14, "7fffff"), (2 - 2.0 ** -19, "420000")):
+            self.assertEqual(expected, number_bytes(value).hex(), value)
+
+    def test_what_is_read_back_differs_by_half_of_the_last_bit(self):
+        for exponent in range(-31, 32):
+            for mantissa in (1, 1.1, 4 / 3, 1.5, 1.9, 1.99999):
+                for value in (mantissa * 2.0 ** exponent, -mantissa * 2.0 ** exponent):
+                    self.assertLessEqual(abs(Bytes(number_bytes(value)).number() - value), 2.0 ** (exponent - 18))
+
+    def test_too_small_is_zero_and_too_large_is_an_error(self):
+        self.assertEqual(bytes(3), number_bytes(2.0 ** -33))
+        with self.assertRaises(HvifError):
+            number_bytes(-(2.0 ** 32))
+
+
+LINEAR = ('<linearGradient id="a" gradientUnits="userSpaceOnUse" x1="8" y1="4" x2="24" y2="12">%s</linearGradient>'
+    '<rect x="4" y="2" width="24" height="20" fill="url(#a)"/>')
+RADIAL = ('<defs><radialGradient id="a" gradientUnits="userSpaceOnUse" gradientTransform="translate(4 2) scale(2 1)" cx="6" cy="8"'
+    ' r="7">%s</radialGradient></defs><g transform="rotate(10)"><circle cx="16" cy="12" r="9" fill="url(#a)"/></g>')
+STOPS = '<stop offset="0" stop-color="#ff2040"/><stop offset="0.4" stop-color="#20ff40"/><stop offset="1" stop-color="#0020ff"/>'
+
+
+class GradientTest(unittest.TestCase):
+    def test_the_ends_and_the_stops_are_read_back(self):
+        (gradient,) = converted(LINEAR % STOPS, "0 0 32 32").styles
+        a, b, c, d, e, f = gradient.matrix
+        for x, expected in ((-64, (16, 8)), (64, (48, 24))):
+            self.assertAlmostEqual(expected[0], a * x + e, 3)
+            self.assertAlmostEqual(expected[1], b * x + f, 3)
+        self.assertAlmostEqual(0, a * c + b * d, 6)
+        self.assertEqual([(0, (255, 32, 64, 255)), (102, (32, 255, 64, 255)), (255, (0, 32, 255, 255))], gradient.stops)
+
+    def test_stops_are_as_short_as_their_colors_allow(self):
+        sizes = {}
+        for first, last in (("#102030", "#203040"), ("#10203040", "#203040"), ("#101010", "#202020"), ("#10101040", "#202020")):
+            stops = f'<stop offset="0" stop-color="{first}"/><stop offset="1" stop-color="{last}"/>'
+            data = write_hvif(read_svg(svg(LINEAR % stops)))
+            sizes[first] = len(data)
+            expected = [tuple(bytes.fromhex((color[1:] + "ff")[:8])) for color in (first, last)]
+            self.assertEqual(expected, [color for _, color in read_icon(data).styles[0].stops])
+        self.assertEqual([0, 2, -4, -2], [size - sizes["#102030"] for size in sizes.values()])
+
+    def test_they_look_as_drawn_and_would_not_the_other_way_round(self):
+        for content in (LINEAR % STOPS, RADIAL % STOPS):
+            with self.subTest(content):
+                drawn = svg(content, "0 0 32 32")
+                icon = read_icon(write_hvif(read_svg(drawn)))
+                self.assertLess(difference(drawn, icon_as_svg(icon)), 0.3)
+                icon.styles[0].stops = [(255 - offset, color) for offset, color in reversed(icon.styles[0].stops)]
+                self.assertGreater(difference(drawn, icon_as_svg(icon)), 3)
 
 
 class StyleTest(unittest.TestCase):
@@ -206,7 +261,12 @@ class RefusalTest(unittest.TestCase):
     def test_what_cannot_be_written_is_an_error(self):
         for content, message in (
                 ('<text>A</text>', "uses <text>"), ('<g><clipPath/></g>', "uses <clipPath>"),
-                ('<linearGradient/>', "uses <linearGradient>"), ('<rect width="2" height="2" fill="url(#a)"/>', "a color"),
+                ('<defs><path d="M0 0h9v9z"/></defs>', "uses <path> in <defs>"), ('<linearGradient/>', "userSpaceOnUse"),
+                (LINEAR % "", "less than two stops"), (LINEAR % (STOPS + STOPS), "not in order"), (LINEAR % "<g/>", "uses <g> in"),
+                (LINEAR.replace(' x2="24" y2="12"', ' x2="8" y2="4"') % STOPS, "without a length"),
+                (LINEAR.replace(' x2="24"', "") % STOPS, "is no number"),
+                (LINEAR.replace(' x2="24"', ' spreadMethod="reflect"') % STOPS, "attribute spreadMethod"),
+                ('<rect width="2" height="2" fill="url(#a)"/>', "a color"),
                 ('<rect width="2" height="2" opacity="0.5"/>', "attribute opacity"),
                 ('<rect width="2" height="2" style="fill:red"/>', "attribute style"),
                 ('<path d="M0 0Q1 1 2 2z"/>', "command Q"), ('<path d="M0 0L1"/>', "a path"), ('<path d="5 5z"/>', "a path"),

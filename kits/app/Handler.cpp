@@ -9,6 +9,7 @@
 
 #include <Looper.h>
 #include <LooperRegistry.h>
+#include <MessageFilter.h>
 
 
 BHandler::BHandler(const char* name)
@@ -25,6 +26,8 @@ BHandler::~BHandler()
 	if (fLooper != NULL)
 		fLooper->RemoveHandler(this);
 	LooperRegistry::Default()->RemoveHandler(this);
+	for (BMessageFilter* filter : fFilters)
+		delete filter;
 	free(fName);
 }
 
@@ -35,4 +38,13 @@ BHandler::MessageReceived(BMessage* message)
 {
 	if (fLooper != NULL && fLooper != this)
 		fLooper->MessageReceived(message);
+}
+
+
+/*!	Takes the filter over, which is asked after those that are there. */
+void
+BHandler::AddFilter(BMessageFilter* filter)
+{
+	if (filter != NULL)
+		fFilters.push_back(filter);
 }

@@ -13,7 +13,7 @@
 static const char* const kFieldName = "_input_";
 
 
-/*!	\param message Owned by the control; NULL when Return sends nothing. */
+/*!	\param message Owned by the control; NULL when it sends nothing. */
 BTextControl::BTextControl(const char* name, const char* label, const char* initialText,
 	BMessage* message, uint32 flags)
 	: BTextControl(new TextControlPeer, name, label, initialText, message, flags)
@@ -26,21 +26,23 @@ BTextControl::BTextControl(TextControlPeer* peer, const char* name, const char* 
 	const char* initialText, BMessage* message, uint32 flags)
 	: BControl(peer, name, label, message, flags),
 	  fControlPeer(peer),
+	  fFieldPeer(new LineEditPeer(this)),
 	  fTextView(NULL)
 {
-	LineEditPeer* field = new LineEditPeer(this);
-	fTextView = new BTextView(kFieldName, B_WILL_DRAW | B_NAVIGABLE, field);
+	fTextView = new BTextView(kFieldName, B_WILL_DRAW | B_NAVIGABLE, fFieldPeer);
 	AddChild(fTextView);
-	fControlPeer->SetField(field->Widget());
+	fControlPeer->SetField(fFieldPeer->Widget());
 	fControlPeer->SetLabel(label);
 	BTextControl::SetText(initialText);
 }
 
 
+/*!	In a control that has the focus, what the user changes is counted from this text on. */
 void
 BTextControl::SetText(const char* text)
 {
 	fTextView->SetText(text);
+	fFieldPeer->BeginAnew();
 }
 
 

@@ -8,6 +8,7 @@
 
 #include <LooperRegistry.h>
 #include <MainServer.h>
+#include <MessageFilter.h>
 
 
 /*!	In the constructor of an application or a window: it gets no thread of its own, and no message
@@ -75,6 +76,19 @@ LooperPrivate::_Loop(void* data)
 	record->LockToDestroy();
 	delete record->Looper();
 	return B_OK;
+}
+
+
+bool
+LooperPrivate::PassesFilters(BMessage* message, BHandler* handler)
+{
+	for (BMessageFilter* filter : handler->fFilters) {
+		BHandler* target = handler;
+		if (filter->Command() == message->what
+			&& filter->Filter(message, &target) == B_SKIP_MESSAGE)
+			return false;
+	}
+	return true;
 }
 
 

@@ -22,6 +22,9 @@ public:
 	static void BeginDestruction(BLooper* looper);
 	static bool IsDying(const BLooper* looper);
 
+	// Whether the handler's filters let a message through to it.
+	static bool PassesFilters(BMessage* message, BHandler* handler);
+
 private:
 	friend class BLooper;
 	friend class MainServer;

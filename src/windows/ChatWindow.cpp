@@ -11,11 +11,11 @@
 #include <Looper.h>
 #include <Message.h>
 #include <ScrollView.h>
-#include <TextControl.h>
 #include <TextView.h>
 
 #include "AppMessages.h"
 #include "ConnectionMark.h"
+#include "EntryLine.h"
 
 
 /*!	\param packed Red, green, blue and alpha, from the highest byte to the lowest. */
@@ -31,8 +31,7 @@ ChatWindow::ChatWindow(BRect frame, BLooper* target)
 	  fChatView(new BTextView("chatview", B_WILL_DRAW | B_PULSE_NEEDED)),
 	  fChatScroll(new BScrollView("chatscroll", fChatView, B_WILL_DRAW | B_FRAME_EVENTS, false,
 		  true, B_FANCY_BORDER)),
-	  fChatInput(new BTextControl("chatinput", NULL, "", new BMessage(kMsgSendChat),
-		  B_WILL_DRAW | B_NAVIGABLE)),
+	  fChatInput(new EntryLine("chatinput", new BMessage(kMsgSendChat))),
 	  fTarget(target),
 	  fConnection(0)
 {

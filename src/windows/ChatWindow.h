@@ -11,8 +11,8 @@
 
 class BLooper;
 class BScrollView;
-class BTextControl;
 class BTextView;
+class EntryLine;
 
 
 /*!	The public chat: a transcript in colors and a line to type into.
@@ -35,7 +35,7 @@ private:
 
 	BTextView* fChatView;
 	BScrollView* fChatScroll;
-	BTextControl* fChatInput;
+	EntryLine* fChatInput;
 	BLooper* fTarget;
 	// The number of the connection that what is typed is meant for.
 	uint32 fConnection;

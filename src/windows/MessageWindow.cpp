@@ -12,11 +12,11 @@
 #include <Looper.h>
 #include <Message.h>
 #include <ScrollView.h>
-#include <TextControl.h>
 #include <TextView.h>
 
 #include "AppMessages.h"
 #include "ConnectionMark.h"
+#include "EntryLine.h"
 #include "HotlineNotifications.h"
 
 
@@ -36,8 +36,7 @@ MessageWindow::MessageWindow(BRect frame, BLooper* target, uint16 socket, const 
 	  fChatView(new BTextView("pmchat", B_WILL_DRAW | B_PULSE_NEEDED)),
 	  fChatScroll(new BScrollView("pmscroll", fChatView, B_WILL_DRAW | B_FRAME_EVENTS, false, true,
 		  B_FANCY_BORDER)),
-	  fInput(new BTextControl("pminput", NULL, "", new BMessage(kMsgPMSend),
-		  B_WILL_DRAW | B_NAVIGABLE)),
+	  fInput(new EntryLine("pminput", new BMessage(kMsgPMSend))),
 	  fTarget(target),
 	  fSocket(socket),
 	  fConnection(connection),

@@ -12,8 +12,8 @@
 
 class BLooper;
 class BScrollView;
-class BTextControl;
 class BTextView;
+class EntryLine;
 
 
 /*!	A private conversation with one other user, known by the server's id.
@@ -48,7 +48,7 @@ private:
 
 	BTextView* fChatView;
 	BScrollView* fChatScroll;
-	BTextControl* fInput;
+	EntryLine* fInput;
 	BLooper* fTarget;
 	uint16 fSocket;
 	BString fNick;

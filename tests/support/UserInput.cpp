@@ -19,11 +19,18 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <QWidget>
+#include <QWindow>
 
 #include <CaretBlink.h>
 #include <GeometryConversion.h>
 #include <InterfaceDefs.h>
 #include <ViewPeer.h>
+
+
+// What the toolkit's own tests use: as if the event came from the window system.
+Q_GUI_EXPORT void qt_handleMouseEvent(QWindow* window, const QPointF& local, const QPointF& global,
+	Qt::MouseButtons buttons, Qt::MouseButton button, QEvent::Type type,
+	Qt::KeyboardModifiers modifiers, int timestamp);
 
 
 void
@@ -78,6 +85,22 @@ click(BView* view, BPoint where)
 {
 	press_mouse(view, where);
 	release_mouse(view, where);
+}
+
+
+void
+click_for_focus(BView* view, BPoint where)
+{
+	// In milliseconds. Clicks that follow each other faster would be one double click.
+	static int sTime = 0;
+	sTime += 10000;
+	const QWidget* widget = ViewPeer::Of(view)->FocusWidget();
+	QWindow* window = widget->window()->windowHandle();
+	const QPointF place = widget->mapTo(widget->window(), point_to_toolkit(where));
+	qt_handleMouseEvent(window, place, window->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
+		QEvent::MouseButtonPress, Qt::NoModifier, sTime);
+	qt_handleMouseEvent(window, place, window->mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
+		QEvent::MouseButtonRelease, Qt::NoModifier, sTime);
 }
 
 

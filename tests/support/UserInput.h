@@ -24,6 +24,9 @@ void set_clipboard(const char* text);
 std::string clipboard();
 void click(BView* view, BPoint where);
 void double_click(BView* view, BPoint where);
+// A click that comes from the window system, as a user's do: it takes the focus along. It arrives
+// with one of the next turns.
+void click_for_focus(BView* view, BPoint where);
 // Moves the mouse there without a click.
 void point_at(BView* view, BPoint where);
 // Leaves the mouse there for as long as it takes a tool tip to come up.

@@ -4,6 +4,7 @@
  */
 #include "ChatWindow.h"
 
+#include <InterfaceDefs.h>
 #include <ScrollView.h>
 #include <TextControl.h>
 #include <TextView.h>
@@ -158,6 +159,57 @@ TEST_F(ChatWindowTest, AfterAnAppend_TheEndIsInView)
 	EXPECT_SOON(!_ShowsTheEnd());
 	_Append("the newest\n", 0xff);
 	EXPECT_SOON(_ShowsTheEnd());
+}
+
+
+TEST_F(ChatWindowTest, HalfTypedLine_IsSentByReturnAlone)
+{
+	_Enable(true);
+	fWindow->Type("chatinput", "half");
+	fWindow->ClickInto("chatview");
+	EXPECT_EQ(0, fTarget->CountMessages());
+	fWindow->ClickInto("chatinput");
+	fWindow->Press(B_TAB);
+	EXPECT_EQ(0, fTarget->CountMessages());
+	EXPECT_EQ("half", fWindow->Text("chatinput"));
+
+	// Nothing has changed since the focus came back.
+	fWindow->ClickInto("chatinput");
+	fWindow->Press(B_ENTER);
+	fTarget->ExpectOnly(built_message(kMsgSendChat, "text", "half"));
+	EXPECT_EQ("", fWindow->Text("chatinput"));
+	fWindow->Type("chatinput", "half");
+	fWindow->Press(B_ENTER);
+	EXPECT_EQ(2, fTarget->CountMessages());
+}
+
+
+TEST_F(ChatWindowTest, HalfTypedLine_OutlivesTheConnection)
+{
+	_Enable(true);
+	fWindow->Type("chatinput", "half");
+	// The focus goes and comes back before the window handles anything else.
+	BMessage change = built_message(kMsgEnableChat, "enabled", false);
+	fWindow->Window()->PostMessage(&change);
+	_Enable(true);
+	fWindow->Settle();
+	EXPECT_EQ(0, fTarget->CountMessages());
+	fWindow->Press(B_ENTER);
+	fTarget->ExpectOnly(built_message(kMsgSendChat, "text", "half"));
+}
+
+
+TEST_F(ChatWindowTest, LineSentTwice_IsSentTwice)
+{
+	_Enable(true);
+	for (int32 count = 1; count <= 2; count++) {
+		fWindow->Type("chatinput", "again");
+		fWindow->Press(B_ENTER);
+		EXPECT_EQ(count, fTarget->CountMessages());
+		EXPECT_EQ("", fWindow->Text("chatinput"));
+	}
+	fWindow->Press(B_ENTER);
+	EXPECT_EQ(2, fTarget->CountMessages());
 }
 
 

@@ -137,6 +137,24 @@ TEST_F(MessageWindowTest, Lines_FollowOneAnother)
 }
 
 
+TEST_F(MessageWindowTest, HalfTypedLine_IsSentByReturnAlone)
+{
+	fWindow->Type("pminput", "half");
+	fWindow->ClickInto("pmchat");
+	fWindow->ClickInto("pminput");
+	fWindow->Press(B_TAB);
+	EXPECT_EQ(0, fTarget->CountMessages());
+	EXPECT_EQ("", _Transcript());
+	EXPECT_EQ("half", fWindow->Text("pminput"));
+
+	fWindow->ClickInto("pminput");
+	fWindow->Press(B_ENTER);
+	fTarget->ExpectOnly(
+		built_message(kMsgPMSend, "socket", static_cast<uint16>(0x8005), "text", "half"));
+	EXPECT_EQ("You: half\n", _Transcript());
+}
+
+
 TEST_F(MessageWindowTest, HostileNickAndText_AreShownAsTheyStand)
 {
 	std::string expected;

@@ -17,7 +17,9 @@
 #include <TextView.h>
 #include <View.h>
 
+#include "UserInput.h"
 #include "WaitFor.h"
+#include "WindowInput.h"
 
 
 // Around the views of a window, in pixels.
@@ -135,6 +137,49 @@ bool
 WindowProbe::IsEnabled(const char* control) const
 {
 	return Find<BControl>(control)->IsEnabled();
+}
+
+
+void
+WindowProbe::Type(const char* control, const char* text)
+{
+	type_text(Find<BTextControl>(control), text);
+	Settle();
+}
+
+
+void
+WindowProbe::Press(char key, uint32 modifiers)
+{
+	press_window_key(fWindow, key, modifiers);
+	Settle();
+}
+
+
+/*!	Returns when the view has the focus. */
+void
+WindowProbe::ClickInto(const char* view)
+{
+	BView* found = Find<BView>(view);
+	BTextControl* control = dynamic_cast<BTextControl*>(found);
+	if (control != NULL)
+		found = control->TextView();
+	ASSERT_TRUE(WaitFor([this] {
+		return is_shown(fWindow);
+	}));
+	click_for_focus(found, BPoint(5, 5));
+	EXPECT_SOON(HasFocus(found));
+	Settle();
+}
+
+
+bool
+WindowProbe::HasFocus(const BView* view) const
+{
+	EXPECT_TRUE(fWindow->Lock());
+	const bool result = view->IsFocus();
+	fWindow->Unlock();
+	return result;
 }
 
 

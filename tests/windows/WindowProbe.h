@@ -49,6 +49,11 @@ public:
 	std::string Text(const char* control) const;
 	void SetText(const char* control, const char* text);
 	bool IsEnabled(const char* control) const;
+	// What a user does with the keyboard, and with a click into a view.
+	void Type(const char* control, const char* text);
+	void Press(char key, uint32 modifiers = 0);
+	void ClickInto(const char* view);
+	bool HasFocus(const BView* view) const;
 	std::string Transcript(const char* textView) const;
 	std::string Label(const char* stringView) const;
 

@@ -6,12 +6,15 @@
 #define HANDLER_H
 
 
+#include <vector>
+
 #include <AppDefs.h>
 #include <Message.h>
 #include <SupportDefs.h>
 
 
 class BLooper;
+class BMessageFilter;
 
 
 /*!	Receives the messages that are addressed to it, once it was added to a looper, on that looper's
@@ -32,11 +35,15 @@ public:
 	BLooper* Looper() const { return fLooper; }
 	const char* Name() const { return fName; }
 
+	virtual void AddFilter(BMessageFilter* filter);
+
 private:
 	friend class BLooper;
+	friend class LooperPrivate;
 
 	char* fName;
 	BLooper* fLooper;
+	std::vector<BMessageFilter*> fFilters;
 };
 
 

@@ -10,11 +10,15 @@
 
 
 class BTextView;
+class LineEditPeer;
 class TextControlPeer;
 
 
-/*!	A label and a field for one line of text. Return in the field sends the control's message, if it
-	has one.
+/*!	A label and a field for one line of text.
+	A text that has changed sends the control's message, if it has one: on Return, which selects all
+	as well, and when another view of the window gets the focus. It has changed when it is not what
+	it was when the field got the focus, SetText() was called meanwhile, or the message was sent
+	last. In a window with a default button Return is that button's.
 	The text is bytes: what SetText() was given comes back unchanged until the user edits it. The
 	label's column is as wide as the divider says. Belongs to the thread of its window.
 */
@@ -37,6 +41,7 @@ private:
 		const char* initialText, BMessage* message, uint32 flags);
 
 	TextControlPeer* fControlPeer;
+	LineEditPeer* fFieldPeer;
 	BTextView* fTextView;
 };
 

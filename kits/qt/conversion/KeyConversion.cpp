@@ -26,3 +26,19 @@ keys_of_shortcut(char shortcut, uint32 modifiers)
 		keys |= Qt::MetaModifier;
 	return QKeySequence(keys);
 }
+
+
+uint32
+modifiers_from_toolkit(Qt::KeyboardModifiers held)
+{
+	uint32 modifiers = 0;
+	if ((held & Qt::ControlModifier) != 0)
+		modifiers |= B_COMMAND_KEY;
+	if ((held & Qt::ShiftModifier) != 0)
+		modifiers |= B_SHIFT_KEY;
+	if ((held & Qt::AltModifier) != 0)
+		modifiers |= B_OPTION_KEY;
+	if ((held & Qt::MetaModifier) != 0)
+		modifiers |= B_CONTROL_KEY;
+	return modifiers;
+}

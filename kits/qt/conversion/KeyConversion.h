@@ -15,5 +15,8 @@
 // Meta.
 QKeySequence keys_of_shortcut(char shortcut, uint32 modifiers);
 
+// The same the other way around, for the keys that are held.
+uint32 modifiers_from_toolkit(Qt::KeyboardModifiers held);
+
 
 #endif // KEY_CONVERSION_H

@@ -6,10 +6,15 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QWindow>
 
 #include <CaretBlink.h>
 #include <ClientScope.h>
 #include <InterfaceDefs.h>
+#include <KeyConversion.h>
+#include <LooperPrivate.h>
+#include <Message.h>
+#include <OS.h>
 #include <TextControl.h>
 #include <TextConversion.h>
 #include <Utf8.h>
@@ -21,12 +26,17 @@
 static const int kMaxLength = 1024 * 1024;
 
 
+/*!	Tells its peer of Return and of the window's focus. */
 class LineEdit : public QLineEdit {
 public:
-	explicit LineEdit(BTextControl* control)
-		: fControl(control)
+	LineEdit()
+		: fPeer(NULL)
 	{
 	}
+
+	~LineEdit() override { QObject::disconnect(fFocusOfWindow); }
+
+	void SetPeer(LineEditPeer* peer) { fPeer = peer; }
 
 	bool event(QEvent* event) override
 	{
@@ -37,41 +47,62 @@ public:
 			case QEvent::MouseButtonPress:
 				CaretBlink::Default()->GoOn();
 				break;
+			case QEvent::Show:
+				_WatchWindow();
+				break;
 			default:
 				break;
 		}
-		return QLineEdit::event(event);
+		const bool result = QLineEdit::event(event);
+		if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+			fPeer->FollowFocus();
+		return result;
 	}
 
 protected:
-	/*!	Return belongs to the control if that has a message, and the window has no default button.
-	*/
+	/*!	Return belongs to the control, unless the window has a default button. */
 	void keyPressEvent(QKeyEvent* event) override
 	{
 		if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
 			QLineEdit::keyPressEvent(event);
 			return;
 		}
-		const BWindow* window = fControl->Window();
-		const bool isButtons = window != NULL && window->DefaultButton() != NULL;
-		if (isButtons || fControl->Message() == NULL) {
+		const BWindow* window = fPeer->View()->Window();
+		const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+		if (isPlain && window != NULL && window->DefaultButton() != NULL) {
 			event->ignore();
 			return;
 		}
-		ClientScope scope(fControl->Window());
-		if (scope.MayEnter() && !event->isAutoRepeat())
-			fControl->Invoke();
+		if (!event->isAutoRepeat())
+			fPeer->ReturnPressed(modifiers_from_toolkit(event->modifiers()));
 	}
 
 private:
-	BTextControl* fControl;
+	/*!	A window that is not active has a focus as well, and no widget is told when that changes. */
+	void _WatchWindow()
+	{
+		QObject::disconnect(fFocusOfWindow);
+		const QWindow* handle = window()->windowHandle();
+		if (handle != NULL) {
+			fFocusOfWindow = QObject::connect(handle, &QWindow::focusObjectChanged, this, [this] {
+				fPeer->FollowFocus();
+			});
+		}
+		fPeer->FollowFocus();
+	}
+
+	LineEditPeer* fPeer;
+	QMetaObject::Connection fFocusOfWindow;
 };
 
 LineEditPeer::LineEditPeer(BTextControl* control)
-	: TextPeer(new LineEdit(control)),
+	: TextPeer(new LineEdit),
+	  fControl(control),
 	  fField(static_cast<QLineEdit*>(Widget())),
-	  fIsSetting(false)
+	  fIsSetting(false),
+	  fIsFocus(false)
 {
+	static_cast<LineEdit*>(fField)->SetPeer(this);
 	fField->setMaxLength(kMaxLength);
 	QObject::connect(fField, &QLineEdit::textChanged, fField, [this](const QString& text) {
 		if (!fIsSetting)
@@ -83,6 +114,7 @@ LineEditPeer::LineEditPeer(BTextControl* control)
 void
 LineEditPeer::SetText(const char* text)
 {
+	FollowFocus();
 	fBytes = QByteArray(text);
 	fIsSetting = true;
 	fField->setText(text_from_bytes(text));
@@ -198,12 +230,70 @@ LineEditPeer::FlagsChanged()
 }
 
 
+void
+LineEditPeer::BeginAnew()
+{
+	fStart = fBytes;
+}
+
+
+/*!	Only a change of the window's focus counts, which it keeps while it is not active or a menu is
+	open.
+*/
+void
+LineEditPeer::FollowFocus()
+{
+	const bool isFocus = View() != NULL && View()->IsFocus();
+	if (isFocus == fIsFocus)
+		return;
+	fIsFocus = isFocus;
+	if (isFocus)
+		BeginAnew();
+	else
+		_InvokeIfChanged();
+}
+
+
+/*!	Does nothing while the window is inside of a handler, which waits then. */
+void
+LineEditPeer::ReturnPressed(uint32 modifiers)
+{
+	FollowFocus();
+	ClientScope scope(View()->Window());
+	if (!scope.MayEnter())
+		return;
+
+	BMessage message(B_KEY_DOWN);
+	message.AddInt64("when", system_time());
+	message.AddInt32("modifiers", static_cast<int32>(modifiers));
+	message.AddString("bytes", "\n");
+	if (!LooperPrivate::PassesFilters(&message, View()))
+		return;
+	_InvokeIfChanged();
+	fField->selectAll();
+}
+
+
+/*!	What stands in the field now is not invoked for again. */
+void
+LineEditPeer::_InvokeIfChanged()
+{
+	BWindow* window = View()->Window();
+	if (fBytes == fStart || window == NULL || LooperPrivate::IsDying(window))
+		return;
+	ClientScope scope(window);
+	fControl->Invoke();
+	BeginAnew();
+}
+
+
 /*!	The line breaks of what was pasted become blanks, as on Haiku: they look like blanks in the
 	field.
 */
 void
 LineEditPeer::_TextEdited(QString text)
 {
+	FollowFocus();
 	if (text.contains(QLatin1Char('\n')) || text.contains(QLatin1Char('\r'))) {
 		text.replace(QLatin1Char('\n'), QLatin1Char(' '))
 			.replace(QLatin1Char('\r'), QLatin1Char(' '));

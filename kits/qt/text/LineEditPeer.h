@@ -16,10 +16,12 @@ class BTextControl;
 class QLineEdit;
 
 
-/*!	The field of a text control: one line, in one style. */
+/*!	The field of a text control: one line, in one style. Has the control invoked on Return, and when
+	the window's focus leaves the field, if the user has changed the text.
+*/
 class LineEditPeer : public TextPeer {
 public:
-	// The control is borrowed; it is asked when the user presses Return.
+	// The control is borrowed.
 	explicit LineEditPeer(BTextControl* control);
 
 	void SetText(const char* text) override;
@@ -44,15 +46,28 @@ public:
 
 	void FlagsChanged() override;
 
+	// What the text is now is where changes are counted from.
+	void BeginAnew();
+
+	// What the widget reports: the window's focus may have come or gone, and Return.
+	void FollowFocus();
+	void ReturnPressed(uint32 modifiers);
+
 private:
+	void _InvokeIfChanged();
 	void _TextEdited(QString text);
 	int _PositionAt(int32 offset) const;
 	int32 _OffsetAt(int position) const;
 
+	BTextControl* fControl;
 	QLineEdit* fField;
 	// As they came, until the user changes something.
 	QByteArray fBytes;
 	bool fIsSetting;
+	// While the field has its window's focus: the text when it got that, or was last told to begin
+	// anew.
+	bool fIsFocus;
+	QByteArray fStart;
 };
 
 

@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <Button.h>
 #include <Size.h>
 #include <TextView.h>
 
@@ -17,27 +16,20 @@
 #include "WindowWithView.h"
 
 
-static const uint32 kMsgReturn = 'rtrn';
-static const uint32 kMsgButton = 'butn';
-
-
 class TextControlTest : public ViewInAWindow {
 protected:
 	void SetUp() override
 	{
-		fControl = new BTextControl("name", "&File:", "", new BMessage(kMsgReturn));
+		fControl = new BTextControl("name", "&File:", "", NULL);
 		fOther = new BTextControl("other", "A longer label:", "5500", NULL);
-		fButton = new BButton("button", "Button", new BMessage(kMsgButton));
 		fWindow = new WindowWithView(400, 200);
 		fWindow->Add(fControl);
 		fWindow->Add(fOther);
-		fWindow->Add(fButton);
 		fWindow->ShowIt();
 	}
 
 	BTextControl* fControl;
 	BTextControl* fOther;
-	BButton* fButton;
 };
 
 
@@ -88,25 +80,6 @@ TEST_F(TextControlTest, Pasted_IsOneLine_HoweverLong)
 	set_clipboard(std::string(70000, 'x').c_str());
 	press_key(fControl, kKeyPaste);
 	EXPECT_EQ(strlen(fControl->Text()), 70000u);
-}
-
-
-TEST_F(TextControlTest, Return_SendsTheMessageOnce_UnlessThereIsADefaultButton)
-{
-	fControl->SetText("text");
-	press_key(fControl, kKeyReturn);
-	ASSERT_SOON(fWindow->Count(kMsgReturn) > 0);
-	EXPECT_EQ(fWindow->Count(kMsgReturn), 1);
-	EXPECT_EQ(fWindow->Last().GetPointer("source"), static_cast<BControl*>(fControl));
-	press_key(fControl, kKeyReturn);
-	EXPECT_SOON(fWindow->Count(kMsgReturn) == 2);
-
-	fButton->MakeDefault(true);
-	press_key(fOther, kKeyReturn);
-	EXPECT_SOON(fWindow->Count(kMsgButton) == 1);
-	press_key(fControl, kKeyReturn);
-	EXPECT_SOON(fWindow->Count(kMsgButton) == 2);
-	EXPECT_EQ(fWindow->Count(kMsgReturn), 2);
 }
 
 

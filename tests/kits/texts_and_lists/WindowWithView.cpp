@@ -66,6 +66,22 @@ WindowWithView::Count(uint32 what) const
 // #pragma mark -
 
 
+LockedWindow::LockedWindow(BWindow* window)
+	: fWindow(window)
+{
+	EXPECT_TRUE(fWindow->Lock());
+}
+
+
+LockedWindow::~LockedWindow()
+{
+	fWindow->Unlock();
+}
+
+
+// #pragma mark -
+
+
 void
 ViewInAWindow::TearDown()
 {

@@ -38,6 +38,20 @@ private:
 };
 
 
+/*!	Has a window locked for as long as it lives, which may be shown. */
+class LockedWindow {
+public:
+	explicit LockedWindow(BWindow* window);
+	LockedWindow(const LockedWindow&) = delete;
+	~LockedWindow();
+
+	LockedWindow& operator=(const LockedWindow&) = delete;
+
+private:
+	BWindow* fWindow;
+};
+
+
 /*!	For tests of a view in a window, which is closed in the end. */
 class ViewInAWindow : public testing::Test {
 protected:

@@ -53,7 +53,11 @@ BTextView::SetText(const char* text, const text_run_array* /*runs*/)
 }
 
 
-/*!	The text gets the style that SetFontAndColor() has set last. */
+/*!	The text gets the style that SetFontAndColor() has set for it, otherwise that of what stands
+	before it.
+	Differs from Haiku: what is selected stays selected, and a caret stays where it is. The user may
+	be reading what stands there, or be about to copy it.
+*/
 void
 BTextView::Insert(int32 offset, const char* text, int32 length, const text_run_array* /*runs*/)
 {
@@ -97,14 +101,15 @@ BTextView::GetSelection(int32* _start, int32* _end) const
 }
 
 
-// Differs from Haiku: in a text that is only read, what the user has selected keeps its style.
+/*!	Styles what is selected. When nothing is, this is the style of the next insertion, or, in a text
+	that is not stylable, of all of it.
+*/
 void
 BTextView::SetFontAndColor(const BFont* font, uint32 mode, const rgb_color* color)
 {
 	int32 start = 0;
 	int32 end = 0;
-	if (fIsEditable)
-		GetSelection(&start, &end);
+	GetSelection(&start, &end);
 	if (start < end)
 		SetFontAndColor(start, end, font, mode, color);
 	else if (fIsStylable)

@@ -16,6 +16,7 @@
 #include "AppMessages.h"
 #include "ConnectionMark.h"
 #include "EntryLine.h"
+#include "KeptSelection.h"
 
 
 /*!	\param packed Red, green, blue and alpha, from the highest byte to the lowest. */
@@ -121,8 +122,13 @@ ChatWindow::_HandleEnable(const BMessage* message)
 void
 ChatWindow::_AppendChat(const char* text, rgb_color color)
 {
+	const KeptSelection selection(fChatView);
 	const int32 end = fChatView->TextLength();
+	const int32 length = static_cast<int32>(strlen(text));
 	fChatView->SetFontAndColor(be_plain_font, B_FONT_ALL, &color);
-	fChatView->Insert(end, text, static_cast<int32>(strlen(text)));
+	fChatView->Insert(end, text, length);
+	// Wherever the view has taken the color of the insertion from.
+	if (length > 0)
+		fChatView->SetFontAndColor(end, end + length, be_plain_font, B_FONT_ALL, &color);
 	fChatView->ScrollToOffset(fChatView->TextLength());
 }

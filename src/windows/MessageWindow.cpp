@@ -18,6 +18,7 @@
 #include "ConnectionMark.h"
 #include "EntryLine.h"
 #include "HotlineNotifications.h"
+#include "KeptSelection.h"
 
 
 static constexpr rgb_color kIncomingColor = {180, 0, 0, 255};
@@ -188,6 +189,7 @@ MessageWindow::_AppendStyled(const char* name, rgb_color nameColor, const char* 
 	BString line;
 	line << name << ": " << text << "\n";
 
+	const KeptSelection selection(fChatView);
 	const int32 start = fChatView->TextLength();
 	const int32 nameEnd = start + static_cast<int32>(strlen(name)) + 2;
 	const int32 end = start + line.Length();

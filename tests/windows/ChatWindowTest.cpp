@@ -213,6 +213,44 @@ TEST_F(ChatWindowTest, LineSentTwice_IsSentTwice)
 }
 
 
+TEST_F(ChatWindowTest, AppendWithASelection_ColorsTheLineAndNothingElse)
+{
+	_Append("first\nsecond\n", 0xff);
+	BTextView* view = fWindow->Find<BTextView>("chatview");
+	ASSERT_TRUE(fWindow->Window()->Lock());
+	view->Select(0, 13);
+	fWindow->Window()->Unlock();
+	_Append("red\n", 0xc80000ff);
+	_Append("purple\n", 0x800081ff);
+	_ExpectColor(0, make_color(0, 0, 0));
+	_ExpectColor(12, make_color(0, 0, 0));
+	_ExpectColor(13, make_color(200, 0, 0));
+	_ExpectColor(16, make_color(200, 0, 0));
+	_ExpectColor(17, make_color(128, 0, 129));
+	EXPECT_EQ("first\nsecond\nred\npurple\n", fWindow->Transcript("chatview"));
+}
+
+
+TEST_F(ChatWindowTest, Append_LeavesTheSideThatTheUserMoves)
+{
+	_Append("first\nsecond\n", 0xff);
+	BTextView* view = fWindow->Find<BTextView>("chatview");
+	fWindow->ClickInto("chatview");
+	ASSERT_TRUE(fWindow->Window()->Lock());
+	view->Select(5, 5);
+	fWindow->Window()->Unlock();
+	fWindow->Press(B_LEFT_ARROW, B_SHIFT_KEY);
+	_Append("third\n", 0xff);
+	fWindow->Press(B_LEFT_ARROW, B_SHIFT_KEY);
+
+	int32 start = 0;
+	int32 end = 0;
+	view->GetSelection(&start, &end);
+	EXPECT_EQ(3, start);
+	EXPECT_EQ(5, end);
+}
+
+
 TEST_F(ChatWindowTest, Append_LeavesTheSelectionAlone)
 {
 	_Append("first\nsecond\n", 0xff);

@@ -155,6 +155,28 @@ TEST_F(MessageWindowTest, HalfTypedLine_IsSentByReturnAlone)
 }
 
 
+TEST_F(MessageWindowTest, Lines_LeaveTheSelectionAndItsStyleAlone)
+{
+	_Receive("Ann", "one");
+	BTextView* view = fWindow->Find<BTextView>("pmchat");
+	ASSERT_TRUE(fWindow->Window()->Lock());
+	view->Select(0, 9);
+	fWindow->Window()->Unlock();
+	_Receive("Ann", "two");
+	_Type("three");
+	_ExpectStyle(0, 5, true, kIncoming);
+	_ExpectStyle(5, 9, false, ui_color(B_DOCUMENT_TEXT_COLOR));
+	_ExpectStyle(9, 14, true, kIncoming);
+	_ExpectStyle(18, 23, true, kOutgoing);
+
+	int32 start = 1;
+	int32 end = 1;
+	view->GetSelection(&start, &end);
+	EXPECT_EQ(0, start);
+	EXPECT_EQ(9, end);
+}
+
+
 TEST_F(MessageWindowTest, HostileNickAndText_AreShownAsTheyStand)
 {
 	std::string expected;

@@ -29,7 +29,8 @@ public:
 	virtual void Select(int32 start, int32 end) = 0;
 	virtual void GetSelection(int32* _start, int32* _end) = 0;
 
-	// That of inserted text, and of text that is there.
+	// That of the next insertion, if it was set since the last one; otherwise that is what stands
+	// before it. And that of text that is there.
 	virtual TextStyle Style() const = 0;
 	virtual void SetStyle(const TextStyle& style) = 0;
 	virtual TextStyle StyleAt(int32 offset) = 0;

@@ -27,6 +27,7 @@ TextViewPeer::TextViewPeer()
 	  fText(static_cast<TextWidget*>(Widget())),
 	  fStyle{BFont(be_plain_font), ui_color(B_DOCUMENT_TEXT_COLOR)},
 	  fStyleNumber(_NumberOf(fStyle)),
+	  fIsStyleUnused(false),
 	  fScrollsToEnd(false)
 {
 }
@@ -73,7 +74,8 @@ TextViewPeer::TextLength()
 void
 TextViewPeer::Select(int32 start, int32 end)
 {
-	fText->Select(fText->Text().PositionAt(start), fText->Text().PositionAt(end));
+	fText->SelectForClient(fText->Text().PositionAt(start), fText->Text().PositionAt(end));
+	ScheduleFlush();
 }
 
 
@@ -88,6 +90,7 @@ TextViewPeer::GetSelection(int32* _start, int32* _end)
 void
 TextViewPeer::SetStyle(const TextStyle& style)
 {
+	fIsStyleUnused = true;
 	if (style == fStyle)
 		return;
 	fStyle = style;
@@ -99,7 +102,7 @@ TextStyle
 TextViewPeer::StyleAt(int32 offset)
 {
 	if (offset >= TextLength())
-		return fStyle;
+		return fStyles[_StyleOfInsertion(offset)];
 	const StyleRuns& runs = fText->Styles();
 	return fStyles[runs[runs.RunAt(offset)].style];
 }
@@ -108,7 +111,12 @@ TextViewPeer::StyleAt(int32 offset)
 void
 TextViewPeer::SetStyleOf(int32 start, int32 end, const TextStyle& style)
 {
-	fText->SetStyle(start, end, _NumberOf(style));
+	const int32 number = _NumberOf(style);
+	const StyleRuns& runs = fText->Styles();
+	const int32 run = runs.RunAt(start);
+	if (runs[run].style == number && runs.EndOf(run) >= end)
+		return;
+	fText->SetStyle(start, end, number);
 	ScheduleFlush();
 }
 
@@ -210,8 +218,22 @@ TextViewPeer::Flush()
 void
 TextViewPeer::_Replace(int32 offset, int32 removed, const char* text, int32 length)
 {
-	fText->Replace(offset, removed, text, length, fStyleNumber);
+	fText->Replace(offset, removed, text, length, _StyleOfInsertion(offset));
+	if (length > 0)
+		fIsStyleUnused = false;
 	ScheduleFlush();
+}
+
+
+/*!	
+eturn The number of the style that a text gets at that offset. */
+int32
+TextViewPeer::_StyleOfInsertion(int32 offset) const
+{
+	const StyleRuns& runs = fText->Styles();
+	if (fIsStyleUnused || runs.CountBytes() == 0)
+		return fStyleNumber;
+	return runs[runs.RunAt(std::max<int32>(offset - 1, 0))].style;
 }
 
 

@@ -54,15 +54,17 @@ protected:
 
 private:
 	void _Replace(int32 offset, int32 removed, const char* text, int32 length);
+	int32 _StyleOfInsertion(int32 offset) const;
 	int32 _NumberOf(const TextStyle& style);
 	QTextCharFormat _FormatOf(const TextStyle& style);
 
 	TextWidget* fText;
 	// All that the text has had, by number.
 	std::vector<TextStyle> fStyles;
-	// That of what is inserted.
+	// That of what is inserted into an empty text or, if it is still to be used, next.
 	TextStyle fStyle;
 	int32 fStyleNumber;
+	bool fIsStyleUnused;
 	bool fScrollsToEnd;
 };
 

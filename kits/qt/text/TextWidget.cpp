@@ -77,6 +77,7 @@ TextWidget::Replace(int32 offset, int32 removed, const char* bytes, int32 length
 	}
 
 	_TellAppended();
+	_TellUnselected();
 	fKeptRow = -1;
 	const int32 top = moved_offset(fText.OffsetAt(fPage.TopPosition()), offset, removed, length);
 	const int32 anchor = moved_offset(fText.OffsetAt(fCaret.Anchor()), offset, removed, length);
@@ -109,6 +110,7 @@ void
 TextWidget::ShowChanges()
 {
 	_TellAppended();
+	_TellUnselected();
 	_UpdateView();
 }
 
@@ -150,6 +152,25 @@ TextWidget::Select(int32 anchor, int32 position)
 
 
 void
+TextWidget::SelectForClient(int32 start, int32 end)
+{
+	if (fUnselected.has_value() && fUnselected->Start() == start && fUnselected->End() == end) {
+		fCaret = *fUnselected;
+		fUnselected.reset();
+		viewport()->update();
+		return;
+	}
+
+	const TextCaret before = fCaret;
+	fCaret.Set(start, end);
+	if (before.HasSelection() && !fCaret.HasSelection())
+		fUnselected = before;
+	else
+		_CaretMoved();
+}
+
+
+void
 TextWidget::ScrollToPosition(int32 position)
 {
 	fPage.ScrollToPosition(position);
@@ -171,6 +192,7 @@ void
 TextWidget::ScrollToEnd()
 {
 	_TellAppended();
+	_TellUnselected();
 	fFollowsEnd = true;
 	fPage.ScrollToEnd();
 	_UpdateView();
@@ -346,8 +368,10 @@ TextWidget::_Append(const char* bytes, int32 length, int32 style)
 	fStyles.Replace(offset, 0, length, style);
 	fLayout.LinesChanged(first);
 	fPage.LinesChanged(first);
-	if (mayComplete)
+	if (mayComplete) {
 		fCaret.Set(fCaret.Anchor(), fCaret.Position());
+		_TellUnselected();
+	}
 }
 
 

@@ -6,6 +6,8 @@
 #define TEXT_WIDGET_H
 
 
+#include <optional>
+
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <QPoint>
@@ -42,7 +44,10 @@ public:
 	void SetWordWrap(bool wrap);
 	void SetSelectable(bool selectable);
 
+	// For the user. A client that unselects something and selects it again before the next frame
+	// leaves the caret as it was, and screen readers do not hear of it.
 	void Select(int32 anchor, int32 position);
+	void SelectForClient(int32 start, int32 end);
 	void ScrollToPosition(int32 position);
 	void ScrollToStart();
 	void ScrollToEnd();
@@ -83,6 +88,7 @@ private:
 	void _Copy() const;
 	void _OwnSelection() const;
 	void _StartDrag();
+	void _TellUnselected();
 	void _TellAppended();
 	void _TellExchanged(int32 position, const QString& removed, int32 added);
 
@@ -91,6 +97,8 @@ private:
 	TextLayout fLayout;
 	TextPage fPage;
 	TextCaret fCaret;
+	// What the client has unselected since the last frame, which nobody was told of.
+	std::optional<TextCaret> fUnselected;
 	bool fIsSelectable;
 	bool fFollowsEnd;
 	// The scroll bar is being told of the page, not the other way around.

@@ -294,6 +294,7 @@ TextWidget::_DragPosition(const QPointF& where)
 void
 TextWidget::_CaretMoved()
 {
+	fUnselected.reset();
 	viewport()->update();
 	if (!QAccessible::isActive())
 		return;
@@ -305,6 +306,15 @@ TextWidget::_CaretMoved()
 		QAccessibleTextCursorEvent event(this, fCaret.Position());
 		QAccessible::updateAccessibility(&event);
 	}
+}
+
+
+/*!	The client has not selected it again since the last frame. */
+void
+TextWidget::_TellUnselected()
+{
+	if (fUnselected.has_value())
+		_CaretMoved();
 }
 
 

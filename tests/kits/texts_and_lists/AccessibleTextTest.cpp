@@ -300,3 +300,25 @@ TEST_F(AccessibleTextTest, CaretThatMoves_IsTold_ButNotOfWhatIsAppendedBehindIt)
 	Append(" more");
 	EXPECT_EQ(fReader->Heard(), Strings({"inserted 10  more"}));
 }
+
+
+TEST_F(AccessibleTextTest, UnselectedByTheProgram_IsToldWithTheFrame_UnlessItIsSelectedAgain)
+{
+	Append("some words");
+	{
+		LockedWindow lock(fWindow);
+		fText->Select(2, 4);
+		fReader->Heard();
+		fText->Select(2, 2);
+		fText->Insert(10, " more", 5);
+		fText->Select(2, 4);
+	}
+	ASSERT_TRUE(WaitUntilShown());
+	EXPECT_EQ(fReader->Heard(), Strings({"inserted 10  more"}));
+	{
+		LockedWindow lock(fWindow);
+		fText->Select(2, 2);
+	}
+	ASSERT_TRUE(WaitUntilShown());
+	EXPECT_EQ(fReader->Heard(), Strings({"caret 2"}));
+}

@@ -276,16 +276,85 @@ TEST_F(TextViewTest, SelectionOfTheUser_DoesNotGrowAndKeepsItsAnchor)
 }
 
 
-// Differs from Haiku, where this would give the user's selection the color of what is appended.
-TEST_F(TextViewTest, SelectionInATranscript_KeepsItsColor)
+TEST_F(TextViewTest, StyleWithoutARange_IsThatOfTheSelection_AndOfNothingElse)
 {
 	Append("one\ntwo\n");
+	LockedWindow lock(fWindow);
 	fText->Select(2, 6);
-	Append("three\n", 1, kGreen);
-	ASSERT_TRUE(WaitUntilShown());
+	fText->SetFontAndColor(be_plain_font, B_FONT_ALL, &kGreen);
+	EXPECT_TRUE(ColorAt(1) == kRed);
+	EXPECT_TRUE(ColorAt(2) == kGreen);
+	EXPECT_TRUE(ColorAt(5) == kGreen);
+	EXPECT_TRUE(ColorAt(6) == kRed);
+	fText->Insert(fText->TextLength(), "three\n", 6);
+	EXPECT_TRUE(ColorAt(9) == kRed);
+}
+
+
+TEST_F(TextViewTest, Insertion_HasTheStyleThatWasSetForIt_OrThatOfWhatStandsBefore)
+{
+	LockedWindow lock(fWindow);
+	fText->SetFontAndColor(be_plain_font, B_FONT_ALL, &kRed);
+	fText->Insert(0, "red", 3);
+	fText->SetFontAndColor(be_plain_font, B_FONT_ALL, &kGreen);
+	fText->Insert(3, "green", 5);
+	fText->Insert(3, "!", 1);
 	EXPECT_TRUE(ColorAt(3) == kRed);
+	EXPECT_TRUE(ColorAt(4) == kGreen);
+	fText->Insert(9, "?", 1);
 	EXPECT_TRUE(ColorAt(9) == kGreen);
+
+	fText->SetFontAndColor(3, 4, be_plain_font, B_FONT_ALL, &kGreen);
+	fText->Insert(4, "!", 1);
+	EXPECT_TRUE(ColorAt(4) == kGreen);
+}
+
+
+// Differs from Haiku, where nothing is selected after an insertion, and the caret goes along.
+TEST_F(TextViewTest, Insert_LeavesWhatIsSelectedAndTheCaret)
+{
+	Append("one\ntwo\n");
+	LockedWindow lock(fWindow);
+	fText->Select(2, 6);
+	fText->Insert(8, "three\n", 6);
 	EXPECT_EQ(Selection(), "2..6");
+	fText->Insert(0, "zero\n", 5);
+	EXPECT_EQ(Selection(), "7..11");
+	fText->Select(19, 19);
+	fText->Insert(19, "four\n", 5);
+	EXPECT_EQ(Selection(), "19..19");
+}
+
+
+TEST_F(TextViewTest, UnselectedAndSelectedAgainInOneTurn_TheCaretIsWhatItWas)
+{
+	Append("wide line\nx\nwide line\n");
+	const auto append = [this] {
+		LockedWindow lock(fWindow);
+		int32 start;
+		int32 end;
+		fText->GetSelection(&start, &end);
+		fText->Select(start, start);
+		Append("more\n");
+		fText->Select(start, end);
+	};
+	// Backwards, and with a column that the line in between does not have.
+	fText->Select(18, 18);
+	press_window_key(fWindow, B_UP_ARROW, B_SHIFT_KEY);
+	EXPECT_EQ(Selection(), "11..18");
+	append();
+	press_window_key(fWindow, B_UP_ARROW, B_SHIFT_KEY);
+	EXPECT_EQ(Selection(), "6..18");
+
+	double_click(fText, Before(2));
+	EXPECT_EQ(Selection(), "0..4");
+	append();
+	press_mouse(fText, Before(7), B_SHIFT_KEY);
+	append();
+	drag_mouse(fText, Before(8));
+	EXPECT_EQ(Selection(), "0..9");
+	release_mouse(fText, Before(8));
+	EXPECT_EQ(Selection(), "0..9");
 }
 
 

@@ -105,7 +105,7 @@ resolve_spacing(float spacing)
 		case B_USE_CORNER_SPACING:
 			return std::ceil(standard * 1.272f);
 		case B_USE_BIG_SPACING:
-			return std::ceil(standard * 1.618f);
+			return std::ceil(standard * 1.8f);
 		case B_USE_BORDER_SPACING:
 			return 1;
 		default:

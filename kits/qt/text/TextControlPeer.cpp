@@ -9,11 +9,16 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+#include <Font.h>
 #include <TextConversion.h>
 
 
-// In pixels.
-static const int kLabelSpacing = 8;
+/*!	Between a label and its field, in pixels. */
+static int
+label_spacing()
+{
+	return static_cast<int>(std::ceil(be_plain_font->Size() / 2));
+}
 
 
 TextControlPeer::TextControlPeer()
@@ -74,7 +79,7 @@ TextControlPeer::Divider() const
 		return fDivider;
 	if (fLabel->text().isEmpty())
 		return 0;
-	return static_cast<float>(fLabel->sizeHint().width() + kLabelSpacing);
+	return static_cast<float>(fLabel->sizeHint().width() + label_spacing());
 }
 
 

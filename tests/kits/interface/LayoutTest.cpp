@@ -77,6 +77,7 @@ TEST_F(LayoutTest, NamedSpacings_FollowTheFontsSize)
 		{B_USE_DEFAULT_SPACING, standard},
 		{B_USE_HALF_ITEM_SPACING, std::ceil(standard / 2)},
 		{B_USE_SMALL_SPACING, std::ceil(standard * 0.7f)},
+		{B_USE_BIG_SPACING, std::ceil(standard * 1.8f)},
 		{0, 0},
 	};
 	for (const auto& expected : cases) {

@@ -4,9 +4,11 @@
  */
 #include <GroupLayout.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include <QBoxLayout>
+#include <QWidget>
 
 #include <GeometryConversion.h>
 #include <LayoutPeer.h>
@@ -41,12 +43,35 @@ private:
 };
 
 
-static QBoxLayout*
-make_box(orientation orientation)
-{
-	return new QBoxLayout(
-		orientation == B_HORIZONTAL ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-}
+/*!	Across its items it grows as far as all of them do; what has to be larger than that is. */
+class GroupBox : public QBoxLayout {
+public:
+	explicit GroupBox(orientation orientation)
+		: QBoxLayout(orientation == B_HORIZONTAL ? LeftToRight : TopToBottom)
+	{
+	}
+
+	// What grows is what may grow, as of a view.
+	Qt::Orientations expandingDirections() const override { return {}; }
+
+	QSize maximumSize() const override
+	{
+		QSize across(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+		for (int i = 0; i < count(); i++) {
+			if (!itemAt(i)->isEmpty())
+				across = across.boundedTo(itemAt(i)->maximumSize());
+		}
+		const QMargins margins = contentsMargins();
+		across += QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
+
+		QSize size = QBoxLayout::maximumSize();
+		if (direction() == TopToBottom)
+			size.setWidth(std::min(across.width(), QWIDGETSIZE_MAX));
+		else
+			size.setHeight(std::min(across.height(), QWIDGETSIZE_MAX));
+		return size.expandedTo(minimumSize());
+	}
+};
 
 
 static int
@@ -57,7 +82,7 @@ pixels_of_spacing(float spacing)
 
 /*!	\param spacing Between two items, in pixels or as one of the B_USE_* constants. */
 BGroupLayout::BGroupLayout(orientation orientation, float spacing)
-	: BLayout(new LayoutPeer(make_box(orientation)))
+	: BLayout(new LayoutPeer(new GroupBox(orientation)))
 {
 	fPeer->Box()->setSpacing(pixels_of_spacing(spacing));
 }

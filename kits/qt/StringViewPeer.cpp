@@ -4,16 +4,19 @@
  */
 #include <StringViewPeer.h>
 
+#include <algorithm>
+
 #include <QLabel>
 #include <QPainter>
+#include <QStringList>
 
 #include <ColorConversion.h>
 #include <StringView.h>
 #include <TextConversion.h>
 
 
-/*!	A QLabel for screen readers, but drawn here: in one line, whatever is in the text,
-	and cut where it says so.
+/*!	A QLabel for screen readers, but drawn here: in lines that line feeds end, each cut where it says
+	so.
 */
 class LabelWidget : public QLabel {
 public:
@@ -34,7 +37,11 @@ public:
 	QSize sizeHint() const override
 	{
 		const QFontMetrics metrics = fontMetrics();
-		return QSize(metrics.size(Qt::TextSingleLine, _ShownText()).width(), metrics.height());
+		const QStringList lines = _ShownLines();
+		int width = 0;
+		for (const QString& line : lines)
+			width = std::max(width, metrics.size(Qt::TextSingleLine, line).width());
+		return QSize(width, metrics.height() * static_cast<int>(lines.size()));
 	}
 
 	QSize minimumSizeHint() const override { return sizeHint(); }
@@ -44,18 +51,26 @@ protected:
 	{
 		QPainter painter(this);
 		painter.setPen(palette().color(foregroundRole()));
-		QString text = _ShownText();
-		if (fElide != Qt::ElideNone)
-			text = fontMetrics().elidedText(text, fElide, width(), Qt::TextSingleLine);
-		painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine, text);
+		const QFontMetrics metrics = fontMetrics();
+		const QStringList lines = _ShownLines();
+		QRect row(0, 0, width(), metrics.height());
+		row.translate(0, (height() - row.height() * static_cast<int>(lines.size())) / 2);
+		for (const QString& line : lines) {
+			const QString cut = fElide != Qt::ElideNone
+				? metrics.elidedText(line, fElide, width(), Qt::TextSingleLine)
+				: line;
+			painter.drawText(row, Qt::AlignLeft | Qt::TextSingleLine, cut);
+			row.translate(0, row.height());
+		}
 	}
 
 private:
 	// A screen has no room for more; measuring all of a very long text would take its time.
-	QString _ShownText() const
+	QStringList _ShownLines() const
 	{
 		const int kMostShown = 4096;
-		return shown_text(fElide == Qt::ElideRight ? text().left(kMostShown) : text());
+		const QString shown = fElide == Qt::ElideRight ? text().left(kMostShown) : text();
+		return shown_text(shown).split(QLatin1Char('\n'));
 	}
 
 	Qt::TextElideMode fElide;
@@ -98,7 +113,7 @@ StringViewPeer::MinSize()
 QSize
 StringViewPeer::MaxSize()
 {
-	return QSize(QWIDGETSIZE_MAX, PreferredSize().height());
+	return PreferredSize();
 }
 
 

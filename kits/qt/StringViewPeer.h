@@ -13,7 +13,7 @@ class BStringView;
 class LabelWidget;
 
 
-/*!	A label of one line. Its text reaches the QLabel once per frame. */
+/*!	A label. Its text reaches the QLabel once per frame. */
 class StringViewPeer : public ViewPeer {
 public:
 	StringViewPeer();
@@ -23,6 +23,7 @@ public:
 	QSize MinSize() override;
 	QSize MaxSize() override;
 	QSize PreferredSize() override;
+	Qt::Alignment Alignment() const override { return Qt::AlignLeft | Qt::AlignVCenter; }
 	void ColorsChanged() override;
 
 protected:

@@ -4,6 +4,7 @@
  */
 #include <ViewLayoutItem.h>
 
+#include <QStyle>
 #include <QWidget>
 
 #include <GeometryConversion.h>
@@ -50,11 +51,11 @@ ViewLayoutItem::expandingDirections() const
 }
 
 
-/*!	A view that may not be as large as its place stands in the middle of it. */
+/*!	A view that may not be as large as its place stands in the middle of it, some at the left. */
 void
 ViewLayoutItem::setGeometry(const QRect& rect)
 {
 	const QSize size = rect.size().boundedTo(maximumSize());
-	const QSize space = rect.size() - size;
-	wid->setGeometry(QRect(rect.topLeft() + QPoint(space.width() / 2, space.height() / 2), size));
+	const Qt::Alignment alignment = ViewPeer::Of(fView)->Alignment();
+	wid->setGeometry(QStyle::alignedRect(Qt::LeftToRight, alignment, size, rect));
 }

@@ -51,6 +51,8 @@ public:
 	virtual QSize MinSize();
 	virtual QSize MaxSize();
 	virtual QSize PreferredSize();
+	// Where it stands in a place that is larger than it may be: in the middle by default.
+	virtual Qt::Alignment Alignment() const { return Qt::AlignCenter; }
 
 	// After a change in the canvas, in the flags, and of the tool tip.
 	virtual void FontChanged();

@@ -4,11 +4,12 @@
  */
 #include "ConnectionBar.h"
 
+#include <algorithm>
+
 #include <Button.h>
 #include <Font.h>
 #include <Message.h>
 #include <SeparatorView.h>
-#include <String.h>
 #include <StringView.h>
 
 #include "AppMessages.h"
@@ -39,9 +40,11 @@ ConnectionBar::ConnectionBar(const char* assetsPath)
 	  fStatusView(new BStringView("status", "", B_WILL_DRAW))
 {
 	fStatusView->SetFont(be_plain_font, B_FONT_ALL);
-	// A server's name may be longer than any screen is wide; the window does not grow with it.
+	// A server's name may be longer than any screen is wide; the window does not grow with it, and
+	// may be wider than it.
 	fStatusView->SetTruncation(B_TRUNCATE_END);
 	fStatusView->SetExplicitMinSize(BSize(0, B_SIZE_UNSET));
+	fStatusView->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, B_SIZE_UNSET));
 	ShowNotConnected();
 }
 
@@ -74,7 +77,7 @@ void
 ConnectionBar::ShowNotConnected()
 {
 	_EnableButtons(false);
-	fStatusView->SetText("Not connected");
+	_ShowStatus("Not connected");
 }
 
 
@@ -83,14 +86,14 @@ ConnectionBar::ShowConnecting(const char* address, uint16 port)
 {
 	BString text;
 	text.SetToFormat("Connecting to %s:%u…", address, static_cast<unsigned int>(port));
-	fStatusView->SetText(text.String());
+	_ShowStatus(text);
 }
 
 
 void
 ConnectionBar::ShowLoggingIn()
 {
-	fStatusView->SetText("Connected — logging in…");
+	_ShowStatus("Connected — logging in…");
 }
 
 
@@ -102,7 +105,7 @@ ConnectionBar::ShowLoggedIn(const char* serverName)
 	if (serverName[0] != '\0')
 		ShowServer(serverName);
 	else
-		fStatusView->SetText("Connected");
+		_ShowStatus("Connected");
 }
 
 
@@ -111,7 +114,7 @@ ConnectionBar::ShowServer(const char* name)
 {
 	BString text("Connected to ");
 	text << name;
-	fStatusView->SetText(text.String());
+	_ShowStatus(text);
 }
 
 
@@ -120,7 +123,7 @@ ConnectionBar::ShowFailed()
 {
 	fConnectBtn->SetEnabled(true);
 	fDisconnectBtn->SetEnabled(false);
-	fStatusView->SetText("Connection failed");
+	_ShowStatus("Connection failed");
 }
 
 
@@ -128,7 +131,7 @@ void
 ConnectionBar::ShowLost()
 {
 	_EnableButtons(false);
-	fStatusView->SetText("Disconnected");
+	_ShowStatus("Disconnected");
 }
 
 
@@ -139,4 +142,16 @@ ConnectionBar::_EnableButtons(bool loggedIn)
 	fConnectBtn->SetEnabled(!loggedIn);
 	for (BButton* button : {fDisconnectBtn, fChatBtn, fUsersBtn, fFilesBtn})
 		button->SetEnabled(loggedIn);
+}
+
+
+/*!	In one line: a server's name may have line feeds, which are shown as blanks. */
+void
+ConnectionBar::_ShowStatus(BString text)
+{
+	const int32 length = text.Length();
+	char* bytes = text.LockBuffer(length);
+	std::replace(bytes, bytes + length, '\n', ' ');
+	text.UnlockBuffer(length);
+	fStatusView->SetText(text.String());
 }

@@ -7,6 +7,7 @@
 
 
 #include <LayoutBuilder.h>
+#include <String.h>
 
 
 class BButton;
@@ -32,6 +33,7 @@ public:
 
 private:
 	void _EnableButtons(bool loggedIn);
+	void _ShowStatus(BString text);
 
 	BButton* fConnectBtn;
 	BButton* fDisconnectBtn;

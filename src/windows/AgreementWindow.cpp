@@ -32,6 +32,8 @@ AgreementWindow::AgreementWindow(BRect frame, BLooper* target, const char* text,
 	BStringView* label = new BStringView("label",
 		"Please read and accept the server agreement to continue:");
 	label->SetFont(be_bold_font, B_FONT_ALL);
+	// One that may not be wider than its text would keep the window from being made wider.
+	label->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, B_SIZE_UNSET));
 
 	fTextView->MakeEditable(false);
 	fTextView->MakeSelectable(true);

@@ -133,6 +133,9 @@ OptionsWindow::_InitLayout()
 	header->SetFont(be_bold_font, B_FONT_ALL);
 	BStringView* iconHeader = new BStringView("iconheader", "User Icon", B_WILL_DRAW);
 	iconHeader->SetFont(be_bold_font, B_FONT_ALL);
+	// A label that may not be wider than its text would keep the window from being made wider.
+	for (BStringView* label : {header, iconHeader, fIconLabel})
+		label->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, B_SIZE_UNSET));
 	BButton* cancelButton = new BButton("cancel", "Cancel", new BMessage(B_QUIT_REQUESTED));
 	BButton* saveButton = new BButton("save", "Save", new BMessage(kMsgOptionsSave));
 

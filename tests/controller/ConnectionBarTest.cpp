@@ -59,6 +59,20 @@ TEST_F(ConnectionBarTest, Buttons_HaveTheirLabelsAndMessages)
 }
 
 
+// A server's name is whatever the server has sent.
+TEST_F(ConnectionBarTest, NameOfManyLines_IsShownInOne)
+{
+	const BSize size = fWindow.Find<BStringView>("status")->PreferredSize();
+	for (const char* name : {"Harbor\nof\n\nships\r\n", "\n"}) {
+		fBar.ShowServer(name);
+		EXPECT_EQ(size.height, fWindow.Find<BStringView>("status")->PreferredSize().height);
+	}
+	fBar.ShowLoggedIn("Harbor\nof\n\nships");
+	EXPECT_EQ("-dcufto Connected to Harbor of  ships", _Shown());
+	EXPECT_EQ(size.height, fWindow.Find<BStringView>("status")->PreferredSize().height);
+}
+
+
 TEST_F(ConnectionBarTest, EveryState_HasItsButtonsAndItsText)
 {
 	EXPECT_EQ("c----to Not connected", _Shown());

@@ -72,6 +72,12 @@ TEST_F(MainWindowLayoutTest, Layout_IsTidyAtTwoSizes)
 }
 
 
+TEST_F(MainWindowLayoutTest, Window_MayBeMadeWide)
+{
+	fMain.ExpectMayBeWide();
+}
+
+
 TEST_F(MainWindowLayoutTest, Toolbar_IsInOrderWithOptionsAtTheRight)
 {
 	fMain.Window()->ResizeTo(900, fMain.Window()->Bounds().Height());

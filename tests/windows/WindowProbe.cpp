@@ -214,6 +214,22 @@ WindowProbe::ExpectTidyAtTwoSizes()
 
 
 void
+WindowProbe::ExpectMayBeWide()
+{
+	static const float kWide = 4000;
+	float minWidth = 0;
+	float maxWidth = 0;
+	float minHeight = 0;
+	float maxHeight = 0;
+	ASSERT_TRUE(fWindow->Lock());
+	fWindow->Layout(true);
+	fWindow->GetSizeLimits(&minWidth, &maxWidth, &minHeight, &maxHeight);
+	fWindow->Unlock();
+	EXPECT_GE(maxWidth, kWide);
+}
+
+
+void
 WindowProbe::_ResizeTo(float width, float height)
 {
 	fWindow->ResizeTo(width, height);

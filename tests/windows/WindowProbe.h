@@ -61,6 +61,8 @@ public:
 	// has its place inside of the window, at least its minimal size, and shares no pixel with
 	// another, and the views fill the window.
 	void ExpectTidyAtTwoSizes();
+	// Checks that the user may make it as wide as a screen.
+	void ExpectMayBeWide();
 
 private:
 	void _ResizeTo(float width, float height);

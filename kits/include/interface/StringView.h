@@ -13,7 +13,9 @@
 class StringViewPeer;
 
 
-/*!	Shows one line of text, as it stands. The text is bytes, shown as UTF-8. */
+/*!	Shows a text as it stands, in as many lines as line feeds make of it. The text is bytes, shown as
+	UTF-8. The view grows no wider than its text, unless it has an explicit maximum.
+*/
 class BStringView : public BView {
 public:
 	BStringView(const char* name, const char* text, uint32 flags = B_WILL_DRAW);

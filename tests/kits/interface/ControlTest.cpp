@@ -6,11 +6,13 @@
 
 #include <Bitmap.h>
 #include <Button.h>
+#include <LayoutBuilder.h>
 #include <Message.h>
 #include <StringView.h>
 
 #include "ExpectSoon.h"
 #include "ScriptedWindow.h"
+#include "UserInput.h"
 
 
 static const uint32 kPressed = 'prsd';
@@ -98,7 +100,7 @@ TEST(ButtonTest, LabelAndIcon_TakeRoom_AndNoButtonGrowsBeyondItsSize)
 }
 
 
-TEST(StringViewTest, Text_IsReadAtOnceAndMeasuredAsOneLine_WhichMayBeCut)
+TEST(StringViewTest, Text_IsReadAtOnceAndTheViewsSize_UnlessItMayBeCut)
 {
 	BStringView view("view", "short");
 	EXPECT_STREQ("short", view.Text());
@@ -109,10 +111,9 @@ TEST(StringViewTest, Text_IsReadAtOnceAndMeasuredAsOneLine_WhichMayBeCut)
 	EXPECT_GE(view.PreferredSize().width + 1, view.StringWidth(view.Text()));
 	view.SetText(NULL);
 	EXPECT_STREQ("", view.Text());
-	view.SetText("one\ntwo\r\nthree <br> &amp;");
+	view.SetText("three\r\t <br> &amp;");
 	EXPECT_FLOAT_EQ(before.height, view.PreferredSize().height);
-	EXPECT_FLOAT_EQ(before.height, view.MaxSize().height);
-	EXPECT_FLOAT_EQ(B_SIZE_UNLIMITED, view.MaxSize().width);
+	EXPECT_EQ(view.PreferredSize(), view.MaxSize());
 
 	view.SetText("short");
 	BFont large;
@@ -126,4 +127,33 @@ TEST(StringViewTest, Text_IsReadAtOnceAndMeasuredAsOneLine_WhichMayBeCut)
 	cut.SetTruncation(B_TRUNCATE_END);
 	EXPECT_LT(cut.MinSize().width, 10);
 	EXPECT_STREQ("a text that may be cut", cut.Text());
+}
+
+
+TEST(StringViewTest, LineFeeds_BeginNewLines)
+{
+	BStringView one("one", "the longest line");
+	const BSize size = one.PreferredSize();
+	BStringView three("three", "short\nthe longest line\n");
+	EXPECT_EQ(BSize(size.width, 3 * (size.height + 1) - 1), three.PreferredSize());
+	EXPECT_EQ(three.PreferredSize(), three.MinSize());
+	EXPECT_EQ(three.PreferredSize(), three.MaxSize());
+	three.SetTruncation(B_TRUNCATE_END);
+	EXPECT_EQ(three.PreferredSize().height, three.MinSize().height);
+}
+
+
+TEST(StringViewTest, Lines_AreDrawnBelowOneAnother_EachCutByItself)
+{
+	OwnedWindow window;
+	BStringView* view = new BStringView("view", "a long line\na long line");
+	view->SetTruncation(B_TRUNCATE_END);
+	view->SetExplicitMaxSize(BSize(view->StringWidth("a long"), B_SIZE_UNSET));
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0).Add(view);
+	ShowAndWait(window);
+	ASSERT_SOON(view->Bounds().Height() == view->MinSize().height);
+	const std::string picture = picture_of(view);
+	const std::string first = picture.substr(0, picture.size() / 2);
+	EXPECT_EQ(first, picture.substr(picture.size() / 2));
+	EXPECT_NE(first, std::string(first.size(), first[0]));
 }

@@ -138,9 +138,93 @@ TEST_F(LayoutTest, ViewSmallerThanItsPlace_StandsInItsMiddle)
 {
 	Box* view = new Box;
 	view->SetExplicitMaxSize(BSize(19, 9));
-	BLayoutBuilder::Group<>(fWindow, B_HORIZONTAL, 0).Add(view).Add(new Box);
+	Box* high = new Box;
+	high->SetExplicitMinSize(BSize(B_SIZE_UNSET, 99));
+	BLayoutBuilder::Group<>(fWindow, B_HORIZONTAL, 0).Add(view).Add(high);
 	LayOut(fWindow, 199, 99);
 	EXPECT_EQ(BRect(0, 45, 19, 54), view->Frame());
+}
+
+
+TEST_F(LayoutTest, LabelNarrowerThanItsPlace_StandsAtTheLeft)
+{
+	BStringView* label = new BStringView("label", "label");
+	Box* wide = new Box;
+	wide->SetExplicitMinSize(BSize(299, B_SIZE_UNSET));
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0).Add(label).Add(wide);
+	LayOut(fWindow, 299, 99);
+	EXPECT_FLOAT_EQ(0, label->Frame().left);
+	EXPECT_FLOAT_EQ(label->PreferredSize().width, label->Frame().Width());
+}
+
+
+/*!	\return The largest width that the layout allows, in a window that follows it. */
+static float
+MaxWidth(BWindow* window)
+{
+	float minWidth = 0;
+	float maxWidth = 0;
+	float minHeight = 0;
+	float maxHeight = 0;
+	window->Layout(true);
+	window->GetSizeLimits(&minWidth, &maxWidth, &minHeight, &maxHeight);
+	return maxWidth;
+}
+
+
+TEST_F(LayoutTest, VerticalGroup_GrowsAsFarAsItsNarrowestRow)
+{
+	BStringView* label = new BStringView("label", "a label of some words");
+	BButton* button = new BButton("button", "OK", NULL);
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0)
+		.SetInsets(3, 0, 4, 0)
+		.Add(new Box)
+		.Add(label)
+		.AddGroup(B_HORIZONTAL, 0, 1.0f)
+		.AddGlue(1.0f)
+		.Add(button)
+		.End()
+		.Add(new Box);
+	EXPECT_FLOAT_EQ(label->MaxSize().width + 7, MaxWidth(fWindow));
+
+	label->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, B_SIZE_UNSET));
+	EXPECT_GE(MaxWidth(fWindow), 30000);
+	LayOut(fWindow, 599, 199);
+	EXPECT_EQ(3, label->Frame().left);
+	EXPECT_EQ(595, label->Frame().right);
+}
+
+
+TEST_F(LayoutTest, GroupInAGroup_LimitsTheOuterOne_UnlessItHasGlue)
+{
+	BStringView* first = new BStringView("first", "a label");
+	BStringView* second = new BStringView("second", "another label");
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0)
+		.Add(new Box)
+		.AddGroup(B_HORIZONTAL, 5, 1.0f)
+		.Add(first)
+		.Add(second);
+	EXPECT_FLOAT_EQ(first->MaxSize().width + second->MaxSize().width + 6, MaxWidth(fWindow));
+
+	OwnedWindow window;
+	BLayoutBuilder::Group<>(window, B_VERTICAL, 0)
+		.Add(new Box)
+		.AddGroup(B_HORIZONTAL, 5, 1.0f)
+		.Add(new BStringView("first", "a label"))
+		.AddGlue();
+	EXPECT_GE(MaxWidth(window), 30000);
+}
+
+
+TEST_F(LayoutTest, WhatNeedsMoreThanTheNarrowestRow_GetsIt)
+{
+	Box* wide = new Box;
+	wide->SetExplicitMinSize(BSize(299, B_SIZE_UNSET));
+	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0)
+		.Add(new BStringView("label", "label"))
+		.AddGroup(B_HORIZONTAL, 0)
+		.Add(wide);
+	EXPECT_FLOAT_EQ(299, MaxWidth(fWindow));
 }
 
 

@@ -31,6 +31,15 @@ TextCaret::Set(int32 anchor, int32 position)
 }
 
 
+void
+TextCaret::Unselect()
+{
+	fAnchor = Start();
+	fPosition = fAnchor;
+	fColumn = -1;
+}
+
+
 /*!	What is selected is left to the side that the step goes to; up and down where nothing follows
 	leave all as it is.
 */

@@ -50,6 +50,8 @@ public:
 
 	// Both are cut to the text, and go to the front of a character that they are inside of.
 	void Set(int32 anchor, int32 position);
+	// To the start of what was selected, in no time however long the line is.
+	void Unselect();
 	// With the selection or, when it is not to be extended, without it. A page has some rows.
 	void Go(Step step, bool extends, int32 rowsPerPage);
 

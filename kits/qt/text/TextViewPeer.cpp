@@ -17,6 +17,9 @@
 // In bytes. Positions are counted in an int, and sums of them are.
 static const int32 kMaxText = std::numeric_limits<int32>::max() / 2;
 
+// In bytes. What comes behind those of a character may become part of it.
+static const int32 kLongestCharacter = 4;
+
 // In pixels, without a frame.
 static const int kMinWidth = 80;
 static const int kMinLines = 3;
@@ -28,7 +31,8 @@ TextViewPeer::TextViewPeer()
 	  fStyle{BFont(be_plain_font), ui_color(B_DOCUMENT_TEXT_COLOR)},
 	  fStyleNumber(_NumberOf(fStyle)),
 	  fIsStyleUnused(false),
-	  fScrollsToEnd(false)
+	  fScrollsToEnd(false),
+	  fSides{{0, 0}, {0, 0}}
 {
 }
 
@@ -74,7 +78,7 @@ TextViewPeer::TextLength()
 void
 TextViewPeer::Select(int32 start, int32 end)
 {
-	fText->SelectForClient(fText->Text().PositionAt(start), fText->Text().PositionAt(end));
+	fText->SelectForClient(_PositionAt(start), _PositionAt(end));
 	ScheduleFlush();
 }
 
@@ -82,8 +86,8 @@ TextViewPeer::Select(int32 start, int32 end)
 void
 TextViewPeer::GetSelection(int32* _start, int32* _end)
 {
-	*_start = fText->Text().OffsetAt(fText->Caret().Start());
-	*_end = fText->Text().OffsetAt(fText->Caret().End());
+	*_start = _OffsetAt(fText->Caret().Start());
+	*_end = _OffsetAt(fText->Caret().End());
 }
 
 
@@ -221,6 +225,10 @@ TextViewPeer::_Replace(int32 offset, int32 removed, const char* text, int32 leng
 	fText->Replace(offset, removed, text, length, _StyleOfInsertion(offset));
 	if (length > 0)
 		fIsStyleUnused = false;
+	for (Place& side : fSides) {
+		if (side.offset + kLongestCharacter > offset)
+			side = {0, 0};
+	}
 	ScheduleFlush();
 }
 
@@ -234,6 +242,30 @@ TextViewPeer::_StyleOfInsertion(int32 offset) const
 	if (fIsStyleUnused || runs.CountBytes() == 0)
 		return fStyleNumber;
 	return runs[runs.RunAt(std::max<int32>(offset - 1, 0))].style;
+}
+
+
+int32
+TextViewPeer::_OffsetAt(int32 position)
+{
+	for (const Place& side : fSides) {
+		if (side.position == position)
+			return side.offset;
+	}
+	fSides[1] = fSides[0];
+	fSides[0] = {position, fText->Text().OffsetAt(position)};
+	return fSides[0].offset;
+}
+
+
+int32
+TextViewPeer::_PositionAt(int32 offset) const
+{
+	for (const Place& side : fSides) {
+		if (side.offset == offset)
+			return side.position;
+	}
+	return fText->Text().PositionAt(offset);
 }
 
 

@@ -55,6 +55,8 @@ protected:
 private:
 	void _Replace(int32 offset, int32 removed, const char* text, int32 length);
 	int32 _StyleOfInsertion(int32 offset) const;
+	int32 _OffsetAt(int32 position);
+	int32 _PositionAt(int32 offset) const;
 	int32 _NumberOf(const TextStyle& style);
 	QTextCharFormat _FormatOf(const TextStyle& style);
 
@@ -66,6 +68,13 @@ private:
 	int32 fStyleNumber;
 	bool fIsStyleUnused;
 	bool fScrollsToEnd;
+	// The sides of what was selected when somebody asked for that: finding them in a long line takes
+	// its time, and whoever appends asks each time.
+	struct Place {
+		int32 position;
+		int32 offset;
+	};
+	Place fSides[2];
 };
 
 

@@ -161,12 +161,14 @@ TextWidget::SelectForClient(int32 start, int32 end)
 		return;
 	}
 
-	const TextCaret before = fCaret;
+	if (fCaret.HasSelection() && start == fCaret.Start() && end == start) {
+		fUnselected = fCaret;
+		fCaret.Unselect();
+		return;
+	}
+
 	fCaret.Set(start, end);
-	if (before.HasSelection() && !fCaret.HasSelection())
-		fUnselected = before;
-	else
-		_CaretMoved();
+	_CaretMoved();
 }
 
 

@@ -79,6 +79,40 @@ class WindowsTest(ServedCase):
                 wait_until(lambda: window.frame()[2:] == smallest,
                     lambda: "size %s, not %s" % (smallest, window.frame()))
 
+    def test_a_half_typed_line_waits_for_return(self):
+        connection = self.log_in()
+        chat = self.client.bring_to_front(self.client.chat_window())
+        self.client.place(chat, 60, 200)
+        entry, transcript = self.client.entry(), self.client.transcript()
+
+        def wait_for_focus(has):
+            wait_until(lambda: entry.has("focused") == has, "the entry to %s the focus" % ("have" if has else "lose"))
+
+        def type_and_leave(text, leave, rest):
+            self.client.click(entry, chat)
+            wait_for_focus(True)
+            self.desktop.type(text)
+            self.assert_soon(entry.text, text)
+            leave()
+            wait_for_focus(False)
+            self.client.click(entry, chat)
+            wait_for_focus(True)
+            self.desktop.key("End")
+            self.desktop.type(rest)
+            self.assert_soon(entry.text, text + rest)
+            self.desktop.key("Return")
+            self.assertEqual(connection.read_until(wire.CHAT_SEND).fields[wire.DATA], (text + rest).encode())
+            self.assert_soon(entry.text, "")
+
+        def by_way_of_another_window():
+            self.client.bring_to_front(self.client.main_window())
+            transcript.click()
+
+        for text, leave, rest in (("click", lambda: self.client.click(transcript, chat), "ed"),
+                ("tab", lambda: self.desktop.key("Tab"), ""), ("window", by_way_of_another_window, "s")):
+            with self.subTest(text):
+                type_and_leave(text, leave, rest)
+
 
 class DialogTest(ServedCase):
     def focused(self, node):

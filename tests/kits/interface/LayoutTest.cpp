@@ -225,6 +225,18 @@ TEST_F(LayoutTest, WhatNeedsMoreThanTheNarrowestRow_GetsIt)
 		.AddGroup(B_HORIZONTAL, 0)
 		.Add(wide);
 	EXPECT_FLOAT_EQ(299, MaxWidth(fWindow));
+
+	OwnedWindow window;
+	Box* narrow = new Box;
+	narrow->SetExplicitMaxSize(BSize(99, B_SIZE_UNSET));
+	wide = new Box;
+	wide->SetExplicitMinSize(BSize(299, B_SIZE_UNSET));
+	BLayoutBuilder::Group<>(window, B_HORIZONTAL, 0)
+		.Add(narrow)
+		.AddGroup(B_VERTICAL, 0)
+		.Add(new BStringView("label", "label"))
+		.Add(wide);
+	EXPECT_FLOAT_EQ(399, MaxWidth(window));
 }
 
 

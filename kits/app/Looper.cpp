@@ -9,6 +9,7 @@
 
 #include <LooperPrivate.h>
 #include <LooperRegistry.h>
+#include <StrictChecks.h>
 
 
 /*!	The looper is locked until it runs. \a portCapacity is not needed here. */
@@ -54,6 +55,7 @@ BLooper::PostMessage(uint32 command)
 status_t
 BLooper::PostMessage(BMessage* message)
 {
+	CHECK_EXISTS(this);
 	if (message == NULL)
 		return B_BAD_VALUE;
 
@@ -61,7 +63,9 @@ BLooper::PostMessage(BMessage* message)
 	if (record == NULL)
 		return B_BAD_PORT_ID;
 
-	return record->Post(message, record->Token());
+	const status_t status = record->Post(message, record->Token());
+	MainServer::Shake();
+	return status;
 }
 
 
@@ -92,6 +96,7 @@ BLooper::MessageReceived(BMessage* message)
 void
 BLooper::AddHandler(BHandler* handler)
 {
+	CHECK_LOCKED(this);
 	if (handler == NULL || handler->Looper() != NULL)
 		return;
 
@@ -107,6 +112,7 @@ BLooper::AddHandler(BHandler* handler)
 bool
 BLooper::RemoveHandler(BHandler* handler)
 {
+	CHECK_LOCKED(this);
 	if (handler == NULL || handler == this || handler->Looper() != this)
 		return false;
 
@@ -123,6 +129,7 @@ BLooper::RemoveHandler(BHandler* handler)
 thread_id
 BLooper::Run()
 {
+	CHECK_LOCKED(this);
 	LooperRecordRef record = LooperRegistry::Default()->Find(this);
 	if (record->IsStarted())
 		return record->Thread();
@@ -150,6 +157,7 @@ BLooper::Run()
 void
 BLooper::Quit()
 {
+	CHECK_LOCKED(this);
 	LooperRecordRef record = LooperRegistry::Default()->Find(this);
 	if (record == NULL || !record->IsLocked() || !record->BeginDestruction())
 		return;
@@ -180,7 +188,10 @@ bool
 BLooper::Lock()
 {
 	LooperRecordRef record = LooperRegistry::Default()->Find(this);
-	return record != NULL && record->Lock();
+	if (record == NULL)
+		return false;
+	MainServer::Shake();
+	return record->Lock();
 }
 
 

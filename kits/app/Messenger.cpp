@@ -6,6 +6,7 @@
 
 #include <Looper.h>
 #include <LooperRegistry.h>
+#include <MainServer.h>
 
 
 BMessenger::BMessenger()
@@ -94,5 +95,7 @@ BMessenger::SendMessage(BMessage* message, BHandler* /*replyTo*/, bigtime_t /*ti
 	if (fHandlerToken != 0 && registry->HandlerByToken(fHandlerToken) == NULL)
 		return B_BAD_HANDLER;
 
-	return record->Post(message, fHandlerToken);
+	const status_t status = record->Post(message, fHandlerToken);
+	MainServer::Shake();
+	return status;
 }

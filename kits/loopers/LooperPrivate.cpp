@@ -58,6 +58,19 @@ LooperPrivate::IsDying(const BLooper* looper)
 }
 
 
+/*!	Deletes a looper of the main thread, which is dying, as its own thread would: it is locked in its
+	destructors.
+*/
+void
+LooperPrivate::Delete(BLooper* looper)
+{
+	LooperRecordRef record = LooperRegistry::Default()->Find(looper);
+	record->BeginActing();
+	delete looper;
+	record->EndActing();
+}
+
+
 /*!	The life of a plain looper's thread. It owns \a data, a reference to the looper's record. */
 status_t
 LooperPrivate::_Loop(void* data)

@@ -21,6 +21,7 @@ public:
 
 	static void BeginDestruction(BLooper* looper);
 	static bool IsDying(const BLooper* looper);
+	static void Delete(BLooper* looper);
 
 	// Whether the handler's filters let a message through to it.
 	static bool PassesFilters(BMessage* message, BHandler* handler);

@@ -4,8 +4,10 @@
  */
 #include <LooperRecord.h>
 
+#include <algorithm>
 #include <new>
 
+#include <LockHolder.h>
 #include <LooperPrivate.h>
 #include <ThreadPrivate.h>
 #include <TickTable.h>
@@ -155,10 +157,13 @@ bool
 LooperRecord::Lock()
 {
 	std::unique_lock<std::mutex> locker(fMutex);
-	if (fIsMainServed)
-		return is_main_thread() && !fIsDying;
+	if (!fIsMainServed)
+		return _TakeLock(locker, false);
+	if (!is_main_thread() || fIsDying)
+		return false;
 
-	return _TakeLock(locker, false);
+	_AddHolder(LockHolder::Current());
+	return true;
 }
 
 
@@ -174,11 +179,18 @@ LooperRecord::LockToDestroy()
 void
 LooperRecord::Unlock()
 {
-	std::lock_guard<std::mutex> locker(fMutex);
-	if (fIsMainServed || fOwner != find_thread(NULL) || --fLockCount > 0)
-		return;
-
-	_ReleaseLock();
+	bool needsTurn;
+	{
+		std::lock_guard<std::mutex> locker(fMutex);
+		if (!fIsMainServed) {
+			if (fOwner == find_thread(NULL) && --fLockCount == 0)
+				_ReleaseLock();
+			return;
+		}
+		needsTurn = _RemoveHolder(LockHolder::Current()) && _NeedsTurn();
+	}
+	if (needsTurn)
+		MainServer::Default()->_AddToLine(shared_from_this());
 }
 
 
@@ -195,10 +207,15 @@ bool
 LooperRecord::IsLocked() const
 {
 	std::lock_guard<std::mutex> locker(fMutex);
-	if (fIsMainServed)
-		return is_main_thread();
+	if (!fIsMainServed)
+		return fOwner == find_thread(NULL);
+	if (!is_main_thread())
+		return false;
 
-	return fOwner == find_thread(NULL);
+	const thread_id self = LockHolder::Current();
+	return std::any_of(fHolders.begin(), fHolders.end(), [self](const Holder& holder) {
+		return holder.id == self;
+	});
 }
 
 
@@ -208,6 +225,7 @@ LooperRecord::ServeByMainThread()
 	std::lock_guard<std::mutex> locker(fMutex);
 	fIsMainServed = true;
 	_ReleaseLock();
+	_AddHolder(LockHolder::Current());
 }
 
 
@@ -219,7 +237,9 @@ LooperRecord::IsMainServed() const
 }
 
 
-/*!	From here on messages are delivered. False when the looper was started before. */
+/*!	From here on messages are delivered, and the lock that whoever made the looper has had on it is
+	given back. False when the looper was started before.
+*/
 bool
 LooperRecord::Start(thread_id thread)
 {
@@ -230,6 +250,8 @@ LooperRecord::Start(thread_id thread)
 			return false;
 		fIsStarted = true;
 		fThread = thread;
+		if (fIsMainServed)
+			_RemoveHolder(LockHolder::Current());
 		needsTurn = _NeedsTurn();
 	}
 	if (needsTurn)
@@ -270,6 +292,19 @@ LooperRecord::Enter()
 }
 
 
+/*!	Enter() for a message, which waits while another one has the looper locked. */
+bool
+LooperRecord::EnterForMessage()
+{
+	{
+		std::lock_guard<std::mutex> locker(fMutex);
+		if (_IsHeldByAnother())
+			return false;
+	}
+	return Enter();
+}
+
+
 /*!	Ends Enter(). What arrived meanwhile is served in a later turn. */
 void
 LooperRecord::Leave()
@@ -282,6 +317,27 @@ LooperRecord::Leave()
 	}
 	if (needsTurn)
 		MainServer::Default()->_AddToLine(shared_from_this());
+}
+
+
+/*!	From here on the main thread does what on Haiku the looper's own thread would do, which has it
+	locked.
+*/
+void
+LooperRecord::BeginActing()
+{
+	LockHolder::Push(fToken);
+	std::lock_guard<std::mutex> locker(fMutex);
+	_AddHolder(LockHolder::IdOf(fToken));
+}
+
+
+void
+LooperRecord::EndActing()
+{
+	LockHolder::Pop();
+	std::lock_guard<std::mutex> locker(fMutex);
+	_RemoveHolder(LockHolder::IdOf(fToken));
 }
 
 
@@ -363,7 +419,8 @@ LooperRecord::_MayWait() const
 bool
 LooperRecord::_NeedsTurn() const
 {
-	return fIsMainServed && fIsStarted && !fIsDying && fQueue.CountMessages() > 0;
+	return fIsMainServed && fIsStarted && !fIsDying && fQueue.CountMessages() > 0
+		&& !_IsHeldByAnother();
 }
 
 
@@ -401,4 +458,45 @@ LooperRecord::_ReleaseLock()
 	fOwner = fWaitingLockers > 0 ? kWhoWaits : kNobody;
 	fLockCount = 0;
 	fUnlocked.notify_all();
+}
+
+
+void
+LooperRecord::_AddHolder(thread_id holder)
+{
+	for (Holder& other : fHolders) {
+		if (other.id == holder) {
+			other.count++;
+			return;
+		}
+	}
+	fHolders.push_back({holder, 1});
+}
+
+
+/*!	
+eturn Whether the holder has let go of it altogether. */
+bool
+LooperRecord::_RemoveHolder(thread_id holder)
+{
+	for (auto found = fHolders.begin(); found != fHolders.end(); ++found) {
+		if (found->id != holder)
+			continue;
+		if (--found->count > 0)
+			return false;
+		fHolders.erase(found);
+		return true;
+	}
+	return false;
+}
+
+
+/*!	Whether the looper's own messages have to wait. */
+bool
+LooperRecord::_IsHeldByAnother() const
+{
+	const thread_id self = LockHolder::IdOf(fToken);
+	return std::any_of(fHolders.begin(), fHolders.end(), [self](const Holder& holder) {
+		return holder.id != self;
+	});
 }

@@ -9,6 +9,7 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <vector>
 
 #include <MessageQueue.h>
 #include <OS.h>
@@ -57,7 +58,10 @@ public:
 	thread_id Thread() const;
 
 	bool Enter();
+	bool EnterForMessage();
 	void Leave();
+	void BeginActing();
+	void EndActing();
 
 	bool BeginDestruction();
 	void EndDestruction();
@@ -72,6 +76,9 @@ private:
 	bool _NeedsTurn() const;
 	bool _TakeLock(std::unique_lock<std::mutex>& locker, bool evenIfDying);
 	void _ReleaseLock();
+	void _AddHolder(thread_id holder);
+	bool _RemoveHolder(thread_id holder);
+	bool _IsHeldByAnother() const;
 
 	const int32 fToken;
 	// The server's, under its lock: whether it stands in the line of those that are ready.
@@ -93,6 +100,14 @@ private:
 	thread_id fOwner;
 	int32 fLockCount;
 	int32 fWaitingLockers;
+
+	// Who has a looper of the main thread locked, and how often: see LockHolder. As none of them can
+	// wait for another one below it on the stack there may be several.
+	struct Holder {
+		thread_id id;
+		int32 count;
+	};
+	std::vector<Holder> fHolders;
 
 	thread_id fThread;
 	bool fIsMainServed;

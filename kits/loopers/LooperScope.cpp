@@ -5,20 +5,23 @@
 #include <LooperScope.h>
 
 #include <LooperRegistry.h>
-#include <MainServer.h>
 
 
 LooperScope::LooperScope(BLooper* looper)
 	: fRecord(LooperRegistry::Default()->Find(looper)),
 	  fIsEntered(fRecord != NULL && fRecord->Enter()),
-	  fMightServe(MainServer::Default()->_BeginHandler())
+	  fBefore(MainServer::Default()->_BeginHandler(false))
 {
+	if (fRecord != NULL)
+		fRecord->BeginActing();
 }
 
 
 LooperScope::~LooperScope()
 {
+	if (fRecord != NULL)
+		fRecord->EndActing();
 	if (fIsEntered)
 		fRecord->Leave();
-	MainServer::Default()->_EndHandler(fMightServe);
+	MainServer::Default()->_EndHandler(fBefore);
 }

@@ -7,6 +7,7 @@
 
 
 #include <LooperRecord.h>
+#include <MainServer.h>
 
 
 class BLooper;
@@ -30,7 +31,7 @@ public:
 private:
 	LooperRecordRef fRecord;
 	bool fIsEntered;
-	bool fMightServe;
+	MainServer::State fBefore;
 };
 
 

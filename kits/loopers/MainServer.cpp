@@ -9,11 +9,15 @@
 
 #include <LooperPrivate.h>
 #include <LooperRegistry.h>
+#include <Shaker.h>
 #include <ThreadPrivate.h>
 
 
 // In microseconds. Long enough to get through a burst, short enough that a click is never late.
 static const bigtime_t kSlice = 4000;
+
+// How deep in one another the handlers of those may be that come in between.
+static const int kMaxShakes = 4;
 
 
 static void
@@ -24,8 +28,9 @@ wake_server()
 
 MainServer::MainServer()
 	: fWakeDescriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
-	  fMayServe(true),
+	  fState{true, false},
 	  fEndsSlice(false),
+	  fShakes(0),
 	  fWaitHook(NULL),
 	  fIsSignalled(false),
 	  fApplicationToken(0),
@@ -51,7 +56,7 @@ MainServer::Default()
 bool
 MainServer::ServeTurn()
 {
-	if (!fMayServe) {
+	if (!fState.mayServe) {
 		// The handler's end looks at the line again. Until then an event loop inside of it must not
 		// spin.
 		std::lock_guard<std::mutex> locker(fMutex);
@@ -113,6 +118,15 @@ MainServer::SetWaitHook(void (*hook)(bool (*done)(void*), void* cookie))
 }
 
 
+/*!	Where another thread may come in between on Haiku: when a handler locks, posts or waits. */
+void
+MainServer::Shake()
+{
+	if (Shaker::IsOn() && is_main_thread())
+		Default()->_ServeSome();
+}
+
+
 /*!	Names the looper that gets no message while any other one of the main thread is being destroyed.
 */
 void
@@ -156,6 +170,24 @@ MainServer::GetWindows(std::vector<BLooper*>& _windows) const
 }
 
 
+/*!	Those who might run just now if they had threads. */
+void
+MainServer::_ServeSome()
+{
+	if (!fState.isInMessage || fShakes == kMaxShakes || Shaker::Choose(3) > 0)
+		return;
+
+	fShakes++;
+	for (size_t count = Shaker::Choose(4); count > 0; count--) {
+		const LooperRecordRef record = _NextInLine();
+		if (record == NULL)
+			break;
+		_ServeSlice(record);
+	}
+	fShakes--;
+}
+
+
 /*!	The looper has messages that the main thread has to deliver. For any thread. */
 void
 MainServer::_AddToLine(const LooperRecordRef& record)
@@ -180,8 +212,9 @@ MainServer::_NextInLine()
 {
 	std::lock_guard<std::mutex> locker(fMutex);
 	while (!fLine.empty()) {
-		LooperRecordRef record = std::move(fLine.front());
-		fLine.pop_front();
+		const auto next = fLine.begin() + static_cast<ptrdiff_t>(Shaker::Choose(fLine.size()));
+		LooperRecordRef record = std::move(*next);
+		fLine.erase(next);
 		record->fIsInLine = false;
 		if (record->Token() != fApplicationToken || fDyingCount == 0)
 			return record;
@@ -195,20 +228,22 @@ MainServer::_NextInLine()
 void
 MainServer::_ServeSlice(const LooperRecordRef& record)
 {
-	// One that is inside of a handler stands in line again when it leaves it.
-	if (!record->Enter())
+	// One that is inside of a handler, or locked, stands in line again when that ends.
+	if (!record->EnterForMessage())
 		return;
 
-	bool mightServe = _BeginHandler();
-	bigtime_t end = system_time() + kSlice;
+	record->BeginActing();
+	const State before = _BeginHandler(true);
+	const bigtime_t end = system_time() + kSlice;
 	for (int32 count = record->CountMessages(); count > 0; count--) {
-		fEndsSlice = false;
+		fEndsSlice = Shaker::IsOn();
 		LooperPrivate::_DeliverNext(record);
 		if (record->IsDying() || fEndsSlice || system_time() >= end)
 			break;
 	}
+	record->EndActing();
 	record->Leave();
-	_EndHandler(mightServe);
+	_EndHandler(before);
 }
 
 
@@ -224,24 +259,26 @@ MainServer::_EndSlice()
 }
 
 
-/*!	Nothing is served until _EndHandler() gets what this returns. */
-bool
-MainServer::_BeginHandler()
+/*!	Nothing is served until _EndHandler() gets what this returns.
+	\param isMessage Whether it is a message that is handled, and not an event of the toolkit.
+*/
+MainServer::State
+MainServer::_BeginHandler(bool isMessage)
 {
-	bool mightServe = fMayServe;
-	fMayServe = false;
-	return mightServe;
+	const State before = fState;
+	fState = {false, isMessage};
+	return before;
 }
 
 
 void
-MainServer::_EndHandler(bool mightServe)
+MainServer::_EndHandler(State before)
 {
-	fMayServe = mightServe;
+	fState = before;
 	bool needsSignal;
 	{
 		std::lock_guard<std::mutex> locker(fMutex);
-		needsSignal = fMayServe && !fLine.empty() && _NeedsSignal();
+		needsSignal = fState.mayServe && !fLine.empty() && _NeedsSignal();
 	}
 	if (needsSignal)
 		_Signal();
@@ -316,15 +353,16 @@ void
 MainServer::_WaitFor(bool (*done)(void*), void* cookie)
 {
 	MainServer* server = Default();
-	bool mightServe = server->fMayServe;
-	server->_EndHandler(true);
+	server->Shake();
+	const State before = server->fState;
+	server->_EndHandler({true, false});
 
 	if (server->fWaitHook != NULL)
 		server->fWaitHook(done, cookie);
 	else
 		_Poll(done, cookie);
 
-	server->fMayServe = mightServe;
+	server->fState = before;
 }
 
 

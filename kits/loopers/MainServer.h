@@ -29,6 +29,9 @@ public:
 
 	void SetWaitHook(void (*hook)(bool (*done)(void*), void* cookie));
 
+	// For any thread. Serves others in a handler, now and then, while a Shaker is on.
+	static void Shake();
+
 	void SetApplication(BLooper* application);
 	int32 CountDying() const;
 	void GetWindows(std::vector<BLooper*>& _windows) const;
@@ -37,6 +40,12 @@ private:
 	friend class LooperRecord;
 	friend class LooperScope;
 
+	struct State {
+		bool mayServe;
+		// A handler gets a message, and no event of the toolkit is below it.
+		bool isInMessage;
+	};
+
 	MainServer();
 	~MainServer() = delete;
 
@@ -44,8 +53,9 @@ private:
 	LooperRecordRef _NextInLine();
 	void _ServeSlice(const LooperRecordRef& record);
 	void _EndSlice();
-	bool _BeginHandler();
-	void _EndHandler(bool mightServe);
+	State _BeginHandler(bool isMessage);
+	void _EndHandler(State before);
+	void _ServeSome();
 
 	void _AddDying(const LooperRecord* record);
 	void _RemoveDying(const LooperRecord* record);
@@ -60,8 +70,9 @@ private:
 	const int fWakeDescriptor;
 
 	// The main thread's own.
-	bool fMayServe;
+	State fState;
 	bool fEndsSlice;
+	int fShakes;
 	void (*fWaitHook)(bool (*done)(void*), void* cookie);
 
 	// For any thread, under the lock.

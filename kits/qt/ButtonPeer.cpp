@@ -14,6 +14,7 @@
 
 #include <BitmapPeer.h>
 #include <Button.h>
+#include <ClientScope.h>
 #include <TextConversion.h>
 
 
@@ -69,6 +70,8 @@ ButtonPeer::ButtonPeer()
 	  fButton(static_cast<QPushButton*>(Widget()))
 {
 	QObject::connect(fButton, &QPushButton::clicked, [this] {
+		// What is posted waits while the window is inside of a handler.
+		const ClientScope scope(_Button()->Window());
 		if (_Button()->IsEnabled())
 			_Button()->Invoke();
 	});

@@ -43,7 +43,7 @@ WindowLife::Quit()
 	else if (is_inside_toolkit_loop())
 		sWaiting.push_back(fWindow);
 	else
-		delete fWindow;
+		LooperPrivate::Delete(fWindow);
 }
 
 
@@ -56,7 +56,7 @@ WindowLife::LeaveHandler()
 	if (is_inside_toolkit_loop())
 		sWaiting.push_back(fWindow);
 	else
-		delete fWindow;
+		LooperPrivate::Delete(fWindow);
 }
 
 
@@ -84,7 +84,7 @@ WindowLife::DeleteWaiting()
 	while (!sWaiting.empty()) {
 		BWindow* window = sWaiting.back();
 		sWaiting.pop_back();
-		delete window;
+		LooperPrivate::Delete(window);
 	}
 }
 

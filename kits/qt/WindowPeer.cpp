@@ -16,6 +16,7 @@
 
 #include <Application.h>
 #include <Button.h>
+#include <ClientScope.h>
 #include <GeometryConversion.h>
 #include <LooperPrivate.h>
 #include <MainServer.h>
@@ -299,8 +300,10 @@ WindowPeer::KeyPressed(const QKeyEvent& event)
 			if (!isPlain || fDefaultButton == NULL)
 				return false;
 			// Who keeps the key down means one press.
-			if (!event.isAutoRepeat() && fDefaultButton->IsEnabled())
+			if (!event.isAutoRepeat() && fDefaultButton->IsEnabled()) {
+				const ClientScope scope(fWindow);
 				fDefaultButton->Invoke();
+			}
 			return true;
 
 		case Qt::Key_Escape:

@@ -243,7 +243,10 @@ LineEditPeer::BeginAnew()
 void
 LineEditPeer::FollowFocus()
 {
-	const bool isFocus = View() != NULL && View()->IsFocus();
+	if (View() == NULL)
+		return;
+	const ClientScope scope(View()->Window());
+	const bool isFocus = View()->IsFocus();
 	if (isFocus == fIsFocus)
 		return;
 	fIsFocus = isFocus;

@@ -6,6 +6,7 @@
 
 #include <Bitmap.h>
 #include <ButtonPeer.h>
+#include <StrictChecks.h>
 #include <Window.h>
 
 
@@ -31,6 +32,7 @@ BButton::AttachedToWindow()
 status_t
 BButton::SetIcon(const BBitmap* icon, uint32 /*flags*/)
 {
+	CHECK_LOCKED(Looper());
 	if (icon != NULL && !icon->IsValid())
 		return B_BAD_VALUE;
 	fButtonPeer->SetIcon(icon);
@@ -43,6 +45,7 @@ BButton::SetIcon(const BBitmap* icon, uint32 /*flags*/)
 void
 BButton::MakeDefault(bool flag)
 {
+	CHECK_LOCKED(Looper());
 	if (flag == IsDefault())
 		return;
 
@@ -59,5 +62,6 @@ BButton::MakeDefault(bool flag)
 bool
 BButton::IsDefault() const
 {
+	CHECK_LOCKED(Looper());
 	return fButtonPeer->IsDefault();
 }

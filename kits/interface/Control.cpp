@@ -5,6 +5,7 @@
 #include <Control.h>
 
 #include <OS.h>
+#include <StrictChecks.h>
 #include <ViewPeer.h>
 #include <Window.h>
 
@@ -34,6 +35,7 @@ BControl::AttachedToWindow()
 void
 BControl::SetEnabled(bool enabled)
 {
+	CHECK_LOCKED(Looper());
 	fEnabled = enabled;
 	ViewPeer::Of(this)->ScheduleFlush();
 }
@@ -45,6 +47,7 @@ BControl::SetEnabled(bool enabled)
 status_t
 BControl::Invoke(BMessage* message)
 {
+	CHECK_LOCKED(Looper());
 	if (message == NULL)
 		message = Message();
 	if (message == NULL)

@@ -10,6 +10,7 @@
 #include <ListViewPeer.h>
 #include <Message.h>
 #include <OS.h>
+#include <StrictChecks.h>
 #include <Window.h>
 
 
@@ -34,6 +35,7 @@ BListView::~BListView()
 bool
 BListView::AddItem(BListItem* item)
 {
+	CHECK_LOCKED(Looper());
 	if (item == NULL)
 		return false;
 	fListPeer->Add(item);
@@ -45,6 +47,7 @@ BListView::AddItem(BListItem* item)
 BListItem*
 BListView::RemoveItem(int32 index)
 {
+	CHECK_LOCKED(Looper());
 	BListItem* item = ItemAt(index);
 	if (item == NULL)
 		return NULL;
@@ -59,6 +62,7 @@ BListView::RemoveItem(int32 index)
 BListItem*
 BListView::ItemAt(int32 index) const
 {
+	CHECK_LOCKED(Looper());
 	return index >= 0 && index < CountItems() ? fListPeer->Items()[index] : NULL;
 }
 
@@ -67,6 +71,7 @@ BListView::ItemAt(int32 index) const
 int32
 BListView::IndexOf(BPoint point) const
 {
+	CHECK_LOCKED(Looper());
 	return fListPeer->IndexAt(point_to_toolkit(point).toPoint());
 }
 
@@ -74,6 +79,7 @@ BListView::IndexOf(BPoint point) const
 int32
 BListView::CountItems() const
 {
+	CHECK_LOCKED(Looper());
 	return static_cast<int32>(fListPeer->Items().size());
 }
 
@@ -82,6 +88,7 @@ BListView::CountItems() const
 const BListItem**
 BListView::Items() const
 {
+	CHECK_LOCKED(Looper());
 	return const_cast<const BListItem**>(fListPeer->Items().data());
 }
 
@@ -92,6 +99,7 @@ BListView::Items() const
 void
 BListView::SortItems(int (*compare)(const void* itemPointerA, const void* itemPointerB))
 {
+	CHECK_LOCKED(Looper());
 	fListPeer->Sort(compare);
 }
 
@@ -100,6 +108,7 @@ BListView::SortItems(int (*compare)(const void* itemPointerA, const void* itemPo
 void
 BListView::InvalidateItem(int32 index)
 {
+	CHECK_LOCKED(Looper());
 	if (ItemAt(index) != NULL)
 		fListPeer->Invalidate(index);
 }
@@ -109,6 +118,7 @@ BListView::InvalidateItem(int32 index)
 BRect
 BListView::ItemFrame(int32 index)
 {
+	CHECK_LOCKED(Looper());
 	return ItemAt(index) != NULL ? rect_from_toolkit(fListPeer->FrameOf(index)) : BRect();
 }
 
@@ -116,6 +126,7 @@ BListView::ItemFrame(int32 index)
 void
 BListView::ScrollToSelection()
 {
+	CHECK_LOCKED(Looper());
 	const int32 index = CurrentSelection();
 	if (index >= 0)
 		fListPeer->ScrollTo(index);
@@ -128,6 +139,7 @@ BListView::ScrollToSelection()
 list_view_type
 BListView::ListType() const
 {
+	CHECK_LOCKED(Looper());
 	return fListPeer->Type();
 }
 
@@ -136,6 +148,7 @@ BListView::ListType() const
 void
 BListView::Select(int32 index, bool extend)
 {
+	CHECK_LOCKED(Looper());
 	if (ItemAt(index) != NULL && fListPeer->Select(index, extend))
 		_SelectionChanged();
 }
@@ -147,6 +160,7 @@ BListView::Select(int32 index, bool extend)
 int32
 BListView::CurrentSelection(int32 index) const
 {
+	CHECK_LOCKED(Looper());
 	const std::vector<int32> selection = fListPeer->Selection();
 	const int32 count = static_cast<int32>(selection.size());
 	return index >= 0 && index < count ? selection[index] : -1;
@@ -156,6 +170,7 @@ BListView::CurrentSelection(int32 index) const
 void
 BListView::DeselectAll()
 {
+	CHECK_LOCKED(Looper());
 	if (CountItems() > 0 && fListPeer->Deselect(0, CountItems() - 1))
 		_SelectionChanged();
 }
@@ -168,6 +183,7 @@ BListView::DeselectAll()
 void
 BListView::SetSelectionMessage(BMessage* message)
 {
+	CHECK_LOCKED(Looper());
 	if (message == fSelectionMessage)
 		return;
 	delete fSelectionMessage;
@@ -179,6 +195,7 @@ BListView::SetSelectionMessage(BMessage* message)
 void
 BListView::SetInvocationMessage(BMessage* message)
 {
+	CHECK_LOCKED(Looper());
 	SetMessage(message);
 }
 
@@ -187,6 +204,7 @@ BListView::SetInvocationMessage(BMessage* message)
 status_t
 BListView::Invoke(BMessage* message)
 {
+	CHECK_LOCKED(Looper());
 	if (message == NULL)
 		message = Message();
 	return message != NULL ? _Send(*message) : B_BAD_VALUE;

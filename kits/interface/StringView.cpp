@@ -4,6 +4,7 @@
  */
 #include <StringView.h>
 
+#include <StrictChecks.h>
 #include <StringViewPeer.h>
 
 
@@ -22,6 +23,7 @@ BStringView::BStringView(const char* name, const char* text, uint32 flags)
 void
 BStringView::SetText(const char* text)
 {
+	CHECK_LOCKED(Looper());
 	if (fText == text)
 		return;
 	fText = text;
@@ -35,5 +37,6 @@ BStringView::SetText(const char* text)
 void
 BStringView::SetTruncation(uint32 truncationMode)
 {
+	CHECK_LOCKED(Looper());
 	fStringPeer->SetTruncation(truncationMode);
 }

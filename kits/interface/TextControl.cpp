@@ -6,6 +6,7 @@
 
 
 #include <LineEditPeer.h>
+#include <StrictChecks.h>
 #include <TextControlPeer.h>
 #include <TextView.h>
 
@@ -41,6 +42,7 @@ BTextControl::BTextControl(TextControlPeer* peer, const char* name, const char* 
 void
 BTextControl::SetText(const char* text)
 {
+	CHECK_LOCKED(Looper());
 	fTextView->SetText(text);
 	fFieldPeer->BeginAnew();
 }
@@ -50,6 +52,7 @@ BTextControl::SetText(const char* text)
 const char*
 BTextControl::Text() const
 {
+	CHECK_LOCKED(Looper());
 	return fTextView->Text();
 }
 
@@ -58,6 +61,7 @@ BTextControl::Text() const
 void
 BTextControl::SetDivider(float position)
 {
+	CHECK_LOCKED(Looper());
 	fControlPeer->SetDivider(position);
 }
 
@@ -65,6 +69,7 @@ BTextControl::SetDivider(float position)
 float
 BTextControl::Divider() const
 {
+	CHECK_LOCKED(Looper());
 	return fControlPeer->Divider();
 }
 
@@ -72,6 +77,7 @@ BTextControl::Divider() const
 void
 BTextControl::SetEnabled(bool enabled)
 {
+	CHECK_LOCKED(Looper());
 	BControl::SetEnabled(enabled);
 	fControlPeer->SetEnabled(enabled);
 }

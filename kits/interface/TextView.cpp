@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include <GeometryConversion.h>
+#include <StrictChecks.h>
 #include <TextViewPeer.h>
 
 
@@ -49,6 +50,7 @@ BTextView::BTextView(const char* name, uint32 flags, TextPeer* peer)
 void
 BTextView::SetText(const char* text, const text_run_array* /*runs*/)
 {
+	CHECK_LOCKED(Looper());
 	fTextPeer->SetText(text != NULL ? text : "");
 }
 
@@ -61,6 +63,7 @@ BTextView::SetText(const char* text, const text_run_array* /*runs*/)
 void
 BTextView::Insert(int32 offset, const char* text, int32 length, const text_run_array* /*runs*/)
 {
+	CHECK_LOCKED(Looper());
 	if (text == NULL || length <= 0)
 		return;
 	fTextPeer->Insert(_Clamp(offset), text,
@@ -72,6 +75,7 @@ BTextView::Insert(int32 offset, const char* text, int32 length, const text_run_a
 const char*
 BTextView::Text() const
 {
+	CHECK_LOCKED(Looper());
 	return fTextPeer->Text();
 }
 
@@ -80,6 +84,7 @@ BTextView::Text() const
 int32
 BTextView::TextLength() const
 {
+	CHECK_LOCKED(Looper());
 	return fTextPeer->TextLength();
 }
 
@@ -87,6 +92,7 @@ BTextView::TextLength() const
 void
 BTextView::Select(int32 start, int32 end)
 {
+	CHECK_LOCKED(Looper());
 	start = _Clamp(start);
 	end = _Clamp(end);
 	if (start <= end)
@@ -97,6 +103,7 @@ BTextView::Select(int32 start, int32 end)
 void
 BTextView::GetSelection(int32* _start, int32* _end) const
 {
+	CHECK_LOCKED(Looper());
 	fTextPeer->GetSelection(_start, _end);
 }
 
@@ -107,6 +114,7 @@ BTextView::GetSelection(int32* _start, int32* _end) const
 void
 BTextView::SetFontAndColor(const BFont* font, uint32 mode, const rgb_color* color)
 {
+	CHECK_LOCKED(Looper());
 	int32 start = 0;
 	int32 end = 0;
 	GetSelection(&start, &end);
@@ -124,6 +132,7 @@ void
 BTextView::SetFontAndColor(int32 start, int32 end, const BFont* font, uint32 mode,
 	const rgb_color* color)
 {
+	CHECK_LOCKED(Looper());
 	if (!fIsStylable) {
 		start = 0;
 		end = TextLength();
@@ -141,6 +150,7 @@ BTextView::SetFontAndColor(int32 start, int32 end, const BFont* font, uint32 mod
 void
 BTextView::GetFontAndColor(int32 offset, BFont* _font, rgb_color* _color) const
 {
+	CHECK_LOCKED(Looper());
 	const TextStyle style = fTextPeer->StyleAt(_Clamp(offset));
 	if (_font != NULL)
 		*_font = style.font;
@@ -155,6 +165,7 @@ BTextView::GetFontAndColor(int32 offset, BFont* _font, rgb_color* _color) const
 BPoint
 BTextView::PointAt(int32 offset, float* _height) const
 {
+	CHECK_LOCKED(Looper());
 	const BRect place = rect_from_toolkit(fTextPeer->PlaceOf(_Clamp(offset)));
 	if (_height != NULL)
 		*_height = place.Height() + 1;
@@ -166,6 +177,7 @@ BTextView::PointAt(int32 offset, float* _height) const
 void
 BTextView::ScrollToOffset(int32 offset)
 {
+	CHECK_LOCKED(Looper());
 	fTextPeer->ScrollToOffset(_Clamp(offset));
 }
 
@@ -173,6 +185,7 @@ BTextView::ScrollToOffset(int32 offset)
 void
 BTextView::SetStylable(bool stylable)
 {
+	CHECK_LOCKED(Looper());
 	fIsStylable = stylable;
 }
 
@@ -180,6 +193,7 @@ BTextView::SetStylable(bool stylable)
 bool
 BTextView::IsStylable() const
 {
+	CHECK_LOCKED(Looper());
 	return fIsStylable;
 }
 
@@ -187,6 +201,7 @@ BTextView::IsStylable() const
 void
 BTextView::SetWordWrap(bool wrap)
 {
+	CHECK_LOCKED(Looper());
 	fIsWrapping = wrap;
 	fTextPeer->SetWordWrap(wrap);
 }
@@ -195,6 +210,7 @@ BTextView::SetWordWrap(bool wrap)
 bool
 BTextView::DoesWordWrap() const
 {
+	CHECK_LOCKED(Looper());
 	return fIsWrapping;
 }
 
@@ -202,6 +218,7 @@ BTextView::DoesWordWrap() const
 void
 BTextView::MakeSelectable(bool selectable)
 {
+	CHECK_LOCKED(Looper());
 	fIsSelectable = selectable;
 	fTextPeer->SetEditing(fIsEditable, selectable);
 }
@@ -210,6 +227,7 @@ BTextView::MakeSelectable(bool selectable)
 bool
 BTextView::IsSelectable() const
 {
+	CHECK_LOCKED(Looper());
 	return fIsSelectable;
 }
 
@@ -219,6 +237,7 @@ BTextView::IsSelectable() const
 void
 BTextView::MakeEditable(bool editable)
 {
+	CHECK_LOCKED(Looper());
 	fIsEditable = editable;
 	fTextPeer->SetEditing(editable, fIsSelectable);
 }
@@ -227,6 +246,7 @@ BTextView::MakeEditable(bool editable)
 bool
 BTextView::IsEditable() const
 {
+	CHECK_LOCKED(Looper());
 	return fIsEditable;
 }
 
@@ -235,6 +255,7 @@ BTextView::IsEditable() const
 void
 BTextView::HideTyping(bool enabled)
 {
+	CHECK_LOCKED(Looper());
 	fIsTypingHidden = enabled;
 	fTextPeer->HideTyping(enabled);
 }
@@ -243,6 +264,7 @@ BTextView::HideTyping(bool enabled)
 bool
 BTextView::IsTypingHidden() const
 {
+	CHECK_LOCKED(Looper());
 	return fIsTypingHidden;
 }
 

@@ -13,6 +13,7 @@
 #include <GeometryConversion.h>
 #include <Layout.h>
 #include <LayoutPeer.h>
+#include <StrictChecks.h>
 #include <ToolTipPrivate.h>
 #include <ViewPeer.h>
 #include <Window.h>
@@ -83,6 +84,7 @@ BView::MessageReceived(BMessage* message)
 void
 BView::AddChild(BView* child, BView* before)
 {
+	CHECK_LOCKED(Looper());
 	if (child == NULL || child == this || child->fParent != NULL)
 		return;
 
@@ -103,6 +105,7 @@ BView::AddChild(BView* child, BView* before)
 BView*
 BView::ChildAt(int32 index) const
 {
+	CHECK_LOCKED(Looper());
 	return index >= 0 && index < CountChildren() ? fChildren[index] : NULL;
 }
 
@@ -131,6 +134,7 @@ BView::FindView(const char* name) const
 BRect
 BView::Bounds() const
 {
+	CHECK_LOCKED(Looper());
 	return rect_from_toolkit(fPeer->Widget()->rect());
 }
 
@@ -139,6 +143,7 @@ BView::Bounds() const
 BRect
 BView::Frame() const
 {
+	CHECK_LOCKED(Looper());
 	return rect_from_toolkit(fPeer->Widget()->geometry());
 }
 
@@ -163,6 +168,7 @@ BView::Draw(BRect /*updateRect*/)
 void
 BView::MakeFocus(bool focus)
 {
+	CHECK_LOCKED(Looper());
 	if (focus)
 		fPeer->FocusWidget()->setFocus(Qt::OtherFocusReason);
 	else
@@ -174,6 +180,7 @@ BView::MakeFocus(bool focus)
 bool
 BView::IsFocus() const
 {
+	CHECK_LOCKED(Looper());
 	const QWidget* widget = fPeer->FocusWidget();
 	return fWindow != NULL && widget->window()->focusWidget() == widget;
 }
@@ -185,6 +192,7 @@ BView::IsFocus() const
 void
 BView::SetToolTip(const char* text)
 {
+	CHECK_LOCKED(Looper());
 	const bool isEmpty = text == NULL || text[0] == '\0';
 	if (isEmpty && fToolTip == NULL)
 		return;
@@ -240,6 +248,7 @@ BView::PreferredSize()
 void
 BView::SetExplicitMinSize(BSize size)
 {
+	CHECK_LOCKED(Looper());
 	fExplicitMinSize = size;
 	InvalidateLayout();
 }
@@ -248,6 +257,7 @@ BView::SetExplicitMinSize(BSize size)
 void
 BView::SetExplicitMaxSize(BSize size)
 {
+	CHECK_LOCKED(Looper());
 	fExplicitMaxSize = size;
 	InvalidateLayout();
 }
@@ -257,6 +267,7 @@ BView::SetExplicitMaxSize(BSize size)
 void
 BView::SetLayout(BLayout* layout)
 {
+	CHECK_LOCKED(Looper());
 	if (layout == fLayout)
 		return;
 
@@ -271,6 +282,7 @@ BView::SetLayout(BLayout* layout)
 void
 BView::InvalidateLayout(bool descendants)
 {
+	CHECK_LOCKED(Looper());
 	if (descendants) {
 		for (BView* child : fChildren)
 			child->InvalidateLayout(true);

@@ -10,6 +10,7 @@
 
 #include <Bitmap.h>
 #include <GeometryConversion.h>
+#include <StrictChecks.h>
 #include <ViewPeer.h>
 
 
@@ -30,6 +31,7 @@ BView::SetBlendingMode(source_alpha /*sourceAlpha*/, alpha_function /*alphaFunct
 void
 BView::SetViewColor(rgb_color color)
 {
+	CHECK_LOCKED(Looper());
 	fPeer->GetCanvas()->viewColor = color;
 	fPeer->ColorsChanged();
 	Invalidate();
@@ -39,6 +41,7 @@ BView::SetViewColor(rgb_color color)
 rgb_color
 BView::ViewColor() const
 {
+	CHECK_LOCKED(Looper());
 	return fPeer->GetCanvas()->viewColor;
 }
 
@@ -46,6 +49,7 @@ BView::ViewColor() const
 void
 BView::SetViewUIColor(color_which which, float tint)
 {
+	CHECK_LOCKED(Looper());
 	SetViewColor(tint_color(ui_color(which), tint));
 }
 
@@ -53,6 +57,7 @@ BView::SetViewUIColor(color_which which, float tint)
 void
 BView::SetHighColor(rgb_color color)
 {
+	CHECK_LOCKED(Looper());
 	if (fPeer->GetCanvas()->highColor == color)
 		return;
 	fPeer->GetCanvas()->highColor = color;
@@ -63,6 +68,7 @@ BView::SetHighColor(rgb_color color)
 void
 BView::SetHighColor(uint8 red, uint8 green, uint8 blue, uint8 alpha)
 {
+	CHECK_LOCKED(Looper());
 	SetHighColor(make_color(red, green, blue, alpha));
 }
 
@@ -70,6 +76,7 @@ BView::SetHighColor(uint8 red, uint8 green, uint8 blue, uint8 alpha)
 rgb_color
 BView::HighColor() const
 {
+	CHECK_LOCKED(Looper());
 	return fPeer->GetCanvas()->highColor;
 }
 
@@ -77,6 +84,7 @@ BView::HighColor() const
 void
 BView::SetHighUIColor(color_which which, float tint)
 {
+	CHECK_LOCKED(Looper());
 	SetHighColor(tint_color(ui_color(which), tint));
 }
 
@@ -84,6 +92,7 @@ BView::SetHighUIColor(color_which which, float tint)
 void
 BView::SetLowColor(rgb_color color)
 {
+	CHECK_LOCKED(Looper());
 	if (fPeer->GetCanvas()->lowColor == color)
 		return;
 	fPeer->GetCanvas()->lowColor = color;
@@ -94,6 +103,7 @@ BView::SetLowColor(rgb_color color)
 void
 BView::SetLowUIColor(color_which which, float tint)
 {
+	CHECK_LOCKED(Looper());
 	SetLowColor(tint_color(ui_color(which), tint));
 }
 
@@ -105,6 +115,7 @@ BView::SetLowUIColor(color_which which, float tint)
 void
 BView::SetFont(const BFont* font, uint32 mask)
 {
+	CHECK_LOCKED(Looper());
 	if (font == NULL)
 		return;
 
@@ -126,6 +137,7 @@ BView::SetFont(const BFont* font, uint32 mask)
 void
 BView::GetFont(BFont* _font) const
 {
+	CHECK_LOCKED(Looper());
 	*_font = fPeer->GetCanvas()->font;
 }
 
@@ -156,6 +168,7 @@ BView::TruncateString(BString* inOut, uint32 mode, float width) const
 void
 BView::DrawString(const char* string, BPoint location)
 {
+	CHECK_LOCKED(Looper());
 	if (string != NULL)
 		fPeer->GetCanvas()->DrawString(string, location);
 }
@@ -167,6 +180,7 @@ BView::DrawString(const char* string, BPoint location)
 void
 BView::StrokeLine(BPoint start, BPoint end, ::pattern pattern)
 {
+	CHECK_LOCKED(Looper());
 	fPeer->GetCanvas()->StrokeLine(start, end, pattern);
 }
 
@@ -174,6 +188,7 @@ BView::StrokeLine(BPoint start, BPoint end, ::pattern pattern)
 void
 BView::StrokeRect(BRect rect, ::pattern pattern)
 {
+	CHECK_LOCKED(Looper());
 	fPeer->GetCanvas()->StrokeRect(rect, pattern);
 }
 
@@ -181,6 +196,7 @@ BView::StrokeRect(BRect rect, ::pattern pattern)
 void
 BView::FillRect(BRect rect, ::pattern pattern)
 {
+	CHECK_LOCKED(Looper());
 	fPeer->GetCanvas()->FillRect(rect, pattern);
 }
 
@@ -188,6 +204,7 @@ BView::FillRect(BRect rect, ::pattern pattern)
 void
 BView::StrokeEllipse(BRect rect, ::pattern pattern)
 {
+	CHECK_LOCKED(Looper());
 	fPeer->GetCanvas()->StrokeEllipse(rect, pattern);
 }
 
@@ -195,6 +212,7 @@ BView::StrokeEllipse(BRect rect, ::pattern pattern)
 void
 BView::FillEllipse(BRect rect, ::pattern pattern)
 {
+	CHECK_LOCKED(Looper());
 	fPeer->GetCanvas()->FillEllipse(rect, pattern);
 }
 
@@ -203,6 +221,7 @@ BView::FillEllipse(BRect rect, ::pattern pattern)
 void
 BView::DrawBitmap(const BBitmap* bitmap, BPoint where)
 {
+	CHECK_LOCKED(Looper());
 	if (bitmap == NULL)
 		return;
 
@@ -216,6 +235,7 @@ BView::DrawBitmap(const BBitmap* bitmap, BPoint where)
 void
 BView::DrawBitmap(const BBitmap* bitmap, BRect viewRect)
 {
+	CHECK_LOCKED(Looper());
 	if (bitmap != NULL && bitmap->IsValid())
 		fPeer->GetCanvas()->DrawBitmap(bitmap, viewRect);
 }
@@ -225,5 +245,6 @@ BView::DrawBitmap(const BBitmap* bitmap, BRect viewRect)
 void
 BView::Invalidate()
 {
+	CHECK_LOCKED(Looper());
 	fPeer->Widget()->update();
 }

@@ -11,6 +11,7 @@
 #include <Layout.h>
 #include <LayoutPeer.h>
 #include <LooperPrivate.h>
+#include <StrictChecks.h>
 #include <WindowPeer.h>
 
 
@@ -68,6 +69,7 @@ BWindow::~BWindow()
 void
 BWindow::Quit()
 {
+	CHECK_LOCKED(this);
 	if (LooperPrivate::IsDying(this))
 		return;
 	fPeer->Vanish();
@@ -131,8 +133,11 @@ BWindow::CurrentFocus() const
 void
 BWindow::Show()
 {
-	if (!LooperPrivate::IsStarted(this))
+	CHECK_MAIN_THREAD();
+	if (!LooperPrivate::IsStarted(this)) {
+		CHECK_LOCKED(this);
 		LooperPrivate::Start(this);
+	}
 	fPeer->Show();
 }
 
@@ -140,6 +145,7 @@ BWindow::Show()
 bool
 BWindow::IsHidden() const
 {
+	CHECK_MAIN_THREAD();
 	return fPeer->IsHidden();
 }
 
@@ -148,6 +154,7 @@ BWindow::IsHidden() const
 void
 BWindow::Minimize(bool minimize)
 {
+	CHECK_MAIN_THREAD();
 	fPeer->Minimize(minimize);
 }
 
@@ -155,6 +162,7 @@ BWindow::Minimize(bool minimize)
 bool
 BWindow::IsMinimized() const
 {
+	CHECK_MAIN_THREAD();
 	return fPeer->IsMinimized();
 }
 
@@ -165,6 +173,7 @@ BWindow::IsMinimized() const
 void
 BWindow::Activate(bool active)
 {
+	CHECK_MAIN_THREAD();
 	fPeer->Activate(active);
 }
 
@@ -188,6 +197,7 @@ BWindow::Title() const
 void
 BWindow::SetTitle(const char* title)
 {
+	CHECK_MAIN_THREAD();
 	fPeer->SetTitle(title != NULL ? title : "");
 }
 
@@ -229,6 +239,7 @@ BWindow::Frame() const
 void
 BWindow::ResizeTo(float width, float height)
 {
+	CHECK_MAIN_THREAD();
 	fPeer->ResizeTo(size_to_toolkit(BSize(width, height)));
 }
 
@@ -236,6 +247,7 @@ BWindow::ResizeTo(float width, float height)
 void
 BWindow::CenterOnScreen()
 {
+	CHECK_MAIN_THREAD();
 	fPeer->CenterOnScreen();
 }
 

@@ -14,6 +14,7 @@
 
 #include "AppMessages.h"
 #include "ControllerFixture.h"
+#include "WindowMain.h"
 #include "WindowProbe.h"
 
 
@@ -27,6 +28,7 @@ protected:
 		BLayoutBuilder::Group<> layout(fWindow.Window(), B_VERTICAL, 0);
 		fBar.AddTo(&layout);
 		fWindow.Window()->Show();
+		HoldWindows();
 	}
 
 	// The buttons that are enabled, then the status line.

@@ -19,6 +19,7 @@
 #include "InterposedCalls.h"
 #include "PartTest.h"
 #include "RawServer.h"
+#include "WindowMain.h"
 #include "WindowProbe.h"
 #include "WireBytes.h"
 
@@ -33,6 +34,7 @@ protected:
 	{
 		BLayoutBuilder::Group<>(fWindow.Window(), B_VERTICAL, 0).Add(fBanner.View()).AddGlue();
 		fWindow.Window()->Show();
+		HoldWindows();
 	}
 
 	void _Show(const std::string& bytes, uint32 connection = 0, bool isConnected = false)

@@ -7,6 +7,7 @@ One file by hand: PYTHONPATH=driver PALIMBRA_BUILD=build /usr/bin/python3 tests/
 
 import os
 import shutil
+import sys
 import tempfile
 import unittest
 
@@ -67,6 +68,7 @@ class ClientCase(unittest.TestCase):
 
     def start_client(self, folder=PROGRAM_FOLDER, environment=None):
         client = Client(self.desktop, folder, environment)
+        self.addCleanup(lambda: sys.stderr.write(client.program.output()))
         self.addCleanup(client.program.stop)
         client.main_window()
         return client

@@ -14,6 +14,7 @@
 
 #include "UserInput.h"
 #include "WaitFor.h"
+#include "WindowMain.h"
 #include "WindowProbe.h"
 
 
@@ -56,6 +57,7 @@ protected:
 		fView->SetExplicitMinSize(BSize(0, 20));
 		BLayoutBuilder::Group<>(fWindow.Window(), B_VERTICAL, 0).Add(fView).AddGlue();
 		fWindow.Window()->Show();
+		HoldWindows();
 		EXPECT_SOON(fView->Frame().Width() == 299);
 	}
 

@@ -6,6 +6,8 @@
 
 #include <ListView.h>
 
+#include "WindowMain.h"
+
 
 WindowTest::WindowTest()
 	: fTarget(new MessageRecorder)
@@ -18,6 +20,7 @@ WindowTest::Open(BWindow* window)
 {
 	fWindow.reset(new WindowProbe(window));
 	window->Show();
+	HoldWindows();
 }
 
 

@@ -124,8 +124,10 @@ TEST(BackPressureTest, WhatOnePassesOnToASlowerOne_IsBounded)
 	EXPECT_SERVED(received == count);
 	EXPECT_LE(maxWaiting, kLimit + 1);
 	Join(poster.thread);
-	controller->Quit();
-	slow->Quit();
+	for (ServedLooper* looper : {controller, slow}) {
+		ASSERT_TRUE(looper->Lock());
+		looper->Quit();
+	}
 }
 
 
@@ -145,6 +147,7 @@ TEST(BackPressureTest, MainThreadOwnThreadAndHolderOfTheLock_NeverWait)
 		if (poster[0] == 'm') {
 			looper->Unlock();
 			postMany();
+			ASSERT_TRUE(looper->Lock());
 		} else if (poster[0] == 'o')
 			looper->PostMessage('more');
 		looper->Run();

@@ -115,6 +115,7 @@ TEST_F(MessageRunnerTest, BadArgumentsOrATargetThatIsGone_SendNothing)
 	EXPECT_EQ(0, fLooper->CountReceived());
 
 	BMessageRunner runner(BMessenger(fLooper), &kTick, kInterval);
+	ASSERT_TRUE(fLooper->Lock());
 	fLooper->Quit();
 	EXPECT_TRUE(WaitForIntervals(2));
 }

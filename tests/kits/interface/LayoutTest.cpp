@@ -13,6 +13,7 @@
 
 #include "ExpectSoon.h"
 #include "ScriptedWindow.h"
+#include "WindowMain.h"
 
 
 /*!	A view without any size of its own. */
@@ -251,6 +252,7 @@ TEST_F(LayoutTest, ViewWithALayout_LaysItsOwnChildrenOut)
 	BLayoutBuilder::Group<>(fWindow, B_VERTICAL, 0).SetInsets(10).Add(group);
 	fWindow->ResizeTo(119, 39);
 	fWindow->Show();
+	HoldWindows();
 	EXPECT_SOON(group->Frame() == BRect(10, 10, 109, 29));
 	EXPECT_EQ(BRect(0, 0, 49, 19), left->Frame());
 	EXPECT_EQ(BRect(50, 0, 99, 19), right->Frame());

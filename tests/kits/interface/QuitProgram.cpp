@@ -13,6 +13,7 @@
 
 #include <Application.h>
 #include <Message.h>
+#include <Messenger.h>
 #include <OS.h>
 #include <Roster.h>
 #include <Window.h>
@@ -224,11 +225,11 @@ private:
 
 	void _Threads()
 	{
-		BWindow* window = show<TalkingWindow>("window");
+		const BMessenger window(show<TalkingWindow>("window"));
 		for (int i = 0; i < 4; i++) {
 			RunThread([window] {
 				while (true)
-					window->PostMessage('ping');
+					window.SendMessage('ping');
 			});
 		}
 		PostMessage(B_QUIT_REQUESTED);

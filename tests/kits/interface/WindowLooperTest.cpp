@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <Application.h>
+#include <Locker.h>
 #include <Message.h>
 #include <MessageRunner.h>
 #include <Messenger.h>
@@ -181,14 +182,17 @@ TEST(WindowLooperTest, FloodInOneWindow_LeavesOthersAndATimerServed)
 
 TEST(WindowLooperTest, FiftyThreadsPostWhileWindowsComeAndGo_NothingGoesAstray)
 {
-	std::atomic<BWindow*> target(NULL);
+	BLocker locker("target");
+	BMessenger target;
 	std::atomic<bool> stopped(false);
 	std::atomic<int> running(50);
 	for (int i = 0; i < 50; i++) {
 		RunThread([&] {
 			while (!stopped) {
-				BWindow* window = target;
-				if (window == NULL || window->PostMessage(kPing) != B_OK)
+				locker.Lock();
+				const BMessenger window = target;
+				locker.Unlock();
+				if (window.SendMessage(kPing) != B_OK)
 					snooze(100);
 			}
 			running--;
@@ -200,7 +204,9 @@ TEST(WindowLooperTest, FiftyThreadsPostWhileWindowsComeAndGo_NothingGoesAstray)
 		const BMessenger messenger(window);
 		const std::shared_ptr<std::vector<uint32>> received = window->Received();
 		window->Show();
-		target = window;
+		locker.Lock();
+		target = messenger;
+		locker.Unlock();
 		EXPECT_SOON(received->size() >= 20);
 		EXPECT_TRUE(window->Lock());
 		window->Quit();

@@ -19,6 +19,7 @@
 #include "ScriptedWindow.h"
 #include "UserInput.h"
 #include "WindowInput.h"
+#include "WindowMain.h"
 
 
 static const char* const kMarkup = "<b>&amp;</b> %s [*] [*][*] &File \"…\"";
@@ -335,6 +336,7 @@ TEST(StringViewUseTest, Text_IsItsNameAsItStands)
 	EXPECT_EQ(kMarkup, accessible_of(view).name);
 
 	window->Show();
+	HoldWindows();
 	view->SetText("2 users online \xff");
 	EXPECT_SOON(accessible_of(view).name == "2 users online \xef\xbf\xbd");
 }

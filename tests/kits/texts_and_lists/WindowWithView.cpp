@@ -9,6 +9,7 @@
 
 #include "ExpectSoon.h"
 #include "UserInput.h"
+#include "WindowMain.h"
 
 
 WindowWithView::WindowWithView(float width, float height)
@@ -31,6 +32,7 @@ void
 WindowWithView::ShowIt()
 {
 	Show();
+	HoldWindows();
 	WaitFor([this]() {
 		return !IsHidden() && ChildAt(0)->Bounds().Width() == Bounds().Width();
 	});

@@ -1,0 +1,504 @@
+/*
+ * Copyright 2026, The Palimbra developers.
+ * Distributed under the terms of the MIT License.
+ */
+#include "Session.h"
+
+#include <cstdio>
+#include <cstring>
+#include <unistd.h>
+
+#include <Button.h>
+#include <ListView.h>
+#include <Messenger.h>
+#include <OS.h>
+#include <TextControl.h>
+#include <TextView.h>
+#include <Window.h>
+
+#include "AppMessages.h"
+#include "UserItem.h"
+
+
+static const uint32 kMsgStep = 'step';
+
+// In microseconds.
+static const bigtime_t kPatience = 60 * 1000000LL;
+static const bigtime_t kPause = 200;
+
+static const char* const kAgreement = "Server Agreement";
+
+
+Session::Session(unsigned seed, uint16 port, uint16 trackerPort)
+	: fRandom(seed),
+	  fPort(port),
+	  fTrackerPort(trackerPort),
+	  fNext(0),
+	  fHasActed(false),
+	  fHasFinished(false),
+	  fDeadline(0),
+	  fSaidBefore(0),
+	  fVisits(0),
+	  fLines(0)
+{
+	_Plan();
+}
+
+
+void
+Session::ReadyToRun()
+{
+	App::ReadyToRun();
+	fDeadline = system_time() + kPatience;
+	PostMessage(kMsgStep);
+}
+
+
+void
+Session::MessageReceived(BMessage* message)
+{
+	if (message->what == kMsgStep)
+		_TakeStep();
+	else
+		App::MessageReceived(message);
+}
+
+
+// #pragma mark - What is done
+
+
+void
+Session::_Plan()
+{
+	_Add(
+		"set the tracker",
+		[this] {
+			BMessage options(kMsgOptionsSave);
+			options.AddString("nick", "Shaken");
+			options.AddUInt16("icon", 130);
+			options.AddString("tracker", ("127.0.0.1:" + std::to_string(fTrackerPort)).c_str());
+			_PostToMain(&options);
+		},
+		NULL);
+	for (size_t visits = 1 + _Choose(2); visits > 0; visits--)
+		_PlanVisit();
+	// Whatever is open is left to the program's end.
+	_Add(
+		"quit",
+		[this] {
+			fHasFinished = true;
+			if (_Choose(2) == 0)
+				_PostToMain(B_QUIT_REQUESTED);
+			else
+				PostMessage(B_QUIT_REQUESTED);
+		},
+		NULL);
+}
+
+
+void
+Session::_PlanVisit()
+{
+	_Add(
+		"connect",
+		[this] {
+			_Connect();
+		},
+		[this] {
+			return _HasWindow(kAgreement);
+		});
+	_Add(
+		"accept the agreement",
+		[this] {
+			_Press(kAgreement, "accept");
+		},
+		[this] {
+			return _CountInChat("*** Agreement accepted ***\n") == fVisits
+				&& _CountInChat("*** Logged in ***\n") == fVisits && !_HasWindow(kAgreement);
+		});
+	for (size_t activities = _Choose(6); activities > 0; activities--)
+		_PlanActivity();
+	_PlanEndOfVisit();
+}
+
+
+void
+Session::_PlanActivity()
+{
+	switch (_Choose(11)) {
+		case 0:
+		{
+			const std::string line = "line " + std::to_string(++fLines) + " <b>&%s";
+			_Add(
+				"chat",
+				[this, line] {
+					_Say(line);
+				},
+				[this, line] {
+					return _HasSaid(line);
+				});
+			break;
+		}
+		case 1:
+			_Add(
+				"private message",
+				[this] {
+					_OpenConversation();
+				},
+				[this] {
+					return _HasWindow("Message — " + fPartner);
+				});
+			_Add(
+				"talk",
+				[this] {
+					_Type("Message — " + fPartner, "pminput", "psst");
+				},
+				[this] {
+					return _Transcript("Message — " + fPartner, "pmchat").find("You: psst")
+						!= std::string::npos;
+				});
+			if (_Choose(2) == 0) {
+				_Add(
+					"end the talk",
+					[this] {
+						_PostTo("Message — " + fPartner, B_QUIT_REQUESTED);
+					},
+					NULL);
+			}
+			break;
+		case 2:
+			_Add(
+				"files",
+				[this] {
+					_PostToMain(kMsgToolFiles);
+				},
+				[this] {
+					return _CountRows("Files", "filelist") > 0;
+				});
+			if (_Choose(2) == 0)
+				_Add(
+					"close the files",
+					[this] {
+						_PostTo("Files", B_QUIT_REQUESTED);
+					},
+					NULL);
+			break;
+		case 3:
+			_Add(
+				"folder",
+				[this] {
+					BMessage open(kMsgOpenFolder);
+					open.AddString("path", "Sizes");
+					_PostToMain(&open);
+				},
+				[this] {
+					return _CountRows("Files — Sizes", "filelist") > 0;
+				});
+			break;
+		case 4:
+			_Add(
+				"download",
+				[this] {
+					BMessage download(kMsgDownloadFile);
+					download.AddString("path", "Sizes");
+					download.AddString("name", "1 byte");
+					_PostToMain(&download);
+				},
+				[this] {
+					return _HasSaid("*** Download complete: 1 byte ***\n");
+				});
+			break;
+		case 5:
+			_Add(
+				"upload",
+				[this] {
+					BMessage upload(kMsgUploadFile);
+					upload.AddString("path", "Uploads");
+					upload.AddString("name", "note");
+					upload.AddString("localpath", "/proc/version");
+					upload.AddInt64("size", 0);
+					_PostToMain(&upload);
+				},
+				[this] {
+					return _HasSaid("*** Upload complete: note ***\n");
+				});
+			break;
+		case 6:
+			_AddDialog("Connect to Server", kMsgToolConnect);
+			break;
+		case 7:
+			_AddDialog("Options", kMsgToolOptions);
+			break;
+		case 8:
+			_AddDialog("About Palimbra", kMsgToolAbout);
+			break;
+		case 9:
+			_AddDialog("Tracker", kMsgToolTracker);
+			break;
+		default:
+			_AddCommand("/broadcast hear", "*** Broadcast: hear");
+	}
+}
+
+
+void
+Session::_PlanEndOfVisit()
+{
+	switch (_Choose(5)) {
+		case 0:
+			_Add(
+				"disconnect",
+				[this] {
+					_PostToMain(kMsgToolDisconnect);
+				},
+				[this] {
+					return _HasSaid("*** Disconnected ***\n");
+				});
+			break;
+		case 1:
+			_AddCommand("/drop", "*** Connection lost ***\n");
+			break;
+		case 2:
+			_AddCommand("/quit bye", "*** Server requested disconnect ***\n");
+			break;
+		default:
+			// The next visit, or the end, finds the connection open.
+			break;
+	}
+}
+
+
+void
+Session::_AddDialog(const char* title, uint32 what)
+{
+	_Add(
+		title,
+		[this, what] {
+			_PostToMain(what);
+		},
+		[this, title] {
+			return _HasWindow(title);
+		});
+	if (_Choose(2) == 0)
+		_Add(
+			"close",
+			[this, title] {
+				_PostTo(title, B_QUIT_REQUESTED);
+			},
+			NULL);
+}
+
+
+void
+Session::_AddCommand(const std::string& command, const std::string& answer)
+{
+	_Add(
+		command,
+		[this, command] {
+			_Say(command);
+		},
+		[this, answer] {
+			return _HasSaid(answer);
+		});
+}
+
+
+/*!	\param isDone \c NULL where nothing is to be waited for. */
+void
+Session::_Add(const std::string& name, const std::function<void()>& action,
+	const std::function<bool()>& isDone)
+{
+	fSteps.push_back({name, action, isDone});
+}
+
+
+void
+Session::_TakeStep()
+{
+	if (fNext == fSteps.size())
+		return;
+
+	const Step& step = fSteps[fNext];
+	if (!fHasActed) {
+		fHasActed = true;
+		fSaidBefore = _Transcript("Chat", "chatview").size();
+		step.action();
+	} else if (step.isDone == NULL || step.isDone()) {
+		fHasActed = false;
+		fNext++;
+	} else if (system_time() > fDeadline)
+		_GiveUp();
+	else
+		snooze(kPause);
+	PostMessage(kMsgStep);
+}
+
+
+void
+Session::_GiveUp()
+{
+	fprintf(stderr, "step %zu, \"%s\", does not end. The chat:\n%s\nWindows:", fNext,
+		fSteps[fNext].name.c_str(), _Transcript("Chat", "chatview").c_str());
+	_With("", [](BWindow* window) {
+		fprintf(stderr, " \"%s\"", window->Title());
+	});
+	fprintf(stderr, "\n");
+	_exit(1);
+}
+
+
+// #pragma mark - How it is done
+
+
+/*!	\param use Called for every window whose title begins so, while it is locked.
+	\return Whether there is one.
+*/
+bool
+Session::_With(const std::string& title, const std::function<void(BWindow*)>& use)
+{
+	bool isThere = false;
+	for (int32 i = 0; i < CountWindows(); i++) {
+		BWindow* window = WindowAt(i);
+		if (window == NULL || !window->Lock())
+			continue;
+		if (strncmp(window->Title(), title.c_str(), title.size()) == 0) {
+			isThere = true;
+			use(window);
+		}
+		window->Unlock();
+	}
+	return isThere;
+}
+
+
+bool
+Session::_HasWindow(const std::string& title)
+{
+	return _With(title, [](BWindow*) {});
+}
+
+
+void
+Session::_PostToMain(BMessage* message)
+{
+	_With("Palimbra", [message](BWindow* window) {
+		window->PostMessage(message);
+	});
+}
+
+
+void
+Session::_PostToMain(uint32 what)
+{
+	BMessage message(what);
+	_PostToMain(&message);
+}
+
+
+void
+Session::_PostTo(const std::string& title, uint32 what)
+{
+	_With(title, [what](BWindow* window) {
+		window->PostMessage(what);
+	});
+}
+
+
+void
+Session::_Press(const std::string& title, const char* control)
+{
+	_With(title, [control](BWindow* window) {
+		dynamic_cast<BControl&>(*window->FindView(control)).Invoke();
+	});
+}
+
+
+/*!	Types a text and presses Return. */
+void
+Session::_Type(const std::string& title, const char* field, const std::string& text)
+{
+	_With(title, [field, &text](BWindow* window) {
+		BTextControl& control = dynamic_cast<BTextControl&>(*window->FindView(field));
+		control.MakeFocus(true);
+		control.SetText(text.c_str());
+		control.Invoke();
+	});
+}
+
+
+void
+Session::_Say(const std::string& text)
+{
+	_Type("Chat", "chatinput", text);
+}
+
+
+std::string
+Session::_Transcript(const std::string& title, const char* textView)
+{
+	std::string text;
+	_With(title, [&](BWindow* window) {
+		text = dynamic_cast<BTextView&>(*window->FindView(textView)).Text();
+	});
+	return text;
+}
+
+
+/*!	How often the chat has that text. */
+size_t
+Session::_CountInChat(const std::string& text)
+{
+	const std::string transcript = _Transcript("Chat", "chatview");
+	size_t count = 0;
+	for (size_t at = transcript.find(text); at != std::string::npos;
+		 at = transcript.find(text, at + 1))
+		count++;
+	return count;
+}
+
+
+/*!	Whether that text has come into the chat since the step began. */
+bool
+Session::_HasSaid(const std::string& text)
+{
+	return _Transcript("Chat", "chatview").find(text, fSaidBefore) != std::string::npos;
+}
+
+
+int32
+Session::_CountRows(const std::string& title, const char* list)
+{
+	int32 rows = 0;
+	_With(title, [&](BWindow* window) {
+		rows = dynamic_cast<BListView&>(*window->FindView(list)).CountItems();
+	});
+	return rows;
+}
+
+
+void
+Session::_Connect()
+{
+	fVisits++;
+	BMessage connect(kMsgConnectServer);
+	connect.AddString("address", "127.0.0.1");
+	connect.AddInt16("port", static_cast<int16>(fPort));
+	_PostToMain(&connect);
+}
+
+
+/*!	With somebody of the user list. */
+void
+Session::_OpenConversation()
+{
+	BMessage open(kMsgOpenPM);
+	_With("Users Online", [&](BWindow* window) {
+		const BListView& list = dynamic_cast<BListView&>(*window->FindView("userlist"));
+		const UserItem& user = dynamic_cast<UserItem&>(
+			*list.ItemAt(static_cast<int32>(_Choose(static_cast<size_t>(list.CountItems())))));
+		fPartner = user.Text();
+		open.AddUInt16("socket", user.Socket());
+		open.AddString("nick", user.Text());
+	});
+	_PostToMain(&open);
+}

@@ -43,7 +43,9 @@ BListView::AddItem(BListItem* item)
 }
 
 
-/*!	\return The item, which is the caller's again; NULL for an index that there is not. */
+/*!	Deselects the row before, which is reported as any change of the selection is.
+	\return The item, which is the caller's again; NULL for an index that there is not.
+*/
 BListItem*
 BListView::RemoveItem(int32 index)
 {
@@ -93,13 +95,15 @@ BListView::Items() const
 }
 
 
-/*!	\param compare Gets pointers to the pointers to two items; less than zero says that the first
+/*!	Deselects all rows before, which is reported.
+	\param compare Gets pointers to the pointers to two items; less than zero says that the first
 	one stands first.
 */
 void
 BListView::SortItems(int (*compare)(const void* itemPointerA, const void* itemPointerB))
 {
 	CHECK_LOCKED(Looper());
+	DeselectAll();
 	fListPeer->Sort(compare);
 }
 

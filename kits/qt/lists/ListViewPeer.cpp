@@ -102,23 +102,15 @@ ListViewPeer::Remove(int32 index)
 }
 
 
-/*!	What is selected stays selected. */
 void
 ListViewPeer::Sort(int (*compare)(const void*, const void*))
 {
-	const std::vector<BListItem*> selected = fSelected;
 	fModel->BeginReset();
 	std::stable_sort(fItems.begin(), fItems.end(), [compare](BListItem* a, BListItem* b) {
 		return compare(&a, &b) < 0;
 	});
 	fShownCount = static_cast<int32>(fItems.size());
 	fModel->EndReset();
-
-	fSelected.clear();
-	for (BListItem* item : selected) {
-		const auto found = std::find(fItems.begin(), fItems.end(), item);
-		Select(static_cast<int32>(found - fItems.begin()), true);
-	}
 }
 
 

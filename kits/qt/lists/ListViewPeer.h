@@ -37,6 +37,7 @@ public:
 	void Add(BListItem* item);
 	// The row is not selected any more afterwards.
 	void Remove(int32 index);
+	// For rows none of which is selected.
 	void Sort(int (*compare)(const void*, const void*));
 	void Invalidate(int32 index);
 

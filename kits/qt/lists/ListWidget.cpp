@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 
 #include <FocusBorder.h>
 #include <ListViewPeer.h>
@@ -33,27 +34,31 @@ ListWidget::event(QEvent* event)
 }
 
 
-/*!	Return invokes the selected rows, unless the window has a default button: then it is that one's.
-*/
+/*!	The page keys scroll, and leave the selection where it is. */
 void
 ListWidget::keyPressEvent(QKeyEvent* event)
 {
-	if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
-		// QListView makes the first row the current one when the list gets the focus. The arrows
-		// would go on from there, though the user sees no row selected.
-		const bool isSpace = event->key() == Qt::Key_Space;
-		if (!isSpace && !selectionModel()->hasSelection())
-			selectionModel()->clearCurrentIndex();
-		QListView::keyPressEvent(event);
-		return;
+	switch (event->key()) {
+		case Qt::Key_Return:
+		case Qt::Key_Enter:
+			_PressReturn(event);
+			break;
+		case Qt::Key_Space:
+			_Invoke(event);
+			break;
+		case Qt::Key_PageUp:
+			verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepSub);
+			break;
+		case Qt::Key_PageDown:
+			verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
+			break;
+		default:
+			// QListView makes the first row the current one when the list gets the focus. The
+			// arrows would go on from there, though the user sees no row selected.
+			if (!selectionModel()->hasSelection())
+				selectionModel()->clearCurrentIndex();
+			QListView::keyPressEvent(event);
 	}
-	const BWindow* window = fPeer->View()->Window();
-	if (window != NULL && window->DefaultButton() != NULL) {
-		event->ignore();
-		return;
-	}
-	if (!event->isAutoRepeat())
-		fPeer->InvokeSelection();
 }
 
 
@@ -91,4 +96,25 @@ ListWidget::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 	if (action == MoveEnd && !currentIndex().isValid())
 		return model()->index(model()->rowCount() - 1, 0);
 	return QListView::moveCursor(action, modifiers);
+}
+
+
+/*!	Return invokes the selected rows, unless the window has a default button: then it is that one's.
+*/
+void
+ListWidget::_PressReturn(QKeyEvent* event)
+{
+	const BWindow* window = fPeer->View()->Window();
+	if (window != NULL && window->DefaultButton() != NULL)
+		event->ignore();
+	else
+		_Invoke(event);
+}
+
+
+void
+ListWidget::_Invoke(const QKeyEvent* event)
+{
+	if (!event->isAutoRepeat())
+		fPeer->InvokeSelection();
 }

@@ -26,6 +26,9 @@ protected:
 	QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
+	void _PressReturn(QKeyEvent* event);
+	void _Invoke(const QKeyEvent* event);
+
 	ListViewPeer* fPeer;
 };
 

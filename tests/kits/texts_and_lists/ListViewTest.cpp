@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <Button.h>
+#include <InterfaceDefs.h>
 #include <ScrollView.h>
 
 #include "ExpectSoon.h"
@@ -103,7 +104,8 @@ TEST_F(ListViewTest, RemovingTheSelectedRow_SelectsNoOther)
 	EXPECT_EQ(fList->CurrentSelection(), -1);
 	for (const auto& item : fItems)
 		EXPECT_FALSE(item->IsSelected());
-	EXPECT_SOON(fWindow->Count(kMsgSelected) == 2);
+	ASSERT_SOON(fWindow->Count(kMsgSelected) == 2);
+	EXPECT_EQ(fWindow->Last().GetInt32("index", 5), -1);
 
 	// And that of another row leaves it.
 	fList->Select(1);
@@ -176,6 +178,58 @@ TEST_F(ListViewTest, Return_InvokesTheSelectedRow)
 }
 
 
+TEST_F(ListViewTest, Space_InvokesAsReturnDoes_AlsoWithADefaultButton)
+{
+	BButton* button = new BButton("button", "Button", new BMessage('butn'));
+	fWindow->Add(button);
+	button->MakeDefault(true);
+	ShowStrings(3);
+	fList->MakeFocus(true);
+	press_window_key(fWindow, B_SPACE);
+	fList->Select(1);
+	press_window_key(fWindow, B_SPACE);
+	ASSERT_SOON(fWindow->Count(kMsgInvoked) > 0);
+	EXPECT_EQ(fWindow->Count(kMsgInvoked), 1);
+	EXPECT_EQ(fWindow->Last().GetInt32("index", -1), 1);
+	EXPECT_EQ(fList->CurrentSelection(), 1);
+	EXPECT_EQ(fWindow->Count('butn'), 0);
+}
+
+
+TEST_F(ListViewTest, PageKeys_ScrollAndLeaveTheSelection)
+{
+	ShowStrings(100);
+	fList->MakeFocus(true);
+	fList->Select(1);
+	ASSERT_SOON(fWindow->Count(kMsgSelected) == 1);
+	press_window_key(fWindow, B_PAGE_DOWN);
+	EXPECT_EQ(scroll_state(fList).value, scroll_state(fList).page);
+	EXPECT_EQ(fList->CurrentSelection(), 1);
+	press_window_key(fWindow, B_PAGE_UP);
+	EXPECT_EQ(scroll_state(fList).value, 0);
+	EXPECT_EQ(fList->CurrentSelection(), 1);
+
+	fList->DeselectAll();
+	press_window_key(fWindow, B_PAGE_DOWN);
+	EXPECT_EQ(fList->CurrentSelection(), -1);
+	EXPECT_SOON(fWindow->Count(kMsgSelected) == 2);
+}
+
+
+TEST_F(ListViewTest, ArrowWithoutASelection_SelectsTheFirstRow)
+{
+	ShowStrings(5);
+	fList->MakeFocus(true);
+	for (const char arrow : {B_UP_ARROW, B_DOWN_ARROW}) {
+		SCOPED_TRACE(static_cast<int>(arrow));
+		fList->Select(3);
+		fList->DeselectAll();
+		press_window_key(fWindow, arrow);
+		EXPECT_EQ(fList->CurrentSelection(), 0);
+	}
+}
+
+
 TEST_F(ListViewTest, ReturnWithADefaultButton_IsTheButtons)
 {
 	BButton* button = new BButton("button", "Button", new BMessage('butn'));
@@ -200,16 +254,19 @@ TEST_F(ListViewTest, InvokeByTheProgram_SendsWhateverIsSelected)
 }
 
 
-TEST_F(ListViewTest, SortItems_OrdersAndKeepsTheSelection)
+TEST_F(ListViewTest, SortItems_OrdersAndDeselects)
 {
 	for (const int32 number : {30, 10, 20})
 		fList->AddItem(Keep(new NumberItem(number, 22)));
 	fList->Select(0);
+	ASSERT_SOON(fWindow->Count(kMsgSelected) == 1);
 	fList->SortItems(compare_numbers);
 	EXPECT_EQ(fList->ItemAt(0), fItems[1].get());
 	EXPECT_EQ(fList->ItemAt(2), fItems[0].get());
-	EXPECT_EQ(fList->CurrentSelection(), 2);
-	EXPECT_TRUE(fItems[0]->IsSelected());
+	EXPECT_EQ(fList->CurrentSelection(), -1);
+	EXPECT_FALSE(fItems[0]->IsSelected());
+	ASSERT_SOON(fWindow->Count(kMsgSelected) == 2);
+	EXPECT_EQ(fWindow->Last().GetInt32("index", 5), -1);
 	EXPECT_TRUE(WaitForRows(3));
 	EXPECT_EQ(accessible_of_row(fList, 1).name, "20");
 }

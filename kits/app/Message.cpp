@@ -83,7 +83,7 @@ BMessage::AddString(const char* name, const char* string)
 	if (string == NULL)
 		return B_BAD_VALUE;
 
-	return fFields.Add(name, B_STRING_TYPE, string, strlen(string) + 1);
+	return fFields.Add(name, B_STRING_TYPE, string, strlen(string) + 1, false);
 }
 
 
@@ -97,7 +97,7 @@ BMessage::AddString(const char* name, const BString& string)
 status_t
 BMessage::AddPointer(const char* name, const void* pointer)
 {
-	return fFields.Add(name, B_POINTER_TYPE, &pointer, sizeof(pointer));
+	return fFields.Add(name, B_POINTER_TYPE, &pointer, sizeof(pointer), true);
 }
 
 
@@ -116,19 +116,23 @@ BMessage::AddRef(const char* name, const entry_ref* ref)
 	if (ref->name != NULL)
 		flat.append(ref->name);
 	flat.push_back(0);
-	return fFields.Add(name, B_REF_TYPE, flat.data(), flat.size());
+	return fFields.Add(name, B_REF_TYPE, flat.data(), flat.size(), false);
 }
 
 
-/*!	Adds one value of any type. \a isFixedSize and \a count are hints, which are not needed here. */
+/*!	Adds one value of any type.
+	\param isFixedSize Of a field's first value: whether those that follow have to have its size.
+	\param count A hint, which is not needed here.
+	\return \c B_BAD_VALUE for a value of another size, too.
+*/
 status_t
 BMessage::AddData(const char* name, type_code type, const void* data, ssize_t numBytes,
-	bool /*isFixedSize*/, int32 /*count*/)
+	bool isFixedSize, int32 /*count*/)
 {
 	if (data == NULL || numBytes <= 0 || type == B_ANY_TYPE)
 		return B_BAD_VALUE;
 
-	return fFields.Add(name, type, data, static_cast<size_t>(numBytes));
+	return fFields.Add(name, type, data, static_cast<size_t>(numBytes), isFixedSize);
 }
 
 
@@ -256,7 +260,7 @@ BMessage::_GetFixed(const char* name, type_code type, int32 index, Type defaultV
 #define DEFINE_ACCESS(Name, Type, typeCode) \
 	status_t BMessage::Add##Name(const char* name, Type value) \
 	{ \
-		return fFields.Add(name, typeCode, &value, sizeof(value)); \
+		return fFields.Add(name, typeCode, &value, sizeof(value), true); \
 	} \
 	Type BMessage::Get##Name(const char* name, Type defaultValue) const \
 	{ \

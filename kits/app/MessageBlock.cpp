@@ -9,7 +9,7 @@
 #include <cstring>
 
 
-static const size_t kMaxNameLength = 255;
+static const size_t kMaxNameLength = UINT16_MAX;
 static const size_t kMaxBlockSize = UINT32_MAX - 8;
 
 
@@ -28,8 +28,10 @@ struct MessageBlock::Field {
 	type_code type;
 	uint32 nextField;
 	uint32 lastValue;
-	int32 count;
-	mutable int32 cursorIndex;
+	uint32 count : 31;
+	// Whether all values have the size of the first one.
+	uint32 isFixedSize : 1;
+	mutable uint32 cursorIndex;
 	mutable uint32 cursorValue;
 	uint16 nameLength;
 	char name[2];
@@ -118,11 +120,13 @@ MessageBlock::MakeEmpty()
 
 
 /*!	Adds a value to the field of that name, which is made if there is none.
-	\return \c B_BAD_TYPE when the field has another type, \c B_BAD_VALUE for a name that is NULL or
-	longer than 255.
+	Differs from Haiku: a name has 65,535 bytes at most.
+	\param isFixedSize Whether all values of the field have one size; the first one decides.
+	\return \c B_BAD_TYPE when the field has another type, \c B_BAD_VALUE when its values have
+	another size, or for a name that is NULL or too long.
 */
 status_t
-MessageBlock::Add(const char* name, type_code type, const void* data, size_t size)
+MessageBlock::Add(const char* name, type_code type, const void* data, size_t size, bool isFixedSize)
 {
 	if (name == NULL)
 		return B_BAD_VALUE;
@@ -134,6 +138,8 @@ MessageBlock::Add(const char* name, type_code type, const void* data, size_t siz
 	Field* field = _FindField(name, nameLength, &last);
 	if (field != NULL && field->type != type)
 		return B_BAD_TYPE;
+	if (field != NULL && field->isFixedSize != 0 && _FirstValue(field)->size != size)
+		return B_BAD_VALUE;
 	if (size > kMaxBlockSize)
 		return B_NO_MEMORY;
 
@@ -147,8 +153,10 @@ MessageBlock::Add(const char* name, type_code type, const void* data, size_t siz
 
 	if (field != NULL)
 		field = _FieldAt(fieldOffset);
-	else
+	else {
 		field = _NewField(name, nameLength, type, last != NULL ? _FieldAt(lastOffset) : NULL);
+		field->isFixedSize = isFixedSize;
+	}
 
 	Value* value = _ValueAt(fSize);
 	value->nextValue = 0;
@@ -183,14 +191,15 @@ MessageBlock::Find(const char* name, type_code type, int32 index, const void** _
 		return B_NAME_NOT_FOUND;
 	if (type != B_ANY_TYPE && type != field->type)
 		return B_BAD_TYPE;
-	if (index < 0 || index >= field->count)
+	const uint32 wanted = static_cast<uint32>(index);
+	if (index < 0 || wanted >= field->count)
 		return B_BAD_INDEX;
 
-	if (index < field->cursorIndex) {
+	if (wanted < field->cursorIndex) {
 		field->cursorIndex = 0;
 		field->cursorValue = _OffsetOf(_FirstValue(field));
 	}
-	while (field->cursorIndex < index) {
+	while (field->cursorIndex < wanted) {
 		field->cursorValue = _ValueAt(field->cursorValue)->nextValue;
 		field->cursorIndex++;
 	}
@@ -244,7 +253,7 @@ MessageBlock::GetInfo(const char* name, type_code* _type, int32* _count) const
 
 	const Field* field = _FindField(name, strlen(name), NULL);
 	if (_count != NULL)
-		*_count = field != NULL ? field->count : 0;
+		*_count = field != NULL ? static_cast<int32>(field->count) : 0;
 	if (field == NULL)
 		return B_NAME_NOT_FOUND;
 
@@ -389,6 +398,7 @@ MessageBlock::_NewField(const char* name, size_t length, type_code type, Field* 
 	field->nextField = 0;
 	field->lastValue = 0;
 	field->count = 0;
+	field->isFixedSize = 0;
 	field->cursorIndex = 0;
 	field->cursorValue = fSize;
 	field->nameLength = static_cast<uint16>(length);

@@ -56,6 +56,8 @@ BControl::Invoke(BMessage* message)
 	BMessage copy(*message);
 	copy.AddInt64("when", system_time());
 	copy.AddPointer("source", this);
+	const BMessenger sender(this);
+	copy.AddData("be:sender", B_MESSENGER_TYPE, &sender, sizeof(sender));
 	copy.AddInt32("be:value", 0);
 	return BInvoker::Invoke(&copy);
 }

@@ -231,6 +231,8 @@ BListView::_Send(const BMessage& message)
 	BMessage copy(message);
 	copy.AddInt64("when", system_time());
 	copy.AddPointer("source", this);
+	const BMessenger sender(this);
+	copy.AddData("be:sender", B_MESSENGER_TYPE, &sender, sizeof(sender));
 	const std::vector<int32> selection = fListPeer->Selection();
 	for (int32 index : selection)
 		copy.AddInt32("index", index);

@@ -77,6 +77,8 @@ BMenuItem::Invoke(BMessage* message)
 	BMessage copy(*message);
 	copy.AddInt64("when", system_time());
 	copy.AddPointer("source", this);
+	const BMessenger sender(fSuper);
+	copy.AddData("be:sender", B_MESSENGER_TYPE, &sender, sizeof(sender));
 	copy.AddInt32("index", fSuper != NULL ? fSuper->IndexOf(this) : -1);
 	return BInvoker::Invoke(&copy);
 }

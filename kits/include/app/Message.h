@@ -37,7 +37,7 @@ public:
 	uint32 Size() const { return fSize; }
 	size_t MemoryOutside() const { return fBytes != fInside ? fCapacity : 0; }
 
-	status_t Add(const char* name, type_code type, const void* data, size_t size);
+	status_t Add(const char* name, type_code type, const void* data, size_t size, bool isFixedSize);
 	status_t Find(const char* name, type_code type, int32 index, const void** _data,
 		size_t* _size) const;
 

@@ -13,8 +13,8 @@
 
 /*!	A view that the user operates, which sends its message then: to its window unless it was given
 	another target.
-	The message leaves with "when" (int64, microseconds), "source" (pointer to the control) and
-	"be:value" (int32).
+	The message leaves with "when" (int64, microseconds), "source" (pointer to the control),
+	"be:sender" (messenger of the control) and "be:value" (int32).
 */
 class BControl : public BView, public BInvoker {
 public:

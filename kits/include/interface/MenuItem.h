@@ -16,7 +16,8 @@ class MenuItemPeer;
 
 /*!	An item of a menu, or the entrance to a menu below it. Choosing it sends its message: to the
 	menu's window unless it was given another target. The message leaves with "when" (int64,
-	microseconds), "source" (pointer to the item) and "index" (int32, its place in the menu).
+	microseconds), "source" (pointer to the item), "be:sender" (messenger of its menu) and "index"
+	(int32, its place in the menu).
 */
 class BMenuItem : public BInvoker {
 public:

@@ -176,7 +176,7 @@ TEST_F(MessageTest, OwnValue_MayBeAddedAgain)
 }
 
 
-TEST_F(MessageTest, Data_KeepsEveryByte_AndIsNullWhereThereIsNone)
+TEST_F(MessageTest, Data_KeepsEveryByte_AndWhereThereIsNoneTheValueIsNull)
 {
 	const uint8 bytes[5] = {0, 1, 0xff, 0, 7};
 	BMessage message;
@@ -195,6 +195,9 @@ TEST_F(MessageTest, Data_KeepsEveryByte_AndIsNullWhereThereIsNone)
 	const char* string = "x";
 	EXPECT_EQ(B_NAME_NOT_FOUND, fMessage.FindString("text", 0, &string));
 	EXPECT_EQ(NULL, string);
+	void* pointer = &fMessage;
+	EXPECT_EQ(B_NAME_NOT_FOUND, fMessage.FindPointer("none", &pointer));
+	EXPECT_EQ(NULL, pointer);
 }
 
 
@@ -204,12 +207,42 @@ TEST_F(MessageTest, NothingOrASecondType_IsNotAdded)
 	EXPECT_EQ(B_BAD_VALUE, fMessage.AddData("data", B_RAW_TYPE, &fMessage, 0));
 	EXPECT_EQ(B_BAD_VALUE, fMessage.AddString("text", static_cast<const char*>(NULL)));
 	EXPECT_EQ(B_BAD_VALUE, fMessage.AddInt32(NULL, 1));
-	EXPECT_EQ(B_BAD_VALUE, fMessage.AddInt32(std::string(256, 'n').c_str(), 1));
+	EXPECT_EQ(B_BAD_VALUE, fMessage.AddInt32(std::string(65536, 'n').c_str(), 1));
 	EXPECT_TRUE(fMessage.IsEmpty());
 
 	fMessage.AddString("name", "text");
 	EXPECT_EQ(B_BAD_TYPE, fMessage.AddInt32("name", 1));
 	EXPECT_STREQ("text", fMessage.GetString("name"));
+}
+
+
+TEST_F(MessageTest, LongName_IsAsGoodAsAnyOther)
+{
+	for (const size_t length : {255, 256, 65535}) {
+		SCOPED_TRACE(length);
+		const std::string name(length, 'n');
+		EXPECT_EQ(B_OK, fMessage.AddInt32(name.c_str(), 1));
+		EXPECT_EQ(B_OK, fMessage.AddInt32(name.c_str(), 2));
+		EXPECT_EQ(2, fMessage.GetInt32(name.c_str(), 1, 0));
+		EXPECT_FALSE(fMessage.HasData((name + "x").c_str(), B_INT32_TYPE));
+	}
+	EXPECT_EQ(3, fMessage.CountNames(B_INT32_TYPE));
+}
+
+
+TEST_F(MessageTest, DataOfAFixedSize_TakesNoValueOfAnother)
+{
+	EXPECT_EQ(B_OK, fMessage.AddData("fixed", B_RAW_TYPE, "abc", 3));
+	EXPECT_EQ(B_BAD_VALUE, fMessage.AddData("fixed", B_RAW_TYPE, "abcd", 4));
+	EXPECT_EQ(B_BAD_VALUE, fMessage.AddData("fixed", B_RAW_TYPE, "ab", 2, false));
+	EXPECT_EQ(B_OK, fMessage.AddData("fixed", B_RAW_TYPE, "def", 3));
+	EXPECT_TRUE(fMessage.HasData("fixed", B_RAW_TYPE, 1));
+	EXPECT_FALSE(fMessage.HasData("fixed", B_RAW_TYPE, 2));
+
+	EXPECT_EQ(B_OK, fMessage.AddData("loose", B_RAW_TYPE, "abc", 3, false));
+	EXPECT_EQ(B_OK, fMessage.AddData("loose", B_RAW_TYPE, "abcd", 4));
+	EXPECT_EQ(B_OK, fMessage.AddString("text", "long"));
+	EXPECT_EQ(B_OK, fMessage.AddString("text", "longer"));
 }
 
 

@@ -49,6 +49,27 @@ TEST(ControlTest, Invoke_SendsACopyOrWhatItIsGiven)
 }
 
 
+TEST(ControlTest, Message_NamesItsSender)
+{
+	OwnedWindow window;
+	BButton* button = new BButton("button", "Press", new BMessage(kPressed));
+	window->AddChild(button);
+	ShowAndWait(window);
+
+	BHandler* sender = NULL;
+	window->onMessage = [&](BMessage* received) {
+		const void* data;
+		ssize_t size;
+		if (received->FindData("be:sender", B_MESSENGER_TYPE, &data, &size) == B_OK
+			&& size == sizeof(BMessenger))
+			sender = static_cast<const BMessenger*>(data)->Target(NULL);
+	};
+	button->Invoke();
+	EXPECT_SOON(window->Received()->size() == 1);
+	EXPECT_EQ(button, sender);
+}
+
+
 TEST(ControlTest, TargetThatWasSet_IsKeptWhenAttached)
 {
 	OwnedWindow window;

@@ -73,6 +73,7 @@ TEST(MenuTest, ChosenItem_SendsItsMessageToTheWindow_OrToItsTarget)
 	int32 index = -1;
 	window->onMessage = [&](BMessage* message) {
 		index = message->GetInt32("index", -1);
+		EXPECT_TRUE(message->HasData("be:sender", B_MESSENGER_TYPE));
 	};
 	EXPECT_EQ(B_BAD_VALUE, choose(silent));
 	EXPECT_EQ(B_OK, choose(item));

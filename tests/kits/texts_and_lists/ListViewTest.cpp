@@ -128,6 +128,7 @@ TEST_F(ListViewTest, Click_Selects_AndOnlyADoubleClickInvokes)
 	EXPECT_EQ(fWindow->Last().GetInt32("index", -1), 2);
 	EXPECT_EQ(fWindow->Last().GetPointer("source"), static_cast<BView*>(fList));
 	EXPECT_NE(fWindow->Last().GetInt64("when", 0), 0);
+	EXPECT_TRUE(fWindow->Last().HasData("be:sender", B_MESSENGER_TYPE));
 }
 
 

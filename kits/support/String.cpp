@@ -8,6 +8,10 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#ifdef PALIMBRA_STRICT
+#	include <cstdlib>
+#	include <functional>
+#endif
 
 
 static const char*
@@ -21,6 +25,27 @@ static size_t
 bounded_length(const char* string, int32 maxLength)
 {
 	return strnlen(string, static_cast<size_t>(std::max<int32>(maxLength, 0)));
+}
+
+
+/*!	Haiku reads them where they were before the string has grown. In strict builds that ends the
+	program, in others it is as if they were a copy.
+*/
+static void
+refuse_own_bytes(const std::string& text, const char* added, const char* method)
+{
+#ifdef PALIMBRA_STRICT
+	const char* const begin = text.c_str();
+	const std::less_equal<const char*> notBehind;
+	if (notBehind(begin, added) && notBehind(added, begin + text.size())) {
+		fprintf(stderr, "%s: a string is added to itself\n", method);
+		abort();
+	}
+#else
+	static_cast<void>(text);
+	static_cast<void>(added);
+	static_cast<void>(method);
+#endif
 }
 
 
@@ -45,10 +70,13 @@ BString::operator=(const char* string)
 }
 
 
-/*!	Takes at most that many bytes, and none behind the first zero byte. */
+/*!	Takes at most that many bytes, with a negative limit all, and none behind the first zero byte.
+*/
 BString&
 BString::SetTo(const char* string, int32 maxLength)
 {
+	if (maxLength < 0)
+		maxLength = INT32_MAX;
 	fText.assign(text_or_empty(string), bounded_length(text_or_empty(string), maxLength));
 	return *this;
 }
@@ -78,6 +106,7 @@ BString::SetToFormat(const char* format, ...)
 BString&
 BString::Append(const char* string, int32 length)
 {
+	refuse_own_bytes(fText, string, "BString::Append()");
 	fText.append(string, bounded_length(string, length));
 	return *this;
 }
@@ -141,13 +170,13 @@ BString::LockBuffer(int32 maxLength)
 }
 
 
-/*!	Ends LockBuffer(). The string then has \a length bytes, or with -1 those before the first zero
-	byte.
+/*!	Ends LockBuffer(). The string then has \a length bytes; with 0 or less, those before the first
+	zero byte.
 */
 BString&
 BString::UnlockBuffer(int32 length)
 {
-	fText.resize(length < 0 ? strlen(fText.c_str()) : static_cast<size_t>(length));
+	fText.resize(length <= 0 ? strlen(fText.c_str()) : static_cast<size_t>(length));
 	return *this;
 }
 
@@ -155,6 +184,7 @@ BString::UnlockBuffer(int32 length)
 BString&
 BString::operator<<(const char* string)
 {
+	refuse_own_bytes(fText, string, "BString::operator<<()");
 	fText.append(text_or_empty(string));
 	return *this;
 }
@@ -163,6 +193,7 @@ BString::operator<<(const char* string)
 BString&
 BString::operator<<(const BString& string)
 {
+	refuse_own_bytes(fText, string.String(), "BString::operator<<()");
 	fText.append(string.fText);
 	return *this;
 }

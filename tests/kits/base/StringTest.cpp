@@ -28,7 +28,8 @@ TEST(StringTest, LengthLimit_CutsButNeverReadsPastTheEnd)
 	BString string("old");
 	EXPECT_STREQ("ab", string.SetTo("abcd", 2).String());
 	EXPECT_STREQ("abcd", string.SetTo("abcd", 100).String());
-	EXPECT_STREQ("", string.SetTo("abcd", -1).String());
+	EXPECT_STREQ("abcd", string.SetTo("abcd", -1).String());
+	EXPECT_STREQ("", string.SetTo("abcd", 0).String());
 	EXPECT_STREQ("xyab", BString("xy").Append("abcd", 2).String());
 }
 
@@ -111,4 +112,33 @@ TEST(StringTest, LockBuffer_WritesInPlace)
 
 	string.LockBuffer(20);
 	EXPECT_STREQ("abc", string.UnlockBuffer(3).String());
+}
+
+
+TEST(StringTest, UnlockBufferWithZero_KeepsTheTextUpToItsEnd)
+{
+	for (const int32 length : {0, -1, -7}) {
+		SCOPED_TRACE(length);
+		BString string("abcdefg");
+		memcpy(string.LockBuffer(10), "abcd", 5);
+		string.UnlockBuffer(length);
+		EXPECT_STREQ("abcd", string.String());
+		EXPECT_EQ(4, string.Length());
+	}
+}
+
+
+/*!	On Haiku it is an error that one may not notice. */
+TEST(StringTest, AddedToItself_IsRefusedInStrictBuilds)
+{
+	BString string("ab");
+#ifdef PALIMBRA_STRICT
+	EXPECT_DEATH(string << string, "operator<<");
+	EXPECT_DEATH(string << string.String() + 1, "operator<<");
+	EXPECT_DEATH(string.Append(string.String(), 1), "Append");
+#else
+	EXPECT_STREQ("abab", (string << string).String());
+	EXPECT_STREQ("ababbab", (string << string.String() + 1).String());
+	EXPECT_STREQ("ababbabab", string.Append(string.String(), 2).String());
+#endif
 }

@@ -150,12 +150,13 @@ BWindow::IsHidden() const
 }
 
 
-/*!	Does nothing while the window is hidden. */
+/*!	Does nothing while the window is hidden, and nothing to a modal one. */
 void
 BWindow::Minimize(bool minimize)
 {
 	CHECK_MAIN_THREAD();
-	fPeer->Minimize(minimize);
+	if (!IsModal())
+		fPeer->Minimize(minimize);
 }
 
 
@@ -167,8 +168,8 @@ BWindow::IsMinimized() const
 }
 
 
-/*!	Brings the window to the front and gives it the keyboard, unless a modal window is open, or
-	takes the wish back.
+/*!	Brings the window to the front, also when it is minimized, and gives it the keyboard, unless a
+	modal window is open; or takes the wish back.
 */
 void
 BWindow::Activate(bool active)

@@ -159,6 +159,8 @@ WindowPeer::Activate(bool active)
 {
 	if (IsHidden())
 		return;
+	if (active)
+		Minimize(false);
 	fShallActivate = active;
 	ScheduleFlush();
 }

@@ -100,6 +100,35 @@ TEST_F(WindowTest, Minimized_IsReadAtOnceAndServed_AndIgnoredWhileHidden)
 }
 
 
+TEST_F(WindowTest, Activate_BringsAMinimizedWindowBack)
+{
+	ShowAndWait(fWindow);
+	fWindow->Minimize(true);
+	ASSERT_SOON(is_shown_minimized(fWindow));
+	fWindow->Activate(true);
+	EXPECT_FALSE(fWindow->IsMinimized());
+	EXPECT_SOON(!is_shown_minimized(fWindow) && fWindow->IsActive());
+
+	fWindow->Minimize(true);
+	ASSERT_SOON(is_shown_minimized(fWindow));
+	fWindow->Activate(false);
+	EXPECT_TRUE(fWindow->IsMinimized());
+}
+
+
+TEST_F(WindowTest, ModalWindow_IsNeverMinimized)
+{
+	BWindow* modal = new BWindow(BRect(0, 0, 99, 99), "Modal", B_TITLED_WINDOW_LOOK,
+		B_MODAL_APP_WINDOW_FEEL, 0);
+	const WindowCloser closer(modal);
+	modal->Show();
+	modal->Minimize(true);
+	EXPECT_FALSE(modal->IsMinimized());
+	EXPECT_SOON(is_shown(modal));
+	EXPECT_FALSE(is_shown_minimized(modal));
+}
+
+
 TEST_F(WindowTest, Activate_GivesTheFocusAndSaysNothing)
 {
 	OwnedWindow first;

@@ -11,6 +11,7 @@
 #include <memory>
 #include <sys/types.h>
 
+#include <Messenger.h>
 #include <SupportDefs.h>
 
 
@@ -53,10 +54,12 @@ private:
 	const char* _ReadListing(const Socket& socket, Listing* _listing);
 	void _ReadRecords(const Socket& socket, Listing* _listing, size_t size);
 	void _PostServers(const Listing& listing);
+	void _Post(BMessage* message) const;
 
 	const std::unique_ptr<ConnectionAttempt> fAttempt;
 	const std::atomic<bool>& fRunning;
 	BLooper* fTarget;
+	BMessenger fMessenger;
 };
 
 

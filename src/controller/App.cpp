@@ -5,6 +5,7 @@
 #include "App.h"
 
 #include "AppMessages.h"
+#include "Delivery.h"
 #include "MainWindow.h"
 
 
@@ -23,6 +24,7 @@ void
 App::ReadyToRun()
 {
 	fMainWindow = new MainWindow();
+	fMessenger = BMessenger(fMainWindow);
 	fMainWindow->Show();
 }
 
@@ -31,6 +33,6 @@ App::ReadyToRun()
 void
 App::AboutRequested()
 {
-	if (fMainWindow != NULL)
-		fMainWindow->PostMessage(kMsgToolAbout);
+	BMessage request(kMsgToolAbout);
+	Deliver(fMessenger, &request);
 }

@@ -23,6 +23,7 @@ public:
 private:
 	// Borrowed: a window deletes itself when it quits.
 	MainWindow* fMainWindow;
+	BMessenger fMessenger;
 };
 
 

@@ -11,6 +11,7 @@
 #include "AppMessages.h"
 #include "ChatColors.h"
 #include "ConnectionMark.h"
+#include "Delivery.h"
 
 
 ChatOutput::ChatOutput(BLooper* chatWindow)
@@ -28,7 +29,7 @@ ChatOutput::Append(const char* text, rgb_color color)
 	BMessage message(kMsgAppendChat);
 	message.AddString("text", text);
 	message.AddInt32("color", static_cast<int32>(packed));
-	fChatWindow->PostMessage(&message);
+	Deliver(fChatWindow, &message);
 }
 
 
@@ -49,7 +50,7 @@ ChatOutput::Enable(bool enabled, uint32 connection)
 	BMessage message(kMsgEnableChat);
 	message.AddBool("enabled", enabled);
 	AddConnection(&message, connection);
-	fChatWindow->PostMessage(&message);
+	Deliver(fChatWindow, &message);
 }
 
 

@@ -7,6 +7,7 @@
 
 
 #include <GraphicsDefs.h>
+#include <Messenger.h>
 
 
 class BLooper;
@@ -14,7 +15,7 @@ class BMessage;
 
 
 /*!	All that the chat window shows and whether one can type there, as the controller tells it. Lives
-	in the main window's thread; borrows the chat window.
+	in the main window's thread.
 */
 class ChatOutput {
 public:
@@ -29,7 +30,7 @@ public:
 	void ShowServerMessage(const BMessage* message);
 
 private:
-	BLooper* fChatWindow;
+	const BMessenger fChatWindow;
 };
 
 

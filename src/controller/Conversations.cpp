@@ -76,3 +76,19 @@ Conversations::Forget(const BMessage* notice)
 		return open->Socket() == socket;
 	}));
 }
+
+
+/*!	Asks every window to close and forgets it. */
+void
+Conversations::CloseAll()
+{
+	fMsgWindows.CloseAll();
+}
+
+
+/*!	Ends every window without asking it. */
+void
+Conversations::QuitAll()
+{
+	fMsgWindows.QuitAll();
+}

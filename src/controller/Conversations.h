@@ -27,8 +27,8 @@ public:
 		BMessage* received = NULL);
 	void Receive(const BMessage* message, uint32 connection);
 	void Forget(const BMessage* notice);
-	void CloseAll() { fMsgWindows.CloseAll(); }
-	void QuitAll() { fMsgWindows.QuitAll(); }
+	void CloseAll();
+	void QuitAll();
 
 private:
 	BLooper* fTarget;

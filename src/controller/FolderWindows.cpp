@@ -60,3 +60,19 @@ FolderWindows::Forget(const BMessage* notice)
 	if (notice->FindPointer("window", &window) == B_OK)
 		fFileWindows.Remove(window);
 }
+
+
+/*!	Asks every window to close and forgets it. */
+void
+FolderWindows::CloseAll()
+{
+	fFileWindows.CloseAll();
+}
+
+
+/*!	Ends every window without asking it. */
+void
+FolderWindows::QuitAll()
+{
+	fFileWindows.QuitAll();
+}

@@ -26,8 +26,8 @@ public:
 	void Open(const char* path, uint32 connection);
 	void PassOn(const BMessage* listing);
 	void Forget(const BMessage* notice);
-	void CloseAll() { fFileWindows.CloseAll(); }
-	void QuitAll() { fFileWindows.QuitAll(); }
+	void CloseAll();
+	void QuitAll();
 
 private:
 	BLooper* fTarget;

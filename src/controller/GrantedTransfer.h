@@ -8,7 +8,9 @@
 
 #include <memory>
 
+#include <Looper.h>
 #include <Message.h>
+#include <Messenger.h>
 #include <OS.h>
 
 #include "HotlineProtocol.h"
@@ -39,7 +41,7 @@ GrantedTransfer<Info>::GrantedTransfer(const BMessage* grant, BLooper* target)
 	fInfo->address = grant->GetString("address", "");
 	fInfo->port = grant->GetUInt16("port", kDefaultPort);
 	fInfo->ref = grant->GetUInt32("ref", 0);
-	fInfo->target = target;
+	fInfo->target = BMessenger(target);
 }
 
 

@@ -19,6 +19,7 @@
 #include "ChatWindow.h"
 #include "ConnectionMark.h"
 #include "ConnectWindow.h"
+#include "Delivery.h"
 #include "HotlineClient.h"
 #include "MessageWindow.h"
 #include "OptionsWindow.h"
@@ -389,7 +390,7 @@ MainWindow::_HandleUserChanged(const BMessage* message)
 	change.AddUInt16("color", message->GetUInt16("color", 0));
 	change.AddString("nick", message->GetString("nick", "???"));
 	AddConnection(&change, _CurrentConnection());
-	fUserListWindow->PostMessage(&change);
+	Deliver(BMessenger(fUserListWindow), &change);
 }
 
 
@@ -398,12 +399,13 @@ MainWindow::_HandleUserLeft(const BMessage* message)
 {
 	BMessage change(kMsgRemoveUser);
 	change.AddUInt16("socket", message->GetUInt16("socket", 0));
-	fUserListWindow->PostMessage(&change);
+	Deliver(BMessenger(fUserListWindow), &change);
 }
 
 
 void
 MainWindow::_UsersClear()
 {
-	fUserListWindow->PostMessage(kMsgRemoveAll);
+	BMessage clear(kMsgRemoveAll);
+	Deliver(BMessenger(fUserListWindow), &clear);
 }

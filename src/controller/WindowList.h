@@ -96,8 +96,12 @@ template<class Kind>
 void
 WindowList<Kind>::CloseAll()
 {
-	for (int32 i = fWindows.CountItems() - 1; i >= 0; i--)
-		_WindowAt(i)->PostMessage(B_QUIT_REQUESTED);
+	for (int32 i = fWindows.CountItems() - 1; i >= 0; i--) {
+		_Use(i, [](Kind* window) {
+			window->PostMessage(B_QUIT_REQUESTED);
+			return true;
+		});
+	}
 	fWindows.MakeEmpty();
 }
 
@@ -108,8 +112,13 @@ void
 WindowList<Kind>::QuitAll()
 {
 	for (int32 i = fWindows.CountItems() - 1; i >= 0; i--) {
-		if (_WindowAt(i)->Lock())
-			_WindowAt(i)->Quit();
+		BWindow* listed = _WindowAt(i);
+		if (!listed->Lock())
+			continue;
+		if (dynamic_cast<Kind*>(listed) != NULL)
+			listed->Quit();
+		else
+			listed->Unlock();
 	}
 	fWindows.MakeEmpty();
 }

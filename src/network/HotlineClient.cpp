@@ -12,6 +12,7 @@
 
 #include "ConnectionAttempt.h"
 #include "ConnectionMark.h"
+#include "Delivery.h"
 #include "HotlineProtocol.h"
 
 
@@ -36,6 +37,7 @@ wait_for(thread_id thread)
 /*!	\param target Where notifications are posted, not owned; NULL drops them. */
 HotlineClient::HotlineClient(BLooper* target)
 	: fTarget(target),
+	  fMessenger(fTarget),
 	  fConnection(sNextConnection++),
 	  fStateLock("hotline state"),
 	  fConnectPort(kDefaultPort),
@@ -119,7 +121,9 @@ HotlineClient::Connect(const char* address, uint16 port, const char* login, cons
 	if (!started) {
 		BMessage failed(kHLConnectFailed);
 		failed.AddString("error", "Could not create connect thread");
-		_Notify(&failed);
+		AddConnection(&failed, fConnection);
+		// Nobody makes room in the target's queue while its own thread waits for that.
+		Deliver(fMessenger, &failed);
 	}
 }
 
@@ -191,7 +195,8 @@ HotlineClient::_Notify(uint32 what)
 }
 
 
-/*!	Posts a copy, marked as this client's, to the target. May wait for room in the target's queue.
+/*!	Posts a copy, marked as this client's, to the target. Waits for room in the target's queue, on a
+	thread of the client's.
 */
 void
 HotlineClient::_Notify(BMessage* msg)
@@ -199,7 +204,9 @@ HotlineClient::_Notify(BMessage* msg)
 	if (fTarget == NULL || fClosing)
 		return;
 	AddConnection(msg, fConnection);
-	fTarget->PostMessage(msg);
+	bool isDelivered = false;
+	while (!isDelivered && !fClosing)
+		isDelivered = Deliver(fMessenger, msg);
 }
 
 

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include <Locker.h>
+#include <Messenger.h>
 #include <OS.h>
 #include <String.h>
 
@@ -28,8 +29,7 @@ class ConnectionAttempt;
 
 /*!	The connection to a Hotline server: connects, logs in, reads what the server sends and sends the
 	user's requests.
-	All that happens is posted to the target as a HotlineNotification; the target must outlive the
-	client's threads.
+	All that happens is posted to the target as a HotlineNotification, for as long as that is there.
 	Connect(), Disconnect(), the getters and the destructor belong to the owner's thread, requests
 	to any: none of them waits for the server. Deleting it waits for its threads, which are woken; a
 	name that is being resolved is left behind.
@@ -125,6 +125,7 @@ private:
 	void _NotifyTransfer(BMessage* message);
 
 	BLooper* const fTarget;
+	const BMessenger fMessenger;
 	const uint32 fConnection;
 
 	// Its lock is taken before fStateLock where both are.

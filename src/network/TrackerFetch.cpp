@@ -14,6 +14,7 @@
 
 #include "AppMessages.h"
 #include "ConnectionAttempt.h"
+#include "Delivery.h"
 #include "TrackerListing.h"
 
 
@@ -54,7 +55,8 @@ attempt_to(const char* address)
 TrackerFetch::TrackerFetch(const char* address, const std::atomic<bool>& running, BLooper* target)
 	: fAttempt(attempt_to(address)),
 	  fRunning(running),
-	  fTarget(target)
+	  fTarget(target),
+	  fMessenger(fTarget)
 {
 }
 
@@ -79,12 +81,13 @@ TrackerFetch::Run()
 	if (error.Length() > 0) {
 		BMessage message(kMsgTrackerError);
 		message.AddString("error", error);
-		fTarget->PostMessage(&message);
+		_Post(&message);
 		return 1;
 	}
 
 	_PostServers(listing);
-	fTarget->PostMessage(kMsgTrackerDone);
+	BMessage done(kMsgTrackerDone);
+	_Post(&done);
 	return 0;
 }
 
@@ -177,7 +180,17 @@ TrackerFetch::_PostServers(const Listing& listing)
 		message.AddString("ip", address);
 		message.AddInt16("port", static_cast<int16>(record.port));
 		message.AddInt16("users", static_cast<int16>(record.users));
-		fTarget->PostMessage(&message);
+		_Post(&message);
 		posted++;
 	}
+}
+
+
+/*!	Waits for room in the target's queue for as long as the fetch runs. */
+void
+TrackerFetch::_Post(BMessage* message) const
+{
+	bool isDelivered = Deliver(fMessenger, message);
+	while (!isDelivered && fRunning)
+		isDelivered = Deliver(fMessenger, message);
 }

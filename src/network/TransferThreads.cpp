@@ -9,12 +9,12 @@
 #include <new>
 
 #include <File.h>
-#include <Looper.h>
 #include <Message.h>
 
 #include "AppMessages.h"
 #include "ConnectionAttempt.h"
 #include "ConnectionMark.h"
+#include "Delivery.h"
 #include "FlattenedFile.h"
 #include "FlattenedFileReader.h"
 
@@ -28,13 +28,22 @@ static const int kBannerTimeout = 30;
 static const int kNoTimeout = 0;
 
 
+/*!	Waits for room in the target's queue. */
 static void
-post_outcome(BLooper* target, uint32 what, const BString& fileName, bool success)
+post(const BMessenger& target, BMessage* message)
+{
+	while (!Deliver(target, message))
+		continue;
+}
+
+
+static void
+post_outcome(const BMessenger& target, uint32 what, const BString& fileName, bool success)
 {
 	BMessage message(what);
 	message.AddString("filename", fileName);
 	message.AddBool("success", success);
-	target->PostMessage(&message);
+	post(target, &message);
 }
 
 
@@ -225,7 +234,7 @@ BannerThread(void* data)
 		BMessage message(kMsgBannerData);
 		message.AddData("data", B_RAW_TYPE, bytes.get(), static_cast<ssize_t>(count));
 		AddConnection(&message, info->connection);
-		info->target->PostMessage(&message);
+		post(info->target, &message);
 	}
 	return 0;
 }

@@ -6,17 +6,15 @@
 #define TRANSFER_THREADS_H
 
 
+#include <Messenger.h>
 #include <String.h>
 #include <SupportDefs.h>
 
 
-class BLooper;
-
-
 /*!	What a transfer thread needs to know. The controller fills a record and starts a thread with it;
 	from then on it belongs to the thread, which deletes it on every path. The address and the port
-	are those of the control connection, the reference is the server's. The target, to which the
-	outcome is posted, is borrowed.
+	are those of the control connection, the reference is the server's. The outcome is posted to the
+	target, which may be gone by then.
 */
 struct DownloadInfo {
 	BString address;
@@ -26,7 +24,7 @@ struct DownloadInfo {
 	uint32 size;
 	BString localPath;
 	BString filename;
-	BLooper* target;
+	BMessenger target;
 };
 
 
@@ -36,7 +34,7 @@ struct UploadInfo {
 	uint32 ref;
 	BString localPath;
 	BString filename;
-	BLooper* target;
+	BMessenger target;
 };
 
 
@@ -46,7 +44,7 @@ struct BannerDLInfo {
 	uint32 ref;
 	// The bytes that the server announced, all of which are kept in memory.
 	uint32 size;
-	BLooper* target;
+	BMessenger target;
 	// The number of the connection that the banner belongs to.
 	uint32 connection = 0;
 };

@@ -7,7 +7,6 @@
 #include <Button.h>
 #include <Font.h>
 #include <LayoutBuilder.h>
-#include <Looper.h>
 #include <Message.h>
 #include <ScrollView.h>
 #include <SeparatorView.h>
@@ -16,6 +15,7 @@
 
 #include "AppMessages.h"
 #include "ConnectionMark.h"
+#include "Delivery.h"
 
 
 /*!	\param text The agreement, shown as it stands; \c NULL for none.
@@ -102,5 +102,5 @@ AgreementWindow::_Answer(uint32 answer)
 	fResponded = true;
 	BMessage message(answer);
 	AddConnection(&message, fConnection);
-	fTarget->PostMessage(&message);
+	Deliver(fMessenger, &message);
 }

@@ -6,6 +6,7 @@
 #define AGREEMENT_WINDOW_H
 
 
+#include <Messenger.h>
 #include <Window.h>
 
 
@@ -29,6 +30,7 @@ private:
 
 	BTextView* fTextView;
 	BLooper* fTarget;
+	BMessenger fMessenger{fTarget};
 	const uint32 fConnection;
 	bool fResponded;
 };

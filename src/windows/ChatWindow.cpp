@@ -8,13 +8,13 @@
 
 #include <Font.h>
 #include <LayoutBuilder.h>
-#include <Looper.h>
 #include <Message.h>
 #include <ScrollView.h>
 #include <TextView.h>
 
 #include "AppMessages.h"
 #include "ConnectionMark.h"
+#include "Delivery.h"
 #include "EntryLine.h"
 #include "KeptSelection.h"
 
@@ -91,7 +91,7 @@ ChatWindow::_HandleSend()
 	BMessage request(kMsgSendChat);
 	request.AddString("text", fChatInput->Text());
 	AddConnection(&request, fConnection);
-	fTarget->PostMessage(&request);
+	Deliver(fMessenger, &request);
 	fChatInput->SetText("");
 }
 

@@ -6,6 +6,7 @@
 #define CHAT_WINDOW_H
 
 
+#include <Messenger.h>
 #include <Window.h>
 
 
@@ -37,6 +38,7 @@ private:
 	BScrollView* fChatScroll;
 	EntryLine* fChatInput;
 	BLooper* fTarget;
+	BMessenger fMessenger{fTarget};
 	// The number of the connection that what is typed is meant for.
 	uint32 fConnection;
 };

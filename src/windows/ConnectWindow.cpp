@@ -8,7 +8,6 @@
 
 #include <Button.h>
 #include <LayoutBuilder.h>
-#include <Looper.h>
 #include <Message.h>
 #include <SeparatorView.h>
 #include <String.h>
@@ -16,6 +15,7 @@
 #include <TextView.h>
 
 #include "AppMessages.h"
+#include "Delivery.h"
 #include "HotlineProtocol.h"
 
 
@@ -115,7 +115,7 @@ ConnectWindow::_HandleConnect()
 	request.AddInt16("port", static_cast<int16>(_Port()));
 	request.AddString("login", fLoginField->Text());
 	request.AddString("password", fPasswordField->Text());
-	fTarget->PostMessage(&request);
+	Deliver(fMessenger, &request);
 
 	PostMessage(B_QUIT_REQUESTED);
 }

@@ -6,6 +6,7 @@
 #define CONNECT_WINDOW_H
 
 
+#include <Messenger.h>
 #include <Window.h>
 
 
@@ -35,6 +36,7 @@ private:
 	BTextControl* fLoginField;
 	BTextControl* fPasswordField;
 	BLooper* fTarget;
+	BMessenger fMessenger{fTarget};
 };
 
 

@@ -10,7 +10,6 @@
 #include <FilePanel.h>
 #include <Font.h>
 #include <LayoutBuilder.h>
-#include <Looper.h>
 #include <Message.h>
 #include <Messenger.h>
 #include <Path.h>
@@ -19,6 +18,7 @@
 
 #include "AppMessages.h"
 #include "ConnectionMark.h"
+#include "Delivery.h"
 #include "FileItem.h"
 #include "ListRows.h"
 #include "ProgramFolder.h"
@@ -107,7 +107,7 @@ FileListWindow::QuitRequested()
 	BMessage notice(kMsgFileWinClosed);
 	notice.AddPointer("window", this);
 	AddConnection(&notice, fConnection);
-	fTarget->PostMessage(&notice);
+	Deliver(fMessenger, &notice);
 	return true;
 }
 
@@ -228,7 +228,7 @@ void
 FileListWindow::_PostRequest(BMessage* request)
 {
 	AddConnection(request, fConnection);
-	fTarget->PostMessage(request);
+	Deliver(fMessenger, request);
 }
 
 

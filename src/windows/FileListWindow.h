@@ -8,6 +8,7 @@
 
 #include <memory>
 
+#include <Messenger.h>
 #include <String.h>
 #include <Window.h>
 
@@ -55,6 +56,7 @@ private:
 	BButton* fUploadBtn;
 	BStringView* fCountLabel;
 	BLooper* fTarget;
+	BMessenger fMessenger{fTarget};
 	BString fPath;
 	BString fAssetsPath;
 	const uint32 fConnection;

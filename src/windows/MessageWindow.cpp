@@ -9,13 +9,13 @@
 #include <Font.h>
 #include <InterfaceDefs.h>
 #include <LayoutBuilder.h>
-#include <Looper.h>
 #include <Message.h>
 #include <ScrollView.h>
 #include <TextView.h>
 
 #include "AppMessages.h"
 #include "ConnectionMark.h"
+#include "Delivery.h"
 #include "EntryLine.h"
 #include "HotlineNotifications.h"
 #include "KeptSelection.h"
@@ -136,7 +136,7 @@ MessageWindow::QuitRequested()
 	// A late notice is not to be taken for that of a later window for the same user.
 	notice.AddPointer("window", this);
 	AddConnection(&notice, fConnection);
-	fTarget->PostMessage(&notice);
+	Deliver(fMessenger, &notice);
 	return true;
 }
 
@@ -161,7 +161,7 @@ MessageWindow::_ReturnReceived(const BMessage* message)
 	returned.AddString("nick", message->GetString("nick", fNick.String()));
 	returned.AddUInt16("socket", fSocket);
 	AddConnection(&returned, fConnection);
-	fTarget->PostMessage(&returned);
+	Deliver(fMessenger, &returned);
 }
 
 
@@ -178,7 +178,7 @@ MessageWindow::_HandleSend()
 	request.AddUInt16("socket", fSocket);
 	request.AddString("text", text);
 	AddConnection(&request, fConnection);
-	fTarget->PostMessage(&request);
+	Deliver(fMessenger, &request);
 	fInput->SetText("");
 }
 

@@ -6,6 +6,7 @@
 #define MESSAGE_WINDOW_H
 
 
+#include <Messenger.h>
 #include <String.h>
 #include <Window.h>
 
@@ -50,6 +51,7 @@ private:
 	BScrollView* fChatScroll;
 	EntryLine* fInput;
 	BLooper* fTarget;
+	BMessenger fMessenger{fTarget};
 	uint16 fSocket;
 	BString fNick;
 	const uint32 fConnection;

@@ -13,7 +13,6 @@
 #include <Entry.h>
 #include <Font.h>
 #include <LayoutBuilder.h>
-#include <Looper.h>
 #include <Message.h>
 #include <Path.h>
 #include <ScrollView.h>
@@ -24,6 +23,7 @@
 #include <TranslationUtils.h>
 
 #include "AppMessages.h"
+#include "Delivery.h"
 #include "IconItem.h"
 #include "ListRows.h"
 
@@ -234,7 +234,7 @@ OptionsWindow::_HandleSave()
 	request.AddString("nick", fNickField->Text());
 	request.AddString("tracker", fTrackerField->Text());
 	request.AddUInt16("icon", fSelectedIcon);
-	fTarget->PostMessage(&request);
+	Deliver(fMessenger, &request);
 
 	PostMessage(B_QUIT_REQUESTED);
 }

@@ -6,6 +6,7 @@
 #define OPTIONS_WINDOW_H
 
 
+#include <Messenger.h>
 #include <Window.h>
 
 
@@ -46,6 +47,7 @@ private:
 	BScrollView* fIconScroll;
 	BStringView* fIconLabel;
 	BLooper* fTarget;
+	BMessenger fMessenger{fTarget};
 	// The number that is going to be saved, whether or not there is a picture for it.
 	uint16 fSelectedIcon;
 };

@@ -7,12 +7,12 @@
 #include <Button.h>
 #include <Font.h>
 #include <LayoutBuilder.h>
-#include <Looper.h>
 #include <Message.h>
 #include <ScrollView.h>
 #include <StringView.h>
 
 #include "AppMessages.h"
+#include "Delivery.h"
 #include "HotlineProtocol.h"
 #include "ListRows.h"
 #include "ServerItem.h"
@@ -188,7 +188,7 @@ TrackerWindow::_HandleInvoke()
 	request.AddInt16("port", static_cast<int16>(server->Port()));
 	request.AddString("login", "");
 	request.AddString("password", "");
-	fTarget->PostMessage(&request);
+	Deliver(fMessenger, &request);
 }
 
 

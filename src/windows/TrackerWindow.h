@@ -9,6 +9,7 @@
 #include <atomic>
 #include <memory>
 
+#include <Messenger.h>
 #include <OS.h>
 #include <String.h>
 #include <Window.h>
@@ -52,6 +53,7 @@ private:
 	BScrollView* fServerScroll;
 	BStringView* fStatusLabel;
 	BLooper* fTarget;
+	BMessenger fMessenger{fTarget};
 
 	// Set before the fetch thread starts, which only reads it.
 	BString fTrackerAddress;

@@ -9,13 +9,13 @@
 #include <Bitmap.h>
 #include <Font.h>
 #include <LayoutBuilder.h>
-#include <Looper.h>
 #include <Message.h>
 #include <ScrollView.h>
 #include <StringView.h>
 
 #include "AppMessages.h"
 #include "ConnectionMark.h"
+#include "Delivery.h"
 #include "ListRows.h"
 #include "ProgramFolder.h"
 #include "ToolTipListView.h"
@@ -158,7 +158,7 @@ UserListWindow::_HandleInvoked()
 	request.AddUInt16("socket", user->Socket());
 	request.AddString("nick", user->Text());
 	AddConnection(&request, fConnection);
-	fTarget->PostMessage(&request);
+	Deliver(fMessenger, &request);
 }
 
 

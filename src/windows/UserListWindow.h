@@ -8,6 +8,7 @@
 
 #include <memory>
 
+#include <Messenger.h>
 #include <String.h>
 #include <Window.h>
 
@@ -53,6 +54,7 @@ private:
 	BScrollView* fUserScroll;
 	BStringView* fCountLabel;
 	BLooper* fTarget;
+	BMessenger fMessenger{fTarget};
 	// The number of the connection whose users are listed.
 	uint32 fConnection;
 	IconEntry fIconCache[kMaxCachedIcons];

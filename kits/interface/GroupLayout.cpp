@@ -20,7 +20,7 @@
 /*!	The place of nothing. It limits nothing around it, either. */
 class EmptyItem : public QLayoutItem {
 public:
-	explicit EmptyItem(const BSpaceLayoutItem& item)
+	explicit EmptyItem(BSpaceLayoutItem& item)
 		: fMinSize(size_to_toolkit(item.MinSize())),
 		  fMaxSize(size_to_toolkit(item.MaxSize())),
 		  fPreferredSize(size_to_toolkit(item.PreferredSize()))
@@ -131,7 +131,7 @@ BGroupLayout::AddItem(BLayoutItem* item, float weight)
 		return false;
 
 	BLayout* layout = dynamic_cast<BLayout*>(item);
-	const BSpaceLayoutItem* space = dynamic_cast<BSpaceLayoutItem*>(item);
+	BSpaceLayoutItem* space = dynamic_cast<BSpaceLayoutItem*>(item);
 	if (layout == NULL && space == NULL)
 		return false;
 

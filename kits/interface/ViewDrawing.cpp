@@ -166,7 +166,7 @@ BView::TruncateString(BString* inOut, uint32 mode, float width) const
 
 /*!	\param location Where the baseline starts. */
 void
-BView::DrawString(const char* string, BPoint location)
+BView::DrawString(const char* string, BPoint location, escapement_delta* /*delta*/)
 {
 	CHECK_LOCKED(Looper());
 	if (string != NULL)

@@ -57,7 +57,7 @@ is_bearable(QSize size)
 
 /*!	Reads a picture of whatever kind. */
 BBitmap*
-BTranslationUtils::GetBitmap(BPositionIO* stream)
+BTranslationUtils::GetBitmap(BPositionIO* stream, BTranslatorRoster* /*roster*/)
 {
 	if (stream == NULL)
 		return NULL;
@@ -82,7 +82,7 @@ BTranslationUtils::GetBitmap(BPositionIO* stream)
 	\return NULL also for what is no plain file.
 */
 BBitmap*
-BTranslationUtils::GetBitmapFile(const char* path)
+BTranslationUtils::GetBitmapFile(const char* path, BTranslatorRoster* /*roster*/)
 {
 	if (path == NULL)
 		return NULL;

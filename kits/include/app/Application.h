@@ -23,6 +23,7 @@ struct app_info;
 class BApplication : public BLooper {
 public:
 	BApplication(const char* signature);
+	BApplication(const char* signature, status_t* _error) = delete;
 	~BApplication() override;
 
 	thread_id Run() override;

@@ -19,6 +19,7 @@ class BInvoker {
 public:
 	BInvoker();
 	BInvoker(BMessage* message, const BHandler* handler, const BLooper* looper = NULL);
+	BInvoker(BMessage* message, BMessenger target) = delete;
 	BInvoker(const BInvoker&) = delete;
 	virtual ~BInvoker();
 
@@ -29,6 +30,7 @@ public:
 	uint32 Command() const;
 
 	virtual status_t SetTarget(const BHandler* handler, const BLooper* looper = NULL);
+	virtual status_t SetTarget(BMessenger target) = delete;
 	BHandler* Target(BLooper** _looper = NULL) const;
 	BMessenger Messenger() const { return fMessenger; }
 

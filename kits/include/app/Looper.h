@@ -33,6 +33,8 @@ public:
 
 	status_t PostMessage(uint32 command);
 	status_t PostMessage(BMessage* message);
+	status_t PostMessage(uint32 command, BHandler* handler, BHandler* replyTo = NULL) = delete;
+	status_t PostMessage(BMessage* message, BHandler* handler, BHandler* replyTo = NULL) = delete;
 
 	virtual void DispatchMessage(BMessage* message, BHandler* handler);
 	void MessageReceived(BMessage* message) override;

@@ -96,6 +96,9 @@ public:
 	status_t GetInfo(type_code typeRequested, int32 index, char** _name, type_code* _type,
 		int32* _count = NULL) const;
 	status_t GetInfo(const char* name, type_code* _type, int32* _count = NULL) const;
+	status_t GetInfo(const char* name, type_code* _type, bool* _isFixedSize) const = delete;
+	status_t GetInfo(const char* name, type_code* _type, int32* _count,
+		bool* _isFixedSize) const = delete;
 	int32 CountNames(type_code type) const;
 	bool IsEmpty() const { return fFields.IsEmpty(); }
 
@@ -112,12 +115,19 @@ public:
 	status_t AddData(const char* name, type_code type, const void* data, ssize_t numBytes,
 		bool isFixedSize = true, int32 count = 1);
 
+	const char* FindString(const char* name, int32 index = 0) const = delete;
+	status_t FindString(const char* name, const char** _string) const = delete;
+	status_t FindString(const char* name, BString* _string) const = delete;
 	status_t FindString(const char* name, int32 index, const char** _string) const;
 	status_t FindString(const char* name, int32 index, BString* _string) const = delete;
 	status_t FindPointer(const char* name, void** _pointer) const;
+	status_t FindPointer(const char* name, int32 index, void** _pointer) const = delete;
 	status_t FindRef(const char* name, entry_ref* _ref) const;
+	status_t FindRef(const char* name, int32 index, entry_ref* _ref) const = delete;
 	status_t FindData(const char* name, type_code type, const void** _data,
 		ssize_t* _numBytes) const;
+	status_t FindData(const char* name, type_code type, int32 index, const void** _data,
+		ssize_t* _numBytes) const = delete;
 
 	bool GetBool(const char* name, bool defaultValue = false) const;
 	bool GetBool(const char* name, int32 index, bool defaultValue) const;

@@ -18,6 +18,14 @@ class BMessageRunner {
 public:
 	BMessageRunner(BMessenger target, const BMessage* message, bigtime_t interval,
 		int32 count = -1);
+	BMessageRunner(BMessenger target, const BMessage& message, bigtime_t interval, int32 count = -1)
+		= delete;
+	BMessageRunner(BMessenger target, const BMessage* message, bigtime_t interval, int32 count,
+		BMessenger replyTo)
+		= delete;
+	BMessageRunner(BMessenger target, const BMessage& message, bigtime_t interval, int32 count,
+		BMessenger replyTo)
+		= delete;
 	BMessageRunner(const BMessageRunner&) = delete;
 	virtual ~BMessageRunner();
 

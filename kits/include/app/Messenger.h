@@ -32,6 +32,12 @@ public:
 	status_t SendMessage(uint32 command, BHandler* replyTo = NULL) const;
 	status_t SendMessage(BMessage* message, BHandler* replyTo = NULL,
 		bigtime_t timeout = B_INFINITE_TIMEOUT) const;
+	status_t SendMessage(BMessage* message, BMessenger replyTo,
+		bigtime_t timeout = B_INFINITE_TIMEOUT) const = delete;
+	status_t SendMessage(uint32 command, BMessage* reply) const = delete;
+	status_t SendMessage(BMessage* message, BMessage* reply,
+		bigtime_t deliveryTimeout = B_INFINITE_TIMEOUT,
+		bigtime_t replyTimeout = B_INFINITE_TIMEOUT) const = delete;
 
 private:
 	friend class TickTable;

@@ -11,6 +11,7 @@
 
 
 class BitmapPeer;
+struct screen_id;
 
 
 /*!	A picture in memory, created with all pixels 0. An object belongs to one thread. */
@@ -18,6 +19,12 @@ class BBitmap {
 public:
 	BBitmap(BRect bounds, color_space colorSpace, bool acceptsViews = false,
 		bool needsContiguous = false);
+	BBitmap(BRect bounds, uint32 flags, color_space colorSpace, int32 bytesPerRow = -1) = delete;
+	BBitmap(BRect bounds, uint32 flags, color_space colorSpace, int32 bytesPerRow, screen_id screen)
+		= delete;
+	BBitmap(const BBitmap& source, uint32 flags) = delete;
+	BBitmap(const BBitmap* source, bool acceptsViews = false, bool needsContiguous = false)
+		= delete;
 	BBitmap(const BBitmap&) = delete;
 	virtual ~BBitmap();
 

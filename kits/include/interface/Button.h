@@ -18,6 +18,10 @@ class BButton : public BControl {
 public:
 	BButton(const char* name, const char* label, BMessage* message,
 		uint32 flags = B_WILL_DRAW | B_NAVIGABLE | B_FULL_UPDATE_ON_RESIZE);
+	BButton(const char* label, BMessage* message = NULL) = delete;
+	BButton(BRect frame, const char* name, const char* label, BMessage* message,
+		uint32 resizingMode = 0, uint32 flags = 0)
+		= delete;
 
 	void AttachedToWindow() override;
 	virtual status_t SetIcon(const BBitmap* icon, uint32 flags = 0);

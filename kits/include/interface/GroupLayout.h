@@ -18,10 +18,17 @@ public:
 	BGroupLayout(orientation orientation, float spacing = B_USE_DEFAULT_SPACING);
 
 	void SetInsets(float left, float top, float right, float bottom);
+	void SetInsets(float horizontal, float vertical) = delete;
 	void SetInsets(float insets);
 
-	BLayoutItem* AddView(BView* child, float weight);
-	bool AddItem(BLayoutItem* item, float weight);
+	BLayoutItem* AddView(BView* child) = delete;
+	BLayoutItem* AddView(int32 index, BView* child) = delete;
+	virtual BLayoutItem* AddView(BView* child, float weight);
+	BLayoutItem* AddView(int32 index, BView* child, float weight) = delete;
+	bool AddItem(BLayoutItem* item) = delete;
+	bool AddItem(int32 index, BLayoutItem* item) = delete;
+	virtual bool AddItem(BLayoutItem* item, float weight);
+	bool AddItem(int32 index, BLayoutItem* item, float weight) = delete;
 };
 
 

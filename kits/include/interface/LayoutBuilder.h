@@ -90,6 +90,8 @@ public:
 		return *this;
 	}
 
+	ThisBuilder& SetInsets(float horizontal, float vertical) = delete;
+
 	ThisBuilder& SetInsets(float insets)
 	{
 		fLayout->SetInsets(insets);

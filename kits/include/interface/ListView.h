@@ -28,13 +28,19 @@ class BListView : public BView, public BInvoker {
 public:
 	BListView(const char* name, list_view_type type = B_SINGLE_SELECTION_LIST,
 		uint32 flags = B_WILL_DRAW | B_FRAME_EVENTS | B_NAVIGABLE);
+	BListView(BRect frame, const char* name, list_view_type type = B_SINGLE_SELECTION_LIST,
+		uint32 resizingMode = 0, uint32 flags = 0)
+		= delete;
+	BListView(list_view_type type = B_SINGLE_SELECTION_LIST) = delete;
 	~BListView() override;
 
 	virtual bool AddItem(BListItem* item);
+	virtual bool AddItem(BListItem* item, int32 index) = delete;
 	virtual BListItem* RemoveItem(int32 index);
-	bool RemoveItem(BListItem* item) = delete;
+	virtual bool RemoveItem(BListItem* item) = delete;
 
 	BListItem* ItemAt(int32 index) const;
+	int32 IndexOf(BListItem* item) const = delete;
 	int32 IndexOf(BPoint point) const;
 	int32 CountItems() const;
 	const BListItem** Items() const;

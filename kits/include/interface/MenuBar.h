@@ -14,6 +14,9 @@ class BMenuBar : public BMenu {
 public:
 	BMenuBar(const char* name, menu_layout layout = B_ITEMS_IN_ROW,
 		uint32 flags = B_WILL_DRAW | B_FRAME_EVENTS);
+	BMenuBar(BRect frame, const char* name, uint32 resizingMode = 0,
+		menu_layout layout = B_ITEMS_IN_ROW, bool resizeToFit = true)
+		= delete;
 
 	void AttachedToWindow() override;
 };

@@ -22,6 +22,10 @@ public:
 
 	BRect();
 	BRect(float left, float top, float right, float bottom);
+	BRect(BPoint leftTop, BPoint rightBottom) = delete;
+	BRect(BPoint leftTop, BSize size) = delete;
+	explicit BRect(float side) = delete;
+	BRect(float width, float height) = delete;
 
 	BPoint LeftTop() const { return BPoint(left, top); }
 	BPoint RightTop() const { return BPoint(right, top); }

@@ -13,6 +13,18 @@
 class BSeparatorView : public BView {
 public:
 	BSeparatorView(orientation orientation, border_style border = B_PLAIN_BORDER);
+	BSeparatorView(const char* name, const char* label, orientation orientation = B_HORIZONTAL,
+		border_style border = B_FANCY_BORDER)
+		= delete;
+	BSeparatorView(const char* name, BView* labelView, orientation orientation = B_HORIZONTAL,
+		border_style border = B_FANCY_BORDER)
+		= delete;
+	BSeparatorView(const char* label = NULL, orientation orientation = B_HORIZONTAL,
+		border_style border = B_FANCY_BORDER)
+		= delete;
+	BSeparatorView(BView* labelView, orientation orientation = B_HORIZONTAL,
+		border_style border = B_FANCY_BORDER)
+		= delete;
 
 	void Draw(BRect updateRect) override;
 	BSize MinSize() override;

@@ -14,9 +14,9 @@ class BSpaceLayoutItem : public BLayoutItem {
 public:
 	static BSpaceLayoutItem* CreateGlue();
 
-	BSize MinSize() const { return fMinSize; }
-	BSize MaxSize() const { return fMaxSize; }
-	BSize PreferredSize() const { return fPreferredSize; }
+	BSize MinSize() { return fMinSize; }
+	BSize MaxSize() { return fMaxSize; }
+	BSize PreferredSize() { return fPreferredSize; }
 
 private:
 	BSpaceLayoutItem(BSize minSize, BSize maxSize, BSize preferredSize);

@@ -19,6 +19,9 @@ class StringViewPeer;
 class BStringView : public BView {
 public:
 	BStringView(const char* name, const char* text, uint32 flags = B_WILL_DRAW);
+	BStringView(BRect frame, const char* name, const char* text, uint32 resizingMode = 0,
+		uint32 flags = B_WILL_DRAW)
+		= delete;
 
 	void SetText(const char* text);
 	const char* Text() const { return fText.String(); }

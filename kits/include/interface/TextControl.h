@@ -26,6 +26,10 @@ class BTextControl : public BControl {
 public:
 	BTextControl(const char* name, const char* label, const char* initialText, BMessage* message,
 		uint32 flags = B_WILL_DRAW | B_NAVIGABLE);
+	BTextControl(const char* label, const char* initialText, BMessage* message) = delete;
+	BTextControl(BRect frame, const char* name, const char* label, const char* initialText,
+		BMessage* message, uint32 resizingMode = 0, uint32 flags = 0)
+		= delete;
 
 	virtual void SetText(const char* text);
 	const char* Text() const;

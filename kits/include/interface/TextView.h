@@ -9,6 +9,7 @@
 #include <View.h>
 
 
+class BFile;
 class TextPeer;
 struct text_run_array;
 
@@ -22,9 +23,20 @@ struct text_run_array;
 class BTextView : public BView {
 public:
 	BTextView(const char* name, uint32 flags = B_WILL_DRAW | B_PULSE_NEEDED);
+	BTextView(const char* name, const BFont* initialFont, const rgb_color* initialColor,
+		uint32 flags)
+		= delete;
+	BTextView(BRect frame, const char* name, BRect textRect, uint32 resizingMode, uint32 flags = 0)
+		= delete;
+	BTextView(BRect frame, const char* name, BRect textRect, const BFont* initialFont,
+		const rgb_color* initialColor, uint32 resizingMode, uint32 flags)
+		= delete;
 
 	void SetText(const char* text, const text_run_array* runs = NULL);
 	void SetText(const char* text, int32 length, const text_run_array* runs = NULL) = delete;
+	void SetText(BFile* file, int32 offset, int32 length, const text_run_array* runs = NULL)
+		= delete;
+	void Insert(const char* text, const text_run_array* runs = NULL) = delete;
 	void Insert(const char* text, int32 length, const text_run_array* runs = NULL) = delete;
 	void Insert(int32 offset, const char* text, int32 length, const text_run_array* runs = NULL);
 
@@ -38,6 +50,8 @@ public:
 		const rgb_color* color = NULL);
 	void SetFontAndColor(int32 start, int32 end, const BFont* font, uint32 mode = B_FONT_ALL,
 		const rgb_color* color = NULL);
+	void GetFontAndColor(BFont* _font, uint32* _mode, rgb_color* _color = NULL,
+		bool* _isSameColor = NULL) const = delete;
 	void GetFontAndColor(int32 offset, BFont* _font, rgb_color* _color = NULL) const;
 
 	BPoint PointAt(int32 offset, float* _height = NULL) const;

@@ -15,12 +15,16 @@
 
 
 class BBitmap;
+class BGradient;
 class BLayout;
+class BLayoutItem;
 class BMessage;
+class BRegion;
 class BString;
 class BToolTip;
 class BWindow;
 class ViewPeer;
+struct escapement_delta;
 
 // How a view wants to be treated. Those about drawing change nothing here: the toolkit decides what
 // is drawn again.
@@ -39,12 +43,14 @@ const uint32 B_NAVIGABLE = 0x02000000;
 class BView : public BHandler {
 public:
 	BView(const char* name, uint32 flags, BLayout* layout = NULL);
+	BView(BRect frame, const char* name, uint32 resizingMode, uint32 flags) = delete;
 	~BView() override;
 
 	virtual void AttachedToWindow();
 	void MessageReceived(BMessage* message) override;
 
 	void AddChild(BView* child, BView* before = NULL);
+	bool AddChild(BLayoutItem* child) = delete;
 	int32 CountChildren() const { return static_cast<int32>(fChildren.size()); }
 	BView* ChildAt(int32 index) const;
 	BView* FindView(const char* name) const;
@@ -66,6 +72,7 @@ public:
 	virtual void SetDrawingMode(drawing_mode mode);
 	void SetBlendingMode(source_alpha sourceAlpha, alpha_function alphaFunction);
 	virtual void SetViewColor(rgb_color color);
+	void SetViewColor(uint8 red, uint8 green, uint8 blue, uint8 alpha = 255) = delete;
 	rgb_color ViewColor() const;
 	void SetViewUIColor(color_which which, float tint = B_NO_TINT);
 	virtual void SetHighColor(rgb_color color);
@@ -73,23 +80,55 @@ public:
 	rgb_color HighColor() const;
 	void SetHighUIColor(color_which which, float tint = B_NO_TINT);
 	virtual void SetLowColor(rgb_color color);
+	void SetLowColor(uint8 red, uint8 green, uint8 blue, uint8 alpha = 255) = delete;
 	void SetLowUIColor(color_which which, float tint = B_NO_TINT);
 
 	virtual void SetFont(const BFont* font, uint32 mask = B_FONT_ALL);
 	void GetFont(BFont* _font) const;
 	void GetFontHeight(font_height* _height) const;
 	float StringWidth(const char* string) const;
+	float StringWidth(const char* string, int32 length) const = delete;
 	void TruncateString(BString* inOut, uint32 mode, float width) const;
 
-	void DrawString(const char* string, BPoint location);
+	void DrawString(const char* string, escapement_delta* delta = NULL) = delete;
+	void DrawString(const char* string, BPoint location, escapement_delta* delta = NULL);
+	void DrawString(const char* string, int32 length, escapement_delta* delta = NULL) = delete;
+	void DrawString(const char* string, int32 length, BPoint location,
+		escapement_delta* delta = NULL)
+		= delete;
+	void DrawString(const char* string, const BPoint* locations, int32 count) = delete;
+	void DrawString(const char* string, int32 length, const BPoint* locations, int32 count)
+		= delete;
+	void StrokeLine(BPoint toPoint, ::pattern pattern = B_SOLID_HIGH) = delete;
+	void StrokeLine(BPoint toPoint, const BGradient& gradient) = delete;
+	void StrokeLine(BPoint start, BPoint end, const BGradient& gradient) = delete;
 	void StrokeLine(BPoint start, BPoint end, ::pattern pattern = B_SOLID_HIGH);
 	void StrokeRect(BRect rect, ::pattern pattern = B_SOLID_HIGH);
+	void StrokeRect(BRect rect, const BGradient& gradient) = delete;
+	void FillRect(BRect rect, const BGradient& gradient) = delete;
 	void FillRect(BRect rect, ::pattern pattern = B_SOLID_HIGH);
+	void StrokeEllipse(BPoint center, float xRadius, float yRadius,
+		::pattern pattern = B_SOLID_HIGH)
+		= delete;
+	void StrokeEllipse(BPoint center, float xRadius, float yRadius, const BGradient& gradient)
+		= delete;
+	void StrokeEllipse(BRect rect, const BGradient& gradient) = delete;
 	void StrokeEllipse(BRect rect, ::pattern pattern = B_SOLID_HIGH);
+	void FillEllipse(BPoint center, float xRadius, float yRadius, ::pattern pattern = B_SOLID_HIGH)
+		= delete;
+	void FillEllipse(BPoint center, float xRadius, float yRadius, const BGradient& gradient)
+		= delete;
+	void FillEllipse(BRect rect, const BGradient& gradient) = delete;
 	void FillEllipse(BRect rect, ::pattern pattern = B_SOLID_HIGH);
+	void DrawBitmap(const BBitmap* bitmap) = delete;
 	void DrawBitmap(const BBitmap* bitmap, BPoint where);
+	void DrawBitmap(const BBitmap* bitmap, BRect bitmapRect, BRect viewRect) = delete;
+	void DrawBitmap(const BBitmap* bitmap, BRect bitmapRect, BRect viewRect, uint32 options)
+		= delete;
 	void DrawBitmap(const BBitmap* bitmap, BRect viewRect);
 	void Invalidate();
+	void Invalidate(BRect rect) = delete;
+	void Invalidate(const BRegion* region) = delete;
 
 	virtual BSize MinSize();
 	virtual BSize MaxSize();

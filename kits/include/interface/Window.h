@@ -13,6 +13,7 @@
 class BButton;
 class BLayout;
 class WindowPeer;
+struct screen_id;
 
 
 enum window_type { B_TITLED_WINDOW = 1, B_MODAL_WINDOW = 3, B_DOCUMENT_WINDOW = 11 };
@@ -53,9 +54,11 @@ public:
 	void DispatchMessage(BMessage* message, BHandler* handler) override;
 
 	void AddChild(BView* child, BView* before = NULL);
+	void AddChild(BLayoutItem* child) = delete;
 	int32 CountChildren() const;
 	BView* ChildAt(int32 index) const;
 	BView* FindView(const char* viewName) const;
+	BView* FindView(BPoint point) const = delete;
 	BView* CurrentFocus() const;
 
 	virtual void Show();
@@ -79,6 +82,8 @@ public:
 	BRect Frame() const;
 	void ResizeTo(float width, float height);
 	void CenterOnScreen();
+	void CenterOnScreen(BRect rect) = delete;
+	void CenterOnScreen(screen_id screen) = delete;
 	void GetSizeLimits(float* _minWidth, float* _maxWidth, float* _minHeight, float* _maxHeight);
 
 	virtual void SetLayout(BLayout* layout);

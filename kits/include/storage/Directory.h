@@ -27,9 +27,10 @@ public:
 	BDirectory(const node_ref* ref) = delete;
 	BDirectory(const BEntry* entry) = delete;
 	BDirectory(const char* path);
+	BDirectory(const BDirectory* directory, const char* path) = delete;
 	~BDirectory() override;
 
-	status_t GetNextEntry(BEntry* entry, bool traverse = false);
+	virtual status_t GetNextEntry(BEntry* entry, bool traverse = false);
 
 	status_t CreateDirectory(const char* path, BDirectory* directory);
 

@@ -12,6 +12,7 @@
 #include <StorageDefs.h>
 
 
+class BDirectory;
 class BPath;
 
 
@@ -23,6 +24,7 @@ class BPath;
 // NOLINTNEXTLINE(readability-identifier-naming): Haiku's name
 struct entry_ref {
 	entry_ref();
+	entry_ref(dev_t device, ino_t directory, const char* name) = delete;
 	entry_ref(const entry_ref&) = delete;
 	~entry_ref();
 
@@ -49,6 +51,7 @@ private:
 class BEntry : public BStatable {
 public:
 	BEntry();
+	BEntry(const BDirectory* directory, const char* path, bool traverse = false) = delete;
 	BEntry(const entry_ref* ref, bool traverse = false);
 	BEntry(const char* path, bool traverse = false);
 

@@ -10,6 +10,7 @@
 #include <Node.h>
 
 
+class BDirectory;
 class BEntry;
 struct entry_ref;
 
@@ -20,6 +21,7 @@ public:
 	BFile(const entry_ref* ref, uint32 openMode) = delete;
 	BFile(const BEntry* entry, uint32 openMode) = delete;
 	BFile(const char* path, uint32 openMode);
+	BFile(const BDirectory* directory, const char* path, uint32 openMode) = delete;
 
 	ssize_t Read(void* buffer, size_t size) override;
 	ssize_t Write(const void* buffer, size_t size) override;

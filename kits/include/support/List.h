@@ -23,6 +23,7 @@ public:
 	BList& operator=(const BList&) = delete;
 
 	bool AddItem(void* item);
+	bool AddItem(void* item, int32 index) = delete;
 	bool RemoveItem(void* item);
 	void* RemoveItem(int32 index);
 	void MakeEmpty();

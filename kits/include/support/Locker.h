@@ -20,7 +20,9 @@
 class BLocker {
 public:
 	BLocker(const char* name);
+	BLocker() = delete;
 	BLocker(bool benaphoreStyle) = delete;
+	BLocker(const char* name, bool benaphoreStyle) = delete;
 	BLocker(const BLocker&) = delete;
 	virtual ~BLocker();
 

@@ -19,6 +19,7 @@ class BString {
 public:
 	BString() = default;
 	BString(const char* string);
+	BString(const char* string, int32 maxLength) = delete;
 	BString(const BString& string) = default;
 	BString(BString&& string) noexcept = default;
 	~BString() = default;
@@ -31,11 +32,15 @@ public:
 	BString& operator=(BString&& string) noexcept = default;
 	BString& operator=(const char* string);
 	BString& operator=(char c) = delete;
+	BString& SetTo(const char* string) = delete;
+	BString& SetTo(const BString& string) = delete;
 	BString& SetTo(const char* string, int32 maxLength);
 	BString& SetTo(const BString& string, int32 maxLength) = delete;
 	BString& SetTo(char c, int32 count) = delete;
 	BString& SetToFormat(const char* format, ...) __attribute__((__format__(__printf__, 2, 3)));
 
+	BString& Append(const BString& string) = delete;
+	BString& Append(const char* string) = delete;
 	BString& Append(const BString& string, int32 length) = delete;
 	BString& Append(const char* string, int32 length);
 	BString& Append(char c, int32 count) = delete;
@@ -48,9 +53,13 @@ public:
 	int32 FindLast(const BString& string) const = delete;
 	int32 FindLast(const char* string) const = delete;
 	int32 FindLast(char c) const;
+	int32 FindLast(const BString& string, int32 beforeOffset) const = delete;
+	int32 FindLast(const char* string, int32 beforeOffset) const = delete;
+	int32 FindLast(char c, int32 beforeOffset) const = delete;
 
 	bool EndsWith(const BString& string) const = delete;
 	bool EndsWith(const char* string) const;
+	bool EndsWith(const char* string, int32 length) const = delete;
 
 	char* LockBuffer(int32 maxLength);
 	BString& UnlockBuffer(int32 length = -1);

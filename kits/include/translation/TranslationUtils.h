@@ -11,6 +11,7 @@
 
 class BBitmap;
 class BPositionIO;
+class BTranslatorRoster;
 struct entry_ref;
 
 
@@ -23,10 +24,13 @@ public:
 
 	// The caller owns what it gets; NULL for what cannot be read. The stream is read from where it
 	// stands.
-	static BBitmap* GetBitmap(BPositionIO* stream);
-	static BBitmap* GetBitmap(const char* name) = delete;
-	static BBitmap* GetBitmap(const entry_ref* ref) = delete;
-	static BBitmap* GetBitmapFile(const char* path);
+	static BBitmap* GetBitmap(BPositionIO* stream, BTranslatorRoster* roster = NULL);
+	static BBitmap* GetBitmap(const char* name, BTranslatorRoster* roster = NULL) = delete;
+	static BBitmap* GetBitmap(uint32 type, int32 id, BTranslatorRoster* roster = NULL) = delete;
+	static BBitmap* GetBitmap(uint32 type, const char* name, BTranslatorRoster* roster = NULL)
+		= delete;
+	static BBitmap* GetBitmap(const entry_ref* ref, BTranslatorRoster* roster = NULL) = delete;
+	static BBitmap* GetBitmapFile(const char* path, BTranslatorRoster* roster = NULL);
 };
 
 

@@ -96,8 +96,10 @@ BApplication::QuitRequested()
 			continue;
 
 		BWindow* window = static_cast<BWindow*>(looper);
-		if (!ask_to_quit(window))
+		if (!ask_to_quit(window)) {
+			window->Unlock();
 			return false;
+		}
 		window->Quit();
 	}
 	return true;

@@ -103,7 +103,8 @@ WindowLife::_Leave()
 	}
 	fRepaints.clear();
 
-	if (fAsksApplication) {
+	// Where the application is served before the looper has been left it asks once more.
+	while (fAsksApplication) {
 		fAsksApplication = false;
 		be_app->PostMessage(B_QUIT_REQUESTED);
 	}

@@ -80,6 +80,14 @@ public:
 		TalkingWindow::QuitRequested();
 		return fRefusals-- <= 0;
 	}
+	// It is still served when it has refused.
+	void MessageReceived(BMessage* message) override
+	{
+		if (message->what == 'agai')
+			be_app->PostMessage(B_QUIT_REQUESTED);
+		else
+			TalkingWindow::MessageReceived(message);
+	}
 	void RefuseOnly(int times) { fRefusals = times; }
 
 private:
@@ -174,8 +182,6 @@ public:
 	{
 		if (message->what == 'stop')
 			sDyingCount++;
-		else if (message->what == 'agai')
-			PostMessage(B_QUIT_REQUESTED);
 		else
 			BApplication::MessageReceived(message);
 	}
@@ -185,7 +191,7 @@ public:
 		const bool result = BApplication::QuitRequested();
 		print(result ? "yes" : "no", "application");
 		if (!result && fScenario == "refusal")
-			PostMessage('agai');
+			fStubborn.SendMessage('agai');
 		return result;
 	}
 
@@ -212,7 +218,9 @@ private:
 	void _Refusal()
 	{
 		show<TalkingWindow>("first");
-		show<StubbornWindow>("stubborn")->RefuseOnly(1);
+		StubbornWindow* stubborn = show<StubbornWindow>("stubborn");
+		stubborn->RefuseOnly(1);
+		fStubborn = BMessenger(stubborn);
 		show<TalkingWindow>("last");
 		PostMessage(B_QUIT_REQUESTED);
 	}
@@ -255,6 +263,7 @@ private:
 	}
 
 	const std::string fScenario;
+	BMessenger fStubborn;
 };
 
 

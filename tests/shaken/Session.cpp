@@ -4,6 +4,7 @@
  */
 #include "Session.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <unistd.h>
@@ -114,7 +115,8 @@ Session::_PlanVisit()
 		},
 		[this] {
 			return _CountInChat("*** Agreement accepted ***\n") == fVisits
-				&& _CountInChat("*** Logged in ***\n") == fVisits && !_HasWindow(kAgreement);
+				&& _CountInChat("*** Logged in ***\n") == fVisits && !_HasWindow(kAgreement)
+				&& _CountRows("Users Online", "userlist") > 0;
 		});
 	for (size_t activities = _Choose(6); activities > 0; activities--)
 		_PlanActivity();
@@ -465,12 +467,15 @@ Session::_HasSaid(const std::string& text)
 }
 
 
+/*!	How many rows there are in the one of the windows that has most. Of two that show one folder the
+	first gets its listing.
+*/
 int32
 Session::_CountRows(const std::string& title, const char* list)
 {
 	int32 rows = 0;
 	_With(title, [&](BWindow* window) {
-		rows = dynamic_cast<BListView&>(*window->FindView(list)).CountItems();
+		rows = std::max(rows, dynamic_cast<BListView&>(*window->FindView(list)).CountItems());
 	});
 	return rows;
 }

@@ -15,6 +15,7 @@
 #include "RawServer.h"
 #include "TrackerWindow.h"
 #include "WaitFor.h"
+#include "WindowMain.h"
 #include "WindowProbe.h"
 
 
@@ -30,6 +31,7 @@ public:
 			("127.0.0.1:" + std::to_string(fTracker.Port())).c_str()))
 	{
 		fWindow.Window()->Show();
+		HoldWindows();
 		EXPECT_TRUE(fTracker.Accept());
 		EXPECT_EQ(kRequestSize, fTracker.Read(kRequestSize).size());
 	}

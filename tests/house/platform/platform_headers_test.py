@@ -30,7 +30,7 @@ class PlatformHeadersTest(unittest.TestCase):
         """The exit code and what was said."""
         for name, text in sources.items():
             (self.source / f"{name}.cpp").write_text(text, encoding="utf-8")
-        result = subprocess.run([str(HERE / "platform_headers"), "--headers", str(self.headers), "--width", width,
+        result = subprocess.run([str(HERE.parent / "platform_headers"), "--headers", str(self.headers), "--width", width,
             "--source", str(self.source), *options], capture_output=True, text=True)
         return result.returncode, result.stdout + result.stderr
 

@@ -19,8 +19,8 @@
 	time.
 	A plain looper has a thread of its own, which Run() starts; windows and the application are
 	served by the main thread.
-	Create a looper with new: it deletes itself when it quits. Lock() and PostMessage() may be
-	called on a looper that is gone, and fail then.
+	Create a looper with new: it deletes itself when it quits. Lock() may be called on a looper that
+	is gone, and fails then.
 	Differs from Haiku: PostMessage() waits while the looper holds more than 20,000 messages or 8
 	MiB, except on the main thread, on the looper's own, on one that holds its lock and on one that
 	wait_for_thread() waits for.

@@ -58,7 +58,6 @@ private:
 
 	const std::unique_ptr<ConnectionAttempt> fAttempt;
 	const std::atomic<bool>& fRunning;
-	BLooper* fTarget;
 	BMessenger fMessenger;
 };
 

@@ -10,6 +10,7 @@
 #include <Looper.h>
 #include <LooperRegistry.h>
 #include <MessageFilter.h>
+#include <StrictChecks.h>
 
 
 BHandler::BHandler(const char* name)
@@ -45,6 +46,7 @@ BHandler::MessageReceived(BMessage* message)
 void
 BHandler::AddFilter(BMessageFilter* filter)
 {
+	CHECK_LOCKED(fLooper);
 	if (filter != NULL)
 		fFilters.push_back(filter);
 }

@@ -167,6 +167,7 @@ BMessage::FindRef(const char* name, entry_ref* _ref) const
 {
 	const void* data = NULL;
 	size_t size = 0;
+	*_ref = entry_ref();
 	status_t status = fFields.Find(name, B_REF_TYPE, 0, &data, &size);
 	if (status != B_OK)
 		return status;

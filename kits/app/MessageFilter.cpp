@@ -5,12 +5,9 @@
 #include <MessageFilter.h>
 
 
-/*!	\param what The code of the messages that are seen.
-	\param hook Asked in the place of Filter(); NULL for none.
-*/
-BMessageFilter::BMessageFilter(uint32 what, filter_hook hook)
-	: fWhat(what),
-	  fHook(hook)
+/*!	\param what The code of the messages that are seen. */
+BMessageFilter::BMessageFilter(uint32 what)
+	: fWhat(what)
 {
 }
 
@@ -22,7 +19,7 @@ BMessageFilter::~BMessageFilter() = default;
 	\return \c B_SKIP_MESSAGE when the handler is not to see the message.
 */
 filter_result
-BMessageFilter::Filter(BMessage* message, BHandler** _target)
+BMessageFilter::Filter(BMessage* /*message*/, BHandler** /*_target*/)
 {
-	return fHook != NULL ? fHook(message, _target, this) : B_DISPATCH_MESSAGE;
+	return B_DISPATCH_MESSAGE;
 }

@@ -10,6 +10,7 @@
 
 #include <MenuItem.h>
 #include <MenuPeer.h>
+#include <StrictChecks.h>
 #include <Window.h>
 
 
@@ -40,6 +41,7 @@ BMenu::~BMenu()
 bool
 BMenu::AddItem(BMenuItem* item)
 {
+	CHECK_LOCKED(_HostWindow());
 	if (item == NULL || item->fSuper != NULL)
 		return false;
 

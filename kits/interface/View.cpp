@@ -102,6 +102,14 @@ BView::AddChild(BView* child, BView* before)
 }
 
 
+int32
+BView::CountChildren() const
+{
+	CHECK_LOCKED(Looper());
+	return static_cast<int32>(fChildren.size());
+}
+
+
 BView*
 BView::ChildAt(int32 index) const
 {

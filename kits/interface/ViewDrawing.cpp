@@ -19,12 +19,14 @@
 void
 BView::SetDrawingMode(drawing_mode /*mode*/)
 {
+	CHECK_LOCKED(Looper());
 }
 
 
 void
 BView::SetBlendingMode(source_alpha /*sourceAlpha*/, alpha_function /*alphaFunction*/)
 {
+	CHECK_LOCKED(Looper());
 }
 
 

@@ -47,6 +47,7 @@ BWindow::BWindow(BRect frame, const char* title, window_look look, window_feel f
 	  fFeel(feel),
 	  fFlags(flags)
 {
+	CHECK_MAIN_THREAD();
 	LooperPrivate::ServeByMainThread(this);
 	fPeer = new WindowPeer(this, frame);
 	fPeer->TopView()->_AttachTo(this);
@@ -93,6 +94,7 @@ BWindow::DispatchMessage(BMessage* message, BHandler* handler)
 void
 BWindow::AddChild(BView* child, BView* before)
 {
+	CHECK_MAIN_THREAD();
 	fPeer->TopView()->AddChild(child, before);
 }
 
@@ -115,6 +117,7 @@ BWindow::ChildAt(int32 index) const
 BView*
 BWindow::FindView(const char* viewName) const
 {
+	CHECK_MAIN_THREAD();
 	return fPeer->TopView()->FindView(viewName);
 }
 
@@ -122,6 +125,7 @@ BWindow::FindView(const char* viewName) const
 BView*
 BWindow::CurrentFocus() const
 {
+	CHECK_MAIN_THREAD();
 	return fPeer->Focus();
 }
 
@@ -183,6 +187,7 @@ BWindow::Activate(bool active)
 bool
 BWindow::IsActive() const
 {
+	CHECK_MAIN_THREAD();
 	return fPeer->Widget()->isActiveWindow();
 }
 
@@ -190,6 +195,7 @@ BWindow::IsActive() const
 const char*
 BWindow::Title() const
 {
+	CHECK_MAIN_THREAD();
 	return fPeer->Title();
 }
 
@@ -207,6 +213,7 @@ BWindow::SetTitle(const char* title)
 void
 BWindow::SetDefaultButton(BButton* button)
 {
+	CHECK_MAIN_THREAD();
 	fPeer->SetDefaultButton(button);
 }
 
@@ -214,6 +221,7 @@ BWindow::SetDefaultButton(BButton* button)
 BButton*
 BWindow::DefaultButton() const
 {
+	CHECK_MAIN_THREAD();
 	return fPeer->DefaultButton();
 }
 
@@ -224,6 +232,7 @@ BWindow::DefaultButton() const
 BRect
 BWindow::Bounds() const
 {
+	CHECK_MAIN_THREAD();
 	return rect_from_toolkit(fPeer->Widget()->rect());
 }
 
@@ -232,6 +241,7 @@ BWindow::Bounds() const
 BRect
 BWindow::Frame() const
 {
+	CHECK_MAIN_THREAD();
 	return rect_from_toolkit(fPeer->Widget()->geometry());
 }
 
@@ -256,6 +266,7 @@ BWindow::CenterOnScreen()
 void
 BWindow::GetSizeLimits(float* _minWidth, float* _maxWidth, float* _minHeight, float* _maxHeight)
 {
+	CHECK_MAIN_THREAD();
 	const BSize minSize = size_from_toolkit(fPeer->Widget()->minimumSize());
 	const BSize maxSize = size_from_toolkit(fPeer->Widget()->maximumSize());
 	*_minWidth = minSize.width;
@@ -269,6 +280,7 @@ BWindow::GetSizeLimits(float* _minWidth, float* _maxWidth, float* _minHeight, fl
 void
 BWindow::SetLayout(BLayout* layout)
 {
+	CHECK_MAIN_THREAD();
 	fPeer->TopView()->SetLayout(layout);
 }
 
@@ -276,6 +288,7 @@ BWindow::SetLayout(BLayout* layout)
 void
 BWindow::InvalidateLayout(bool descendants)
 {
+	CHECK_MAIN_THREAD();
 	fPeer->TopView()->InvalidateLayout(descendants);
 }
 
@@ -284,6 +297,7 @@ BWindow::InvalidateLayout(bool descendants)
 void
 BWindow::Layout(bool force)
 {
+	CHECK_MAIN_THREAD();
 	if (force)
 		InvalidateLayout();
 	fPeer->UpdateLayout();

@@ -17,6 +17,7 @@
 static const thread_id kNobody = -1;
 static const thread_id kWhoWaits = -2;
 
+
 /*!	As on Haiku a new looper is locked by the thread that makes it, until it runs. */
 LooperRecord::LooperRecord(BLooper* looper, int32 token)
 	: fToken(token),
@@ -250,8 +251,7 @@ LooperRecord::Start(thread_id thread)
 			return false;
 		fIsStarted = true;
 		fThread = thread;
-		if (fIsMainServed)
-			_RemoveHolder(LockHolder::Current());
+		fHolders.clear();
 		needsTurn = _NeedsTurn();
 	}
 	if (needsTurn)
@@ -474,8 +474,7 @@ LooperRecord::_AddHolder(thread_id holder)
 }
 
 
-/*!	
-eturn Whether the holder has let go of it altogether. */
+/*!	\return Whether the holder has let go of it altogether. */
 bool
 LooperRecord::_RemoveHolder(thread_id holder)
 {

@@ -26,6 +26,7 @@ wake_server()
 	MainServer::Default()->Wake();
 }
 
+
 MainServer::MainServer()
 	: fWakeDescriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
 	  fState{true, false},

@@ -93,6 +93,13 @@ WindowLife::DeleteWaiting()
 bool
 WindowLife::_Leave()
 {
+	// Whoever is served while the application is told finds that the window is still in use.
+	while (fDepth == 1 && fAsksApplication) {
+		fAsksApplication = false;
+		if (be_app != NULL)
+			be_app->PostMessage(B_QUIT_REQUESTED);
+	}
+
 	fDepth--;
 	if (fDepth > 0)
 		return false;
@@ -102,11 +109,5 @@ WindowLife::_Leave()
 			widget->update();
 	}
 	fRepaints.clear();
-
-	// Where the application is served before the looper has been left it asks once more.
-	while (fAsksApplication) {
-		fAsksApplication = false;
-		be_app->PostMessage(B_QUIT_REQUESTED);
-	}
 	return fIsQuitting;
 }

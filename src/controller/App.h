@@ -7,6 +7,7 @@
 
 
 #include <Application.h>
+#include <Messenger.h>
 
 
 class MainWindow;

@@ -59,6 +59,7 @@ MainWindow::MainWindow()
 		B_NOT_ZOOMABLE | B_AUTO_UPDATE_SIZE_LIMITS),
 	  fChatWindow(new ChatWindow(BRect(100, 180, 650, 550), this)),
 	  fUserListWindow(new UserListWindow(BRect(660, 180, 880, 550), this)),
+	  fUserList(fUserListWindow),
 	  fChat(fChatWindow),
 	  fRequests(fClient, &fChat),
 	  fConversations(this),
@@ -390,7 +391,7 @@ MainWindow::_HandleUserChanged(const BMessage* message)
 	change.AddUInt16("color", message->GetUInt16("color", 0));
 	change.AddString("nick", message->GetString("nick", "???"));
 	AddConnection(&change, _CurrentConnection());
-	Deliver(BMessenger(fUserListWindow), &change);
+	Deliver(fUserList, &change);
 }
 
 
@@ -399,7 +400,7 @@ MainWindow::_HandleUserLeft(const BMessage* message)
 {
 	BMessage change(kMsgRemoveUser);
 	change.AddUInt16("socket", message->GetUInt16("socket", 0));
-	Deliver(BMessenger(fUserListWindow), &change);
+	Deliver(fUserList, &change);
 }
 
 
@@ -407,5 +408,5 @@ void
 MainWindow::_UsersClear()
 {
 	BMessage clear(kMsgRemoveAll);
-	Deliver(BMessenger(fUserListWindow), &clear);
+	Deliver(fUserList, &clear);
 }

@@ -8,6 +8,7 @@
 
 #include <memory>
 
+#include <Messenger.h>
 #include <Window.h>
 
 #include "ChatOutput.h"
@@ -83,6 +84,7 @@ private:
 	// Borrowed; they live until the destructor quits them.
 	ChatWindow* fChatWindow;
 	UserListWindow* fUserListWindow;
+	const BMessenger fUserList;
 
 	// The current connection; none before the first one and after a disconnect.
 	std::unique_ptr<HotlineClient> fClient;

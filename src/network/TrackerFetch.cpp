@@ -55,8 +55,7 @@ attempt_to(const char* address)
 TrackerFetch::TrackerFetch(const char* address, const std::atomic<bool>& running, BLooper* target)
 	: fAttempt(attempt_to(address)),
 	  fRunning(running),
-	  fTarget(target),
-	  fMessenger(fTarget)
+	  fMessenger(target)
 {
 }
 

@@ -11,13 +11,9 @@
 
 class BHandler;
 class BMessage;
-class BMessageFilter;
 
 
 enum filter_result { B_SKIP_MESSAGE, B_DISPATCH_MESSAGE };
-
-typedef filter_result (*filter_hook)(BMessage* message, BHandler** _target, BMessageFilter* filter);
-
 
 /*!	Sees the messages of one code before the handler to which it was added does, and may keep them
 	from it.
@@ -27,7 +23,7 @@ typedef filter_result (*filter_hook)(BMessage* message, BHandler** _target, BMes
 */
 class BMessageFilter {
 public:
-	BMessageFilter(uint32 what, filter_hook hook = NULL);
+	explicit BMessageFilter(uint32 what);
 	BMessageFilter(const BMessageFilter&) = delete;
 	virtual ~BMessageFilter();
 
@@ -39,7 +35,6 @@ public:
 
 private:
 	const uint32 fWhat;
-	const filter_hook fHook;
 };
 
 

@@ -51,7 +51,7 @@ public:
 
 	void AddChild(BView* child, BView* before = NULL);
 	bool AddChild(BLayoutItem* child) = delete;
-	int32 CountChildren() const { return static_cast<int32>(fChildren.size()); }
+	int32 CountChildren() const;
 	BView* ChildAt(int32 index) const;
 	BView* FindView(const char* name) const;
 	BWindow* Window() const { return fWindow; }

@@ -105,7 +105,8 @@ void
 ListWidget::_PressReturn(QKeyEvent* event)
 {
 	const BWindow* window = fPeer->View()->Window();
-	if (window != NULL && window->DefaultButton() != NULL)
+	const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+	if (isPlain && window != NULL && window->DefaultButton() != NULL)
 		event->ignore();
 	else
 		_Invoke(event);

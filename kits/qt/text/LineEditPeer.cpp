@@ -60,7 +60,7 @@ public:
 	}
 
 protected:
-	/*!	Return belongs to the control, unless the window has a default button. */
+	/*!	Return belongs to the control, unless it is a shortcut or the window has a default button. */
 	void keyPressEvent(QKeyEvent* event) override
 	{
 		if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
@@ -69,7 +69,10 @@ protected:
 		}
 		const BWindow* window = fPeer->View()->Window();
 		const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-		if (isPlain && window != NULL && window->DefaultButton() != NULL) {
+		// With the command key it is a shortcut, which no field sees.
+		const bool isShortcut = (event->modifiers() & Qt::ControlModifier) != 0;
+		const bool isButtons = isPlain && window != NULL && window->DefaultButton() != NULL;
+		if (isShortcut || isButtons) {
 			event->ignore();
 			return;
 		}
@@ -94,6 +97,7 @@ private:
 	LineEditPeer* fPeer;
 	QMetaObject::Connection fFocusOfWindow;
 };
+
 
 LineEditPeer::LineEditPeer(BTextControl* control)
 	: TextPeer(new LineEdit),

@@ -233,8 +233,7 @@ TextViewPeer::_Replace(int32 offset, int32 removed, const char* text, int32 leng
 }
 
 
-/*!	
-eturn The number of the style that a text gets at that offset. */
+/*!	\return The number of the style that a text gets at that offset. */
 int32
 TextViewPeer::_StyleOfInsertion(int32 offset) const
 {

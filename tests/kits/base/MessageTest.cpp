@@ -295,4 +295,5 @@ TEST_F(MessageTest, Reference_ComesBackWhole)
 	EXPECT_EQ(ref.directory, found.directory);
 	EXPECT_STREQ("/proc/self", BPath(&found).Path());
 	EXPECT_EQ(B_NAME_NOT_FOUND, copy.FindRef("none", &found));
+	EXPECT_EQ(NULL, found.name);
 }

@@ -37,9 +37,6 @@ LooperRecord::LooperRecord(BLooper* looper, int32 token)
 }
 
 
-LooperRecord::~LooperRecord() = default;
-
-
 /*!	NULL when the looper is gone. */
 BLooper*
 LooperRecord::Looper() const

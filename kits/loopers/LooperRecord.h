@@ -31,7 +31,6 @@ public:
 
 	LooperRecord(BLooper* looper, int32 token);
 	LooperRecord(const LooperRecord&) = delete;
-	~LooperRecord();
 
 	LooperRecord& operator=(const LooperRecord&) = delete;
 

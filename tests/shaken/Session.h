@@ -45,6 +45,10 @@ private:
 	void _PlanVisit();
 	void _PlanEndOfVisit();
 	void _PlanActivity();
+	void _PlanConversation();
+	void _PlanFiles();
+	void _PlanFolder();
+	void _PlanTransfers();
 	void _Add(const std::string& name, const std::function<void()>& action,
 		const std::function<bool()>& isDone);
 	void _TakeStep();

@@ -46,8 +46,9 @@ Transfers::StartDownload(const BMessage* grant)
 	transfer->filename = fileName;
 	BString line;
 	line.SetToFormat("*** Downloading %s (%" B_PRIu32 " bytes) ***\n", fileName, transfer->size);
-	if (!fDownloadsPath.IsEmpty() && stays_in_folder(fileName)
-		&& transfer.Start(DownloadThread, "HL:Download", B_NORMAL_PRIORITY))
+	if (!fDownloadsPath.IsEmpty() && stays_in_folder(fileName))
+		transfer->place = fPlaces.Take(transfer->localPath.String());
+	if (transfer->place != NULL && transfer.Start(DownloadThread, "HL:Download", B_NORMAL_PRIORITY))
 		fChat->Append(line.String(), kServerColor);
 	else
 		Report("Download", grant);
@@ -67,7 +68,8 @@ Transfers::StartUpload(const BMessage* grant)
 	transfer->filename = grant->GetString("filename", "");
 	BString line;
 	line << "*** Uploading " << transfer->filename << " ***\n";
-	if (transfer.Start(UploadThread, "HL:Upload", B_NORMAL_PRIORITY))
+	transfer->place = fPlaces.Take("");
+	if (transfer->place != NULL && transfer.Start(UploadThread, "HL:Upload", B_NORMAL_PRIORITY))
 		fChat->Append(line.String(), kServerColor);
 	else
 		Report("Upload", grant);

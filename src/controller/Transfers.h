@@ -8,6 +8,8 @@
 
 #include <String.h>
 
+#include "TransferPlaces.h"
+
 
 class BLooper;
 class BMessage;
@@ -15,7 +17,8 @@ class ChatOutput;
 
 
 /*!	Downloads and uploads: starts what the server grants, each in a thread of its own, and tells in
-	the chat how it goes. Lives in the main window's thread; borrows the chat, and the target that
+	the chat how it goes. Beyond 64 at a time, or while another one writes the same file, a transfer
+	fails at once. Lives in the main window's thread; borrows the chat, and the target that
 	the threads post to.
 */
 class Transfers {
@@ -30,6 +33,7 @@ private:
 	BLooper* fTarget;
 	ChatOutput* fChat;
 	BString fDownloadsPath;
+	TransferPlaces fPlaces;
 };
 
 

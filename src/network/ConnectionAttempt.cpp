@@ -11,6 +11,8 @@
 #include <Autolock.h>
 #include <OS.h>
 
+#include "Reserve.h"
+
 
 // How often, and how far apart, a call that opens a socket is told to end.
 static const int32 kStopAttempts = 50;
@@ -95,7 +97,9 @@ ConnectionAttempt::_IsCanceled() const
 ConnectionAttempt::Outcome
 ConnectionAttempt::_Connect(const addrinfo& address)
 {
-	const int number = socket(address.ai_family, address.ai_socktype, address.ai_protocol);
+	const int number = HasSpareDescriptors()
+		? socket(address.ai_family, address.ai_socktype, address.ai_protocol)
+		: -1;
 	if (number < 0) {
 		fError = strerror(errno);
 		return kNoSocket;

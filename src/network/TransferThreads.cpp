@@ -8,6 +8,7 @@
 #include <memory>
 #include <new>
 
+#include <Entry.h>
 #include <File.h>
 #include <Message.h>
 
@@ -82,6 +83,15 @@ open_download(const Socket& socket, FlattenedFileReader& reader, const DownloadI
 }
 
 
+/*!	A pipe or a device is not opened: that may wait for ever, or do something. */
+static bool
+is_free_or_plain(const char* path)
+{
+	const BEntry entry(path, true);
+	return !entry.Exists() || entry.IsFile();
+}
+
+
 /*!	Writes the data to the file as it arrives, until it is complete or the connection ends. A file
 	that cannot be written to, on a full disk, say, does not end the transfer.
 */
@@ -115,12 +125,15 @@ DownloadThread(void* data)
 		return 1;
 
 	{
+		if (!is_free_or_plain(info->localPath.String()))
+			return 1;
 		BFile file(info->localPath.String(), B_WRITE_ONLY | B_CREATE_FILE | B_ERASE_FILE);
 		if (file.InitCheck() != B_OK)
 			return 1;
 		receive_file_data(socket, reader, file);
 	}
 	socket = Socket();
+	info->place.reset();
 
 	post_outcome(info->target, kMsgDownloadDone, info->filename, reader.IsDone());
 	return 0;
@@ -187,6 +200,7 @@ UploadThread(void* data)
 	if (file.InitCheck() == B_OK)
 		socket = connect_transfer(info->address, info->port, kNoTimeout, kTransferTimeout);
 	if (!socket.IsSet()) {
+		info->place.reset();
 		post_outcome(info->target, kMsgUploadDone, info->filename, false);
 		return 1;
 	}
@@ -194,6 +208,7 @@ UploadThread(void* data)
 	const bool success = send_file_description(socket, *info, size)
 		&& send_file_data(socket, file, size);
 	socket = Socket();
+	info->place.reset();
 
 	post_outcome(info->target, kMsgUploadDone, info->filename, success);
 	return 0;

@@ -10,11 +10,13 @@
 #include <String.h>
 #include <SupportDefs.h>
 
+#include "TransferPlaces.h"
+
 
 /*!	What a transfer thread needs to know. The controller fills a record and starts a thread with it;
 	from then on it belongs to the thread, which deletes it on every path. The address and the port
 	are those of the control connection, the reference is the server's. The outcome is posted to the
-	target, which may be gone by then.
+	target, which may be gone by then; the place has been given back then.
 */
 struct DownloadInfo {
 	BString address;
@@ -25,6 +27,7 @@ struct DownloadInfo {
 	BString localPath;
 	BString filename;
 	BMessenger target;
+	TransferPlaces::PlaceRef place = NULL;
 };
 
 
@@ -35,6 +38,7 @@ struct UploadInfo {
 	BString localPath;
 	BString filename;
 	BMessenger target;
+	TransferPlaces::PlaceRef place = NULL;
 };
 
 

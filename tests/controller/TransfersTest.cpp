@@ -99,6 +99,45 @@ TEST_F(TransfersTest, NamesThatLeaveTheFolderOrHaveNone_AreToldAsFailed)
 }
 
 
+TEST_F(TransfersTest, SecondDownloadOfOneName_IsToldAsFailedUntilTheFirstHasEnded)
+{
+	const BMessage grant = _Grant(5, "name");
+	fTransfers.StartDownload(&grant);
+	EXPECT_EQ("006400 *** Downloading name (4000000000 bytes) ***\n", Said());
+	ASSERT_TRUE(fServer.Accept());
+	fTransfers.StartDownload(&grant);
+	EXPECT_EQ("c80000 *** Download failed: name ***\n", Said());
+	const BMessage other = _Grant(6, "other");
+	fTransfers.StartDownload(&other);
+	EXPECT_EQ("006400 *** Downloading other (4000000000 bytes) ***\n", Said());
+
+	// An end without a word is one, too.
+	fServer.Hangup();
+	EXPECT_TRUE(WaitFor([&] {
+		fTransfers.StartDownload(&grant);
+		return Said() != "c80000 *** Download failed: name ***\n";
+	}));
+}
+
+
+// They wait for a server that does not accept them.
+TEST_F(TransfersTest, BeyondSixtyFour_TransferIsToldAsFailed)
+{
+	for (int i = 0; i < 64; i++) {
+		const BMessage grant = _Grant(5, std::to_string(i).c_str());
+		fTransfers.StartDownload(&grant);
+		EXPECT_EQ(0u, Said().find("006400 *** Downloading")) << i;
+	}
+	const BMessage grant = _Grant(5, "one more");
+	fTransfers.StartDownload(&grant);
+	EXPECT_EQ("c80000 *** Download failed: one more ***\n", Said());
+	fTransfers.StartUpload(&grant);
+	EXPECT_EQ("c80000 *** Upload failed: one more ***\n", Said());
+	// The next case counts its own.
+	EXPECT_SOON(fCalls.Lookups().size() == 64);
+}
+
+
 TEST_F(TransfersTest, WithoutAPort_TheDefaultIsTaken)
 {
 	BMessage grant;

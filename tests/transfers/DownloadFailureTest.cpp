@@ -5,7 +5,9 @@
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
+#include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -116,9 +118,37 @@ TEST_F(DownloadFailureTest, LocalFileThatCannotBeMade_IsSilent)
 }
 
 
+// Opening the one would wait for somebody who reads from it, the other would take the data.
+TEST_F(DownloadFailureTest, PipeOrDevice_IsNotOpened)
+{
+	ASSERT_EQ(0, mkfifo(PathOf("pipe").c_str(), 0600));
+	std::filesystem::create_symlink("/dev/null", PathOf("device"));
+	for (const char* name : {"pipe", "device"}) {
+		SCOPED_TRACE(name);
+		const auto run = Start(DownloadThread, NewDownload(PathOf(name)));
+		fServer->Send(wire_file_object("data"));
+		EXPECT_TRUE(fServer->WaitForEnd());
+		EXPECT_EQ(1, run->Result());
+		EXPECT_EQ(0, fRecorder->CountMessages());
+	}
+}
+
+
 TEST_F(DownloadFailureTest, FullDisk_IsNotNoticed)
 {
-	EXPECT_EQ(0, Serve(DownloadThread, NewDownload("/dev/full"), wire_file_object("data")));
+	// A file may have two bytes, as if the disk were full then.
+	rlimit before;
+	ASSERT_EQ(0, getrlimit(RLIMIT_FSIZE, &before));
+	const rlimit twoBytes = {2, before.rlim_max};
+	const auto handler = signal(SIGXFSZ, SIG_IGN);
+	ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &twoBytes));
+	const status_t result = Serve(DownloadThread, NewDownload(PathOf("file")),
+		wire_file_object("data"));
+	ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &before));
+	signal(SIGXFSZ, handler);
+
+	EXPECT_EQ(0, result);
+	EXPECT_EQ("da", ContentOf(PathOf("file")));
 	ExpectOutcome(kMsgDownloadDone, "notes.txt", true);
 }
 

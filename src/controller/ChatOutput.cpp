@@ -79,3 +79,24 @@ ChatOutput::ShowServerMessage(const BMessage* message)
 	line << "\n*** Server message ***\n" << message->GetString("text", "") << "\n";
 	Append(line.String(), kServerMessageColor);
 }
+
+
+/*!	What a user says for whom there is no window. */
+void
+ChatOutput::ShowPrivateMessage(const BMessage* message)
+{
+	BString line;
+	line << "\n*** Message from " << message->GetString("nick", "???") << " ***\n"
+		 << message->GetString("text", "") << "\n";
+	Append(line.String(), kServerMessageColor);
+}
+
+
+/*!	What a server asks for in so many windows already. */
+void
+ChatOutput::ShowAgreement(const BMessage* message)
+{
+	BString line;
+	line << "\n*** Server agreement ***\n" << message->GetString("text", "") << "\n";
+	Append(line.String(), kServerColor);
+}

@@ -28,6 +28,8 @@ public:
 	void ShowChat(const BMessage* message);
 	void ShowBroadcast(const BMessage* message);
 	void ShowServerMessage(const BMessage* message);
+	void ShowPrivateMessage(const BMessage* message);
+	void ShowAgreement(const BMessage* message);
 
 private:
 	const BMessenger fChatWindow;

@@ -18,45 +18,32 @@ Conversations::Conversations(BLooper* target)
 
 /*!	Brings the conversation with a user to the front, a new one if there is none.
 	\param connection The number of the connection on which that user is.
-	\param received What it gets, unless it is NULL: posted while it cannot close.
 */
 MessageWindow*
-Conversations::FindOrCreate(uint16 socket, const char* nick, uint32 connection, BMessage* received)
+Conversations::FindOrCreate(uint16 socket, const char* nick, uint32 connection)
 {
-	MessageWindow* window = fMsgWindows.UseFirst([&](MessageWindow* open) {
-		if (open->Socket() != socket || open->IsClosing())
-			return false;
-		open->SetNick(nick);
-		if (open->IsMinimized())
-			open->Minimize(false);
-		open->Activate(true);
-		if (received != NULL)
-			open->PostMessage(received);
-		return true;
-	});
-	if (window != NULL)
-		return window;
-
-	window = new MessageWindow(BRect(200, 200, 550, 420), fTarget, socket, nick, connection);
-	// A closed one that is still listed may have been at this very address.
-	fMsgWindows.Remove(window);
-	fMsgWindows.Add(window);
-	if (received != NULL)
-		window->PostMessage(received);
-	window->Show();
-	return window;
+	MessageWindow* window = _Find(socket, nick, NULL);
+	return window != NULL ? window : _Create(socket, nick, connection, NULL);
 }
 
 
-/*!	\param message A kHLMsgReceived of a user, who has an id. */
-void
+/*!	\param message A kHLMsgReceived of a user, who has an id.
+	\return \c false where it would open one window too many: then it has not been shown.
+*/
+bool
 Conversations::Receive(const BMessage* message, uint32 connection)
 {
+	const uint16 socket = message->GetUInt16("socket", 0);
 	const char* nick = message->GetString("nick", "???");
 	BMessage received(kMsgPMReceived);
 	received.AddString("nick", nick);
 	received.AddString("text", message->GetString("text", ""));
-	FindOrCreate(message->GetUInt16("socket", 0), nick, connection, &received);
+	if (_Find(socket, nick, &received) != NULL)
+		return true;
+	if (fMsgWindows.CountOpen() >= kMaxOpenedByOthers)
+		return false;
+	_Create(socket, nick, connection, &received);
+	return true;
 }
 
 
@@ -91,4 +78,40 @@ void
 Conversations::QuitAll()
 {
 	fMsgWindows.QuitAll();
+}
+
+
+/*!	Brings an open conversation to the front.
+	\param received What it gets, unless it is NULL: posted while it cannot close.
+	\return NULL if there is none.
+*/
+MessageWindow*
+Conversations::_Find(uint16 socket, const char* nick, BMessage* received)
+{
+	return fMsgWindows.UseFirst([&](MessageWindow* open) {
+		if (open->Socket() != socket || open->IsClosing())
+			return false;
+		open->SetNick(nick);
+		if (open->IsMinimized())
+			open->Minimize(false);
+		open->Activate(true);
+		if (received != NULL)
+			open->PostMessage(received);
+		return true;
+	});
+}
+
+
+MessageWindow*
+Conversations::_Create(uint16 socket, const char* nick, uint32 connection, BMessage* received)
+{
+	MessageWindow* window = new MessageWindow(BRect(200, 200, 550, 420), fTarget, socket, nick,
+		connection);
+	// A closed one that is still listed may have been at this very address.
+	fMsgWindows.Remove(window);
+	fMsgWindows.Add(window);
+	if (received != NULL)
+		window->PostMessage(received);
+	window->Show();
+	return window;
 }

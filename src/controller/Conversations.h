@@ -21,16 +21,21 @@ class MessageWindow;
 */
 class Conversations {
 public:
+	// Beyond so many nobody but the user opens one more.
+	static const int32 kMaxOpenedByOthers = 100;
+
 	explicit Conversations(BLooper* target);
 
-	MessageWindow* FindOrCreate(uint16 socket, const char* nick, uint32 connection,
-		BMessage* received = NULL);
-	void Receive(const BMessage* message, uint32 connection);
+	MessageWindow* FindOrCreate(uint16 socket, const char* nick, uint32 connection);
+	[[nodiscard]] bool Receive(const BMessage* message, uint32 connection);
 	void Forget(const BMessage* notice);
 	void CloseAll();
 	void QuitAll();
 
 private:
+	MessageWindow* _Find(uint16 socket, const char* nick, BMessage* received);
+	MessageWindow* _Create(uint16 socket, const char* nick, uint32 connection, BMessage* received);
+
 	BLooper* fTarget;
 	WindowList<MessageWindow> fMsgWindows;
 };

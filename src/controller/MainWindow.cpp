@@ -12,7 +12,6 @@
 #include <Message.h>
 
 #include "AboutWindow.h"
-#include "AgreementWindow.h"
 #include "AppMessages.h"
 #include "BannerView.h"
 #include "ChatColors.h"
@@ -62,6 +61,7 @@ MainWindow::MainWindow()
 	  fUserList(fUserListWindow),
 	  fChat(fChatWindow),
 	  fRequests(fClient, &fChat),
+	  fAgreements(this),
 	  fConversations(this),
 	  fFolders(this, fFolder.AssetsPath()),
 	  fTransfers(this, &fChat, fFolder.DownloadsPath()),
@@ -189,8 +189,8 @@ MainWindow::_DispatchNotification(const BMessage* message)
 			_HandleUserLeft(message);
 			return true;
 		case kHLAgreement:
-			open_window(new AgreementWindow(BRect(150, 150, 600, 500), this,
-				message->GetString("text"), _CurrentConnection()));
+			if (!fAgreements.Ask(message, _CurrentConnection()))
+				fChat.ShowAgreement(message);
 			return true;
 		case kHLMsgReceived:
 			_HandleMessageReceived(message);
@@ -331,14 +331,16 @@ MainWindow::_FindOrCreatePM(uint16 socket, const char* nick)
 }
 
 
-/*!	Who has no id is the server itself, and speaks in the chat. */
+/*!	Who has no id is the server itself, and speaks in the chat, as do those whose message would open
+	one window too many.
+*/
 void
 MainWindow::_HandleMessageReceived(const BMessage* message)
 {
-	if (message->GetUInt16("socket", 0) != 0)
-		fConversations.Receive(message, _CurrentConnection());
-	else
+	if (message->GetUInt16("socket", 0) == 0)
 		fChat.ShowServerMessage(message);
+	else if (!fConversations.Receive(message, _CurrentConnection()))
+		fChat.ShowPrivateMessage(message);
 }
 
 

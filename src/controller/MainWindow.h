@@ -11,6 +11,7 @@
 #include <Messenger.h>
 #include <Window.h>
 
+#include "Agreements.h"
 #include "ChatOutput.h"
 #include "ConnectionBar.h"
 #include "Conversations.h"
@@ -93,6 +94,7 @@ private:
 	Settings fSettings;
 	ChatOutput fChat;
 	ServerRequests fRequests;
+	Agreements fAgreements;
 	Conversations fConversations;
 	FolderWindows fFolders;
 	Transfers fTransfers;

@@ -25,6 +25,7 @@ public:
 	void Add(Kind* window) { fWindows.AddItem(window); }
 	void Remove(void* window) { fWindows.RemoveItem(window); }
 	void RemoveGone(const void* window);
+	int32 CountOpen();
 
 	// Hand one living window after the other to \a use, locked, until that is true for one, which
 	// they return; NULL if it is for none.
@@ -64,6 +65,24 @@ WindowList<Kind>::RemoveGone(const void* window)
 		fWindows.RemoveItem(i);
 		return;
 	}
+}
+
+
+/*!	Forgets the windows that have closed.
+	\return How many are left.
+*/
+template<class Kind>
+int32
+WindowList<Kind>::CountOpen()
+{
+	for (int32 i = fWindows.CountItems() - 1; i >= 0; i--) {
+		const auto isThere = [](const Kind*) {
+			return true;
+		};
+		if (_Use(i, isThere) == NULL)
+			fWindows.RemoveItem(i);
+	}
+	return fWindows.CountItems();
 }
 
 

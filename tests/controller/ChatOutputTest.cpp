@@ -39,6 +39,11 @@ TEST_F(ChatOutputTest, EveryKind_HasItsShapeAndColorAndItsTextAsItStands)
 		EXPECT_EQ("c86400 \n*** Broadcast: " + text + " ***\n", Said());
 		fChat.ShowServerMessage(&message);
 		EXPECT_EQ("800080 \n*** Server message ***\n" + text + "\n", Said());
+		fChat.ShowAgreement(&message);
+		EXPECT_EQ("006400 \n*** Server agreement ***\n" + text + "\n", Said());
+		message.AddString("nick", text.c_str());
+		fChat.ShowPrivateMessage(&message);
+		EXPECT_EQ("800080 \n*** Message from " + text + " ***\n" + text + "\n", Said());
 		fChat.Announce("What", text.c_str(), {1, 2, 3, 255});
 		EXPECT_EQ("010203 *** What: " + text + " ***\n", Said());
 	}

@@ -36,7 +36,7 @@ protected:
 		if (nick != NULL)
 			message.AddString("nick", nick);
 		message.AddUInt16("socket", socket);
-		fConversations.Receive(&message, 7);
+		EXPECT_TRUE(fConversations.Receive(&message, 7));
 		MessageWindow* newest = find_window<MessageWindow>();
 		WindowProbe::Settle(newest);
 		return newest;
@@ -58,7 +58,7 @@ protected:
 		for (const BMessage& message : Posted()) {
 			EXPECT_EQ(7u, message.GetUInt32("connection", 0));
 			if (message.what == kHLMsgReceived)
-				fConversations.Receive(&message, 7);
+				EXPECT_TRUE(fConversations.Receive(&message, 7));
 			else if (message.what == kMsgPMWinClosed)
 				fConversations.Forget(&message);
 		}
@@ -135,7 +135,7 @@ TEST_F(ConversationsTest, MessageBehindTheClosing_OpensAnew)
 	again.AddString("text", "again");
 	again.AddString("nick", "Ann");
 	again.AddUInt16("socket", 5);
-	fConversations.Receive(&again, 7);
+	EXPECT_TRUE(fConversations.Receive(&again, 7));
 	EXPECT_SOON(count_windows<MessageWindow>() == 0);
 	_HandOver();
 	ASSERT_EQ(1, _CountOpen());
@@ -193,4 +193,34 @@ TEST_F(ConversationsTest, CloseAll_LeavesWhatIsOpenedAfterwards)
 	_Receive(5, "Ann", "more");
 	EXPECT_EQ(1, _CountOpen());
 	EXPECT_EQ("Ann: after\nAnn: more\n", _Transcript());
+}
+
+
+// Who has a window goes on speaking there, and the user may open as many as there are users.
+TEST_F(ConversationsTest, StrangersBeyondAHundred_OpenNoWindow)
+{
+	BMessage message(kHLMsgReceived);
+	message.AddString("text", "hello");
+	message.AddString("nick", "Ann");
+	for (uint16 socket = 1; socket <= 100; socket++) {
+		BMessage of(message);
+		of.AddUInt16("socket", socket);
+		EXPECT_TRUE(fConversations.Receive(&of, 7));
+	}
+	EXPECT_EQ(100, _CountOpen());
+	BMessage known(message);
+	known.AddUInt16("socket", 1);
+	BMessage stranger(message);
+	stranger.AddUInt16("socket", 101);
+	EXPECT_TRUE(fConversations.Receive(&known, 7));
+	EXPECT_FALSE(fConversations.Receive(&stranger, 7));
+	EXPECT_EQ(100, _CountOpen());
+	EXPECT_NE(nullptr, fConversations.FindOrCreate(102, "Bob", 7));
+	EXPECT_TRUE(fConversations.Receive(&known, 7));
+	EXPECT_FALSE(fConversations.Receive(&stranger, 7));
+
+	close_silently(open_windows<MessageWindow>()[0]);
+	close_silently(open_windows<MessageWindow>()[0]);
+	EXPECT_TRUE(fConversations.Receive(&stranger, 7));
+	EXPECT_EQ(100, _CountOpen());
 }

@@ -9,6 +9,7 @@
 #include <MenuBar.h>
 #include <MenuItem.h>
 
+#include "AgreementWindow.h"
 #include "AppMessages.h"
 #include "ControllerFixture.h"
 #include "FileListWindow.h"
@@ -147,6 +148,24 @@ TEST_F(MainWindowTest, EveryState_ShowsInAllWindows)
 		EXPECT_EQ(row.users, CountUsers());
 		ForgetChat();
 	}
+}
+
+
+TEST_F(MainWindowTest, WindowsThatOthersWouldOpenBeyondTheBounds_AreLines)
+{
+	for (uint16 socket = 1; socket <= 101; socket++) {
+		BMessage message(kHLMsgReceived);
+		message.AddUInt16("socket", socket);
+		message.AddString("nick", "<b>%s");
+		message.AddString("text", "[*]\nsoon");
+		Post(&message);
+	}
+	EXPECT_EQ(100, count_windows<MessageWindow>());
+	ExpectChat("\n*** Message from <b>%s ***\n[*]\nsoon\n", 128, 0, 128);
+	for (int i = 0; i < 21; i++)
+		Post(kHLAgreement, "text", "Be kind.");
+	EXPECT_EQ(20, count_windows<AgreementWindow>());
+	ExpectChat("\n*** Server agreement ***\nBe kind.\n", 0, 100, 0);
 }
 
 

@@ -156,6 +156,7 @@ class Desktop:
         self._signals = {}
         self._session_bus = None
         self._guard = None
+        self._display = None
 
     def __enter__(self):
         # Orphans of what is started here come back to this process, so that none is left.
@@ -239,6 +240,11 @@ class Desktop:
     def screenshot(self, path):
         self.ask("import", "-silent", "-window", "root", "png:" + path)
 
+    def stop_display(self):
+        """Takes the screen away from whoever is on it."""
+        self._display.process.kill()
+        self._display.process.wait()
+
     def paint_background(self, top, bottom):
         """Paints the screen behind the windows, from one color at the top to the other."""
         # The tool paints and yet ends with an error, so its status says nothing.
@@ -279,7 +285,7 @@ class Desktop:
     def _start_display(self):
         reading, writing = os.pipe()
         try:
-            server = self._run(["Xvfb", "-displayfd", str(writing), "-nolisten", "tcp", "-noreset", "-dpi", "96",
+            server = self._display = self._run(["Xvfb", "-displayfd", str(writing), "-nolisten", "tcp", "-noreset", "-dpi", "96",
                 "-screen", "0", "%dx%dx24" % (SCREEN_WIDTH, SCREEN_HEIGHT)], pass_fds=(writing,))
         finally:
             os.close(writing)

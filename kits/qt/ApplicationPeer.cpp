@@ -5,6 +5,7 @@
 #include <ApplicationPeer.h>
 
 #include <clocale>
+#include <cstdlib>
 #include <limits.h>
 #include <unistd.h>
 
@@ -18,6 +19,7 @@
 #include <QTimerEvent>
 #include <QToolTip>
 
+#include <Application.h>
 #include <Bitmap.h>
 #include <BitmapPeer.h>
 #include <FontConversion.h>
@@ -25,6 +27,7 @@
 #include <FrameScheduler.h>
 #include <MainServer.h>
 #include <Palette.h>
+#include <QuitSignals.h>
 #include <StartPreparation.h>
 #include <String.h>
 #include <TranslationUtils.h>
@@ -164,6 +167,21 @@ wait_on_main_thread(bool (*done)(void*), void* cookie)
 		ApplicationPeer::ProcessEvents();
 }
 
+
+/*!	Qt ends the process when it loses the display. Other threads still run then, and would find what
+	they use destroyed.
+*/
+static void
+end_at_once()
+{
+	if (be_app != NULL)
+		_exit(EXIT_FAILURE);
+}
+
+
+// #pragma mark -
+
+
 ApplicationPeer::ApplicationPeer()
 	: fApplication(make_application())
 {
@@ -180,6 +198,8 @@ ApplicationPeer::ApplicationPeer()
 	MainServer* server = MainServer::Default();
 	fServerWatch = std::make_unique<ServerWatch>(server);
 	server->SetWaitHook(wait_on_main_thread);
+	watch_quit_signals(fApplication.get());
+	atexit(end_at_once);
 }
 
 

@@ -1,14 +1,17 @@
 #!/usr/bin/python3
 # Copyright 2026, The Palimbra developers.
 # Distributed under the terms of the MIT License.
-"""Quitting ends the program with status 0 whatever its threads are doing at that moment."""
+"""Quitting ends the program with status 0 whatever its threads are doing at that moment, and whoever asks for it."""
 
+import os
+import signal
 import socket
 
 import hotline
 import wire
-from desktop import wait_until
-from support import ServedCase, main, setUpModule  # noqa: F401
+from client import Client
+from desktop import Desktop, wait_until
+from support import PROGRAM_FOLDER, ServedCase, main, setUpModule  # noqa: F401
 
 TCP_SYN_SENT = "02"
 
@@ -72,6 +75,25 @@ class QuitTest(ServedCase):
         self.log_in()
         self.shortcut("ctrl+d", "ctrl+q")
         self.assert_ended_well(self.client)
+
+    def test_by_a_signal_as_by_the_menu(self):
+        for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+            with self.subTest(number):
+                connection = self.log_in()
+                block = b"".join(wire.chat(b"line %d" % number) for number in range(20000))
+                with hotline.Flood(connection, block) as flood:
+                    wait_until(lambda: flood.sent > len(block), "the flood to arrive")
+                    os.kill(self.client.program.pid, number)
+                    self.assert_ended_well(self.client)
+            self.client = self.start_client()
+
+    def test_without_the_display(self):
+        with Desktop(accessible=False) as desktop:
+            client = Client(desktop, PROGRAM_FOLDER)
+            client.main_window()
+            desktop.stop_display()
+            self.assertEqual(client.program.wait(), 1)
+            self.assertIn("The X11 connection broke", client.program.output())
 
 
 if __name__ == "__main__":

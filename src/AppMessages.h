@@ -42,6 +42,9 @@ enum AppMessage : uint32 {
 	kMsgAppendChat = 'apch',
 	kMsgEnableChat = 'ench', // controller -> chat window: "enabled" bool
 
+	// Chat or message window -> controller: there was no memory for what it should have shown.
+	kMsgTextFull = 'txfl',
+
 	// User list. "socket" is the server's id of a user, "icon" a number of a picture.
 
 	// Controller -> user list window, for a new or a changed user: "socket", "icon" and "color"

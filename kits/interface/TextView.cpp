@@ -57,6 +57,7 @@ BTextView::SetText(const char* text, const text_run_array* /*runs*/)
 
 /*!	The text gets the style that SetFontAndColor() has set for it, otherwise that of what stands
 	before it.
+	Without memory for it the text stays as it was.
 	Differs from Haiku: what is selected stays selected, and a caret stays where it is. The user may
 	be reading what stands there, or be about to copy it.
 */

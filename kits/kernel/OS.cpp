@@ -19,6 +19,10 @@
 #include <ThreadPrivate.h>
 
 
+// In bytes, of a thread. The system's default reserves eight times as much.
+static const size_t kStackSize = 1024 * 1024;
+
+
 struct Thread {
 	thread_id id = -1;
 	std::string name;
@@ -192,6 +196,7 @@ spawn_thread(thread_func function, const char* name, int32 /*priority*/, void* d
 	pthread_attr_t attributes;
 	pthread_attr_init(&attributes);
 	pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
+	pthread_attr_setstacksize(&attributes, kStackSize);
 	pthread_t handle;
 	int error = pthread_create(&handle, &attributes, thread_entry, handedOver.get());
 	pthread_attr_destroy(&attributes);

@@ -7,6 +7,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <limits.h>
+#include <malloc.h>
 #include <unistd.h>
 
 #include <QApplication>
@@ -48,6 +49,9 @@ static int sArgumentCount = 1;
 static std::unique_ptr<QApplication>
 make_application()
 {
+	// Each further one keeps 64 MiB of addresses for itself, of which a limit may leave few.
+	mallopt(M_ARENA_MAX, 2);
+
 	const ssize_t length = readlink("/proc/self/exe", sProgramPath, sizeof(sProgramPath) - 1);
 	if (length > 0)
 		sProgramPath[length] = '\0';

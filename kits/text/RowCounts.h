@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <SupportDefs.h>
+#include <TextRoom.h>
 
 
 /*!	How many rows each line of a text takes on the screen, and in which line a row is. A line has
@@ -22,6 +23,7 @@ public:
 	int32 CountLines() const { return static_cast<int32>(fSums.size()) - 1; }
 	int32 CountRows() const { return fRowCount; }
 
+	bool MakeRoom(const TextRoom& room, size_t lines) { return room.Make(&fSums, lines); }
 	// What is cut off and added again has one row.
 	void SetCountLines(int32 count);
 	// All have one row again.

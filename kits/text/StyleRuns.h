@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <SupportDefs.h>
+#include <TextRoom.h>
 
 
 /*!	Which style each byte of a text has, by number. Styling the end takes the same time however long
@@ -32,10 +33,14 @@ public:
 	const Run& operator[](int32 run) const { return fRuns[run]; }
 	int32 EndOf(int32 run) const;
 
+	bool MakeRoom(const TextRoom& room) { return room.Make(&fRuns, kMostAdded); }
 	void Replace(int32 offset, int32 removed, int32 length, int32 style);
 	void SetStyle(int32 start, int32 end, int32 style);
 
 private:
+	// By one change.
+	static const size_t kMostAdded = 4;
+
 	size_t _SplitAt(int32 offset);
 	void _JoinAt(size_t run);
 

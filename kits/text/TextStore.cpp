@@ -31,10 +31,35 @@ character_length(const char* bytes, int32 size)
 }
 
 
+/*!	A paragraph separator is three bytes, which this is the last of. */
+static bool
+may_end_line(char byte)
+{
+	return byte == '\n' || byte == '\r' || byte == '\xa9';
+}
+
+
 TextStore::TextStore()
 	: fLines(1, {0, 0}),
 	  fPositionCount(0)
 {
+}
+
+
+/*!	\return Whether there is memory for that many bytes more and the lines in them. */
+bool
+TextStore::MakeRoom(const TextRoom& room, const char* bytes, int32 length)
+{
+	return room.Make(&fBytes, static_cast<size_t>(length))
+		&& room.Make(&fLines, CountEnds(bytes, length));
+}
+
+
+/*!	\return How many lines these bytes may end, at the most. */
+size_t
+TextStore::CountEnds(const char* bytes, int32 length)
+{
+	return static_cast<size_t>(std::count_if(bytes, bytes + length, may_end_line));
 }
 
 

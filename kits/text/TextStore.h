@@ -10,6 +10,7 @@
 #include <vector>
 
 #include <SupportDefs.h>
+#include <TextRoom.h>
 
 
 /*!	A text of many lines: its bytes as they came, where its lines begin, and positions in it as the
@@ -39,6 +40,8 @@ public:
 	// Followed by a NUL. Stay until the text is changed.
 	const char* Bytes() const { return fBytes.c_str(); }
 
+	static size_t CountEnds(const char* bytes, int32 length);
+	bool MakeRoom(const TextRoom& room, const char* bytes, int32 length);
 	int32 Replace(int32 offset, int32 removed, const char* bytes, int32 length);
 
 	int32 LineAtOffset(int32 offset) const;

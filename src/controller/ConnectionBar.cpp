@@ -135,6 +135,14 @@ ConnectionBar::ShowLost()
 }
 
 
+void
+ConnectionBar::ShowOutOfMemory()
+{
+	_EnableButtons(false);
+	_ShowStatus("Disconnected: out of memory");
+}
+
+
 /*!	The buttons that follow the connection. The others are always enabled. */
 void
 ConnectionBar::_EnableButtons(bool loggedIn)

@@ -30,6 +30,7 @@ public:
 	void ShowServer(const char* name);
 	void ShowFailed();
 	void ShowLost();
+	void ShowOutOfMemory();
 
 private:
 	void _EnableButtons(bool loggedIn);

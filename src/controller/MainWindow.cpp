@@ -253,6 +253,9 @@ MainWindow::_DispatchRequest(const BMessage* message)
 		case kMsgSendChat:
 			fRequests.SendChat(message);
 			return true;
+		case kMsgTextFull:
+			_HandleTextFull();
+			return true;
 		case kMsgAcceptAgreement:
 			_HandleAcceptAgreement();
 			return true;

@@ -66,6 +66,7 @@ private:
 	void _HandleMessageReceived(const BMessage* message);
 	void _HandleOpenMessages(const BMessage* message);
 	void _HandleToolDisconnect();
+	void _HandleTextFull();
 	void _HandleAcceptAgreement();
 	void _HandleDeclineAgreement();
 

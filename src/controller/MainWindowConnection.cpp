@@ -120,6 +120,18 @@ MainWindow::_HandlePoliteQuit()
 }
 
 
+/*!	What the server says cannot be shown any more; a line that tells so still finds room. */
+void
+MainWindow::_HandleTextFull()
+{
+	if (fClient == NULL)
+		return;
+	_Disconnect();
+	fBar.ShowOutOfMemory();
+	_ChatAppend("\n*** Disconnected: out of memory ***\n", kFailureColor);
+}
+
+
 // #pragma mark - What the user decides
 
 

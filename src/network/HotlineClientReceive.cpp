@@ -7,11 +7,15 @@
 #include <Autolock.h>
 #include <Message.h>
 
+#include "Reserve.h"
 #include "ServerEvents.h"
 
 
 // By this code alone a request counts as refused; only the login fails by any other as well.
 static const uint32 kErrorRefused = 1;
+
+// In bytes of transactions: how often it is looked whether there is memory for more.
+static const size_t kLookInterval = 256 * 1024;
 
 
 status_t
@@ -21,20 +25,26 @@ HotlineClient::_ReceiveThreadEntry(void* data)
 }
 
 
-/*!	Reads the server's transactions until the connection ends, by whomever. The socket is left to
-	its owner.
+/*!	Reads the server's transactions until the connection ends, by whomever, or there is no memory to
+	spare for what it may still say. The socket is left to its owner.
 */
 status_t
 HotlineClient::_ReceiveLoop()
 {
 	const Socket socket = _CurrentSocket();
+	size_t sinceLook = 0;
 	bool isOpen = socket.IsSet() && fReceiver.Reset();
 	while (fRunning && isOpen) {
 		const TransactionReceiver::Result result = fReceiver.Receive(socket);
 		isOpen = result != TransactionReceiver::kEnd;
 		if (result == TransactionReceiver::kComplete) {
+			sinceLook += fReceiver.Transaction().Size();
 			_ProcessPayload();
 			isOpen = fReceiver.Reset();
+			if (sinceLook >= kLookInterval) {
+				sinceLook = 0;
+				isOpen = isOpen && HasSpareMemory();
+			}
 		}
 	}
 

@@ -57,6 +57,8 @@ public:
 	Result Advance(uint32 length);
 
 	// Of a complete transaction. What they point to lives until Reset().
+	// In bytes, with its header.
+	uint32 Size() const { return fBufferPos; }
 	int32 State() const { return fParseState; }
 	uint32 TransID() const;
 	uint32 ErrorCode() const;

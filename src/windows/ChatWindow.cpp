@@ -34,7 +34,8 @@ ChatWindow::ChatWindow(BRect frame, BLooper* target)
 		  true, B_FANCY_BORDER)),
 	  fChatInput(new EntryLine("chatinput", new BMessage(kMsgSendChat))),
 	  fTarget(target),
-	  fConnection(0)
+	  fConnection(0),
+	  fIsFull(false)
 {
 	fChatView->MakeEditable(false);
 	fChatView->MakeSelectable(true);
@@ -100,7 +101,7 @@ void
 ChatWindow::_HandleAppend(const BMessage* message)
 {
 	const char* text = message->GetString("text");
-	if (text != NULL)
+	if (text != NULL && !fIsFull)
 		_AppendChat(text, unpack_color(static_cast<uint32>(message->GetInt32("color", 0))));
 }
 
@@ -109,6 +110,7 @@ void
 ChatWindow::_HandleEnable(const BMessage* message)
 {
 	const bool enabled = message->GetBool("enabled");
+	fIsFull = false;
 	fChatInput->SetEnabled(enabled);
 	if (!enabled)
 		return;
@@ -130,5 +132,17 @@ ChatWindow::_AppendChat(const char* text, rgb_color color)
 	// Wherever the view has taken the color of the insertion from.
 	if (length > 0)
 		fChatView->SetFontAndColor(end, end + length, be_plain_font, B_FONT_ALL, &color);
+	if (fChatView->TextLength() < end + length)
+		_TellFull();
 	fChatView->ScrollToOffset(fChatView->TextLength());
+}
+
+
+/*!	What is still on its way will not be shown, until the controller has ended what it comes from. */
+void
+ChatWindow::_TellFull()
+{
+	fIsFull = true;
+	BMessage full(kMsgTextFull);
+	Deliver(fMessenger, &full);
 }

@@ -33,6 +33,7 @@ private:
 	void _HandleAppend(const BMessage* message);
 	void _HandleEnable(const BMessage* message);
 	void _AppendChat(const char* text, rgb_color color);
+	void _TellFull();
 
 	BTextView* fChatView;
 	BScrollView* fChatScroll;
@@ -41,6 +42,8 @@ private:
 	BMessenger fMessenger{fTarget};
 	// The number of the connection that what is typed is meant for.
 	uint32 fConnection;
+	// There was no memory for a line; until chat is enabled or disabled again none is shown.
+	bool fIsFull;
 };
 
 

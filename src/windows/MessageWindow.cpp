@@ -196,6 +196,11 @@ MessageWindow::_AppendStyled(const char* name, rgb_color nameColor, const char* 
 	const rgb_color textColor = ui_color(B_DOCUMENT_TEXT_COLOR);
 
 	fChatView->Insert(start, line.String(), line.Length());
+	if (fChatView->TextLength() < end) {
+		BMessage full(kMsgTextFull);
+		AddConnection(&full, fConnection);
+		Deliver(fMessenger, &full);
+	}
 	fChatView->SetFontAndColor(start, nameEnd, be_bold_font, B_FONT_ALL, &nameColor);
 	fChatView->SetFontAndColor(nameEnd, end, be_plain_font, B_FONT_ALL, &textColor);
 	fChatView->ScrollToOffset(fChatView->TextLength());

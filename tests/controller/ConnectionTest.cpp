@@ -328,3 +328,15 @@ TEST_F(ConnectionTest, WindowClosedWhileConnected_HangsUp)
 	close_silently(fMain.Window());
 	EXPECT_TRUE(fServer.WaitForEnd());
 }
+
+
+TEST_F(ConnectionTest, TextWithoutRoom_EndsTheConnectionAndSaysSo)
+{
+	LogIn();
+	Post(kMsgTextFull);
+	EXPECT_EQ("Disconnected: out of memory", Status());
+	EXPECT_EQ("c----", Buttons());
+	EXPECT_FALSE(MayChat());
+	ExpectChat("\n*** Disconnected: out of memory ***\n", 200, 0, 0);
+	EXPECT_TRUE(fServer.WaitForEnd());
+}

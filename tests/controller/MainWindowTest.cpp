@@ -106,6 +106,7 @@ TEST_F(MainWindowTest, EveryReport_IsALineInItsColor)
 		{kMsgSendChat, "text", "hello", "", 0, 0, 0},
 		{kMsgDownloadFile, "name", "file", "", 0, 0, 0},
 		{kHLServerBanner, "", "", "", 0, 0, 0},
+		{kMsgTextFull, "", "", "", 0, 0, 0},
 	};
 	for (const auto& row : rows) {
 		SCOPED_TRACE(row.line.substr(0, 80));

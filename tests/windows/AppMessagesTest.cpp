@@ -13,13 +13,13 @@
 
 static const uint32 kAppMessages[] = {kMsgToolConnect, kMsgToolDisconnect, kMsgToolChat,
 	kMsgToolUsers, kMsgToolFiles, kMsgToolTracker, kMsgToolOptions, kMsgToolAbout, kMsgConnectBtn,
-	kMsgConnectServer, kMsgSendChat, kMsgAppendChat, kMsgEnableChat, kMsgAddUser, kMsgRemoveUser,
-	kMsgRemoveAll, kMsgUserInvoked, kMsgOpenPM, kMsgPMSend, kMsgPMReceived, kMsgPMWinClosed,
-	kMsgFileEntry, kMsgFileClear, kMsgOpenFolder, kMsgFileInvoked, kMsgFileWinClosed,
-	kMsgDownloadFile, kMsgDownloadBtn, kMsgUploadBtn, kMsgUploadFile, kMsgDownloadDone,
-	kMsgUploadDone, kMsgBannerData, kMsgIconSelected, kMsgOptionsSave, kMsgAcceptAgreement,
-	kMsgDeclineAgreement, kMsgTrackerRefresh, kMsgTrackerInvoke, kMsgTrackerServer, kMsgTrackerDone,
-	kMsgTrackerError, kMsgOK, kMsgScroll};
+	kMsgConnectServer, kMsgSendChat, kMsgAppendChat, kMsgEnableChat, kMsgTextFull, kMsgAddUser,
+	kMsgRemoveUser, kMsgRemoveAll, kMsgUserInvoked, kMsgOpenPM, kMsgPMSend, kMsgPMReceived,
+	kMsgPMWinClosed, kMsgFileEntry, kMsgFileClear, kMsgOpenFolder, kMsgFileInvoked,
+	kMsgFileWinClosed, kMsgDownloadFile, kMsgDownloadBtn, kMsgUploadBtn, kMsgUploadFile,
+	kMsgDownloadDone, kMsgUploadDone, kMsgBannerData, kMsgIconSelected, kMsgOptionsSave,
+	kMsgAcceptAgreement, kMsgDeclineAgreement, kMsgTrackerRefresh, kMsgTrackerInvoke,
+	kMsgTrackerServer, kMsgTrackerDone, kMsgTrackerError, kMsgOK, kMsgScroll};
 
 static const uint32 kNotifications[] = {kHLConnected, kHLConnectFailed, kHLLoggedIn,
 	kHLDisconnected, kHLChatReceived, kHLMsgReceived, kHLUserJoined, kHLUserChanged, kHLUserLeft,

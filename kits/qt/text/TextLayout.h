@@ -36,6 +36,7 @@ public:
 	const QTextCharFormat& FormatOf(int32 style) const { return fFormats[style]; }
 	void SetFormatOf(int32 style, const QTextCharFormat& format);
 
+	bool MakeRoom(const TextRoom& room, size_t lines) { return fRows.MakeRoom(room, lines); }
 	// After a change of the text, from a line on; after one of the styles, up to a line.
 	void LinesChanged(int32 first);
 	void StylesChanged(int32 first, int32 last);

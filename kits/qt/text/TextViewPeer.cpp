@@ -52,11 +52,11 @@ TextViewPeer::SetText(const char* text)
 }
 
 
-/*!	What would not fit is left out. */
+/*!	What would not fit, in memory either, is left out. */
 void
 TextViewPeer::Insert(int32 offset, const char* text, int32 length)
 {
-	if (length <= kMaxText - TextLength())
+	if (length <= kMaxText - TextLength() && fText->MakeRoom(text, length))
 		_Replace(offset, 0, text, length);
 }
 

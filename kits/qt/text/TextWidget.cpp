@@ -32,6 +32,7 @@ TextWidget::TextWidget()
 	  fPage(&fText, &fLayout),
 	  fCaret(&fText, &fLayout),
 	  fIsSelectable(false),
+	  fIsFull(false),
 	  fFollowsEnd(false),
 	  fIsUpdating(false),
 	  fTold(0),
@@ -62,6 +63,18 @@ TextWidget::TextBetween(int32 start, int32 end) const
 			text += QLatin1Char('\n');
 	}
 	return text;
+}
+
+
+/*!	\return Whether there is memory for so many bytes more: then Replace() may add them. */
+bool
+TextWidget::MakeRoom(const char* bytes, int32 length)
+{
+	const TextRoom room(fIsFull);
+	const bool hasRoom = fText.MakeRoom(room, bytes, length) && fStyles.MakeRoom(room)
+		&& fLayout.MakeRoom(room, TextStore::CountEnds(bytes, length));
+	fIsFull = fIsFull || !hasRoom;
+	return hasRoom;
 }
 
 

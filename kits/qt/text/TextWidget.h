@@ -35,6 +35,7 @@ public:
 	QString TextBetween(int32 start, int32 end) const;
 
 	// Changes show with ShowChanges() or ScrollToEnd().
+	bool MakeRoom(const char* bytes, int32 length);
 	void Replace(int32 offset, int32 removed, const char* bytes, int32 length, int32 style);
 	void SetStyle(int32 start, int32 end, int32 style);
 	void ShowChanges();
@@ -100,6 +101,8 @@ private:
 	// What the client has unselected since the last frame, which nobody was told of.
 	std::optional<TextCaret> fUnselected;
 	bool fIsSelectable;
+	// There has once been no memory for what came.
+	bool fIsFull;
 	bool fFollowsEnd;
 	// The scroll bar is being told of the page, not the other way around.
 	bool fIsUpdating;

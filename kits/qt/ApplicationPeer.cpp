@@ -23,6 +23,7 @@
 #include <Application.h>
 #include <Bitmap.h>
 #include <BitmapPeer.h>
+#include <DescriptorReserve.h>
 #include <FontConversion.h>
 #include <FontPreparation.h>
 #include <FrameScheduler.h>
@@ -202,6 +203,7 @@ ApplicationPeer::ApplicationPeer()
 	MainServer* server = MainServer::Default();
 	fServerWatch = std::make_unique<ServerWatch>(server);
 	server->SetWaitHook(wait_on_main_thread);
+	reserve_descriptors(fApplication.get());
 	watch_quit_signals(fApplication.get());
 	atexit(end_at_once);
 }

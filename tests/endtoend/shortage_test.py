@@ -44,8 +44,8 @@ class ShortageTest(ServedCase):
         used = self.client.program.descriptors()
         self.client.press("Disconnect")
         self.client.wait_for_status("Not connected")
-        self.limit("nofile", "%d:" % (used + 8))
-        # The windows need one now and then.
+        self.limit("nofile", "%d:" % used)
+        # A window needs one when it comes up.
         self.open_and_close_a_dialog()
         self.client.open_options()
         self.escape("Options")

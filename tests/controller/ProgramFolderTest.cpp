@@ -89,10 +89,10 @@ struct ProgramInItsFolder {
 		fFolder.AddFile("logo.png", picture_file(40, 60));
 		fFolder.AddFolder("assets");
 		for (const auto& [button, picture] : kPictures) {
-			std::string bytes = "P6\n16 16\n255\n";
+			std::string pixels;
 			for (int i = 0; i < 16 * 16; i++)
-				bytes += picture.second;
-			fFolder.AddFile(std::string("assets/") + picture.first, bytes);
+				pixels += picture.second;
+			fFolder.AddFile(std::string("assets/") + picture.first, picture_file(16, 16, pixels));
 		}
 	}
 

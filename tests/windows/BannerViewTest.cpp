@@ -12,6 +12,7 @@
 #include <LayoutBuilder.h>
 #include <TranslationUtils.h>
 
+#include "DrawnRow.h"
 #include "UserInput.h"
 #include "WaitFor.h"
 #include "WindowMain.h"
@@ -33,15 +34,16 @@ pixel_bytes(unsigned color)
 
 // A picture whose first and last columns have colors of their own.
 static BBitmap*
-new_picture(int width, int height)
+new_banner(int width, int height)
 {
-	std::string file = "P6\n" + std::to_string(width) + " " + std::to_string(height) + "\n255\n";
+	std::string pixels;
 	for (int y = 0; y < height; y++) {
-		file += pixel_bytes(kLeftEdge);
+		pixels += pixel_bytes(kLeftEdge);
 		for (int x = 1; x < width - 1; x++)
-			file += pixel_bytes(kPicture);
-		file += pixel_bytes(kRightEdge);
+			pixels += pixel_bytes(kPicture);
+		pixels += pixel_bytes(kRightEdge);
 	}
+	const std::string file = picture_file(width, height, pixels);
 	BMemoryIO stream(static_cast<const void*>(file.data()), file.size());
 	return BTranslationUtils::GetBitmap(&stream);
 }
@@ -63,7 +65,7 @@ protected:
 
 	void _Show(int width, int height)
 	{
-		fView->SetBitmap(new_picture(width, height));
+		fView->SetBitmap(new_banner(width, height));
 		fWindow.Window()->Layout(true);
 		ASSERT_EQ(299, fView->Frame().Width());
 	}

@@ -105,13 +105,46 @@ drawn_view(BSize size, const ViewDrawing& draw)
 }
 
 
+static std::string
+little_endian(uint32 value)
+{
+	return {static_cast<char>(value), static_cast<char>(value >> 8), static_cast<char>(value >> 16),
+		static_cast<char>(value >> 24)};
+}
+
+
 std::string
 picture_file(int width, int height)
 {
-	std::string file = "P6\n" + std::to_string(width) + " " + std::to_string(height) + "\n255\n";
+	std::string pixels;
 	for (int i = 0; i < width * height; i++)
-		file += "\xe0\x30\x90";
-	return file;
+		pixels += "\xe0\x30\x90";
+	return picture_file(width, height, pixels);
+}
+
+
+std::string
+picture_file(int width, int height, const std::string& pixels)
+{
+	std::string rows;
+	for (size_t y = static_cast<size_t>(height); y > 0; y--) {
+		for (size_t x = 0; x < static_cast<size_t>(width); x++) {
+			const size_t at = ((y - 1) * static_cast<size_t>(width) + x) * 3;
+			rows += {pixels.at(at + 2), pixels.at(at + 1), pixels.at(at)};
+		}
+		// A row has a multiple of four bytes.
+		rows.append(static_cast<size_t>(width % 4), '\0');
+	}
+	const uint32 headers = 54;
+	std::string file("BM");
+	file += little_endian(headers + static_cast<uint32>(rows.size())) + little_endian(0);
+	// Where the rows begin, and the size of the header that follows.
+	file += little_endian(headers) + little_endian(40);
+	file += little_endian(static_cast<uint32>(width)) + little_endian(static_cast<uint32>(height));
+	// One plane, of 24 bits, which are not compressed.
+	file += little_endian(24 << 16 | 1);
+	file += little_endian(0);
+	return file + std::string(20, '\0') + rows;
 }
 
 

@@ -43,6 +43,8 @@ void draw_line(BView* view, BRect frame, float left, const char* text, color_whi
 /*!	A picture file of one color, and the picture in it. */
 std::unique_ptr<BBitmap> new_picture(int width, int height);
 std::string picture_file(int width, int height);
+/*!	A picture file of these pixels: red, green and blue, row by row from the top. */
+std::string picture_file(int width, int height, const std::string& pixels);
 
 
 #endif // DRAWN_ROW_H

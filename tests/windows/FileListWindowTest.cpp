@@ -327,7 +327,7 @@ TEST_F(FileListWindowTest, Pictures_AreThoseOfTheFolder)
 {
 	const TemporaryFolder folder;
 	const auto add = [&folder](const char* file, const std::string& color) {
-		folder.AddFile(file, "P6\n1 1\n255\n" + color);
+		folder.AddFile(file, picture_file(1, 1, color));
 		return std::string{color[2], color[1], color[0], '\xff'};
 	};
 	const std::string folderPixel = add("401.png", "\xe1\x20\x91");

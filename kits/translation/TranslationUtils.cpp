@@ -4,77 +4,47 @@
  */
 #include <TranslationUtils.h>
 
-#include <cstdlib>
-
-#include <QBuffer>
-#include <QByteArray>
-#include <QImageReader>
+#include <vector>
 
 #include <Bitmap.h>
-#include <BitmapPeer.h>
 #include <DataIO.h>
 #include <File.h>
-
-
-// Of pixels, and of the file as well, in bytes.
-static const int kMaxMegabytes = 64;
-static const qint64 kMaxSize = static_cast<qint64>(kMaxMegabytes) * 1024 * 1024;
-static const int kBytesPerPixel = 4;
-
-// How a PNG file begins.
-static const char kSignature[] = "\x89PNG\r\n\x1a\n";
+#include <PictureBounds.h>
+#include <PictureDecoder.h>
 
 
 /*!	All bytes from where the stream stands; none when they are too many or cannot be read. */
-static QByteArray
+static std::vector<uint8>
 read_all(BPositionIO* stream)
 {
-	QByteArray bytes;
-	char buffer[16384];
-	while (bytes.size() <= kMaxSize) {
+	std::vector<uint8> bytes;
+	uint8 buffer[16384];
+	while (bytes.size() <= kMaxPictureFile) {
 		const ssize_t count = stream->Read(buffer, sizeof(buffer));
-		if (count < 0)
-			return QByteArray();
 		if (count == 0)
 			return bytes;
-		bytes.append(buffer, count);
+		if (count < 0)
+			break;
+		bytes.insert(bytes.end(), buffer, buffer + count);
 	}
-	return QByteArray();
+	return std::vector<uint8>();
 }
 
 
-/*!	\return Whether a picture of that size may be decoded. The height is below zero where the lines
-		of a BMP stand from top to bottom.
-*/
-static bool
-is_bearable(QSize size)
-{
-	const qint64 width = size.width();
-	const qint64 height = std::abs(static_cast<qint64>(size.height()));
-	return width > 0 && height > 0 && width * height <= kMaxSize / kBytesPerPixel;
-}
-
-
-/*!	Reads a picture of whatever kind. */
+/*!	Reads a picture, of the kind that its first bytes tell. */
 BBitmap*
 BTranslationUtils::GetBitmap(BPositionIO* stream, BTranslatorRoster* /*roster*/)
 {
 	if (stream == NULL)
 		return NULL;
 
-	QByteArray bytes = read_all(stream);
-	QBuffer buffer(&bytes);
-	if (bytes.isEmpty() || !buffer.open(QIODevice::ReadOnly))
-		return NULL;
-
-	QImageReader::setAllocationLimit(kMaxMegabytes);
-	// Told the format, QImageReader need not look for it in the bytes. Most pictures are of this
-	// one.
-	QImageReader reader(&buffer, bytes.startsWith(kSignature) ? "png" : QByteArray());
-	if (!is_bearable(reader.size()))
-		return NULL;
-
-	return BitmapPeer::CreateBitmap(reader.read());
+	CheckedPicture picture;
+	{
+		const std::vector<uint8> bytes = read_all(stream);
+		if (!CheckPicture(bytes.data(), bytes.size(), &picture))
+			return NULL;
+	}
+	return DecodePicture(picture, kMaxPictureTime);
 }
 
 

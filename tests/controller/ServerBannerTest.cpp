@@ -93,8 +93,8 @@ TEST_F(ServerBannerTest, Picture_HasItsSizeUntilItIsCleared)
 	_ExpectSize(1, 1);
 	_Show(picture_file(468, 60), 7, true);
 	_ExpectSize(468, 60);
-	_Show(picture_file(20000, 1));
-	_ExpectSize(20000, 1);
+	_Show(picture_file(16000, 1));
+	_ExpectSize(16000, 1);
 	fBanner.Clear();
 	_ExpectSize(0, 0);
 }

@@ -15,8 +15,10 @@ class BTranslatorRoster;
 struct entry_ref;
 
 
-/*!	Reads pictures of any format that the system knows. On the main thread.
-	Differs from Haiku: a picture of more than 64 MiB of pixels is refused before it is decoded.
+/*!	Reads pictures. Any thread.
+	Differs from Haiku: only PNG, JPEG, GIF and BMP are read, and of a GIF the first picture. What
+	is larger than 2 MiB, than four million pixels, or would take too much time or memory is refused
+	before it is decoded.
 */
 class BTranslationUtils {
 public:

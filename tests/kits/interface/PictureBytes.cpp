@@ -7,6 +7,8 @@
 #include <algorithm>
 
 
+const std::string kPngSignature("\x89PNG\r\n\x1a\n");
+
 // Forgets the codes that were made since.
 static const uint32 kGifClear = 256;
 
@@ -84,9 +86,10 @@ bmp_headers(int32 width, int32 height, uint16 bitsPerPixel, uint32 compression, 
 }
 
 
-static void
-append_chunk(std::string& bytes, const std::string& type, const std::string& data)
+std::string
+png_chunk(const std::string& type, const std::string& data)
 {
+	std::string bytes;
 	append_big_endian(bytes, static_cast<uint32>(data.size()));
 	const std::string checked = type + data;
 	uint32 sum = 0xffffffff;
@@ -97,6 +100,7 @@ append_chunk(std::string& bytes, const std::string& type, const std::string& dat
 	}
 	bytes += checked;
 	append_big_endian(bytes, ~sum);
+	return bytes;
 }
 
 
@@ -128,9 +132,10 @@ deflate_zeros(uint64 count)
 
 /*!	That many times color 0, as GIF packs it: the code 256 + n, where it is known, stands for n of
 	them.
+	\param longest No code stands for more than so many.
 */
 static std::string
-compress_run(uint64 count)
+compress_run(uint64 count, uint64 longest)
 {
 	std::string bytes;
 	BitWriter writer(bytes);
@@ -148,7 +153,7 @@ compress_run(uint64 count)
 		count--;
 		for (next = kGifClear + 2; next < 4096 && count > 0; next++) {
 			// A code may be used as it becomes known: one more than the code before.
-			const uint64 run = std::min(static_cast<uint64>(next - kGifClear), count);
+			const uint64 run = std::min({static_cast<uint64>(next - kGifClear), longest, count});
 			append(run > 1 ? kGifClear + static_cast<uint32>(run) : 0);
 			count -= run;
 		}
@@ -191,33 +196,65 @@ make_black_bmp(int32 width, int32 height)
 }
 
 
-std::string
-make_black_png(uint32 width, uint32 height)
+/*!	\param bits Of a color.
+	\param kind Of the colors: 0 for gray, 6 for three colors and alpha.
+	\param pixelSize In bytes.
+*/
+static std::string
+make_png(uint32 width, uint32 height, char bits, char kind, uint32 pixelSize)
 {
 	std::string header;
 	append_big_endian(header, width);
 	append_big_endian(header, height);
-	header += std::string("\x08\0\0\0\0", 5); // 8 bits of gray, without alternatives
+	// Without alternatives.
+	header += {bits, kind, 0, 0, 0};
 
-	std::string bytes("\x89PNG\r\n\x1a\n");
-	append_chunk(bytes, "IHDR", header);
-	append_chunk(bytes, "IDAT", deflate_zeros(static_cast<uint64>(height) * (width + 1)));
-	append_chunk(bytes, "IEND", "");
-	return bytes;
+	const uint64 size = static_cast<uint64>(height) * (static_cast<uint64>(width) * pixelSize + 1);
+	return kPngSignature + png_chunk("IHDR", header) + png_chunk("IDAT", deflate_zeros(size))
+		+ png_chunk("IEND", "");
+}
+
+
+std::string
+make_black_png(uint32 width, uint32 height)
+{
+	return make_png(width, height, 8, 0, 1);
+}
+
+
+std::string
+make_deep_png(uint32 width, uint32 height)
+{
+	return make_png(width, height, 16, 6, 8);
 }
 
 
 std::string
 make_black_gif(uint16 width, uint16 height)
 {
-	const std::string codes = compress_run(static_cast<uint64>(width) * height);
+	return gif_screen(width, height) + gif_frame(width, height, static_cast<uint64>(width) * height)
+		+ ";";
+}
+
+
+std::string
+gif_screen(uint16 width, uint16 height)
+{
 	std::string bytes("GIF89a");
 	append_number(bytes, width, 2);
 	append_number(bytes, height, 2);
 	append_number(bytes, 0x80, 3); // a table of two colors
 	append_number(bytes, 0, 3);
 	append_number(bytes, 0, 3);
-	append_number(bytes, ',', 1); // a picture
+	return bytes;
+}
+
+
+std::string
+gif_frame(uint16 width, uint16 height, uint64 pixels, uint64 longest)
+{
+	const std::string codes = compress_run(pixels, longest);
+	std::string bytes(",");
 	append_number(bytes, 0, 4); // at the left and at the top
 	append_number(bytes, width, 2);
 	append_number(bytes, height, 2);
@@ -229,6 +266,5 @@ make_black_gif(uint16 width, uint16 height)
 		bytes += block;
 	}
 	append_number(bytes, 0, 1);
-	append_number(bytes, ';', 1); // the end
 	return bytes;
 }

@@ -23,6 +23,15 @@ std::string make_bmp(int32 width, int32 height, size_t pixelBytes);
 std::string make_black_bmp(int32 width, int32 height);
 std::string make_black_png(uint32 width, uint32 height);
 std::string make_black_gif(uint16 width, uint16 height);
+// A PNG of 16 bits for each color and the transparency.
+std::string make_deep_png(uint32 width, uint32 height);
+
+// Pieces of them. The frame of a GIF says which size it has, and packs any number of pixels, so many
+// in a code at most.
+extern const std::string kPngSignature;
+std::string png_chunk(const std::string& type, const std::string& data);
+std::string gif_screen(uint16 width, uint16 height);
+std::string gif_frame(uint16 width, uint16 height, uint64 pixels, uint64 longest = 4096);
 
 
 #endif // PICTURE_BYTES_H

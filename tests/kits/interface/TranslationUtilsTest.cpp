@@ -18,6 +18,8 @@
 #include <TranslationUtils.h>
 
 #include "ExpectSoon.h"
+#include "JpegBytes.h"
+#include "PictureBounds.h"
 #include "PictureBytes.h"
 #include "RunThread.h"
 #include "TemporaryFolder.h"
@@ -116,12 +118,13 @@ TEST(TranslationUtilsTest, WhatIsNoPicture_GivesNothing)
 }
 
 
-TEST(TranslationUtilsTest, PictureOfMoreThan64MebibytesOfPixels_IsRefused)
+TEST(TranslationUtilsTest, PictureOfMoreThanFourMillionPixels_IsRefused)
 {
-	EXPECT_EQ(nullptr, decode(make_bmp(4097, 4096, 0)));
+	EXPECT_NE(nullptr, decode(make_black_bmp(2048, 2048)));
+	EXPECT_EQ(nullptr, decode(make_black_bmp(2049, 2048)));
 	EXPECT_EQ(nullptr, decode(make_bmp(65535, 65535, 100)));
 	EXPECT_EQ(nullptr, decode(make_bmp(0x7fffffff, 0x7fffffff, 100)));
-	EXPECT_EQ(nullptr, decode(make_bmp(4097, -4096, 0)));
+	EXPECT_EQ(nullptr, decode(make_bmp(2049, -2048, 0)));
 	EXPECT_EQ(nullptr, decode(make_bmp(1, INT32_MIN, 100)));
 }
 
@@ -143,6 +146,97 @@ TEST(TranslationUtilsTest, SmallFileOfAnEnormousPicture_IsRefusedBeforeItIsDecod
 		EXPECT_EQ(nullptr, decode(picture.bytes));
 		EXPECT_LT(peak_memory(), before + 32 * 1024 * 1024);
 	}
+}
+
+
+TEST(TranslationUtilsTest, LargestPictures_TakeLessThanAHundredMebibytes)
+{
+	std::vector<BlackPicture> pictures = make_black_pictures(2048);
+	pictures.push_back({"JPEG", make_gray_jpeg(2048, 2048, kMaxPictureScans)});
+	pictures.push_back({"deep PNG", make_deep_png(2048, 2048)});
+	for (const BlackPicture& picture : pictures) {
+		SCOPED_TRACE(picture.format);
+		const int64 before = peak_memory();
+		const std::unique_ptr<BBitmap> bitmap = decode(picture.bytes);
+		ASSERT_NE(nullptr, bitmap);
+		EXPECT_EQ(BRect(0, 0, 2047, 2047), bitmap->Bounds());
+		EXPECT_EQ(B_RGBA32, bitmap->ColorSpace());
+		EXPECT_LT(peak_memory(), before + 100 * 1024 * 1024);
+	}
+}
+
+
+// As servers may send them: a drawing that has others loaded, and what only a plugin would know.
+TEST(TranslationUtilsTest, OtherKinds_AreNotReadAtAll)
+{
+	TemporaryFolder folder;
+	folder.AddFile("inner.bmp", make_bmp(2, 1, 8));
+	EXPECT_EQ(nullptr,
+		decode("<svg xmlns='http://www.w3.org/2000/svg' width='2' height='2'>"
+			   "<image width='2' height='2' href='"
+			+ folder.PathOf("inner.bmp") + "'/></svg>"));
+	EXPECT_EQ(nullptr, decode("P6\n1 1\n255\n\xe0\x30\x90"));
+	EXPECT_EQ(nullptr,
+		decode("/* XPM */\nstatic char *x[] = {\"1 1 1 1\", \"a c #ff0000\", \"a\"};"));
+	EXPECT_EQ(nullptr,
+		decode("#define x_width 8\n#define x_height 1\nstatic char x_bits[] = {0};\n"));
+}
+
+
+TEST(TranslationUtilsTest, AnyThread_MayRead)
+{
+	for (const BlackPicture& picture : make_black_pictures(16)) {
+		SCOPED_TRACE(picture.format);
+		std::unique_ptr<BBitmap> bitmap;
+		Join(RunThread([&] {
+			bitmap = decode(picture.bytes);
+		}));
+		ASSERT_NE(nullptr, bitmap);
+		EXPECT_EQ(BRect(0, 0, 15, 15), bitmap->Bounds());
+	}
+}
+
+
+/*!	64 MiB of zeros. */
+class LongStream : public BPositionIO {
+public:
+	ssize_t Read(void* buffer, size_t size) override
+	{
+		memset(buffer, 0, size);
+		fRead += size;
+		return fRead < (64u << 20) ? static_cast<ssize_t>(size) : 0;
+	}
+
+	ssize_t Write(const void*, size_t) override { return B_NOT_ALLOWED; }
+
+	size_t CountRead() const { return fRead; }
+
+private:
+	size_t fRead = 0;
+};
+
+
+TEST(TranslationUtilsTest, LongStream_IsNotReadToItsEnd)
+{
+	LongStream stream;
+	EXPECT_EQ(NULL, BTranslationUtils::GetBitmap(&stream));
+	EXPECT_LT(stream.CountRead(), kMaxPictureFile + 65536);
+}
+
+
+TEST(TranslationUtilsTest, EndlessOrEnormousFile_IsRefused)
+{
+	EXPECT_EQ(NULL, BTranslationUtils::GetBitmapFile("/dev/zero"));
+
+	TemporaryFolder folder;
+	const std::string picture = make_bmp(1, 1, 4);
+	folder.AddFile("fits.bmp", picture + std::string(kMaxPictureFile - picture.size(), '\0'));
+	folder.AddFile("one more.bmp",
+		picture + std::string(kMaxPictureFile + 1 - picture.size(), '\0'));
+	const std::unique_ptr<BBitmap> bitmap(
+		BTranslationUtils::GetBitmapFile(folder.PathOf("fits.bmp").c_str()));
+	EXPECT_NE(nullptr, bitmap);
+	EXPECT_EQ(NULL, BTranslationUtils::GetBitmapFile(folder.PathOf("one more.bmp").c_str()));
 }
 
 

@@ -15,8 +15,8 @@
 	default for its absence. The events of the control connection have a catalogue of their own,
 	HotlineNotification; no code is in both.
 	What a window that belongs to one connection posts to the controller, kMsgAddUser,
-	kMsgEnableChat and kMsgBannerData have another field "connection" uint32, the number of that
-	connection (ConnectionMark.h).
+	kMsgEnableChat and the messages of a banner have another field "connection" uint32, the number
+	of that connection (ConnectionMark.h).
 */
 enum AppMessage : uint32 {
 	// Menu items and toolbar buttons -> controller, without fields.
@@ -80,6 +80,8 @@ enum AppMessage : uint32 {
 	kMsgDownloadDone = 'dlok', // "filename" string, "success" bool
 	kMsgUploadDone = 'ulok', // "filename" string, "success" bool
 	kMsgBannerData = 'bndl', // "data" raw: the bytes of the picture file
+	kMsgBannerFetched = 'bnfe', // a banner's transfer has ended, with or without such bytes
+	kMsgBannerDecoded = 'bnde', // a banner has become a picture, or is none
 
 	// Options.
 	kMsgIconSelected = 'icsl', // list -> its window, with the list's own fields

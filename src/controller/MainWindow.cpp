@@ -315,7 +315,13 @@ MainWindow::_DispatchTransfer(const BMessage* message)
 			fTransfers.Report("Upload", message);
 			return true;
 		case kMsgBannerData:
-			fBanner.Show(message, fRequests.IsConnected());
+			fBanner.Decode(message, fRequests.IsConnected());
+			return true;
+		case kMsgBannerFetched:
+			fBanner.HandleFetched(message);
+			return true;
+		case kMsgBannerDecoded:
+			fBanner.HandleDecoded();
 			return true;
 		default:
 			return false;

@@ -7,13 +7,14 @@
 #include <utility>
 
 #include <Bitmap.h>
-#include <DataIO.h>
 #include <Message.h>
-#include <TranslationUtils.h>
 #include <Window.h>
 
+#include "AppMessages.h"
+#include "BannerDecoding.h"
 #include "BannerView.h"
 #include "ConnectionMark.h"
+#include "Delivery.h"
 #include "GrantedTransfer.h"
 
 
@@ -21,12 +22,43 @@
 static const uint32 kMaxBannerSize = 512 * 1024;
 
 
+static bool
+may_be_fetched(const BMessage* grant)
+{
+	const uint32 size = grant->GetUInt32("size", 0);
+	return grant->GetUInt32("ref", 0) != 0 && size > 0 && size <= kMaxBannerSize;
+}
+
+
+/*!	Entry of "HL:BannerDL": a fetch that fails says nothing by itself.
+	\param data A BannerDLInfo, owned by this thread.
+*/
+static status_t
+fetch_banner(void* data)
+{
+	const BannerDLInfo* info = static_cast<const BannerDLInfo*>(data);
+	const BMessenger target = info->target;
+	BMessage notice(kMsgBannerFetched);
+	AddConnection(&notice, info->connection);
+
+	const status_t status = BannerThread(data);
+	while (!Deliver(target, &notice))
+		continue;
+	return status;
+}
+
+
 ServerBanner::ServerBanner(BLooper* target)
 	: fTarget(target),
-	  fBannerView(new BannerView())
+	  fBannerView(new BannerView()),
+	  fConnection(0),
+	  fIsFetching(false)
 {
 	fBannerView->SetExplicitMaxSize(BSize(B_SIZE_UNLIMITED, 0));
 }
+
+
+ServerBanner::~ServerBanner() = default;
 
 
 /*!	\param grant A kHLBannerReady. Without a thread the banner is done without.
@@ -35,40 +67,86 @@ ServerBanner::ServerBanner(BLooper* target)
 void
 ServerBanner::Fetch(const BMessage* grant, uint32 connection)
 {
-	GrantedTransfer<BannerDLInfo> transfer(grant, fTarget);
-	transfer->size = grant->GetUInt32("size", 0);
-	if (transfer->ref == 0 || transfer->size == 0 || transfer->size > kMaxBannerSize)
+	if (!may_be_fetched(grant))
 		return;
-	transfer->connection = connection;
-	static_cast<void>(transfer.Start(BannerThread, "HL:BannerDL", B_LOW_PRIORITY));
+	if (connection != fConnection) {
+		fConnection = connection;
+		fIsFetching = false;
+		fDecoding.reset();
+	}
+	fNextGrant = std::make_unique<BMessage>(*grant);
+	_StartNext();
 }
 
 
-/*!	Shows the picture, whatever format it has; bytes that are none change nothing.
-	\param picture A kMsgBannerData.
+/*!	Bytes without a thread are no picture.
+	\param picture A kMsgBannerData: a picture file of whatever format.
 	\param isConnected The banner of a connection that has been lost is not shown again.
 */
 void
-ServerBanner::Show(const BMessage* picture, bool isConnected)
+ServerBanner::Decode(const BMessage* picture, bool isConnected)
 {
-	if (ConnectionOf(picture) != 0 && !isConnected)
+	const uint32 connection = ConnectionOf(picture);
+	if (connection != 0 && !isConnected)
 		return;
 	const void* data;
 	ssize_t size;
 	if (picture->FindData("data", B_RAW_TYPE, &data, &size) != B_OK)
 		return;
 
-	BMemoryIO stream(data, static_cast<size_t>(size));
-	std::unique_ptr<BBitmap> bitmap(BTranslationUtils::GetBitmap(&stream));
-	if (bitmap != NULL && bitmap->IsValid())
+	fDecoding = std::make_shared<BannerDecoding>(data, static_cast<size_t>(size),
+		BMessenger(fTarget), connection);
+	if (!BannerDecoding::Start(fDecoding))
+		fDecoding.reset();
+}
+
+
+/*!	\param notice A kMsgBannerFetched. What was fetched has come before it. */
+void
+ServerBanner::HandleFetched(const BMessage* notice)
+{
+	if (ConnectionOf(notice) != fConnection)
+		return;
+	fIsFetching = false;
+	_StartNext();
+}
+
+
+/*!	Shows the picture; bytes that are none change nothing. */
+void
+ServerBanner::HandleDecoded()
+{
+	if (fDecoding == NULL || !fDecoding->IsDone())
+		return;
+	std::unique_ptr<BBitmap> bitmap = fDecoding->TakeBitmap();
+	fDecoding.reset();
+	if (bitmap != NULL)
 		_SetBitmap(std::move(bitmap));
+	_StartNext();
+}
+
+
+/*!	Also forgets what is to be decoded or fetched. A thread that fetches ends by itself. */
+void
+ServerBanner::Clear()
+{
+	fDecoding.reset();
+	fNextGrant.reset();
+	_SetBitmap(NULL);
 }
 
 
 void
-ServerBanner::Clear()
+ServerBanner::_StartNext()
 {
-	_SetBitmap(NULL);
+	if (fIsFetching || fDecoding != NULL || fNextGrant == NULL)
+		return;
+	const std::unique_ptr<BMessage> grant = std::move(fNextGrant);
+
+	GrantedTransfer<BannerDLInfo> transfer(grant.get(), fTarget);
+	transfer->size = grant->GetUInt32("size", 0);
+	transfer->connection = fConnection;
+	fIsFetching = transfer.Start(fetch_banner, "HL:BannerDL", B_LOW_PRIORITY);
 }
 
 

@@ -11,31 +11,44 @@
 #include <SupportDefs.h>
 
 
+class BannerDecoding;
 class BannerView;
 class BBitmap;
 class BLooper;
 class BMessage;
 
 
-/*!	The server's banner: fetches it in a thread, which posts it to the target, and shows it. Lives
-	in the main window's thread; borrows the target. The view is the window's once it has been
-	added.
+/*!	The server's banner: one thread fetches it, another one decodes it, both of which post to the
+	target, and then it is shown. A connection has one of them at a time; of the banners that are
+	granted meanwhile the latest is next. Lives in the main window's thread; borrows the target. The
+	view is the window's once it has been added.
 */
 class ServerBanner {
 public:
 	explicit ServerBanner(BLooper* target);
+	~ServerBanner();
 
 	BannerView* View() const { return fBannerView; }
 
 	void Fetch(const BMessage* grant, uint32 connection);
-	void Show(const BMessage* picture, bool isConnected);
+	void Decode(const BMessage* picture, bool isConnected);
+	void HandleFetched(const BMessage* notice);
+	void HandleDecoded();
 	void Clear();
 
 private:
+	void _StartNext();
 	void _SetBitmap(std::unique_ptr<BBitmap> bitmap);
 
 	BLooper* fTarget;
 	BannerView* fBannerView;
+
+	// The connection that the following belong to; threads of a former one are left to themselves.
+	uint32 fConnection;
+	bool fIsFetching;
+	std::shared_ptr<BannerDecoding> fDecoding;
+	// The latest kHLBannerReady that came in between.
+	std::unique_ptr<BMessage> fNextGrant;
 };
 
 

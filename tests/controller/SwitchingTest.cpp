@@ -316,7 +316,7 @@ TEST_F(SwitchingTest, Banner_IsShownToItsOwnConnectionAlone)
 	LogInToFormer();
 	BeginBanner(picture.size());
 	FinishBanner(picture);
-	EXPECT_EQ(BSize(20, 10), BannerSize());
+	EXPECT_SOON(BannerSize() == BSize(20, 10));
 
 	BeginBanner(picture.size());
 	LogIn();
@@ -327,6 +327,32 @@ TEST_F(SwitchingTest, Banner_IsShownToItsOwnConnectionAlone)
 	fServer.Hangup();
 	AwaitChat("\n*** Connection lost ***\n", 200, 0, 0);
 	FinishBanner(picture);
+	EXPECT_EQ(BSize(0, 0), BannerSize());
+}
+
+
+TEST_F(SwitchingTest, BannerThatIsBeingDecoded_KeepsNoWindowWaiting)
+{
+	const std::string picture = picture_file(20, 10);
+	LogInToFormer();
+	for (const bool isShown : {true, false}) {
+		SCOPED_TRACE(isShown);
+		fCalls.HoldThreads("HL:BannerPicture");
+		const size_t before = fCalls.CountThreads("HL:BannerPicture");
+		BeginBanner(picture.size());
+		FinishBanner(picture);
+		EXPECT_EQ(before + 1, fCalls.CountThreads("HL:BannerPicture"));
+		fFormer.Send(106, {{101, "Ann: here"}});
+		AwaitChat("Ann: here\n", 0, 0, 0);
+		if (!isShown)
+			LogIn();
+		fCalls.ReleaseThreads();
+		if (isShown) {
+			EXPECT_SOON(BannerSize() == BSize(20, 10));
+		}
+	}
+	EXPECT_SOON(count_threads_named("HL:BannerPictur") == 0);
+	Settle();
 	EXPECT_EQ(BSize(0, 0), BannerSize());
 }
 

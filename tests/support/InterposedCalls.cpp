@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <condition_variable>
 #include <cstring>
+#include <memory>
 #include <mutex>
 #include <netdb.h>
 #include <sys/socket.h>
@@ -29,6 +30,7 @@ struct Records {
 	bool holdsLookups = false;
 	std::string heldHost;
 	bool holdsSnoozes = false;
+	std::string heldThread;
 	InterposedCalls::Timeouts timeouts;
 	std::vector<InterposedCalls::Lookup> lookups;
 	std::vector<InterposedCalls::Thread> threads;
@@ -130,15 +132,44 @@ resolve(const char* host, const char* port, const addrinfo* hints, addrinfo** _r
 }
 
 
+/*!	A thread that does nothing until it is released. */
+struct HeldThread {
+	std::string name;
+	thread_func function;
+	void* data;
+};
+
+
+static status_t
+run_released(void* data)
+{
+	const std::unique_ptr<HeldThread> thread(static_cast<HeldThread*>(data));
+	{
+		std::unique_lock<std::mutex> lock(sRecords.lock);
+		sRecords.released.wait(lock, [&thread] {
+			return sRecords.heldThread != thread->name;
+		});
+	}
+	return thread->function(thread->data);
+}
+
+
 static thread_id
 spawn(thread_func function, const char* name, int32 priority, void* data)
 {
+	bool isHeld;
 	{
 		const std::lock_guard<std::mutex> lock(sRecords.lock);
 		sRecords.threads.push_back({name, priority});
+		isHeld = sRecords.heldThread == name;
 	}
 	const status_t error = Calls::sSpawnError.exchange(B_OK);
-	return error != B_OK ? error : Interposed::RealSpawn(function, name, priority, data);
+	if (error != B_OK)
+		return error;
+	if (!isHeld)
+		return Interposed::RealSpawn(function, name, priority, data);
+	return Interposed::RealSpawn(run_released, name, priority,
+		new HeldThread{name, function, data});
 }
 
 
@@ -203,6 +234,7 @@ InterposedCalls::~InterposedCalls()
 {
 	ReleaseLookups();
 	ReleaseSnoozes();
+	ReleaseThreads();
 	sTimeoutDivisor = 1;
 	sClockStep = 0;
 	sSocketError = kNothing;
@@ -226,6 +258,34 @@ InterposedCalls::Threads() const
 {
 	const std::lock_guard<std::mutex> lock(sRecords.lock);
 	return sRecords.threads;
+}
+
+
+size_t
+InterposedCalls::CountThreads(const std::string& name) const
+{
+	const std::vector<Thread> threads = Threads();
+	return static_cast<size_t>(
+		std::count_if(threads.begin(), threads.end(), [&name](const Thread& thread) {
+			return thread.name == name;
+		}));
+}
+
+
+void
+InterposedCalls::HoldThreads(const std::string& name)
+{
+	const std::lock_guard<std::mutex> lock(sRecords.lock);
+	sRecords.heldThread = name;
+}
+
+
+void
+InterposedCalls::ReleaseThreads()
+{
+	const std::lock_guard<std::mutex> lock(sRecords.lock);
+	sRecords.heldThread.clear();
+	sRecords.released.notify_all();
 }
 
 

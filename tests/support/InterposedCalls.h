@@ -65,6 +65,10 @@ public:
 
 	// The threads that were asked for, in their order.
 	std::vector<Thread> Threads() const;
+	size_t CountThreads(const std::string& name) const;
+	// Threads of this name that are spawned from now on do nothing until they are released.
+	void HoldThreads(const std::string& name);
+	void ReleaseThreads();
 
 	std::vector<Lookup> Lookups() const;
 	// Lookups of this host, or all of them, wait until they are released.

@@ -17,9 +17,10 @@ static const uint32 kAppMessages[] = {kMsgToolConnect, kMsgToolDisconnect, kMsgT
 	kMsgRemoveUser, kMsgRemoveAll, kMsgUserInvoked, kMsgOpenPM, kMsgPMSend, kMsgPMReceived,
 	kMsgPMWinClosed, kMsgFileEntry, kMsgFileClear, kMsgOpenFolder, kMsgFileInvoked,
 	kMsgFileWinClosed, kMsgDownloadFile, kMsgDownloadBtn, kMsgUploadBtn, kMsgUploadFile,
-	kMsgDownloadDone, kMsgUploadDone, kMsgBannerData, kMsgIconSelected, kMsgOptionsSave,
-	kMsgAcceptAgreement, kMsgDeclineAgreement, kMsgTrackerRefresh, kMsgTrackerInvoke,
-	kMsgTrackerServer, kMsgTrackerDone, kMsgTrackerError, kMsgOK, kMsgScroll};
+	kMsgDownloadDone, kMsgUploadDone, kMsgBannerData, kMsgBannerFetched, kMsgBannerDecoded,
+	kMsgIconSelected, kMsgOptionsSave, kMsgAcceptAgreement, kMsgDeclineAgreement,
+	kMsgTrackerRefresh, kMsgTrackerInvoke, kMsgTrackerServer, kMsgTrackerDone, kMsgTrackerError,
+	kMsgOK, kMsgScroll};
 
 static const uint32 kNotifications[] = {kHLConnected, kHLConnectFailed, kHLLoggedIn,
 	kHLDisconnected, kHLChatReceived, kHLMsgReceived, kHLUserJoined, kHLUserChanged, kHLUserLeft,

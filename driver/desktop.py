@@ -121,6 +121,14 @@ class Program:
                     kilobytes += int(line.split()[1])
         return kilobytes * 1024
 
+    def peak_memory(self):
+        """The most bytes of memory that this process ever had, shared ones included."""
+        with open("/proc/%d/status" % self.pid) as status:
+            for line in status:
+                if line.startswith("VmHWM:"):
+                    return int(line.split()[1]) * 1024
+        return 0
+
     def threads(self):
         """The names of the threads, sorted, without those that the toolkit keeps for a while after it needed some."""
         names = []

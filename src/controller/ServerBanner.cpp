@@ -8,6 +8,7 @@
 
 #include <Bitmap.h>
 #include <Message.h>
+#include <Screen.h>
 #include <Window.h>
 
 #include "AppMessages.h"
@@ -20,6 +21,8 @@
 
 // A larger banner is refused before it is fetched, in bytes.
 static const uint32 kMaxBannerSize = 512 * 1024;
+// What a window has around it at its top and its bottom, in pixels: a title, borders.
+static const float kDecorationHeight = 48;
 
 
 static bool
@@ -112,7 +115,7 @@ ServerBanner::HandleFetched(const BMessage* notice)
 }
 
 
-/*!	Shows the picture; bytes that are none change nothing. */
+/*!	Shows the picture; bytes that are none, and one that is too large, change nothing. */
 void
 ServerBanner::HandleDecoded()
 {
@@ -120,7 +123,7 @@ ServerBanner::HandleDecoded()
 		return;
 	std::unique_ptr<BBitmap> bitmap = fDecoding->TakeBitmap();
 	fDecoding.reset();
-	if (bitmap != NULL)
+	if (bitmap != NULL && _Fits(*bitmap))
 		_SetBitmap(std::move(bitmap));
 	_StartNext();
 }
@@ -147,6 +150,23 @@ ServerBanner::_StartNext()
 	transfer->size = grant->GetUInt32("size", 0);
 	transfer->connection = fConnection;
 	fIsFetching = transfer.Start(fetch_banner, "HL:BannerDL", B_LOW_PRIORITY);
+}
+
+
+/*!	\return Whether the screen has room for the window with this picture and all else that it shows. */
+bool
+ServerBanner::_Fits(const BBitmap& bitmap) const
+{
+	BWindow* window = fBannerView->Window();
+	// The limits follow the picture that there is now.
+	window->Layout(false);
+	float minWidth, maxWidth, minHeight, maxHeight;
+	window->GetSizeLimits(&minWidth, &maxWidth, &minHeight, &maxHeight);
+	const float others = minHeight - fBannerView->MinSize().height + kDecorationHeight;
+
+	const BRect screen = BScreen(window).Frame();
+	const BRect bounds = bitmap.Bounds();
+	return bounds.Width() <= screen.Width() && others + bounds.Height() <= screen.Height();
 }
 
 

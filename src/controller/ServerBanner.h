@@ -38,6 +38,7 @@ public:
 
 private:
 	void _StartNext();
+	bool _Fits(const BBitmap& bitmap) const;
 	void _SetBitmap(std::unique_ptr<BBitmap> bitmap);
 
 	BLooper* fTarget;

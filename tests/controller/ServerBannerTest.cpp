@@ -11,6 +11,7 @@
 
 #include <LayoutBuilder.h>
 #include <OS.h>
+#include <Screen.h>
 
 #include "AppMessages.h"
 #include "BannerDecoding.h"
@@ -145,8 +146,8 @@ TEST_F(ServerBannerTest, Picture_HasItsSizeUntilItIsCleared)
 	_ExpectSize(1, 1);
 	_Show(picture_file(468, 60), 7, true);
 	_ExpectSize(468, 60);
-	_Show(picture_file(16000, 1));
-	_ExpectSize(16000, 1);
+	_Show(picture_file(2, 90));
+	_ExpectSize(2, 90);
 	fBanner.Clear();
 	_ExpectSize(0, 0);
 }
@@ -165,6 +166,33 @@ TEST_F(ServerBannerTest, WhatIsNoPictureOrLost_ChangesNothing)
 	fBanner.Decode(&picture, true);
 	_ExpectSize(10, 20);
 	EXPECT_TRUE(Posted().empty());
+}
+
+
+// The rest of the window, with its title, is to stay on the screen.
+TEST_F(ServerBannerTest, PictureThatTheScreenHasNoRoomFor_IsNotShown)
+{
+	const BRect screen = BScreen(fWindow.Window()).Frame();
+	const int width = static_cast<int>(screen.Width()) + 1;
+	const int height = static_cast<int>(screen.Height()) + 1;
+	_Show(picture_file(10, 20));
+	for (const auto& [tooWide, tooHigh] :
+		{std::pair<int, int>(width + 1, 20), {10, height}, {10, height - 40}, {width, height}}) {
+		SCOPED_TRACE(tooHigh);
+		_Show(picture_file(tooWide, tooHigh));
+		_ExpectSize(10, 20);
+	}
+
+	_Show(picture_file(width, 20));
+	_ExpectSize(static_cast<float>(width), 20);
+	// One after the other, without a frame in between.
+	for (const int high : {height - 60, height - 50, height - 60}) {
+		SCOPED_TRACE(high);
+		_Show(picture_file(10, high));
+		_ExpectSize(10, static_cast<float>(high));
+		_Show(picture_file(10, height - 40));
+		_ExpectSize(10, static_cast<float>(high));
+	}
 }
 
 

@@ -199,6 +199,7 @@ BTextView::IsStylable() const
 }
 
 
+// Differs from Haiku: without it, too, a paragraph of more than a kilobyte goes on in another row.
 void
 BTextView::SetWordWrap(bool wrap)
 {

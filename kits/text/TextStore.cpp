@@ -10,6 +10,10 @@
 
 
 static const char32_t kParagraphSeparator = 0x2029;
+static const char* const kParagraphSeparatorBytes = "\xe2\x80\xa9";
+
+// So many bytes may wait for others that complete their character.
+static const int32 kLongestTail = 3;
 
 
 /*!	Most of all text. */
@@ -20,6 +24,41 @@ is_plain(char byte)
 }
 
 
+static bool
+is_blank(char32_t character)
+{
+	return character == ' ' || character == '\t';
+}
+
+
+/*!	Reads the character at the front of \a size bytes, of which there is at least one.
+	\return Its length; that of a byte that belongs to none is 1.
+*/
+static size_t
+read_character(const char* bytes, size_t size, char32_t* _code)
+{
+	const size_t length = decode_utf8(bytes, size, _code);
+	if (length > 0)
+		return length;
+	*_code = kReplacementCharacter;
+	return 1;
+}
+
+
+static bool
+ends_line(char32_t character)
+{
+	return character == '\n' || character == '\r' || character == kParagraphSeparator;
+}
+
+
+static int32
+positions_of(size_t length)
+{
+	return length == 4 ? 2 : 1;
+}
+
+
 /*!	\return The length of the character that is at the front of \a size bytes, of which there is at
 	least one; 1 for a byte that belongs to none.
 */
@@ -27,7 +66,7 @@ static int32
 character_length(const char* bytes, int32 size)
 {
 	char32_t code;
-	return std::max<int32>(decode_utf8(bytes, static_cast<size_t>(size), &code), 1);
+	return static_cast<int32>(read_character(bytes, static_cast<size_t>(size), &code));
 }
 
 
@@ -39,8 +78,11 @@ may_end_line(char byte)
 }
 
 
-TextStore::TextStore()
-	: fLines(1, {0, 0}),
+/*!	\param joins NULL if a line may end between any two characters. */
+TextStore::TextStore(JoinsFunction joins, int32 longestLine)
+	: fJoins(joins),
+	  fLongestLine(longestLine),
+	  fLines(1, {0, 0}),
 	  fPositionCount(0)
 {
 }
@@ -55,11 +97,14 @@ TextStore::MakeRoom(const TextRoom& room, const char* bytes, int32 length)
 }
 
 
-/*!	\return How many lines these bytes may end, at the most. */
+/*!	\return How many lines these bytes may end, at the most: by themselves, and softly, which no two
+	ends do that are less than half of a longest line apart.
+*/
 size_t
-TextStore::CountEnds(const char* bytes, int32 length)
+TextStore::CountEnds(const char* bytes, int32 length) const
 {
-	return static_cast<size_t>(std::count_if(bytes, bytes + length, may_end_line));
+	const size_t softEnds = static_cast<size_t>(length / (fLongestLine / 2 + 1)) + 2;
+	return static_cast<size_t>(std::count_if(bytes, bytes + length, may_end_line)) + softEnds;
 }
 
 
@@ -77,11 +122,10 @@ TextStore::Replace(int32 offset, int32 removed, const char* bytes, int32 length)
 	// A line feed that comes to stand behind a carriage return belongs to it.
 	if (first > 0 && fBytes[OffsetOf(first) - 1] == '\r')
 		first--;
+	first = _FirstTouched(first, offset - kLongestTail);
 	fBytes.replace(static_cast<size_t>(offset), static_cast<size_t>(removed), bytes,
 		static_cast<size_t>(length));
-	fLines.resize(static_cast<size_t>(first) + 1);
-	fPositionCount = PositionOf(first);
-	_FindLines(static_cast<size_t>(OffsetOf(first)));
+	_FindAgain(first);
 	return first;
 }
 
@@ -105,9 +149,39 @@ TextStore::_Append(const char* bytes, int32 length)
 	}
 	const size_t lineLength = end - static_cast<size_t>(OffsetOf(last));
 	const size_t tail = unfinished_tail(fBytes.data() + OffsetOf(last), lineLength);
+	if (tail > 0) {
+		const int32 first = _FirstTouched(last, static_cast<int32>(end - tail));
+		if (first < last) {
+			_FindAgain(first);
+			return first;
+		}
+	}
 	fPositionCount -= static_cast<int32>(tail);
 	_FindLines(end - tail);
 	return last;
+}
+
+
+/*!	Where a line ends softly depends on the character that it has no room for.
+	\param offset From which on something changes, in that line or behind it.
+	\return The first line that may end somewhere else then, at most \a line.
+*/
+int32
+TextStore::_FirstTouched(int32 line, int32 offset) const
+{
+	while (line > 0 && offset <= OffsetOf(line - 1) + fLongestLine && EndsSoftly(line - 1))
+		line--;
+	return line;
+}
+
+
+/*!	All lines from the start of one on. */
+void
+TextStore::_FindAgain(int32 line)
+{
+	fLines.resize(static_cast<size_t>(line) + 1);
+	fPositionCount = PositionOf(line);
+	_FindLines(static_cast<size_t>(OffsetOf(line)));
 }
 
 
@@ -119,22 +193,69 @@ TextStore::_FindLines(size_t from)
 {
 	const size_t size = fBytes.size();
 	size_t at = from;
+	size_t limit = static_cast<size_t>(fLines.back().offset + fLongestLine);
 	while (at < size) {
 		const char byte = fBytes[at];
-		if (is_plain(byte)) {
+		if (is_plain(byte) && at < limit) {
 			at++;
 			fPositionCount++;
 			continue;
 		}
-		char32_t code = 0;
-		const size_t length = decode_utf8(fBytes.data() + at, size - at, &code);
-		at += std::max<size_t>(length, 1);
-		fPositionCount += length == 4 ? 2 : 1;
+		char32_t code;
+		const size_t length = read_character(fBytes.data() + at, size - at, &code);
+		const bool isEnd = ends_line(code);
+		if (!isEnd && at + length > limit) {
+			_EndSoftly(at, code);
+			limit = static_cast<size_t>(fLines.back().offset + fLongestLine);
+		}
+		at += length;
+		fPositionCount += positions_of(length);
+		if (!isEnd)
+			continue;
 		if (byte == '\r' && at < size && fBytes[at] == '\n')
 			at++;
-		if (byte == '\n' || byte == '\r' || (length == 3 && code == kParagraphSeparator))
-			fLines.push_back({static_cast<int32>(at), fPositionCount});
+		fLines.push_back({static_cast<int32>(at), fPositionCount});
+		limit = at + static_cast<size_t>(fLongestLine);
 	}
+}
+
+
+/*!	Ends the last line, up to \a end at the latest.
+	\param end Up to where positions are counted.
+	\param next The character there, which the line has no room for.
+*/
+void
+TextStore::_EndSoftly(size_t end, char32_t next)
+{
+	const Place start = fLines.back();
+	const Place last = {static_cast<int32>(end), fPositionCount};
+	Place blank = last;
+	Place other = last;
+	bool hasBlank = false;
+	Place place = start;
+	char32_t before = 0;
+	for (;;) {
+		char32_t code = next;
+		size_t length = 0;
+		if (place.offset < last.offset) {
+			length = read_character(fBytes.data() + place.offset,
+				end - static_cast<size_t>(place.offset), &code);
+		}
+		const int32 taken = place.offset - start.offset;
+		if (taken > fLongestLine / 2 && (fJoins == NULL || !fJoins(before, code))) {
+			other = place;
+			if (is_blank(before) && taken > fLongestLine / 4 * 3) {
+				blank = place;
+				hasBlank = true;
+			}
+		}
+		if (length == 0)
+			break;
+		place.offset += static_cast<int32>(length);
+		place.position += positions_of(length);
+		before = code;
+	}
+	fLines.push_back(hasBlank ? blank : other);
 }
 
 
@@ -160,22 +281,37 @@ TextStore::LineAtPosition(int32 position) const
 }
 
 
+bool
+TextStore::EndsSoftly(int32 line) const
+{
+	return line < CountLines() - 1 && _CountEndBytesOf(line) == 0;
+}
+
+
+int32
+TextStore::FirstOfParagraph(int32 line) const
+{
+	while (line > 0 && EndsSoftly(line - 1))
+		line--;
+	return line;
+}
+
+
+int32
+TextStore::LastOfParagraph(int32 line) const
+{
+	while (EndsSoftly(line))
+		line++;
+	return line;
+}
+
+
 int32
 TextStore::CountBytesOf(int32 line) const
 {
-	const int32 start = OffsetOf(line);
 	if (line == CountLines() - 1)
-		return CountBytes() - start;
-	const int32 end = OffsetOf(line + 1);
-	switch (fBytes[end - 1]) {
-		case '\r':
-			return end - 1 - start;
-		case '\n':
-			return end - 1 - start - (end - 1 > start && fBytes[end - 2] == '\r' ? 1 : 0);
-		default:
-			// A paragraph separator.
-			return end - 3 - start;
-	}
+		return CountBytes() - OffsetOf(line);
+	return OffsetOf(line + 1) - _CountEndBytesOf(line) - OffsetOf(line);
 }
 
 
@@ -184,7 +320,7 @@ TextStore::CountPositionsOf(int32 line) const
 {
 	if (line == CountLines() - 1)
 		return fPositionCount - PositionOf(line);
-	return PositionOf(line + 1) - 1 - PositionOf(line);
+	return PositionOf(line + 1) - (EndsSoftly(line) ? 0 : 1) - PositionOf(line);
 }
 
 
@@ -193,6 +329,17 @@ std::u16string
 TextStore::TextOf(int32 line) const
 {
 	return to_utf16(fBytes.data() + OffsetOf(line), static_cast<size_t>(CountBytesOf(line)));
+}
+
+
+/*!	\return The paragraph that a line is in, without its end. */
+std::u16string
+TextStore::TextOfParagraph(int32 line) const
+{
+	const int32 start = OffsetOf(FirstOfParagraph(line));
+	const int32 last = LastOfParagraph(line);
+	const int32 end = OffsetOf(last) + CountBytesOf(last);
+	return to_utf16(fBytes.data() + start, static_cast<size_t>(end - start));
 }
 
 
@@ -252,4 +399,26 @@ TextStore::PlaceAt(int32 line, Place from, int32 offset) const
 		from.position += length == 4 ? 2 : 1;
 	}
 	return from;
+}
+
+
+/*!	\param line Not the last one.
+	\return How many bytes its end has; none if that is a soft one. What looks like a hard end is
+	one, as its bytes are part of no other character.
+*/
+int32
+TextStore::_CountEndBytesOf(int32 line) const
+{
+	const int32 start = OffsetOf(line);
+	const int32 end = OffsetOf(line + 1);
+	switch (fBytes[end - 1]) {
+		case '\r':
+			return 1;
+		case '\n':
+			return end - 1 > start && fBytes[end - 2] == '\r' ? 2 : 1;
+		default:
+			return end - 3 >= start && fBytes.compare(end - 3, 3, kParagraphSeparatorBytes) == 0
+				? 3
+				: 0;
+	}
 }

@@ -6,6 +6,7 @@
 #define TEXT_STORE_H
 
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,10 @@
 	one position. A character beyond the BMP is two positions, and a byte that belongs to no
 	well-formed UTF-8 sequence is one position that shows U+FFFD. What is said depends on the bytes
 	alone, not on how they came together.
+	A line of more than some bytes ends softly and goes on in the next one, so that nobody has to lay
+	out more than is seen. A soft end is no byte and no position. It stands behind a blank, if one is
+	in the last quarter, and else where characters do not join. Lines up to a hard end are a
+	paragraph.
 
 	Appending takes as long as what is appended, however long the text is; a lookup takes as many
 	steps as the number of lines has digits, and one for each character of a line with other letters
@@ -32,7 +37,14 @@ public:
 		int32 position;
 	};
 
-	TextStore();
+	// Whether two characters are shown as one, so that no line ends between them.
+	typedef bool (*JoinsFunction)(char32_t before, char32_t after);
+
+	// In bytes, without a hard end.
+	static const int32 kLongestLine = 1024;
+
+	// A longest line of less than 16 bytes is none.
+	explicit TextStore(JoinsFunction joins = NULL, int32 longestLine = kLongestLine);
 
 	int32 CountBytes() const { return static_cast<int32>(fBytes.size()); }
 	int32 CountPositions() const { return fPositionCount; }
@@ -40,7 +52,7 @@ public:
 	// Followed by a NUL. Stay until the text is changed.
 	const char* Bytes() const { return fBytes.c_str(); }
 
-	static size_t CountEnds(const char* bytes, int32 length);
+	size_t CountEnds(const char* bytes, int32 length) const;
 	bool MakeRoom(const TextRoom& room, const char* bytes, int32 length);
 	int32 Replace(int32 offset, int32 removed, const char* bytes, int32 length);
 
@@ -50,10 +62,17 @@ public:
 	int32 OffsetOf(int32 line) const { return fLines[line].offset; }
 	int32 PositionOf(int32 line) const { return fLines[line].position; }
 
+	// Whether the next line belongs to the same paragraph.
+	bool EndsSoftly(int32 line) const;
+	// The paragraph that a line is in, in as many steps as it has lines.
+	int32 FirstOfParagraph(int32 line) const;
+	int32 LastOfParagraph(int32 line) const;
+
 	// Of a line, without its end.
 	int32 CountBytesOf(int32 line) const;
 	int32 CountPositionsOf(int32 line) const;
 	std::u16string TextOf(int32 line) const;
+	std::u16string TextOfParagraph(int32 line) const;
 
 	int32 PositionAt(int32 offset) const;
 	int32 OffsetAt(int32 position) const;
@@ -61,8 +80,14 @@ public:
 
 private:
 	int32 _Append(const char* bytes, int32 length);
+	int32 _CountEndBytesOf(int32 line) const;
+	int32 _FirstTouched(int32 line, int32 offset) const;
+	void _FindAgain(int32 line);
 	void _FindLines(size_t from);
+	void _EndSoftly(size_t end, char32_t next);
 
+	JoinsFunction fJoins;
+	int32 fLongestLine;
 	std::string fBytes;
 	// Where they begin; the lengths follow from the next one. There always is one.
 	std::vector<Place> fLines;

@@ -15,13 +15,10 @@
 static const size_t kMaxText = 512;
 
 
-/*!	The input is a row of changes: two bytes say where (a part of 65,535 of the text; 0xffff is its
-	end), one how many bytes go, one how many of the bytes that follow come in their place.
-*/
-extern "C" int
-LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+static void
+change_as_told(const uint8_t* data, size_t size, const ModelText::Limit& limit)
 {
-	TextStore store;
+	TextStore store(limit.joins, limit.longestLine);
 	std::string bytes;
 	size_t at = 0;
 	while (at + 4 <= size) {
@@ -34,11 +31,27 @@ LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 		if (bytes.size() + length > kMaxText)
 			break;
 
-		const std::string complaint = text_change_complaint(store, bytes, offset, removed, added);
+		const std::string complaint = text_change_complaint(store, bytes, offset, removed, added,
+			limit);
 		if (!complaint.empty()) {
 			fprintf(stderr, "%s\n", complaint.c_str());
 			abort();
 		}
 	}
+}
+
+
+/*!	The input is a row of changes: two bytes say where (a part of 65,535 of the text; 0xffff is its
+	end), one how many bytes go, one how many of the bytes that follow come in their place. It is
+	done with lines that do not end softly, and with short ones.
+*/
+extern "C" int
+LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+	ModelText::Limit limit;
+	change_as_told(data, size, limit);
+	limit.joins = model_joins;
+	limit.longestLine = 24;
+	change_as_told(data, size, limit);
 	return 0;
 }

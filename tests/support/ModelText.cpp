@@ -80,16 +80,30 @@ ModelText::Line::operator==(const Line& other) const
 }
 
 
-ModelText::ModelText(const std::string& bytes)
+/*!	Finds the paragraphs first, as if they were lines, and then how each is divided. */
+ModelText::ModelText(const std::string& bytes, const Limit& limit)
+{
+	_Read(bytes);
+	std::vector<Line> paragraphs;
+	paragraphs.swap(fLines);
+	size_t mark = 0;
+	for (const Line& paragraph : paragraphs)
+		mark = _Divide(paragraph, mark, limit);
+}
+
+
+void
+ModelText::_Read(const std::string& bytes)
 {
 	int32 position = 0;
 	fLines.push_back({0, 0, 0, 0, std::u16string()});
 	size_t at = 0;
 	while (at < bytes.size()) {
-		fMarks.push_back({static_cast<int32>(at), position, static_cast<int32>(fLines.size()) - 1});
 		Line& line = fLines.back();
 		const size_t length = well_formed(bytes, at);
 		const char32_t code = length > 0 ? character(bytes, at, length) : 0xfffd;
+		fMarks.push_back({static_cast<int32>(at), position, 0});
+		fCharacters.push_back(code);
 		at += length > 0 ? length : 1;
 		if (code == '\n' || code == '\r' || code == 0x2029) {
 			if (code == '\r' && in_range(bytes, at, '\n', '\n'))
@@ -103,7 +117,81 @@ ModelText::ModelText(const std::string& bytes)
 			line.byteCount = static_cast<int32>(at) - line.offset;
 		}
 	}
-	fMarks.push_back({static_cast<int32>(at), position, static_cast<int32>(fLines.size()) - 1});
+	fMarks.push_back({static_cast<int32>(at), position, 0});
+	fCharacters.push_back(0);
+}
+
+
+/*!	\param mark Of its first character.
+	\return That of the next paragraph's.
+*/
+size_t
+ModelText::_Divide(const Line& paragraph, size_t mark, const Limit& limit)
+{
+	const int32 end = paragraph.offset + paragraph.byteCount;
+	for (;;) {
+		const Mark start = fMarks[mark];
+		const bool isLast = end - start.offset <= limit.longestLine;
+		size_t next = mark;
+		if (isLast) {
+			while (fMarks[next].offset < end)
+				next++;
+		} else {
+			next = _EndOfLine(mark, limit);
+		}
+		for (size_t i = mark; i < next; i++)
+			fMarks[i].line = static_cast<int32>(fLines.size());
+		const size_t from = static_cast<size_t>(start.position - paragraph.position);
+		const size_t count = static_cast<size_t>(fMarks[next].position - start.position);
+		fLines.push_back({start.offset, start.position, fMarks[next].offset - start.offset,
+			isLast ? paragraph.endByteCount : 0, paragraph.text.substr(from, count)});
+		mark = next;
+		if (isLast)
+			break;
+	}
+	// The end itself, or that of the text.
+	fMarks[mark].line = static_cast<int32>(fLines.size()) - 1;
+	return mark + 1;
+}
+
+
+/*!	\param first Of the line's characters, which are too many.
+	\return The first one of the next line.
+*/
+size_t
+ModelText::_EndOfLine(size_t first, const Limit& limit) const
+{
+	const auto taken = [this, first](size_t index) {
+		return fMarks[index].offset - fMarks[first].offset;
+	};
+	size_t full = first;
+	while (taken(full + 1) <= limit.longestLine)
+		full++;
+	for (size_t i = full; taken(i) > limit.longestLine / 4 * 3; i--) {
+		const bool isBlank = fCharacters[i - 1] == ' ' || fCharacters[i - 1] == '\t';
+		if (isBlank && _MayEndBefore(i, limit))
+			return i;
+	}
+	for (size_t i = full; taken(i) > limit.longestLine / 2; i--) {
+		if (_MayEndBefore(i, limit))
+			return i;
+	}
+	return full;
+}
+
+
+bool
+ModelText::_MayEndBefore(size_t index, const Limit& limit) const
+{
+	return limit.joins == NULL || !limit.joins(fCharacters[index - 1], fCharacters[index]);
+}
+
+
+bool
+model_joins(char32_t before, char32_t after)
+{
+	const char32_t kJoiner = 0x200d;
+	return before == kJoiner || after == kJoiner || (after >= 0x300 && after < 0x370);
 }
 
 
@@ -125,6 +213,9 @@ lines_complaint(const TextStore& store, const ModelText& model)
 			return "wrong number of positions of" + where;
 		if (store.TextOf(i) != line.text)
 			return "wrong text of" + where;
+		const bool isLast = i == store.CountLines() - 1;
+		if (store.EndsSoftly(i) != (!isLast && line.endByteCount == 0))
+			return "wrong kind of end of" + where;
 	}
 	return std::string();
 }
@@ -153,10 +244,38 @@ character_complaint(const TextStore& store, const ModelText::Mark& mark,
 }
 
 
-std::string
-text_store_complaint(const TextStore& store, const std::string& bytes)
+/*!	The paragraphs, as the lines that they consist of. */
+static std::string
+paragraphs_complaint(const TextStore& store, const ModelText& model)
 {
-	const ModelText model(bytes);
+	const std::vector<ModelText::Line>& lines = model.Lines();
+	size_t first = 0;
+	for (size_t last = 0; last < lines.size(); last++) {
+		if (last + 1 < lines.size() && lines[last].endByteCount == 0)
+			continue;
+		std::u16string text;
+		for (size_t i = first; i <= last; i++)
+			text += lines[i].text;
+		for (const size_t i : {first, (first + last) / 2, last}) {
+			const int32 line = static_cast<int32>(i);
+			const std::string where = " line " + std::to_string(i);
+			if (store.FirstOfParagraph(line) != static_cast<int32>(first)
+				|| store.LastOfParagraph(line) != static_cast<int32>(last))
+				return "wrong paragraph of" + where;
+			if (store.TextOfParagraph(line) != text)
+				return "wrong text of the paragraph of" + where;
+		}
+		first = last + 1;
+	}
+	return std::string();
+}
+
+
+std::string
+text_store_complaint(const TextStore& store, const std::string& bytes,
+	const ModelText::Limit& limit)
+{
+	const ModelText model(bytes, limit);
 	std::vector<ModelText::Mark> marks = model.Marks();
 	const ModelText::Mark end = marks.back();
 	if (store.CountBytes() != static_cast<int32>(bytes.size())
@@ -167,6 +286,8 @@ text_store_complaint(const TextStore& store, const std::string& bytes)
 		return "the bytes have changed";
 
 	std::string complaint = lines_complaint(store, model);
+	if (complaint.empty())
+		complaint = paragraphs_complaint(store, model);
 	marks.push_back({end.offset + 1, end.position + 1, end.line});
 	for (size_t i = 0; i + 1 < marks.size() && complaint.empty(); i++)
 		complaint = character_complaint(store, marks[i], marks[i + 1]);
@@ -179,17 +300,17 @@ text_store_complaint(const TextStore& store, const std::string& bytes)
 */
 std::string
 text_change_complaint(TextStore& store, std::string& bytes, size_t offset, size_t removed,
-	const std::string& added)
+	const std::string& added, const ModelText::Limit& limit)
 {
-	const ModelText before(bytes);
+	const ModelText before(bytes, limit);
 	bytes.replace(offset, removed, added);
 	const int32 first = store.Replace(static_cast<int32>(offset), static_cast<int32>(removed),
 		added.data(), static_cast<int32>(added.size()));
-	std::string complaint = text_store_complaint(store, bytes);
+	std::string complaint = text_store_complaint(store, bytes, limit);
 	if (!complaint.empty())
 		return complaint;
 
-	const ModelText after(bytes);
+	const ModelText after(bytes, limit);
 	if (first < 0 || static_cast<size_t>(first) >= after.Lines().size()
 		|| static_cast<size_t>(first) >= before.Lines().size())
 		return "there is no line " + std::to_string(first) + " that could have changed";

@@ -24,6 +24,7 @@
 #include <CaretBlink.h>
 #include <GeometryConversion.h>
 #include <InterfaceDefs.h>
+#include <TextWidget.h>
 #include <ViewPeer.h>
 
 
@@ -297,6 +298,13 @@ bool
 waits_for_frame(BView* view)
 {
 	return ViewPeer::Of(view)->IsFlushScheduled();
+}
+
+
+int
+laid_out_units(BView* view)
+{
+	return dynamic_cast<TextWidget*>(ViewPeer::Of(view)->Widget())->CountLaidOut();
 }
 
 

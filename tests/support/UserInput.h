@@ -93,6 +93,8 @@ void rest_carets_after(int milliseconds);
 
 // Whether the screen does not show yet what a view is to show.
 bool waits_for_frame(BView* view);
+// How much of the text of a text view is laid out, in UTF-16 units.
+int laid_out_units(BView* view);
 
 // The color of a pixel of a view as it is shown, as 0xrrggbb.
 unsigned pixel_of(BView* view, BPoint where);

@@ -114,6 +114,48 @@ shown_text(QString text)
 }
 
 
+static bool
+is_between(char32_t character, char32_t first, char32_t last)
+{
+	return character >= first && character <= last;
+}
+
+
+/*!	The letters that syllables of Hangul are composed of. */
+static bool
+is_jamo(char32_t character)
+{
+	return is_between(character, 0x1100, 0x11ff) || is_between(character, 0xa960, 0xa97f)
+		|| is_between(character, 0xd7b0, 0xd7ff);
+}
+
+
+/*!	Two of them are a flag. */
+static bool
+is_regional_indicator(char32_t character)
+{
+	return is_between(character, 0x1f1e6, 0x1f1ff);
+}
+
+
+bool
+characters_join(char32_t before, char32_t after)
+{
+	const char32_t kNonJoiner = 0x200c;
+	const char32_t kJoiner = 0x200d;
+	// In scripts of India and around it a consonant goes below the one before.
+	const unsigned char kVirama = 9;
+	if (before < 0x80 && after < 0x80)
+		return false;
+	const bool isSkinTone = is_between(after, 0x1f3fb, 0x1f3ff);
+	const bool isTag = is_between(after, 0xe0020, 0xe007f);
+	return QChar::isMark(after) || after == kJoiner || after == kNonJoiner || before == kJoiner
+		|| QChar::combiningClass(before) == kVirama || isSkinTone || isTag
+		|| (is_jamo(before) && is_jamo(after))
+		|| (is_regional_indicator(before) && is_regional_indicator(after));
+}
+
+
 QByteArray
 bytes_from_text(const QString& text)
 {

@@ -35,6 +35,11 @@ QString text_from_bytes(const char* bytes, text_use use = kPlainText);
 */
 QString shown_text(QString text);
 
+/*!	Whether two characters that stand next to each other are shown as one, or the second one as part
+	of what is before it.
+*/
+bool characters_join(char32_t before, char32_t after);
+
 QByteArray bytes_from_text(const QString& text);
 
 

@@ -275,8 +275,9 @@ AccessibleText::_PartAt(int32 offset, QAccessible::TextBoundaryType boundary) co
 		return {end, end};
 
 	const int32 line = text.LineAtPosition(offset);
-	const int32 start = text.PositionOf(line);
-	const int32 length = text.CountPositionsOf(line);
+	const int32 last = text.LastOfParagraph(line);
+	const int32 start = text.PositionOf(text.FirstOfParagraph(line));
+	const int32 length = text.PositionOf(last) + text.CountPositionsOf(last) - start;
 	const Part whole = {start, std::min(start + length + 1, end)};
 	switch (boundary) {
 		case QAccessible::ParagraphBoundary:
@@ -289,19 +290,22 @@ AccessibleText::_PartAt(int32 offset, QAccessible::TextBoundaryType boundary) co
 		default:
 			break;
 	}
-	// The end of the line is a part by itself.
+	// The end of the paragraph is a part by itself.
 	if (offset - start >= length)
 		return {start + length, whole.end};
-	const Part part = _PartOfLine(line, offset - start, boundary);
+	const Part part = _PartOfParagraph(line, offset - start, boundary);
 	return {start + part.start, start + part.end};
 }
 
 
-/*!	\param offset From the start of the line, as the result is. */
+/*!	\param line One of the paragraph.
+	\param offset From the start of the paragraph, as the result is.
+*/
 AccessibleText::Part
-AccessibleText::_PartOfLine(int32 line, int32 offset, QAccessible::TextBoundaryType boundary) const
+AccessibleText::_PartOfParagraph(int32 line, int32 offset,
+	QAccessible::TextBoundaryType boundary) const
 {
-	const QString text = QString::fromStdU16String(_Widget()->Text().TextOf(line));
+	const QString text = QString::fromStdU16String(_Widget()->Text().TextOfParagraph(line));
 	QTextBoundaryFinder::BoundaryType type = QTextBoundaryFinder::Grapheme;
 	if (boundary == QAccessible::WordBoundary)
 		type = QTextBoundaryFinder::Word;

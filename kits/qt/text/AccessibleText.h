@@ -15,8 +15,9 @@ class TextWidget;
 
 
 /*!	What a screen reader is given for a text view: its text with colors and faces, the caret and the
-	selection, and where each character is. Words, sentences and lines are looked for in the line
-	that an offset is in, however long the text is.
+	selection, and where each character is. Words, sentences and rows are looked for in the
+	paragraph that an offset is in, however long the text is; where that is divided into lines by
+	soft ends nobody hears of it.
 	Offsets are the text's positions. Main thread only.
 */
 class AccessibleText : public QAccessibleWidget, public QAccessibleTextInterface {
@@ -63,7 +64,7 @@ private:
 	TextWidget* _Widget() const;
 	int32 _Cut(int offset) const;
 	Part _PartAt(int32 offset, QAccessible::TextBoundaryType boundary) const;
-	Part _PartOfLine(int32 line, int32 offset, QAccessible::TextBoundaryType boundary) const;
+	Part _PartOfParagraph(int32 line, int32 offset, QAccessible::TextBoundaryType boundary) const;
 	QString _Take(const Part& part, int* _start, int* _end) const;
 };
 

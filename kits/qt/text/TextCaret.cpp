@@ -8,6 +8,8 @@
 
 #include <QTextBoundaryFinder>
 
+#include <TextConversion.h>
+
 
 TextCaret::TextCaret(const TextStore* text, TextLayout* layout)
 	: fText(text),
@@ -144,13 +146,25 @@ int32
 TextCaret::_Across(bool toTheRight, QTextLayout::CursorMode mode) const
 {
 	const int32 number = fText->LineAtPosition(fPosition);
+	const int32 first = fText->FirstOfParagraph(number);
+	const bool isDivided = first != number || fText->EndsSoftly(number);
 	const QTextLayout* line = fLayout->Line(number);
-	const int from = fPosition - fText->PositionOf(number);
+	int32 origin = fText->PositionOf(number);
+	// A word may go on behind a soft end, and before one there is a character. Looking for them lays
+	// nothing out.
+	QTextLayout paragraph;
+	if (isDivided && (mode == QTextLayout::SkipWords || fPosition == origin)) {
+		const std::u16string text = fText->TextOfParagraph(number);
+		paragraph.setText(shown_text(QString::fromStdU16String(text)));
+		line = &paragraph;
+		origin = fText->PositionOf(first);
+	}
+	const int from = fPosition - origin;
 	const bool isForward = _IsForward(toTheRight);
 	const int to = isForward ? line->nextCursorPosition(from, mode)
 							 : line->previousCursorPosition(from, mode);
 	if (to != from)
-		return fText->PositionOf(number) + to;
+		return origin + to;
 	return fPosition + (isForward ? 1 : -1);
 }
 
@@ -158,8 +172,7 @@ TextCaret::_Across(bool toTheRight, QTextLayout::CursorMode mode) const
 bool
 TextCaret::_IsForward(bool toTheRight) const
 {
-	const QTextLayout* line = fLayout->Line(fText->LineAtPosition(fPosition));
-	return toTheRight != line->text().isRightToLeft();
+	return toTheRight != fLayout->IsRightToLeft(fText->LineAtPosition(fPosition));
 }
 
 
@@ -198,8 +211,7 @@ TextCaret::_ByRows(int32 rows)
 			return 0;
 		}
 	}
-	row = fLayout->Row(number, index);
-	return fText->PositionOf(number) + row.xToCursor(fColumn);
+	return fLayout->PositionAt(number, index, fColumn);
 }
 
 
@@ -225,7 +237,7 @@ TextCaret::_Cut(int32 position) const
 }
 
 
-/*!	\return The characters, the word or the line around a position. */
+/*!	\return The characters, the word or the paragraph around a position. */
 TextCaret::Range
 TextCaret::_UnitAt(int32 position) const
 {
@@ -233,12 +245,13 @@ TextCaret::_UnitAt(int32 position) const
 		return {position, position};
 
 	const int32 number = fText->LineAtPosition(position);
-	const int32 start = fText->PositionOf(number);
-	const int32 length = fText->CountPositionsOf(number);
+	const int32 start = fText->PositionOf(fText->FirstOfParagraph(number));
+	const int32 last = fText->LastOfParagraph(number);
+	const int32 length = fText->PositionOf(last) + fText->CountPositionsOf(last) - start;
 	if (fUnit == kLine)
 		return {start, std::min(start + length + 1, fText->CountPositions())};
 
-	const QString text = QString::fromStdU16String(fText->TextOf(number));
+	const QString text = QString::fromStdU16String(fText->TextOfParagraph(number));
 	int at = position - start;
 	// The far half of the last letter is closer to what follows.
 	if (at > 0 && (at == length || text[at].isSpace()) && !text[at - 1].isSpace())

@@ -31,7 +31,7 @@ public:
 		kTextEnd
 	};
 
-	// What is selected at once by the mouse.
+	// What is selected at once by the mouse; a line is what only hard ends end.
 	enum Unit { kCharacter, kWord, kLine };
 
 	struct Range {

@@ -7,31 +7,12 @@
 #include <algorithm>
 
 #include <QFontMetricsF>
-#include <QTextOption>
 
 #include <TextConversion.h>
 
 
-// In UTF-16 units.
-static const int kLongWord = 1000;
-
 // In pixels, where lines are not wrapped.
 static const qreal kUnlimited = 1 << 24;
-
-
-static bool
-has_long_word(const QString& text)
-{
-	if (text.size() <= kLongWord)
-		return false;
-	int length = 0;
-	for (const QChar unit : text) {
-		length = unit.isSpace() ? 0 : length + 1;
-		if (length > kLongWord)
-			return true;
-	}
-	return false;
-}
 
 
 TextLayout::TextLayout(const TextStore* text, const StyleRuns* styles)
@@ -112,9 +93,42 @@ TextLayout::Line(int32 line)
 	place.reset(new QTextLayout(text, fFont));
 	place->setCacheEnabled(true);
 	place->setFormats(_FormatsOf(line));
-	_LayOut(place.get(), has_long_word(text));
+	place->setTextOption(_OptionFor(line));
+	_LayOut(place.get());
 	fRows.SetRowsOf(line, place->lineCount());
 	return place.get();
+}
+
+
+/*!	Where the line ends softly, that is before its last character at the latest: behind it one is in
+	the next row. QTextLine does so with the blanks at which it wraps.
+*/
+int32
+TextLayout::PositionAt(int32 line, int32 row, qreal x, QTextLine::CursorPosition cursor)
+{
+	const QTextLayout* layout = Line(line);
+	int32 position = layout->lineAt(row).xToCursor(x, cursor);
+	if (position == fText->CountPositionsOf(line) && fText->EndsSoftly(line))
+		position = layout->previousCursorPosition(position);
+	return fText->PositionOf(line) + position;
+}
+
+
+bool
+TextLayout::IsRightToLeft(int32 line) const
+{
+	const std::u16string text = fText->TextOf(fText->FirstOfParagraph(line));
+	return QStringView(text).isRightToLeft();
+}
+
+
+int32
+TextLayout::CountUnits() const
+{
+	int32 count = 0;
+	for (const auto& line : fLines)
+		count += static_cast<int32>(line.second->text().size());
+	return count;
 }
 
 
@@ -131,18 +145,21 @@ TextLayout::ForgetOthers(int32 first, int32 last, int32 firstOfEnd)
 }
 
 
-void
-TextLayout::_LayOut(QTextLayout* layout, bool wrapsAnywhere) const
+/*!	A line that begins a paragraph is read as its own text says. */
+QTextOption
+TextLayout::_OptionFor(int32 line) const
 {
 	QTextOption option;
-	if (!fWraps)
-		option.setWrapMode(QTextOption::NoWrap);
-	else if (wrapsAnywhere)
-		option.setWrapMode(QTextOption::WrapAnywhere);
-	else
-		option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-	layout->setTextOption(option);
+	option.setWrapMode(fWraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+	if (fText->FirstOfParagraph(line) != line)
+		option.setTextDirection(IsRightToLeft(line) ? Qt::RightToLeft : Qt::LeftToRight);
+	return option;
+}
 
+
+void
+TextLayout::_LayOut(QTextLayout* layout) const
+{
 	const qreal width = fWraps ? std::max<qreal>(fWidth, 1) : kUnlimited;
 	qreal height = 0;
 	layout->beginLayout();

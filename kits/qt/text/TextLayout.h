@@ -13,15 +13,15 @@
 #include <QFont>
 #include <QTextCharFormat>
 #include <QTextLayout>
+#include <QTextOption>
 
 #include <RowCounts.h>
 #include <StyleRuns.h>
 #include <TextStore.h>
 
 
-/*!	Lays out the lines of a text in rows, those that are asked for. Looking for the place to wrap a
-	word of 65,535 letters takes a fifth of a second, so that lines with overlong words wrap
-	anywhere. Sizes are in pixels. Main thread only.
+/*!	Lays out the lines of a text in rows, those that are asked for. A line that a soft end begins
+	is read in the direction of its paragraph. Sizes are in pixels. Main thread only.
 */
 class TextLayout {
 public:
@@ -44,6 +44,13 @@ public:
 	/*!	\return A line that is laid out from y = 0 on; until the text changes or it is forgotten. */
 	QTextLayout* Line(int32 line);
 	QTextLine Row(int32 line, int32 row) { return Line(line)->lineAt(row); }
+	// The position in the text that is at a place in a row.
+	int32 PositionAt(int32 line, int32 row, qreal x,
+		QTextLine::CursorPosition cursor = QTextLine::CursorBetweenCharacters);
+	// As its paragraph is read.
+	bool IsRightToLeft(int32 line) const;
+	// How many UTF-16 units of the text are laid out at present.
+	int32 CountUnits() const;
 	const RowCounts& Rows() const { return fRows; }
 	// How high a row of plain text is.
 	qreal RowHeight() const { return fRowHeight; }
@@ -53,7 +60,8 @@ public:
 	void ForgetOthers(int32 first, int32 last, int32 firstOfEnd);
 
 private:
-	void _LayOut(QTextLayout* layout, bool wrapsAnywhere) const;
+	QTextOption _OptionFor(int32 line) const;
+	void _LayOut(QTextLayout* layout) const;
 	QList<QTextLayout::FormatRange> _FormatsOf(int32 line) const;
 	void _ForgetAll();
 

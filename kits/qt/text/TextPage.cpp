@@ -213,7 +213,7 @@ TextPage::PositionAt(const QPointF& where, QTextLine::CursorPosition cursor)
 	int row = found.line == top.line ? top.row : 0;
 	while (row + 1 < line->lineCount() && found.top + line->lineAt(row + 1).y() <= where.y())
 		row++;
-	return fText->PositionOf(found.line) + line->lineAt(row).xToCursor(where.x() - kMargin, cursor);
+	return fLayout->PositionAt(found.line, row, where.x() - kMargin, cursor);
 }
 
 

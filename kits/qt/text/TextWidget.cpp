@@ -15,6 +15,7 @@
 
 #include <AccessibleText.h>
 #include <FocusBorder.h>
+#include <TextConversion.h>
 
 
 /*!	\return Where an offset is after a change before it. */
@@ -28,7 +29,8 @@ moved_offset(int32 offset, int32 changed, int32 removed, int32 length)
 
 
 TextWidget::TextWidget()
-	: fLayout(&fText, &fStyles),
+	: fText(characters_join),
+	  fLayout(&fText, &fStyles),
 	  fPage(&fText, &fLayout),
 	  fCaret(&fText, &fLayout),
 	  fIsSelectable(false),
@@ -49,7 +51,7 @@ TextWidget::TextWidget()
 }
 
 
-/*!	\return The text between two positions, with a line feed for each end of a line. */
+/*!	\return The text between two positions, with a line feed for each hard end of a line. */
 QString
 TextWidget::TextBetween(int32 start, int32 end) const
 {
@@ -59,7 +61,7 @@ TextWidget::TextBetween(int32 start, int32 end) const
 		const int32 origin = fText.PositionOf(i);
 		const int32 from = std::max(start - origin, 0);
 		text += QString::fromStdU16String(fText.TextOf(i)).mid(from, end - origin - from);
-		if (i < last)
+		if (i < last && !fText.EndsSoftly(i))
 			text += QLatin1Char('\n');
 	}
 	return text;
@@ -72,7 +74,7 @@ TextWidget::MakeRoom(const char* bytes, int32 length)
 {
 	const TextRoom room(fIsFull);
 	const bool hasRoom = fText.MakeRoom(room, bytes, length) && fStyles.MakeRoom(room)
-		&& fLayout.MakeRoom(room, TextStore::CountEnds(bytes, length));
+		&& fLayout.MakeRoom(room, fText.CountEnds(bytes, length));
 	fIsFull = fIsFull || !hasRoom;
 	return hasRoom;
 }
@@ -395,8 +397,9 @@ TextWidget::_SelectionIn(int32 line) const
 {
 	const int32 origin = fText.PositionOf(line);
 	const int32 start = std::max(fCaret.Start() - origin, 0);
-	// With the end of the line, which is seen too.
-	const int32 end = std::min(fCaret.End() - origin, fText.CountPositionsOf(line) + 1);
+	// With the end of the line, which is seen too unless it is a soft one.
+	const int32 length = fText.CountPositionsOf(line) + (fText.EndsSoftly(line) ? 0 : 1);
+	const int32 end = std::min(fCaret.End() - origin, length);
 	if (start >= end)
 		return {};
 	const QPalette::ColorGroup group = hasFocus() ? QPalette::Active : QPalette::Inactive;

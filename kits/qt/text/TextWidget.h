@@ -56,6 +56,8 @@ public:
 	QRectF PlaceOf(int32 position) { return fPage.PlaceOf(position); }
 	int32 PositionAt(const QPointF& where) { return fPage.PositionAt(where); }
 	TextCaret::Range RowAt(int32 position) const { return fCaret.RowAt(position); }
+	// In UTF-16 units: what the screen costs at present.
+	int32 CountLaidOut() const { return fLayout.CountUnits(); }
 
 protected:
 	bool event(QEvent* event) override;

@@ -60,6 +60,17 @@ BListView::RemoveItem(int32 index)
 }
 
 
+/*!	Removes all rows, whose items are the caller's again. Deselects them before, which is not
+	reported.
+*/
+void
+BListView::MakeEmpty()
+{
+	CHECK_LOCKED(Looper());
+	fListPeer->RemoveAll();
+}
+
+
 /*!	NULL for an index that there is not. */
 BListItem*
 BListView::ItemAt(int32 index) const

@@ -7,6 +7,7 @@
 
 
 #include <typeinfo>
+#include <vector>
 
 #include <ListView.h>
 
@@ -34,11 +35,17 @@ SelectedRow(const BListView* list)
 }
 
 
+/*!	All at once, and from a list that has let go of them: what is told of each row would take very
+	long where there are many, and nobody is to meet one that is gone.
+*/
 inline void
 DeleteRows(BListView* list)
 {
-	for (int32 i = list->CountItems() - 1; i >= 0; i--)
-		delete list->RemoveItem(i);
+	const BListItem** items = list->Items();
+	const std::vector<const BListItem*> rows(items, items + list->CountItems());
+	list->MakeEmpty();
+	for (const BListItem* row : rows)
+		delete row;
 }
 
 

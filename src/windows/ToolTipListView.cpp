@@ -113,6 +113,14 @@ ToolTipListView::RemoveItem(int32 index)
 }
 
 
+void
+ToolTipListView::MakeEmpty()
+{
+	SetToolTip("");
+	BListView::MakeEmpty();
+}
+
+
 /*!	There may be room by now. */
 void
 ToolTipListView::FrameResized(float newWidth, float newHeight)

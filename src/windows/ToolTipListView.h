@@ -20,6 +20,7 @@ public:
 
 	using BListView::RemoveItem;
 	BListItem* RemoveItem(int32 index) override;
+	void MakeEmpty() override;
 
 	void FrameResized(float newWidth, float newHeight) override;
 	bool GetToolTipAt(BPoint point, BToolTip** _tip) override;

@@ -17,7 +17,7 @@ using TextQuestion = QString (
 	QAccessibleTextInterface::*)(int, QAccessible::TextBoundaryType, int*, int*) const;
 
 static std::vector<std::string> sHeard;
-// The text that is listened to, NULL for none.
+// The text or list that is listened to, NULL for none.
 static const QObject* sListenedTo = NULL;
 
 
@@ -25,6 +25,29 @@ static std::string
 range(int start, int end)
 {
 	return std::to_string(start) + ".." + std::to_string(end);
+}
+
+
+/*!	The toolkit's record of what was read follows the rows. */
+static void
+hear_of_rows(QAccessibleEvent* event)
+{
+	auto* changed = static_cast<QAccessibleTableModelChangeEvent*>(event);
+	event->accessibleInterface()->tableInterface()->modelChange(changed);
+	const std::string rows = range(changed->firstRow(), changed->lastRow());
+	switch (changed->modelChangeType()) {
+		case QAccessibleTableModelChangeEvent::ModelReset:
+			sHeard.emplace_back("rows reset");
+			break;
+		case QAccessibleTableModelChangeEvent::RowsInserted:
+			sHeard.push_back("rows inserted " + rows);
+			break;
+		case QAccessibleTableModelChangeEvent::RowsRemoved:
+			sHeard.push_back("rows removed " + rows);
+			break;
+		default:
+			break;
+	}
 }
 
 
@@ -59,6 +82,9 @@ hear(QAccessibleEvent* event)
 				"selected " + range(selected->selectionStart(), selected->selectionEnd()));
 			break;
 		}
+		case QAccessible::TableModelChanged:
+			hear_of_rows(event);
+			break;
 		default:
 			break;
 	}

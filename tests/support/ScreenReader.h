@@ -18,7 +18,7 @@ class QAccessibleTextInterface;
 
 enum text_boundary { kReadCharacter, kReadWord, kReadSentence, kReadParagraph, kReadRow, kReadAll };
 
-/*!	What a screen reader does with a text. Its positions are UTF-16 units; for texts in ASCII they
+/*!	What a screen reader does with a text, and hears of a text or a list. Its positions are UTF-16 units; for texts in ASCII they
 	are bytes. It hears what its view tells; only the last one that was made does.
 */
 class ScreenReader {
@@ -49,7 +49,8 @@ public:
 	bool IsText() const;
 
 	// What was told since this was asked last, as in "inserted 3 text", "removed 3 text", "caret 3"
-	// or "selected 3..7".
+	// or "selected 3..7"; of a list as in "rows removed 3..7", and "rows reset" when all may be
+	// others.
 	std::vector<std::string> Heard();
 
 private:

@@ -18,7 +18,7 @@ enum list_view_type { B_SINGLE_SELECTION_LIST, B_MULTIPLE_SELECTION_LIST };
 
 
 /*!	A list of rows that draw themselves. Belongs to the thread of its window.
-	The list borrows its items: removing one, or deleting the list, deletes no item. A double click,
+	The list borrows its items: removing them, or deleting the list, deletes no item. A double click,
 	Return or Space on a row sends the invocation message, a changed selection the selection
 	message; both carry "index" (int32), "when" (int64, microseconds), "source" (pointer to the
 	list) and "be:sender" (messenger of the list). The arrows move the selection, the page keys only
@@ -43,6 +43,7 @@ public:
 	int32 IndexOf(BListItem* item) const = delete;
 	int32 IndexOf(BPoint point) const;
 	int32 CountItems() const;
+	virtual void MakeEmpty();
 	const BListItem** Items() const;
 	void SortItems(int (*compare)(const void* itemPointerA, const void* itemPointerB));
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QItemSelectionModel>
 
@@ -25,6 +26,8 @@
 // In pixels, without a frame.
 static const int kMinWidth = 60;
 static const int kMinHeight = 60;
+
+static const int32 kManyRows = 1000;
 
 static const QChar kEllipsis(0x2026);
 
@@ -92,6 +95,7 @@ ListViewPeer::Remove(int32 index)
 	if (fRows->currentIndex().row() == index)
 		fRows->selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
 
+	_MakeReaderForget();
 	fModel->BeginRemove(index);
 	fItems.erase(fItems.begin() + index);
 	fShownCount--;
@@ -99,6 +103,28 @@ ListViewPeer::Remove(int32 index)
 	// What has changed behind it has moved up.
 	if (fFirstChanged > index)
 		fFirstChanged--;
+}
+
+
+/*!	Told at once for all: a screen reader that has read the rows makes each removal a walk over
+	them. Qt forgets the selection then and says nothing.
+*/
+void
+ListViewPeer::RemoveAll()
+{
+	for (BListItem* item : fSelected)
+		item->Deselect();
+	fSelected.clear();
+	fFirstChanged = -1;
+	fLastChanged = -1;
+	if (fShownCount == 0) {
+		fItems.clear();
+		return;
+	}
+	fModel->BeginReset();
+	fItems.clear();
+	fShownCount = 0;
+	fModel->EndReset();
 }
 
 
@@ -365,6 +391,20 @@ ListViewPeer::_TellRows()
 	fModel->BeginInsert(fShownCount, count);
 	fShownCount += count;
 	fModel->EndInsert();
+}
+
+
+/*!	What a screen reader knows of the rows is numbered anew when one is removed, which takes as long
+	as all of it. Of many rows it is told that they may be others now, and asks again for what it
+	wants to know.
+*/
+void
+ListViewPeer::_MakeReaderForget()
+{
+	if (fShownCount <= kManyRows || !QAccessible::isActive())
+		return;
+	QAccessibleTableModelChangeEvent event(fRows, QAccessibleTableModelChangeEvent::ModelReset);
+	QAccessible::updateAccessibility(&event);
 }
 
 

@@ -37,6 +37,8 @@ public:
 	void Add(BListItem* item);
 	// The row is not selected any more afterwards.
 	void Remove(int32 index);
+	// Those that were selected know that they are not any more; the list is not told.
+	void RemoveAll();
 	// For rows none of which is selected.
 	void Sort(int (*compare)(const void*, const void*));
 	void Invalidate(int32 index);
@@ -74,6 +76,7 @@ protected:
 private:
 	BListView* _List() const { return static_cast<BListView*>(View()); }
 	void _TellRows();
+	void _MakeReaderForget();
 	void _Update(BListItem* item, bool isFirst);
 	void _SelectionChanged();
 	std::vector<std::string> _StringsOf(int32 index);

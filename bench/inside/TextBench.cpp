@@ -4,6 +4,7 @@
  */
 // Texts that grow: the text store, and the transcript of the chat window with all that shows it.
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 
@@ -72,12 +73,13 @@ BENCHMARK(TextStore_FindPosition)->Arg(1000)->Arg(100000);
 /*!	The chat window, and the hands that fill it. */
 class Transcript {
 public:
-	Transcript()
-		: fWindow(new ChatWindow(BRect(0, 0, 499, 399), be_app)),
+	explicit Transcript(const std::string& line = kLine)
+		: fLine(line),
+		  fWindow(new ChatWindow(BRect(0, 0, 499, 399), be_app)),
 		  fMessage(kMsgAppendChat),
 		  fCount(0)
 	{
-		fMessage.AddString("text", kLine);
+		fMessage.AddString("text", fLine.c_str());
 		fMessage.AddInt32("color", 255);
 		fWindow->Show();
 	}
@@ -91,24 +93,27 @@ public:
 	// Whole frames: posted, inserted, laid out, scrolled to and painted.
 	void Append(int64 count)
 	{
-		for (int64 i = 0; i < count; i += kLinesPerFrame) {
-			for (int j = 0; j < kLinesPerFrame; j++)
+		while (count > 0) {
+			const int64 lines = std::min<int64>(count, kLinesPerFrame);
+			for (int64 i = 0; i < lines; i++)
 				fWindow->PostMessage(&fMessage);
 			while (MainServer::Default()->ServeTurn())
 				;
 			FrameScheduler::Default()->FlushAll();
 			ApplicationPrivate::ProcessEvents(0);
-			fCount += kLinesPerFrame;
+			fCount += lines;
+			count -= lines;
 		}
 	}
 
 	bool IsComplete() const
 	{
 		const BTextView* view = dynamic_cast<BTextView*>(fWindow->FindView("chatview"));
-		return view->TextLength() == static_cast<int32>(fCount * static_cast<int64>(strlen(kLine)));
+		return view->TextLength() == static_cast<int32>(fCount * static_cast<int64>(fLine.size()));
 	}
 
 private:
+	std::string fLine;
 	ChatWindow* fWindow;
 	BMessage fMessage;
 	int64 fCount;
@@ -132,3 +137,21 @@ BENCHMARK(Transcript_Append)
 	->Arg(100000)
 	->Iterations(100)
 	->Unit(benchmark::kMicrosecond);
+
+
+/*!	As much as a server can send at once, in one line of a script that takes long to shape: laid out,
+	scrolled to and painted.
+*/
+static void
+Transcript_AppendKhmer(benchmark::State& state)
+{
+	std::string line;
+	while (line.size() < 65000)
+		line += "\u179f\u17bc\u1798\u179f\u17d2\u179c\u17b6\u1782\u1798\u1793\u17cd";
+	Transcript transcript(line + "\n");
+	for (auto _ : state)
+		transcript.Append(1);
+	if (!transcript.IsComplete())
+		Fail("appending");
+}
+BENCHMARK(Transcript_AppendKhmer)->Iterations(20)->Unit(benchmark::kMillisecond);

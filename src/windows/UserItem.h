@@ -24,6 +24,9 @@ public:
 	~UserItem() override;
 
 	uint16 Socket() const { return fSocket; }
+	// Of the rows of a list, a later one's is higher.
+	int64 Number() const { return fNumber; }
+	void SetNumber(int64 number) { fNumber = number; }
 	void SetNick(const char* nick);
 	void SetIcon(uint16 icon);
 	void SetColor(uint16 color);
@@ -32,6 +35,7 @@ public:
 	BString ToolTipText(float rowWidth) const override;
 
 private:
+	int64 fNumber = 0;
 	uint16 fSocket; // the server's id of the user
 	uint16 fIcon;
 	uint16 fColor; // the status word, as the server sends it

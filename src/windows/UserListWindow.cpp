@@ -25,6 +25,7 @@
 UserListWindow::UserListWindow(BRect frame, BLooper* target)
 	: BWindow(frame, "Users Online", B_DOCUMENT_WINDOW, B_AUTO_UPDATE_SIZE_LIMITS),
 	  fUserList(new ToolTipListView("userlist")),
+	  fNextNumber(0),
 	  fUserScroll(new BScrollView("userscroll", fUserList, B_WILL_DRAW | B_FRAME_EVENTS, false,
 		  true, B_FANCY_BORDER)),
 	  fCountLabel(new BStringView("countlabel", "0 users online", B_WILL_DRAW)),
@@ -67,8 +68,7 @@ UserListWindow::MessageReceived(BMessage* message)
 			_HandleRemove(message);
 			break;
 		case kMsgRemoveAll:
-			DeleteRows(fUserList);
-			_UpdateTitle();
+			_RemoveAll();
 			break;
 		case kMsgUserInvoked:
 			_HandleInvoked();
@@ -131,8 +131,12 @@ UserListWindow::_HandleAdd(const BMessage* message)
 		user->SetIcon(icon);
 		user->SetColor(color);
 		fUserList->InvalidateItem(index);
-	} else
-		fUserList->AddItem(new UserItem(socket, icon, color, nick, this));
+	} else {
+		user = new UserItem(socket, icon, color, nick, this);
+		user->SetNumber(fNextNumber++);
+		fUsers[socket] = user;
+		fUserList->AddItem(user);
+	}
 	_UpdateTitle();
 }
 
@@ -141,8 +145,20 @@ void
 UserListWindow::_HandleRemove(const BMessage* message)
 {
 	int32 index;
-	if (_FindUser(message->GetUInt16("socket", 0), &index) != NULL)
+	const UserItem* user = _FindUser(message->GetUInt16("socket", 0), &index);
+	if (user != NULL) {
+		fUsers.erase(user->Socket());
 		delete fUserList->RemoveItem(index);
+	}
+	_UpdateTitle();
+}
+
+
+void
+UserListWindow::_RemoveAll()
+{
+	fUsers.clear();
+	DeleteRows(fUserList);
 	_UpdateTitle();
 }
 
@@ -173,16 +189,37 @@ UserListWindow::_LoadIcon(uint16 id) const
 UserItem*
 UserListWindow::_FindUser(uint16 socket, int32* _index) const
 {
-	const int32 count = fUserList->CountItems();
+	const auto found = fUsers.find(socket);
+	if (found == fUsers.end())
+		return NULL;
+	*_index = _IndexOf(found->second);
+	return found->second;
+}
+
+
+/*!	Rows are appended, so they stand in the order of their numbers. One that is no user has none.
+	\param user One of the list.
+*/
+int32
+UserListWindow::_IndexOf(const UserItem* user) const
+{
 	const BListItem** items = fUserList->Items();
-	for (int32 i = 0; i < count; i++) {
-		const UserItem* user = RowCast<UserItem>(items[i]);
-		if (user != NULL && user->Socket() == socket) {
-			*_index = i;
-			return static_cast<UserItem*>(fUserList->ItemAt(i));
-		}
+	int32 low = 0;
+	int32 high = fUserList->CountItems();
+	while (low < high) {
+		const int32 middle = (low + high) / 2;
+		int32 index = middle;
+		while (index < high && RowCast<UserItem>(items[index]) == NULL)
+			index++;
+		const UserItem* row = index < high ? RowCast<UserItem>(items[index]) : NULL;
+		if (row == user)
+			return index;
+		if (row != NULL && row->Number() < user->Number())
+			low = index + 1;
+		else
+			high = middle;
 	}
-	return NULL;
+	return -1;
 }
 
 

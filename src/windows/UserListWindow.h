@@ -7,6 +7,7 @@
 
 
 #include <memory>
+#include <unordered_map>
 
 #include <Messenger.h>
 #include <String.h>
@@ -48,9 +49,14 @@ private:
 	void _HandleInvoked();
 	std::unique_ptr<BBitmap> _LoadIcon(uint16 id) const;
 	UserItem* _FindUser(uint16 socket, int32* _index) const;
+	int32 _IndexOf(const UserItem* user) const;
+	void _RemoveAll();
 	void _UpdateTitle();
 
 	BListView* fUserList;
+	// The list's rows by socket: there may be as many as there are sockets.
+	std::unordered_map<uint16, UserItem*> fUsers;
+	int64 fNextNumber;
 	BScrollView* fUserScroll;
 	BStringView* fCountLabel;
 	BLooper* fTarget;

@@ -4,6 +4,10 @@
  */
 #include "UserListWindow.h"
 
+#include <algorithm>
+#include <random>
+#include <utility>
+
 #include <Font.h>
 #include <ListView.h>
 #include <ScrollView.h>
@@ -184,6 +188,44 @@ TEST_F(UserListWindowTest, FiveThousandUsersTwice_AreFiveThousandRows)
 	fWindow->Settle();
 	EXPECT_EQ(Nicks(5000, "late"), _Nicks());
 	_ExpectCount("Users Online (5000)", "5000 users online");
+}
+
+
+TEST_F(UserListWindowTest, WhoeverComesAndGoes_IsFoundAsByAWalk)
+{
+	std::mt19937 random(2026);
+	std::vector<std::pair<uint16, std::string>> users;
+	const auto walk = [&users](uint16 socket) {
+		return std::find_if(users.begin(), users.end(), [socket](const auto& user) {
+			return user.first == socket;
+		});
+	};
+	for (int step = 0; step < 600; step++) {
+		// Some of them are rows that are no users, which stay.
+		if (step % 150 == 100) {
+			fList->AddItem(new BStringItem("no user"));
+			users.emplace_back(65535, "no user");
+		}
+		const uint16 socket = static_cast<uint16>(random() % 60);
+		const auto place = walk(socket);
+		if (random() % 3 == 0) {
+			_Remove(socket);
+			if (place != users.end())
+				users.erase(place);
+		} else {
+			const std::string nick = "user " + std::to_string(step);
+			_Add(socket, nick);
+			if (place != users.end())
+				place->second = nick;
+			else
+				users.emplace_back(socket, nick);
+		}
+		Nicks expected;
+		for (const auto& user : users)
+			expected.push_back(user.second);
+		ASSERT_EQ(expected, _Nicks()) << step;
+	}
+	EXPECT_GT(users.size(), 10u);
 }
 
 

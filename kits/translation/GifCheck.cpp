@@ -155,7 +155,7 @@ take_pixels(ByteReader* reader, uint8 bitsPerPixel, uint64 pixels)
 }
 
 
-/*!	The first frame, with its colors and its pixels, is appended. */
+/*!	The first frame, with its colors and its pixels, is appended. It has to lie on the screen. */
 static bool
 take_frame(ByteReader* reader, CheckedPicture* _picture)
 {
@@ -165,11 +165,9 @@ take_frame(ByteReader* reader, CheckedPicture* _picture)
 		return false;
 	const uint32 width = little_16(frame + 5);
 	const uint32 height = little_16(frame + 7);
-	// Decoders make room for what lies beyond the screen.
-	const uint32 right = little_16(frame + 1) + width;
-	const uint32 bottom = little_16(frame + 3) + height;
-	if (width == 0 || height == 0
-		|| !IsBearablePicture(std::max(right, _picture->width), std::max(bottom, _picture->height)))
+	// A decoder would unpack what has no place on the screen, too.
+	if (width == 0 || height == 0 || little_16(frame + 1) + width > _picture->width
+		|| little_16(frame + 3) + height > _picture->height)
 		return false;
 
 	const uint8* bits = reader->Take(1);

@@ -4,8 +4,7 @@
  */
 #include "OptionsWindow.h"
 
-#include <cstdlib>
-#include <cstring>
+#include <memory>
 
 #include <Bitmap.h>
 #include <Button.h>
@@ -20,17 +19,18 @@
 #include <String.h>
 #include <StringView.h>
 #include <TextControl.h>
-#include <TranslationUtils.h>
 
 #include "AppMessages.h"
 #include "Delivery.h"
 #include "IconItem.h"
+#include "IconName.h"
 #include "ListRows.h"
+#include "ProgramFolder.h"
 
 
 static const float kLabelSpacing = 8.0f;
-// The longest name before ".png" that is taken for a number, in bytes.
-static const size_t kMaxIconStem = 15;
+// All pictures of the list, in bytes. Thousands of small ones are no more than that.
+static const int64 kMaxIconBytes = 32 * 1024 * 1024;
 
 
 /*!	Orders rows of the picker by their numbers; for BListView::SortItems(). */
@@ -40,23 +40,6 @@ _CompareIconItems(const void* first, const void* second)
 	const uint16 a = (*static_cast<IconItem* const*>(first))->IconID();
 	const uint16 b = (*static_cast<IconItem* const*>(second))->IconID();
 	return static_cast<int>(a > b) - static_cast<int>(a < b);
-}
-
-
-/*!	\return The number of the icon in a file of that name; 0 if it is none. */
-static uint16
-icon_number(const char* fileName)
-{
-	const char* ending = strrchr(fileName, '.');
-	if (ending == NULL || strcmp(ending, ".png") != 0)
-		return 0;
-	const size_t stem = static_cast<size_t>(ending - fileName);
-	if (stem < 1 || stem > kMaxIconStem)
-		return 0;
-
-	// Unlike atoi() this has an answer for every number, however long.
-	const long number = strtol(fileName, NULL, 10);
-	return number > 0 && number < 65536 ? static_cast<uint16>(number) : 0;
 }
 
 
@@ -161,7 +144,7 @@ OptionsWindow::_InitLayout()
 
 
 /*!	Fills the picker with the numbered pictures of a folder; whatever else lies there is passed
-	over.
+	over, and so is what is left when they take too much memory.
 */
 void
 OptionsWindow::_LoadIcons(const char* dir)
@@ -173,16 +156,19 @@ OptionsWindow::_LoadIcons(const char* dir)
 		return;
 
 	BEntry entry;
-	while (directory.GetNextEntry(&entry, false) == B_OK) {
+	int64 bytes = 0;
+	while (bytes < kMaxIconBytes && directory.GetNextEntry(&entry, false) == B_OK) {
 		BPath path;
 		if (entry.GetPath(&path) != B_OK)
 			continue;
-		const uint16 number = icon_number(path.Leaf());
+		const uint16 number = IconNumber(path.Leaf());
 		if (number == 0)
 			continue;
-		BBitmap* bitmap = BTranslationUtils::GetBitmapFile(path.Path());
-		if (bitmap != NULL)
-			fIconList->AddItem(new IconItem(number, bitmap));
+		std::unique_ptr<BBitmap> bitmap = LoadIcon(path.Path());
+		if (bitmap == NULL)
+			continue;
+		bytes += bitmap->BitsLength();
+		fIconList->AddItem(new IconItem(number, bitmap.release()));
 	}
 
 	fIconList->SortItems(_CompareIconItems);

@@ -35,6 +35,11 @@ enum Picture : uint16 {
 };
 
 
+// What an icon has at most: of pixels, whatever its shape, and of bytes in its file.
+const uint64 kMaxIconPixels = 128 * 128;
+const off_t kMaxIconFile = 64 * 1024;
+
+std::unique_ptr<BBitmap> LoadIcon(const char* path);
 std::unique_ptr<BBitmap> LoadPicture(const char* assetsPath, uint16 number);
 void ShowPicture(BButton* button, const char* assetsPath, Picture picture);
 

@@ -42,6 +42,7 @@ private:
 		std::unique_ptr<BBitmap> bitmap; // empty where there is no such picture
 	};
 
+	// An icon has 64 KiB of pixels at most, so that these have 16 MiB.
 	static const int32 kMaxCachedIcons = 256;
 
 	void _HandleAdd(const BMessage* message);

@@ -44,3 +44,24 @@ count_descriptors()
 {
 	return count_entries("/proc/self/fd");
 }
+
+
+size_t
+peak_memory()
+{
+	std::ifstream status("/proc/self/status");
+	std::string line;
+	while (std::getline(status, line)) {
+		if (line.compare(0, 6, "VmHWM:") == 0)
+			return std::stoul(line.substr(6)) * 1024;
+	}
+	return 0;
+}
+
+
+size_t
+forget_peak_memory()
+{
+	std::ofstream("/proc/self/clear_refs") << "5";
+	return peak_memory();
+}

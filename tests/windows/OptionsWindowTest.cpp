@@ -17,7 +17,10 @@
 #include "DrawnRow.h"
 #include "HostileTexts.h"
 #include "IconItem.h"
+#include "JpegBytes.h"
 #include "Keyboard.h"
+#include "PictureBytes.h"
+#include "ProcessCounts.h"
 #include "TemporaryFolder.h"
 #include "WindowInput.h"
 #include "WindowTest.h"
@@ -232,9 +235,55 @@ TEST_F(OptionsWindowTest, CancelEscapeAndCloseBox_SendNothing)
 }
 
 
-TEST_F(OptionsWindowTest, TwoThousandIcons_AreAllListed)
+TEST_F(OptionsWindowTest, Icon_HasSoManyPixelsAndBytesAtMost)
 {
-	static const int kCount = 2000;
+	const auto padded = [](size_t size) {
+		const std::string picture = picture_file(16, 16);
+		return picture + std::string(size - picture.size(), '\0');
+	};
+	fFolder.AddFile("1.png", picture_file(128, 128));
+	fFolder.AddFile("2.png", picture_file(129, 128));
+	fFolder.AddFile("3.png", picture_file(232, 18));
+	fFolder.AddFile("4.png", picture_file(16385, 1));
+	fFolder.AddFile("5.png", padded(65536));
+	fFolder.AddFile("6.png", padded(65537));
+	_Open(1);
+	EXPECT_EQ((Icons{1, 3, 5}), _Icons());
+}
+
+
+TEST_F(OptionsWindowTest, PicturesThatAreNoIcons_AreNotDecoded)
+{
+	static const int kCount = 200;
+
+	const std::string bombs[] = {make_black_png(2048, 2048), make_black_gif(2048, 2048),
+		make_gray_jpeg(2048, 2048, 32)};
+	for (const std::string& bomb : bombs)
+		ASSERT_LT(bomb.size(), 65536u);
+	for (int i = 1; i <= kCount; i++)
+		fFolder.AddFile(std::to_string(i) + ".png", bombs[i % 3]);
+	_AddIcon("1000.png");
+	const size_t before = forget_peak_memory();
+	_Open(1000);
+	EXPECT_EQ(Icons{1000}, _Icons());
+	EXPECT_LT(peak_memory(), before + 16 * 1024 * 1024);
+}
+
+
+TEST_F(OptionsWindowTest, AllIconsTogether_AreBounded)
+{
+	const std::string picture = make_black_png(128, 128);
+	for (int i = 1; i <= 600; i++)
+		fFolder.AddFile(std::to_string(i) + ".png", picture);
+	_Open(1000);
+	// 32 MiB.
+	EXPECT_EQ(512u, _Icons().size());
+}
+
+
+TEST_F(OptionsWindowTest, FourThousandIcons_AreAllListed)
+{
+	static const int kCount = 4000;
 
 	Icons expected;
 	for (int i = kCount; i > 0; i--) {

@@ -14,6 +14,7 @@
 #include <Roster.h>
 #include <String.h>
 
+#include "DrawnRow.h"
 #include "MessageRecorder.h"
 #include "UserListWindow.h"
 #include "WindowProbe.h"
@@ -121,6 +122,21 @@ TEST_F(UserIconTest, FileThatIsNoPicture_GivesNone)
 	}
 	EXPECT_EQ(nullptr, fUsers->IconForID(60005));
 	_DeleteIcon(60005);
+}
+
+
+TEST_F(UserIconTest, PictureThatIsTooLargeForAnIcon_GivesNone)
+{
+	for (const auto& [width, isIcon] : {std::pair<int, bool>(128, true), {129, false}}) {
+		const uint16 id = static_cast<uint16>(60100 + width);
+		const std::string bytes = picture_file(width, 128);
+		{
+			BFile file(_PathOf(id).String(), B_WRITE_ONLY | B_CREATE_FILE | B_ERASE_FILE);
+			ASSERT_EQ(static_cast<ssize_t>(bytes.size()), file.Write(bytes.data(), bytes.size()));
+		}
+		EXPECT_EQ(isIcon, fUsers->IconForID(id) != NULL) << width;
+		_DeleteIcon(id);
+	}
 }
 
 

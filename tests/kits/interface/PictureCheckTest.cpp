@@ -141,7 +141,17 @@ TEST(PictureCheckTest, EdgesOfEachKind_AreBounded)
 	// The screen of a GIF, and the frame on it.
 	EXPECT_TRUE(accepts(gif_screen(3, 2) + gif_frame(2, 1, 2) + ";"));
 	EXPECT_FALSE(accepts(gif_screen(2049, 2048) + gif_frame(2, 1, 2) + ";"));
-	EXPECT_FALSE(accepts(gif_screen(3, 2) + gif_frame(2049, 2048, 2) + ";"));
+	EXPECT_FALSE(accepts(gif_screen(3, 2) + gif_frame(4, 2, 2) + ";"));
+	EXPECT_FALSE(accepts(gif_screen(3, 2) + gif_frame(3, 3, 2) + ";"));
+	std::string moved = gif_screen(3, 2) + gif_frame(2, 1, 2) + ";";
+	moved[20] = 1;
+	moved[22] = 1;
+	EXPECT_TRUE(accepts(moved));
+	moved[20] = 2;
+	EXPECT_FALSE(accepts(moved));
+	moved[20] = 1;
+	moved[22] = 2;
+	EXPECT_FALSE(accepts(moved));
 	EXPECT_FALSE(accepts(gif_screen(0, 2) + gif_frame(3, 2, 1) + ";"));
 	EXPECT_FALSE(accepts(gif_screen(3, 2) + gif_frame(0, 2, 1) + ";"));
 	EXPECT_FALSE(accepts(gif_screen(3, 2) + gif_frame(3, 0, 1) + ";"));

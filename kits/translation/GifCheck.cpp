@@ -140,16 +140,22 @@ take_blocks(ByteReader* reader)
 
 
 /*!	The blocks of a frame, up to where it has all its pixels: decoders go on unpacking what they
-	have no room for. A file that is cut off has some.
+	have no room for. Of a file that is cut off there are some.
+	\param _bytes They are appended to it.
 */
 static void
-take_pixels(ByteReader* reader, uint8 bitsPerPixel, uint64 pixels)
+take_pixels(ByteReader* reader, uint8 bitsPerPixel, uint64 pixels, std::vector<uint8>* _bytes)
 {
 	GifPixels unpacked(bitsPerPixel);
 	while (reader->Left() > 0 && reader->Here()[0] != 0 && unpacked.Count() < pixels) {
 		const size_t announced = reader->Take(1)[0];
 		const size_t count = std::min(announced, reader->Left());
-		if (!unpacked.Add(reader->Take(count), count))
+		if (count == 0)
+			break;
+		const uint8* block = reader->Take(count);
+		_bytes->push_back(static_cast<uint8>(count));
+		append_bytes(_bytes, block, count);
+		if (!unpacked.Add(block, count))
 			break;
 	}
 }
@@ -173,8 +179,8 @@ take_frame(ByteReader* reader, CheckedPicture* _picture)
 	const uint8* bits = reader->Take(1);
 	if (bits == NULL || *bits < 1 || *bits > 8)
 		return false;
-	take_pixels(reader, *bits, static_cast<uint64>(width) * height);
 	append_bytes(&_picture->bytes, start, static_cast<size_t>(reader->Here() - start));
+	take_pixels(reader, *bits, static_cast<uint64>(width) * height, &_picture->bytes);
 	// The empty block and the end of the file.
 	const uint8 end[] = {0, kEnd};
 	append_bytes(&_picture->bytes, end, sizeof(end));

@@ -105,6 +105,13 @@ TEST(PictureCheckTest, FileCutAtAnyByte_IsRefusedOrHandedOnAsFarAsItGoes)
 			}
 		}
 	}
+	// A block that is cut off has fewer bytes.
+	const std::string gif = gif_screen(100, 100) + gif_frame(100, 100, 10000, 1);
+	const size_t cut = gif.size() - 100;
+	const std::string shorter = handed_on(gif.substr(0, cut));
+	EXPECT_EQ(shorter, handed_on(shorter));
+	EXPECT_NE(nullptr, decode(shorter));
+
 	// What is cut off in the middle of its pixels is shown as far as it goes.
 	const std::string jpeg = make_gray_jpeg(64, 64, 1);
 	EXPECT_NE(nullptr, decode(jpeg.substr(0, jpeg.size() - 4)));

@@ -193,7 +193,8 @@ TextStore::_FindLines(size_t from)
 {
 	const size_t size = fBytes.size();
 	size_t at = from;
-	size_t limit = static_cast<size_t>(fLines.back().offset + fLongestLine);
+	const size_t longest = static_cast<size_t>(fLongestLine);
+	size_t limit = static_cast<size_t>(fLines.back().offset) + longest;
 	while (at < size) {
 		const char byte = fBytes[at];
 		if (is_plain(byte) && at < limit) {
@@ -206,7 +207,7 @@ TextStore::_FindLines(size_t from)
 		const bool isEnd = ends_line(code);
 		if (!isEnd && at + length > limit) {
 			_EndSoftly(at, code);
-			limit = static_cast<size_t>(fLines.back().offset + fLongestLine);
+			limit = static_cast<size_t>(fLines.back().offset) + longest;
 		}
 		at += length;
 		fPositionCount += positions_of(length);
@@ -215,7 +216,7 @@ TextStore::_FindLines(size_t from)
 		if (byte == '\r' && at < size && fBytes[at] == '\n')
 			at++;
 		fLines.push_back({static_cast<int32>(at), fPositionCount});
-		limit = at + static_cast<size_t>(fLongestLine);
+		limit = at + longest;
 	}
 }
 

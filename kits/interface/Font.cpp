@@ -4,13 +4,12 @@
  */
 #include <Font.h>
 
-#include <algorithm>
-#include <iterator>
 #include <string>
 
 #include <FontConversion.h>
 #include <String.h>
 #include <TextConversion.h>
+#include <TextCutting.h>
 
 
 const BFont* be_plain_font = NULL;
@@ -83,35 +82,14 @@ BFont::GetHeight(font_height* _height) const
 }
 
 
-/*!	\param shown As long as the text.
-	\param cut What is left of \a shown, with an ellipsis somewhere.
-	\return The text cut in the same place.
-*/
-static QString
-cut_like(const QString& text, const QString& shown, const QString& cut)
-{
-	const auto split = std::mismatch(cut.begin(), cut.end(), shown.begin(), shown.end());
-	const qsizetype start = split.first - cut.begin();
-	const auto end = std::mismatch(cut.rbegin(), std::make_reverse_iterator(split.first),
-		shown.rbegin(), std::make_reverse_iterator(split.second));
-	const qsizetype rest = end.first - cut.rbegin();
-	return text.left(start) + cut.mid(start, cut.size() - start - rest) + text.right(rest);
-}
-
-
 /*!	Cuts the string so that it is at most \a width pixels wide, and says so with an ellipsis. One
 	that fits stays as it is.
 */
+// Differs from Haiku: behind some thousand characters that have no width nothing else fits.
 void
 BFont::TruncateString(BString* inOut, uint32 mode, float width) const
 {
 	if (mode == B_NO_TRUNCATION)
-		return;
-
-	const QString text = text_from_bytes(inOut->String());
-	const QString shown = shown_text(text);
-	const QFontMetricsF& metrics = metrics_of_font(*this);
-	if (static_cast<float>(metrics.horizontalAdvance(shown)) <= width)
 		return;
 
 	Qt::TextElideMode elide = Qt::ElideRight;
@@ -120,6 +98,8 @@ BFont::TruncateString(BString* inOut, uint32 mode, float width) const
 	else if (mode == B_TRUNCATE_MIDDLE)
 		elide = Qt::ElideMiddle;
 
-	const QString cut = metrics.elidedText(shown, elide, width);
-	*inOut = bytes_from_text(cut_like(text, shown, cut)).constData();
+	const QString text = text_from_bytes(inOut->String());
+	const QString cut = elided_text(text, metrics_of_font(*this), elide, width);
+	if (cut != text)
+		*inOut = bytes_from_text(cut).constData();
 }

@@ -20,6 +20,7 @@ BStringView::BStringView(const char* name, const char* text, uint32 flags)
 
 
 /*!	\param text Bytes, shown as UTF-8; NULL is the empty text. */
+// Differs from Haiku: a line of more than 1,000 characters is only as wide as these.
 void
 BStringView::SetText(const char* text)
 {

@@ -201,6 +201,7 @@ BWindow::Title() const
 
 
 /*!	\param title Bytes, shown as UTF-8. */
+// Differs from Haiku: on the screen a title of more than 1,000 characters ends in an ellipsis.
 void
 BWindow::SetTitle(const char* title)
 {

@@ -13,6 +13,7 @@
 #include <FontConversion.h>
 #include <GeometryConversion.h>
 #include <TextConversion.h>
+#include <TextCutting.h>
 
 
 /*!	Of the two patterns that there are. */
@@ -51,7 +52,12 @@ Canvas::DrawString(const char* string, BPoint location)
 
 	fPainter->setFont(font_to_toolkit(font));
 	fPainter->setPen(color_to_toolkit(highColor));
-	fPainter->drawText(point_to_toolkit(location), shown_text(text_from_bytes(string)));
+	const QPointF place = point_to_toolkit(location);
+	const QPointF left = fPainter->worldTransform().map(place);
+	// There may be much more than is seen.
+	const QString seen = seen_front(text_from_bytes(string), QFontMetricsF(fPainter->font()),
+		std::max<qreal>(fPainter->window().width() - left.x(), 0));
+	fPainter->drawText(place, shown_text(seen));
 }
 
 

@@ -13,6 +13,11 @@
 #include <ColorConversion.h>
 #include <StringView.h>
 #include <TextConversion.h>
+#include <TextCutting.h>
+
+
+// In UTF-16 units. A line that is wider than any screen is not measured to its end.
+static const qsizetype kMostMeasured = 1000;
 
 
 /*!	A QLabel for screen readers, but drawn here: in lines that line feeds end, each cut where it says
@@ -36,12 +41,19 @@ public:
 
 	QSize sizeHint() const override
 	{
+		if (fMeasured.isValid() && fMeasuredText == text() && fMeasuredFont == font())
+			return fMeasured;
 		const QFontMetrics metrics = fontMetrics();
-		const QStringList lines = _ShownLines();
+		const QStringList lines = _Lines();
 		int width = 0;
-		for (const QString& line : lines)
-			width = std::max(width, metrics.size(Qt::TextSingleLine, line).width());
-		return QSize(width, metrics.height() * static_cast<int>(lines.size()));
+		for (const QString& line : lines) {
+			const QString shown = shown_text(front_of_text(line, kMostMeasured));
+			width = std::max(width, metrics.size(Qt::TextSingleLine, shown).width());
+		}
+		fMeasuredText = text();
+		fMeasuredFont = font();
+		fMeasured = QSize(width, metrics.height() * static_cast<int>(lines.size()));
+		return fMeasured;
 	}
 
 	QSize minimumSizeHint() const override { return sizeHint(); }
@@ -52,28 +64,32 @@ protected:
 		QPainter painter(this);
 		painter.setPen(palette().color(foregroundRole()));
 		const QFontMetrics metrics = fontMetrics();
-		const QStringList lines = _ShownLines();
+		const QStringList lines = _Lines();
 		QRect row(0, 0, width(), metrics.height());
 		row.translate(0, (height() - row.height() * static_cast<int>(lines.size())) / 2);
 		for (const QString& line : lines) {
-			const QString cut = fElide != Qt::ElideNone
-				? metrics.elidedText(line, fElide, width(), Qt::TextSingleLine)
-				: line;
-			painter.drawText(row, Qt::AlignLeft | Qt::TextSingleLine, cut);
+			const QFontMetricsF exact(font());
+			const QString cut = fElide != Qt::ElideNone ? elided_text(line, exact, fElide, width())
+														: seen_front(line, exact, width());
+			painter.drawText(row, Qt::AlignLeft | Qt::TextSingleLine, shown_text(cut));
 			row.translate(0, row.height());
 		}
 	}
 
 private:
-	// A screen has no room for more; measuring all of a very long text would take its time.
-	QStringList _ShownLines() const
+	// What may be cut has no more lines than a screen has room for, either.
+	QStringList _Lines() const
 	{
 		const int kMostShown = 4096;
-		const QString shown = fElide == Qt::ElideRight ? text().left(kMostShown) : text();
-		return shown_text(shown).split(QLatin1Char('\n'));
+		const QString shown = fElide == Qt::ElideRight ? front_of_text(text(), kMostShown) : text();
+		return shown.split(QLatin1Char('\n'));
 	}
 
 	Qt::TextElideMode fElide;
+	// The size is asked for several times whenever something is laid out.
+	mutable QSize fMeasured;
+	mutable QString fMeasuredText;
+	mutable QFont fMeasuredFont;
 };
 
 

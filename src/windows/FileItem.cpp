@@ -105,7 +105,7 @@ FileItem::DrawItem(BView* owner, BRect frame, bool complete)
 BString
 FileItem::ToolTipText(float rowWidth) const
 {
-	const bool fits = be_plain_font->StringWidth(FileName()) <= _NameWidth(rowWidth);
+	const bool fits = _Fits(be_plain_font, FileName(), _NameWidth(rowWidth));
 	return fits ? BString() : BString(FileName());
 }
 

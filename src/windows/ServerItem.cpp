@@ -115,9 +115,9 @@ BString
 ServerItem::ToolTipText(float rowWidth) const
 {
 	BString text;
-	if (be_bold_font->StringWidth(Text()) > _NameWidth(rowWidth))
+	if (!_Fits(be_bold_font, Text(), _NameWidth(rowWidth)))
 		text << Text();
-	if (be_plain_font->StringWidth(fDesc) > description_width(rowWidth)) {
+	if (!_Fits(be_plain_font, fDesc, description_width(rowWidth))) {
 		if (!text.IsEmpty())
 			text << '\n';
 		text << fDesc;

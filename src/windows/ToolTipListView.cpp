@@ -17,6 +17,8 @@ static const float kMaxTipWidth = 40.0f;
 static const int32 kMaxTipLines = 20;
 // Of one line, however narrow its letters are.
 static const int32 kMaxLineBytes = 400;
+// Mostly there is room for them.
+static const int32 kFewestLineBytes = 64;
 
 
 /*!	Whether a byte of UTF-8 goes on with a character. */
@@ -34,11 +36,21 @@ is_inside_character(char byte)
 static int32
 fitting_length(const char* text, int32 length, float width)
 {
+	const auto hasRoom = [text, width](int32 bytes) {
+		return be_plain_font->StringWidth(text, bytes) <= width;
+	};
+	// Measuring takes as long as what is measured, so it does not begin with all of it.
 	int32 fits = 1;
-	int32 tooLong = std::min<int32>(length, kMaxLineBytes) + 1;
+	int32 tooLong = kFewestLineBytes;
+	const int32 most = std::min<int32>(length, kMaxLineBytes);
+	while (tooLong <= most && hasRoom(tooLong)) {
+		fits = tooLong;
+		tooLong *= 2;
+	}
+	tooLong = std::min(tooLong, most + 1);
 	while (tooLong - fits > 1) {
 		const int32 middle = (fits + tooLong) / 2;
-		if (be_plain_font->StringWidth(text, middle) <= width)
+		if (hasRoom(middle))
 			fits = middle;
 		else
 			tooLong = middle;

@@ -6,7 +6,8 @@
 #define TOOL_TIP_ROW_H
 
 
-class BString;
+#include <Font.h>
+#include <String.h>
 
 
 /*!	What a row of a ToolTipListView is besides an item: it draws as much of its texts as it has
@@ -19,7 +20,20 @@ public:
 	// The whole of each text that has no room, in lines; empty if all have. The width is that of
 	// the frame that is drawn in.
 	virtual BString ToolTipText(float rowWidth) const = 0;
+
+protected:
+	// Measures no more of a very long text than there is room for.
+	static bool _Fits(const BFont* font, const char* text, float width);
 };
+
+
+inline bool
+ToolTipRow::_Fits(const BFont* font, const char* text, float width)
+{
+	BString cut(text);
+	font->TruncateString(&cut, B_TRUNCATE_END, width);
+	return cut == text;
+}
 
 
 #endif // TOOL_TIP_ROW_H

@@ -111,6 +111,6 @@ UserItem::DrawItem(BView* owner, BRect frame, bool complete)
 BString
 UserItem::ToolTipText(float rowWidth) const
 {
-	const bool fits = be_plain_font->StringWidth(Text()) <= nick_width(rowWidth);
+	const bool fits = _Fits(be_plain_font, Text(), nick_width(rowWidth));
 	return fits ? BString() : BString(Text());
 }

@@ -8,11 +8,17 @@
 
 #include <QUtf8StringView>
 
+#include <TextCutting.h>
 #include <Utf8.h>
 
 
 // Accents and the like on one letter; Unicode's "stream-safe" text has no more.
 static const int kMostMarks = 30;
+
+
+// In UTF-16 units. What is on the screen has no room for more.
+static const qsizetype kLongestTitle = 1000;
+static const qsizetype kLongestToolTip = 4000;
 
 
 static QString
@@ -56,10 +62,11 @@ text_from_bytes(const char* bytes, text_use use)
 			text.replace(QLatin1Char('\t'), QLatin1Char(' '));
 			break;
 		case kTitleText:
+			text = shortened_text(text, kLongestTitle);
 			text.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
 			break;
 		case kToolTipText:
-			text = as_markup(shown_text(text));
+			text = as_markup(shown_text(shortened_text(text, kLongestToolTip)));
 			break;
 	}
 	return text;

@@ -24,7 +24,8 @@ enum text_use {
 
 
 /*!	The characters of bytes that should be UTF-8, one U+FFFD for every byte that is not, prepared so
-	that they are shown as they stand; in tool tips by shown_text(). NULL is the empty text.
+	that they are shown as they stand; in tool tips by shown_text(). NULL is the empty text. A title
+	or a tool tip of thousands of letters ends in an ellipsis.
 */
 QString text_from_bytes(const char* bytes, text_use use = kPlainText);
 

@@ -5,8 +5,10 @@
 import struct
 
 REPLY = 0x00010000
-CHAT_SEND, LOGIN, AGREED, FILES, DOWNLOAD, DOWNLOAD_BANNER, USER_LIST = 105, 107, 121, 200, 202, 212, 300
-MESSAGE, CHAT, AGREEMENT, POLITE_QUIT, BANNER, USER_CHANGE, USER_LEAVE, BROADCAST = 104, 106, 109, 111, 122, 301, 302, 355
+CHAT_SEND, LOGIN, AGREED, FILES, DOWNLOAD, UPLOAD = 105, 107, 121, 200, 202, 203
+DOWNLOAD_BANNER, USER_LIST = 212, 300
+MESSAGE, CHAT, AGREEMENT, POLITE_QUIT, BANNER = 104, 106, 109, 111, 122
+USER_CHANGE, USER_LEAVE, BROADCAST = 301, 302, 355
 
 ERROR, DATA, NICK, SOCKET, ICON, REFERENCE, TRANSFER_SIZE, COLOR = 100, 101, 102, 103, 104, 107, 108, 112
 BANNER_TYPE, NO_AGREEMENT, VERSION, SERVER_NAME, FILE, USER = 152, 154, 160, 162, 200, 300
@@ -39,6 +41,7 @@ def chat(text):
 
 
 def message(number, nick, text):
+    """A private message, or with number 0 one of the server's."""
     return transaction(MESSAGE, [(SOCKET, short(number)), (NICK, nick), (DATA, text)])
 
 
@@ -56,6 +59,19 @@ def user_leave(number):
 
 def user_entry(number, nick, icon=128, color=0):
     return struct.pack(">HHHH", number, icon, color, len(nick)) + nick
+
+
+def file_entry(name, kind=b"TEXT", size=1000):
+    """A file of a listing; kind `fldr` is a folder."""
+    return struct.pack(">4s4sIII", kind, b"ttxt", size, 0, len(name)) + name
+
+
+def file_object(name, data, size=None, information=b""):
+    """A file as it travels; `size` is what its data is said to have, `information` what follows its description."""
+    description = b"AMAC????????" + bytes(60) + short(len(name)) + name + short(0) + information
+    return (b"FILP" + short(1) + bytes(16) + short(2)
+        + b"INFO" + bytes(8) + long(len(description)) + description
+        + b"DATA" + bytes(8) + long(len(data) if size is None else size) + data)
 
 
 def tracker_listing(servers):

@@ -10,16 +10,18 @@ import zlib
 import wire
 from desktop import PATIENCE
 
+
+def png_chunk(kind, content):
+    return struct.pack(">I", len(content)) + kind + content + struct.pack(">I", zlib.crc32(kind + content))
+
+
 def picture(width, height):
     """A white PNG: however many pixels, it has few bytes."""
-    def chunk(kind, content):
-        return struct.pack(">I", len(content)) + kind + content + struct.pack(">I", zlib.crc32(kind + content))
-
     compressor = zlib.compressobj()
     row = b"\0" + b"\xff" * -(-width // 8)
     rows = b"".join(compressor.compress(row) for _ in range(height)) + compressor.flush()
     header = struct.pack(">IIBBBBB", width, height, 1, 0, 0, 0, 0)
-    return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", rows) + chunk(b"IEND", b"")
+    return b"\x89PNG\r\n\x1a\n" + png_chunk(b"IHDR", header) + png_chunk(b"IDAT", rows) + png_chunk(b"IEND", b"")
 
 
 class Request:
@@ -183,6 +185,10 @@ class Flood:
         self._block = block
         self._stopping = threading.Event()
         self._thread = threading.Thread(target=self._run, daemon=True)
+
+    def is_running(self):
+        """Whether the client still takes what is sent."""
+        return self._thread.is_alive()
 
     def __enter__(self):
         self._thread.start()

@@ -131,8 +131,14 @@ class Server:
         return self
 
     def __exit__(self, *_):
-        for stream in [self.listener, *self._open]:
+        self.listener.close()
+        self.close_connections()
+
+    def close_connections(self):
+        """Leaves all who have come; others may come."""
+        for stream in self._open:
             stream.close()
+        self._open.clear()
 
     def accept(self):
         stream, _ = self.listener.accept()

@@ -30,9 +30,9 @@ public:
 			case QEvent::Expose:
 			case QEvent::Resize:
 			case QEvent::UpdateRequest:
-				if (_IsAnyLeft())
-					_Fill();
-				else
+				// What was let go of before is no reason to take it again: others may need it still.
+				_Fill();
+				if (!_IsAnyLeft())
 					_Empty();
 				break;
 			default:

@@ -26,9 +26,6 @@ BScreen::BScreen(BWindow* window)
 }
 
 
-BScreen::~BScreen() = default;
-
-
 /*!	All of the screen, in pixels. Invalid where there is none. */
 BRect
 BScreen::Frame()

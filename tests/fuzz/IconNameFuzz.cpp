@@ -34,7 +34,7 @@ extern "C" int
 LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
 	std::string name(reinterpret_cast<const char*>(data), size);
-	name = name.c_str();
+	name.resize(strlen(name.c_str()));
 	require(IconNumber(name.c_str()) == expected_number(name), "the number of an icon");
 	return 0;
 }

@@ -19,7 +19,6 @@ public:
 	BScreen(screen_id id) = delete;
 	BScreen(BWindow* window);
 	BScreen(const BScreen&) = delete;
-	~BScreen();
 
 	BScreen& operator=(const BScreen&) = delete;
 

@@ -360,3 +360,17 @@ is_awaited()
 	std::lock_guard<std::mutex> locker(table->lock);
 	return self->waiters > 0;
 }
+
+
+bool
+have_others_started()
+{
+	const Thread* self = current_thread();
+	ThreadTable* table = ThreadTable::Default();
+	std::lock_guard<std::mutex> locker(table->lock);
+	for (const auto& entry : table->threads) {
+		if (entry.second.get() != self && entry.second->isResumed)
+			return true;
+	}
+	return false;
+}

@@ -28,5 +28,8 @@ bool is_main_thread();
 */
 bool is_awaited();
 
+/*!	Whether any thread but the calling one has been started and has not ended. */
+bool have_others_started();
+
 
 #endif // THREAD_PRIVATE_H

@@ -5,6 +5,7 @@
 #include <ApplicationPeer.h>
 
 #include <clocale>
+#include <cstdio>
 #include <cstdlib>
 #include <limits.h>
 #include <malloc.h>
@@ -32,6 +33,7 @@
 #include <QuitSignals.h>
 #include <StartPreparation.h>
 #include <String.h>
+#include <ThreadPrivate.h>
 #include <TranslationUtils.h>
 #include <WindowLife.h>
 
@@ -173,14 +175,17 @@ wait_on_main_thread(bool (*done)(void*), void* cookie)
 }
 
 
-/*!	Qt ends the process when it loses the display. Other threads still run then, and would find what
-	they use destroyed.
+/*!	Nobody waits for threads that are still under way when the process ends, nor for any when Qt ends
+	it because the display has gone: they would find destroyed what they use. Nothing is destroyed
+	then.
 */
 static void
-end_at_once()
+end_at_once(int status, void* /*data*/)
 {
-	if (be_app != NULL)
-		_exit(EXIT_FAILURE);
+	if (be_app == NULL && !have_others_started())
+		return;
+	fflush(NULL);
+	_exit(status);
 }
 
 
@@ -205,7 +210,7 @@ ApplicationPeer::ApplicationPeer()
 	server->SetWaitHook(wait_on_main_thread);
 	reserve_descriptors(fApplication.get());
 	watch_quit_signals(fApplication.get());
-	atexit(end_at_once);
+	on_exit(end_at_once, NULL);
 }
 
 
@@ -215,6 +220,8 @@ ApplicationPeer::~ApplicationPeer()
 	FrameScheduler::Default()->Stop();
 	exit_fonts();
 	end_start_preparation();
+	// Once more: what was registered last is called first.
+	on_exit(end_at_once, NULL);
 }
 
 

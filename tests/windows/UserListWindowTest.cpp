@@ -206,6 +206,10 @@ TEST_F(UserListWindowTest, WhoeverComesAndGoes_IsFoundAsByAWalk)
 			fList->AddItem(new BStringItem("no user"));
 			users.emplace_back(65535, "no user");
 		}
+		if (step == 250) {
+			fWindow->Post(kMsgRemoveAll);
+			users.clear();
+		}
 		const uint16 socket = static_cast<uint16>(random() % 60);
 		const auto place = walk(socket);
 		if (random() % 3 == 0) {

@@ -18,10 +18,9 @@ def is_inside(inner, outer):
 class Client:
     """A running client. Its windows are found by their titles; what they show is read from the accessible tree."""
 
-    def __init__(self, desktop, program_folder, environment=None, prefix=()):
-        """`prefix` is a command that becomes the program, such as `env`, with its arguments."""
+    def __init__(self, desktop, program_folder, environment=None):
         self.desktop = desktop
-        self.program = desktop.start([*prefix, os.path.join(program_folder, "palimbra")], environment=environment)
+        self.program = desktop.start([os.path.join(program_folder, "palimbra")], environment=environment)
         self._root = None
 
     # Windows

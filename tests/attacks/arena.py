@@ -118,8 +118,7 @@ class Arena:
         self.folder = os.path.join(tempfile.mkdtemp(dir=self.desktop.folder), "palimbra")
         shutil.copytree(os.path.join(self._build, "palimbra"), self.folder,
             ignore=shutil.ignore_patterns("Downloads"))
-        # A file that gets too large for its limit fails to be written, as on a full disk.
-        self.client = Client(self.desktop, self.folder, prefix=("env", "--ignore-signal=XFSZ"))
+        self.client = Client(self.desktop, self.folder)
         self._attacks = self._lines = 0
         self._letter = None
         self.main_window, self.chat, self._users = map(self.window, ("Palimbra", "Chat", "Users Online"))

@@ -52,6 +52,8 @@ watch_quit_signals(QObject* application)
 	action.sa_handler = take_signal;
 	action.sa_flags = SA_RESTART;
 	sigemptyset(&action.sa_mask);
+	// Where a file may not grow, writing to it fails, as on a full disk.
+	signal(SIGXFSZ, SIG_IGN);
 	for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
 		struct sigaction present = {};
 		if (sigaction(signal, NULL, &present) == 0 && present.sa_handler != SIG_IGN)

@@ -10,7 +10,8 @@ class QObject;
 
 
 /*!	Has the application asked to quit when the system wants the program to end: SIGTERM, SIGINT and
-	SIGHUP. A signal that the program was started to ignore stays ignored.
+	SIGHUP. A signal that the program was started to ignore stays ignored. A limit for the size of
+	files does not end it.
 	\param application Owns what is needed for that. Main thread only, once.
 */
 void watch_quit_signals(QObject* application);

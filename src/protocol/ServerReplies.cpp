@@ -15,6 +15,8 @@
 
 // In bytes.
 static const uint16 kMaxServerName = 255;
+// The number of parameters stands in two bytes.
+static const int32 kMaxListedFiles = 65535;
 
 
 /*!	Reads where the server has put a transfer, and how many bytes it has.
@@ -88,7 +90,9 @@ ReadNextUser(ParameterWalker* params, BMessage* _message)
 }
 
 
-/*!	\param path The folder's, as it was asked for. */
+/*!	Of what cannot be counted by the transaction's own count the rest is left out.
+	\param path The folder's, as it was asked for.
+*/
 void
 ReadFileList(ParameterWalker params, const char* path, BMessage* _message)
 {
@@ -96,7 +100,7 @@ ReadFileList(ParameterWalker params, const char* path, BMessage* _message)
 	_message->AddString("path", path);
 	HotlineParam param;
 	FileEntry file;
-	while (params.Next(&param)) {
+	for (int32 count = 0; count < kMaxListedFiles && params.Next(&param); count++) {
 		if (param.type != kFieldFileList || !ReadFileEntry(param, &file))
 			continue;
 

@@ -123,6 +123,22 @@ TEST(ServerRepliesTest, FileList_IsOneMessageOfParallelFields)
 }
 
 
+// The transaction's own count of them has two bytes.
+TEST(ServerRepliesTest, FileListBeyondWhatCanBeCounted_IsCut)
+{
+	std::string params;
+	for (int i = 0; i < 65536; i++)
+		params += wire_param(200, wire_file("TEXT", "ttxt", 1, ""));
+	BMessage message;
+	ReadFileList(ParameterWalker(reinterpret_cast<const uint8*>(params.data()),
+					 static_cast<uint32>(params.size())),
+		"", &message);
+	int32 count = 0;
+	ASSERT_EQ(B_OK, message.GetInfo("name", NULL, &count));
+	EXPECT_EQ(65535, count);
+}
+
+
 TEST(ServerRepliesTest, Download_HasTheNameBehindTheLastSlash)
 {
 	expect_readings(read_download,

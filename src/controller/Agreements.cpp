@@ -22,11 +22,20 @@ Agreements::Agreements(BLooper* target)
 bool
 Agreements::Ask(const BMessage* agreement, uint32 connection)
 {
-	if (fWindows.CountOpen() >= kMaxOpen)
+	int32 count = 0;
+	fWindows.CountOpen();
+	fWindows.UseFirst([&count, connection](const AgreementWindow* open) {
+		if (open->Connection() == connection)
+			count++;
+		return false;
+	});
+	if (count >= kMaxOpen)
 		return false;
 
 	AgreementWindow* window = new AgreementWindow(BRect(150, 150, 600, 500), fTarget,
 		agreement->GetString("text"), connection);
+	// A closed one that is still listed may have been at this very address.
+	fWindows.Remove(window);
 	fWindows.Add(window);
 	window->Show();
 	return true;

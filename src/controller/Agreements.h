@@ -22,6 +22,7 @@ class BMessage;
 */
 class Agreements {
 public:
+	// On behalf of one connection. What a former one has left open is no hindrance to the next.
 	static const int32 kMaxOpen = 20;
 
 	explicit Agreements(BLooper* target);

@@ -22,6 +22,9 @@ public:
 	AgreementWindow(BRect frame, BLooper* target, const char* text, uint32 connection = 0);
 	~AgreementWindow() override;
 
+	// The number of the connection that it asks for.
+	uint32 Connection() const { return fConnection; }
+
 	void MessageReceived(BMessage* message) override;
 	bool QuitRequested() override;
 

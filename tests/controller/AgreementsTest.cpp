@@ -29,11 +29,11 @@ protected:
 			close_silently(window);
 	}
 
-	bool _Ask(const char* text)
+	bool _Ask(const char* text, uint32 connection = 7)
 	{
 		BMessage agreement(kHLAgreement);
 		agreement.AddString("text", text);
-		const bool isAsked = fAgreements.Ask(&agreement, 7);
+		const bool isAsked = fAgreements.Ask(&agreement, connection);
 		HoldWindows();
 		return isAsked;
 	}
@@ -65,4 +65,13 @@ TEST_F(AgreementsTest, BeyondTwenty_NoMoreIsOpenedUntilOneHasClosed)
 	EXPECT_TRUE(_Ask("Be kinder."));
 	EXPECT_FALSE(_Ask("Be kindest."));
 	EXPECT_EQ(20, count_windows<AgreementWindow>());
+}
+
+
+TEST_F(AgreementsTest, WhatAFormerConnectionLeftOpen_DoesNotCount)
+{
+	for (int i = 0; i < 20; i++)
+		EXPECT_TRUE(_Ask("Be kind."));
+	EXPECT_TRUE(_Ask("Be kind here.", 8));
+	EXPECT_FALSE(_Ask("Be kinder."));
 }

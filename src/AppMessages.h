@@ -38,7 +38,8 @@ enum AppMessage : uint32 {
 	// Chat.
 	kMsgSendChat = 'snch', // bare: entry line -> its window; then -> controller: "text" string
 	// Controller -> chat window: "text" string,
-	// "color" int32 = red << 24 | green << 16 | blue << 8 | alpha.
+	// "color" int32 = red << 24 | green << 16 | blue << 8 | alpha. What others say is marked with its
+	// connection.
 	kMsgAppendChat = 'apch',
 	kMsgEnableChat = 'ench', // controller -> chat window: "enabled" bool
 

@@ -20,8 +20,11 @@ ChatOutput::ChatOutput(BLooper* chatWindow)
 }
 
 
+/*!	\param connection The number of the connection on which it was said, 0 for the program's own words:
+	where there is no room for it, that connection ends.
+*/
 void
-ChatOutput::Append(const char* text, rgb_color color)
+ChatOutput::Append(const char* text, rgb_color color, uint32 connection)
 {
 	const uint32 packed = static_cast<uint32>(color.red) << 24
 		| static_cast<uint32>(color.green) << 16 | static_cast<uint32>(color.blue) << 8
@@ -29,6 +32,7 @@ ChatOutput::Append(const char* text, rgb_color color)
 	BMessage message(kMsgAppendChat);
 	message.AddString("text", text);
 	message.AddInt32("color", static_cast<int32>(packed));
+	AddConnection(&message, connection);
 	Deliver(fChatWindow, &message);
 }
 
@@ -59,7 +63,7 @@ ChatOutput::ShowChat(const BMessage* message)
 {
 	BString line(message->GetString("text", ""));
 	line << "\n";
-	Append(line.String(), kChatColor);
+	Append(line.String(), kChatColor, ConnectionOf(message));
 }
 
 
@@ -68,7 +72,7 @@ ChatOutput::ShowBroadcast(const BMessage* message)
 {
 	BString line;
 	line << "\n*** Broadcast: " << message->GetString("text", "") << " ***\n";
-	Append(line.String(), kBroadcastColor);
+	Append(line.String(), kBroadcastColor, ConnectionOf(message));
 }
 
 
@@ -77,7 +81,7 @@ ChatOutput::ShowServerMessage(const BMessage* message)
 {
 	BString line;
 	line << "\n*** Server message ***\n" << message->GetString("text", "") << "\n";
-	Append(line.String(), kServerMessageColor);
+	Append(line.String(), kServerMessageColor, ConnectionOf(message));
 }
 
 
@@ -88,7 +92,7 @@ ChatOutput::ShowPrivateMessage(const BMessage* message)
 	BString line;
 	line << "\n*** Message from " << message->GetString("nick", "???") << " ***\n"
 		 << message->GetString("text", "") << "\n";
-	Append(line.String(), kServerMessageColor);
+	Append(line.String(), kServerMessageColor, ConnectionOf(message));
 }
 
 
@@ -98,5 +102,5 @@ ChatOutput::ShowAgreement(const BMessage* message)
 {
 	BString line;
 	line << "\n*** Server agreement ***\n" << message->GetString("text", "") << "\n";
-	Append(line.String(), kServerColor);
+	Append(line.String(), kServerColor, ConnectionOf(message));
 }

@@ -21,7 +21,7 @@ class ChatOutput {
 public:
 	explicit ChatOutput(BLooper* chatWindow);
 
-	void Append(const char* text, rgb_color color);
+	void Append(const char* text, rgb_color color, uint32 connection = 0);
 	void Announce(const char* what, const char* detail, rgb_color color);
 	void Enable(bool enabled, uint32 connection);
 

@@ -102,7 +102,8 @@ ChatWindow::_HandleAppend(const BMessage* message)
 {
 	const char* text = message->GetString("text");
 	if (text != NULL && !fIsFull)
-		_AppendChat(text, unpack_color(static_cast<uint32>(message->GetInt32("color", 0))));
+		_AppendChat(text, unpack_color(static_cast<uint32>(message->GetInt32("color", 0))),
+			ConnectionOf(message));
 }
 
 
@@ -120,9 +121,11 @@ ChatWindow::_HandleEnable(const BMessage* message)
 }
 
 
-/*!	Appends the text as it stands and brings it into view, wherever the user has scrolled to. */
+/*!	Appends the text as it stands and brings it into view, wherever the user has scrolled to.
+	\param connection On which it was said; 0 for what the program says itself.
+*/
 void
-ChatWindow::_AppendChat(const char* text, rgb_color color)
+ChatWindow::_AppendChat(const char* text, rgb_color color, uint32 connection)
 {
 	const KeptSelection selection(fChatView);
 	const int32 end = fChatView->TextLength();
@@ -132,17 +135,18 @@ ChatWindow::_AppendChat(const char* text, rgb_color color)
 	// Wherever the view has taken the color of the insertion from.
 	if (length > 0)
 		fChatView->SetFontAndColor(end, end + length, be_plain_font, B_FONT_ALL, &color);
-	if (fChatView->TextLength() < end + length)
-		_TellFull();
+	if (connection != 0 && fChatView->TextLength() < end + length)
+		_TellFull(connection);
 	fChatView->ScrollToOffset(fChatView->TextLength());
 }
 
 
 /*!	What is still on its way will not be shown, until the controller has ended what it comes from. */
 void
-ChatWindow::_TellFull()
+ChatWindow::_TellFull(uint32 connection)
 {
 	fIsFull = true;
 	BMessage full(kMsgTextFull);
+	AddConnection(&full, connection);
 	Deliver(fMessenger, &full);
 }

@@ -32,8 +32,8 @@ private:
 	void _HandleSend();
 	void _HandleAppend(const BMessage* message);
 	void _HandleEnable(const BMessage* message);
-	void _AppendChat(const char* text, rgb_color color);
-	void _TellFull();
+	void _AppendChat(const char* text, rgb_color color, uint32 connection);
+	void _TellFull(uint32 connection);
 
 	BTextView* fChatView;
 	BScrollView* fChatScroll;

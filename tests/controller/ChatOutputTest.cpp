@@ -62,3 +62,22 @@ TEST_F(ChatOutputTest, Enabling_SaysForWhichConnection)
 	EXPECT_FALSE(messages[1].GetBool("enabled", true));
 	EXPECT_EQ(99u, messages[1].GetUInt32("connection", 99));
 }
+
+
+// Where there is no room for it that connection ends; the program's own words end none.
+TEST_F(ChatOutputTest, WhatOthersSay_IsOnBehalfOfTheirConnection)
+{
+	BMessage said;
+	said.AddUInt32("connection", 7);
+	fChat.ShowChat(&said);
+	fChat.ShowBroadcast(&said);
+	fChat.ShowServerMessage(&said);
+	fChat.ShowPrivateMessage(&said);
+	fChat.ShowAgreement(&said);
+	fChat.Announce("What", "is up", {1, 2, 3, 255});
+	const std::vector<BMessage> messages = fChatWindow->Messages();
+	ASSERT_EQ(6u, messages.size());
+	for (size_t i = 0; i < 5; i++)
+		EXPECT_EQ(7u, messages[i].GetUInt32("connection", 0)) << i;
+	EXPECT_EQ(99u, messages[5].GetUInt32("connection", 99));
+}

@@ -97,9 +97,11 @@ ConnectionAttempt::_IsCanceled() const
 ConnectionAttempt::Outcome
 ConnectionAttempt::_Connect(const addrinfo& address)
 {
-	const int number = HasSpareDescriptors()
-		? socket(address.ai_family, address.ai_socktype, address.ai_protocol)
-		: -1;
+	if (!HasSpareDescriptors()) {
+		fError = strerror(EMFILE);
+		return kNoSocket;
+	}
+	const int number = socket(address.ai_family, address.ai_socktype, address.ai_protocol);
 	if (number < 0) {
 		fError = strerror(errno);
 		return kNoSocket;

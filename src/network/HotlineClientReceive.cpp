@@ -40,11 +40,12 @@ HotlineClient::_ReceiveLoop()
 		if (result == TransactionReceiver::kComplete) {
 			sinceLook += fReceiver.Transaction().Size();
 			_ProcessPayload();
-			isOpen = fReceiver.Reset();
-			if (sinceLook >= kLookInterval) {
+			const bool looks = sinceLook >= kLookInterval;
+			if (looks)
 				sinceLook = 0;
-				isOpen = isOpen && HasSpareMemory();
-			}
+			isOpen = fReceiver.Reset() && (!looks || HasSpareMemory());
+			if (!isOpen)
+				socket.ShutDown();
 		}
 	}
 

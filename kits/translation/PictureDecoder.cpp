@@ -5,6 +5,7 @@
 #include <PictureDecoder.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 
@@ -105,9 +106,25 @@ format_of(PictureKind kind)
 }
 
 
+/*!	Whether there is memory for decoding, and as much to spare as others may need meanwhile. */
+static bool
+has_memory_for(const CheckedPicture& picture)
+{
+	const size_t kSpare = 32 * 1024 * 1024;
+	const size_t kBytesPerPixel = 12;
+	void* volatile block = malloc(
+		static_cast<size_t>(picture.width) * picture.height * kBytesPerPixel + kSpare);
+	free(block);
+	return block != NULL;
+}
+
+
 BBitmap*
 DecodePicture(const CheckedPicture& picture, int64 maxTime)
 {
+	if (!has_memory_for(picture))
+		return NULL;
+
 	static const bool sIsLimited = [] {
 		QImageReader::setAllocationLimit(kMaxPictureMebibytes);
 		return true;

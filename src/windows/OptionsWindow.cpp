@@ -31,6 +31,8 @@
 static const float kLabelSpacing = 8.0f;
 // All pictures of the list, in bytes. Thousands of small ones are no more than that.
 static const int64 kMaxIconBytes = 32 * 1024 * 1024;
+// What a file counts that is no picture: finding that out took its time.
+static const int64 kVainIconBytes = 64 * 1024;
 
 
 /*!	Orders rows of the picker by their numbers; for BListView::SortItems(). */
@@ -165,8 +167,10 @@ OptionsWindow::_LoadIcons(const char* dir)
 		if (number == 0)
 			continue;
 		std::unique_ptr<BBitmap> bitmap = LoadIcon(path.Path());
-		if (bitmap == NULL)
+		if (bitmap == NULL) {
+			bytes += kVainIconBytes;
 			continue;
+		}
 		bytes += bitmap->BitsLength();
 		fIconList->AddItem(new IconItem(number, bitmap.release()));
 	}

@@ -338,9 +338,11 @@ class Arena:
                 raise AssertionError("the program has ended with status %d" % self.program.wait())
         except (AssertionError, OSError, EOFError) as error:
             figures.failure = "%s: %s" % (type(error).__name__, _first_line(error))
-        beat = self.heartbeat.end() if self.program.is_running() else {"worst": 0, "lag": 0, "slowest": ""}
+        beat = self.heartbeat.end() if self.program.is_running() else {"worst": 0, "lag": 0, "slowest": "", "answers": 0}
         figures.seconds = time.monotonic() - started
         figures.worst_gap, figures.lag, figures.slowest = beat["worst"], beat["lag"], beat["slowest"][:40]
+        if self.program.is_running() and beat["answers"] == 0:
+            figures.failure = figures.failure or "no window was heard of"
         if not self.program.is_running() and not attack.ends_program:
             figures.failure = "the program has ended with status %d: %s" % (self.program.process.returncode,
                 self.program.output()[-300:])

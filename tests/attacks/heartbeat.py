@@ -104,7 +104,10 @@ class Heartbeat:
 
     def _find_windows(self):
         self._windows = self._screen.windows_of(self._process)
-        # Who has gone owes no answer.
+        # Who has gone owes no answer any more.
+        for window, asked_at in self._waiting.values():
+            if window not in self._windows:
+                self._count_gap(window, time.monotonic() - asked_at - self._overslept)
         self._waiting = {serial: question for serial, question in self._waiting.items() if question[0] in self._windows}
 
     def _ask(self):

@@ -209,10 +209,6 @@ class Flood:
             pass
         self._thread.join()
 
-    def is_going_on(self):
-        """Whether the other side still takes it."""
-        return self._thread.is_alive()
-
     def _run(self):
         view = memoryview(self._block)
         offset = 0

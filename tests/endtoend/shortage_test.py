@@ -26,7 +26,7 @@ class ShortageTest(ServedCase):
         connection = self.log_in()
         self.limit("as", "%d:" % (400 * MEBIBYTE))
         with hotline.Flood(connection, block) as flood:
-            wait_until(lambda: not flood.is_going_on(), "the client to leave")
+            wait_until(lambda: not flood.is_running(), "the client to leave")
         wait_until(lambda: self.client.transcript().last_text(60).endswith(endings),
             lambda: "one of %r, not %r" % (endings, self.client.transcript().last_text(60)))
         self.log_in(name=b"Good").send(wire.chat(b"still here"))

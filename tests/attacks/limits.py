@@ -91,9 +91,9 @@ def messages_with_little_memory(arena):
 
 
 def pictures_with_little_memory(arena):
-    """Leaves the program 40 MB more, and offers a picture of 36 million dots."""
+    """Leaves the program 40 MB more, and offers a picture that takes more to be decoded."""
     limit(arena, "--as=%d:" % (arena.virtual_memory() + 40 * MEBIBYTE))
-    picture = painter.png(6000, 6000, 8, 6)
+    picture = painter.png(2048, 2048, 16, 6)
     host = arena.meet(transfer=lambda transfer: (transfer.send(picture), transfer.close()), size=len(picture))
     host.send(wire.transaction(wire.BANNER, [(wire.BANNER_TYPE, b"JPEG")]))
     host.wait_for_transfers()

@@ -24,6 +24,20 @@ def all_files_that_there_can_be(arena):
     show(arena, [wire.file_entry(b"file %d" % number) for number in range(65535)], "Files (65535)")
 
 
+def more_files_than_can_be_counted(arena):
+    """Lists 700,000 files without a name, which is what fits into the largest transaction."""
+    entry = wire.file_entry(b"")
+    body = (struct.pack(">HH", wire.FILE, len(entry)) + entry) * 699000
+
+    def reply(host, request):
+        host.send(struct.pack(">IIIIIH", wire.REPLY, request.number, 0, len(body) + 2, len(body) + 2, 65535) + body)
+
+    host = arena.meet(answers={wire.FILES: reply})
+    arena.open_files(host)
+    host.wait_until_read()
+    arena.window("Files (65535)")
+
+
 def names_of_64_kb(arena):
     """Lists 100 files whose names have 64 KB."""
     show(arena, [wire.file_entry(b"name" * 16000) for _ in range(100)])
@@ -92,6 +106,6 @@ def folder_in_itself(arena):
         host.wait_for(wire.FILES, before + 1)
 
 
-ATTACKS = attacks(all_files_that_there_can_be, names_of_64_kb, names_that_are_paths, names_that_are_expensive,
+ATTACKS = attacks(all_files_that_there_can_be, more_files_than_can_be_counted, names_of_64_kb, names_that_are_paths, names_that_are_expensive,
     entries_that_lie, kinds_that_nobody_knows, listing_without_an_end, listing_in_every_window, listing_that_never_comes,
     folder_in_itself)

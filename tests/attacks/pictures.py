@@ -47,6 +47,19 @@ def jpeg_with_scans_of_a_usual_size(arena):
     show(arena, painter.jpeg(1024, 512, LARGEST))
 
 
+def png_as_costly_as_may_be(arena):
+    """Offers ten PNGs of as many dots as one may have, of 16 bits for each color, interlaced."""
+    show(arena, *[painter.png(2048, 2048, 16, 6, interlaced=True)] * 10)
+
+
+def jpeg_as_costly_as_may_be(arena):
+    """Offers ten JPEGs of as many dots as one may have, which go over them as often as one may."""
+    scans = painter.jpeg(2048, 2048, LARGEST)
+    # What stands between the marks of the scans is of the same length for all of them.
+    parts = scans.split(b"\xff\xda")
+    show(arena, *[b"\xff\xda".join(parts[:33]) + b"\xff\xd9"] * 10)
+
+
 def png_with_packed_texts(arena):
     """Offers a PNG whose comments take 450 MB when they are unpacked."""
     show(arena, painter.png_with_texts(60, 7500000))
@@ -173,7 +186,8 @@ def sizes_of_any_number(arena):
     host.wait_until_read()
 
 
-ATTACKS = attacks(jpeg_with_scans_without_an_end, jpeg_with_scans_of_a_usual_size, png_with_packed_texts,
+ATTACKS = attacks(jpeg_with_scans_without_an_end, jpeg_with_scans_of_a_usual_size, png_as_costly_as_may_be,
+    jpeg_as_costly_as_may_be, png_with_packed_texts,
     png_with_a_packed_profile, png_of_30000_by_300, png_of_30000_by_30000, png_of_4000_by_4000_in_color,
     png_as_wide_as_numbers_go, png_that_unpacks_without_an_end, gif_of_huge_frames, bitmaps_that_are_only_announced,
     svg_with_links, svg_of_nested_uses, pictures_that_are_cut, pictures_that_are_none, picture_that_trickles,

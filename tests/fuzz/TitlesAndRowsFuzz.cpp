@@ -93,6 +93,27 @@ check_rows(const Screen& screen, const std::string& text, float width)
 }
 
 
+static bool
+turns_text(QChar character)
+{
+	switch (character.direction()) {
+		case QChar::DirLRE:
+		case QChar::DirLRO:
+		case QChar::DirRLE:
+		case QChar::DirRLO:
+		case QChar::DirPDF:
+		case QChar::DirLRI:
+		case QChar::DirRLI:
+		case QChar::DirFSI:
+		case QChar::DirPDI:
+			return true;
+		default:
+			return character == QChar(0x200e) || character == QChar(0x200f)
+				|| character == QChar(0x61c);
+	}
+}
+
+
 /*!	How a text is cut where it has no room. */
 static void
 check_cut(const std::string& bytes, float width)
@@ -107,12 +128,15 @@ check_cut(const std::string& bytes, float width)
 	be_plain_font->TruncateString(&cut, B_TRUNCATE_END, width);
 	if (bytes == cut.String())
 		return;
-	const QString left = QString::fromUtf8(cut.String());
+	QString left = QString::fromUtf8(cut.String());
 	require(left.isValidUtf16() && left.toUtf8() == cut.String(), "what is left is whole");
 	if (left.isEmpty()) {
 		require(be_plain_font->StringWidth("…") > width, "an ellipsis has no room");
 		return;
 	}
+	// Those of what was cut off which turn the text around are kept behind the ellipsis.
+	while (turns_text(left.back()))
+		left.chop(1);
 	require(left.endsWith(QChar(0x2026)), "what is cut says so");
 	require(text.startsWith(left.chopped(1)), "what is left is the front");
 	require(left.size() <= seen.size() + 1, "what is left was looked at");

@@ -78,6 +78,15 @@ seen_front(const QString& text, const QFontMetricsF& metrics, qreal width)
 }
 
 
+/*!	Whether the two units there are one character, which may be shown as two. */
+static bool
+is_within_pair(const QString& text, qsizetype index)
+{
+	return index > 0 && index < text.size() && text[index].isLowSurrogate()
+		&& text[index - 1].isHighSurrogate();
+}
+
+
 /*!	\param shown As long as the text.
 	\param cut What is left of \a shown, with an ellipsis somewhere.
 	\return The text cut in the same place.
@@ -90,7 +99,9 @@ cut_like(const QString& text, const QString& shown, const QString& cut)
 	const auto end = std::mismatch(cut.rbegin(), std::make_reverse_iterator(split.first),
 		shown.rbegin(), std::make_reverse_iterator(split.second));
 	const qsizetype rest = end.first - cut.rbegin();
-	return text.left(start) + cut.mid(start, cut.size() - start - rest) + text.right(rest);
+	const qsizetype left = is_within_pair(text, start) ? start - 1 : start;
+	const qsizetype right = is_within_pair(text, text.size() - rest) ? rest - 1 : rest;
+	return text.left(left) + cut.mid(start, cut.size() - start - rest) + text.right(right);
 }
 
 

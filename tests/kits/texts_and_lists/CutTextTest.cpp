@@ -79,6 +79,18 @@ TEST(CutTextTest, CutInTheMiddleOrAtTheStart_VeryLongStringsKeepTheirEnds)
 }
 
 
+// On the screen it is two replacements, each with a width of its own; half of it would be a question
+// mark.
+TEST(CutTextTest, CharacterThatNoFontEverHas_StaysWhole)
+{
+	const std::string text = repeated("\U0001ffff", 400);
+	for (float width = 0; width < 100; width++) {
+		for (const uint32 mode : {B_TRUNCATE_END, B_TRUNCATE_MIDDLE, B_TRUNCATE_BEGINNING})
+			EXPECT_EQ(truncated(text, width, mode).find('?'), std::string::npos) << width;
+	}
+}
+
+
 TEST(CutTextTest, LettersWithoutAWidth_EndAfterSomeThousand)
 {
 	const std::string some = repeated("\u200b", 9000);

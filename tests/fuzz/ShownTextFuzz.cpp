@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 
+#include <QList>
 #include <QString>
 
 #include "Require.h"
@@ -32,15 +33,17 @@ check_shown(const QString& text)
 	require(shown.size() == text.size(), "as many units");
 	require(shown.isValidUtf16(), "whole characters");
 	require(shown_text(shown) == shown, "doing it again changes nothing");
-	int marks = 0;
 	for (qsizetype i = 0; i < shown.size(); i++) {
 		const QChar unit = shown[i];
 		require(unit == text[i] || unit == QChar::ReplacementCharacter, "replaced by U+FFFD only");
 		require(!is_control(unit), "no control characters");
 		require(!unit.isNonCharacter(), "no noncharacters");
-		if (unit.isMark())
+	}
+	int marks = 0;
+	for (const char32_t character : shown.toUcs4()) {
+		if (QChar::isMark(character))
 			marks++;
-		else if (unit.category() != QChar::Other_Format && !unit.isSurrogate())
+		else if (QChar::category(character) != QChar::Other_Format)
 			marks = 0;
 		require(marks <= kMostMarks, "no more marks on a letter");
 	}
